@@ -1,0 +1,61 @@
+# How everything here is compiled, and the tree into which the build lays its results.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
+
+set(VEL_SANITIZE "" CACHE STRING "Sanitizers to build with, separated by commas")
+option(VEL_COVERAGE "Count which lines run" OFF)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wimplicit-fallthrough -Werror)
+if(VEL_SANITIZE)
+  add_compile_options(-fsanitize=${VEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${VEL_SANITIZE})
+else()
+  add_link_options(-Wl,--no-undefined)
+endif()
+if(VEL_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
+
+# The build tree is laid out as an installation is, so the program finds its directories the same way in both.
+set(VEL_ROOT ${CMAKE_BINARY_DIR}/root)
+set(VEL_EXEC_DIR sys/exec)
+set(VEL_TRANSLATOR_DIR ${VEL_EXEC_DIR}/lib)
+set(VEL_SERVICE_DIR ${VEL_EXEC_DIR}/services)
+set(VEL_SCHEMA_DIR sys/schemas)
+
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+# vel_place(TARGET DIRECTORY): the target's file goes into DIRECTORY below the root, in the build and in an installation,
+# and finds the shared libraries from there.
+function(vel_place target directory)
+  string(REGEX REPLACE "[^/]+" ".." up ${directory})
+  set_target_properties(${target} PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${VEL_ROOT}/${directory}
+    LIBRARY_OUTPUT_DIRECTORY ${VEL_ROOT}/${directory}
+    INSTALL_RPATH "$ORIGIN/${up}/${CMAKE_INSTALL_LIBDIR}")
+  install(TARGETS ${target} RUNTIME DESTINATION ${directory} LIBRARY DESTINATION ${directory})
+endfunction()
+
+# vel_add_translator(NAME SOURCE...): the translator library NAME.dll.
+function(vel_add_translator name)
+  add_library(${name} MODULE ${ARGN})
+  target_link_libraries(${name} PRIVATE velplatform)
+  set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ".dll")
+  vel_place(${name} ${VEL_TRANSLATOR_DIR})
+endfunction()
+
+# vel_add_data(DIRECTORY FILE...): files that go into DIRECTORY below the root, in the build and in an installation.
+function(vel_add_data directory)
+  foreach(file ${ARGN})
+    configure_file(${file} ${VEL_ROOT}/${directory}/ COPYONLY)
+  endforeach()
+  install(FILES ${ARGN} DESTINATION ${directory})
+endfunction()

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "annNode.h"
+#include "apExport.h"
+#include "velLengthUnit.h"
+
+// The neutral model: a tree of nodes in one length unit. The root stands for the document; its children are what a
+// person would call the top of the model.
+struct VELPLATFORM_API annDocument {
+  velLengthUnit unit = velLENGTH_UNSPECIFIED;
+  annNode root;
+};
+
+// A node with a body, where it stands in the document and the colour that it shows.
+struct annPlacedBody {
+  const annNode* node;
+  annTransform placement;
+  std::optional<annColour> colour;
+};
+
+// Every node with a body, in the order of the tree (a node before its children). Recursion plays no part, so a deep
+// tree is safe.
+VELPLATFORM_API std::vector<annPlacedBody> ann_placed_bodies(const annDocument& document);
+
+struct annBox {
+  annVector min;
+  annVector max;
+};
+
+// What a person asks of a model first. Vertices that several meshes share count once for each place that they stand in;
+// unused vertices count, and take part in the box. No box without vertices.
+struct annStatistics {
+  std::size_t parts = 0;
+  std::size_t faces = 0;
+  std::size_t triangles = 0;
+  std::size_t vertices = 0;
+  std::optional<annBox> box;
+};
+VELPLATFORM_API annStatistics ann_statistics(const annDocument& document);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "annMesh.h"
+#include "apExport.h"
+#include "apStatus.h"
+#include "utString.h"
+
+// How closely facets follow an exact shape: the largest distance between them and the surface, in the document's unit,
+// and the largest angle between neighbouring facets, in radians.
+struct annTolerance {
+  double chord = 0;
+  double angle = 0;
+};
+
+// The exact form of a body, known to the document by what it can do and not by how it is held.
+class VELPLATFORM_API annExactShape {
+ public:
+  virtual ~annExactShape();
+
+  // Facets that approximate the shape; null and a failed status when it cannot be done.
+  virtual std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status) const = 0;
+
+  // The kind of bytes that `save` writes, "brep" for instance.
+  virtual utString kind() const = 0;
+  virtual std::string save(apStatus& status) const = 0;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "annMaterial.h"
+#include "annVertices.h"
+#include "apExport.h"
+
+// Faces of any corner count over vertices that other meshes of the document may share. The corners of a face run
+// counter-clockwise as seen from outside.
+struct VELPLATFORM_API annMesh {
+  static constexpr std::uint32_t no_material = std::numeric_limits<std::uint32_t>::max();
+
+  // Never null. A mesh need not use all of them.
+  std::shared_ptr<annVertices> vertices = std::make_shared<annVertices>();
+
+  // Vertex numbers, face after face.
+  std::vector<std::uint32_t> corners;
+
+  // Where in `corners` each face begins, and the end: one more than there are faces. Empty when all faces are
+  // triangles.
+  std::vector<std::uint32_t> face_starts;
+
+  // The looks that faces of this mesh may have, and for each face the number of its own or `no_material`; no numbers at
+  // all when no face has one.
+  std::vector<annMaterial> materials;
+  std::vector<std::uint32_t> face_materials;
+
+  bool all_triangles() const { return face_starts.empty(); }
+  std::size_t face_count() const { return all_triangles() ? corners.size() / 3 : face_starts.size() - 1; }
+  std::span<const std::uint32_t> face(std::size_t index) const {
+    if (all_triangles()) return {corners.data() + 3 * index, 3};
+    return {corners.data() + face_starts[index], face_starts[index + 1] - face_starts[index]};
+  }
+  std::uint32_t face_material(std::size_t index) const {
+    return face_materials.empty() ? no_material : face_materials[index];
+  }
+
+  // Triangles that the faces come to: corners less two for each face.
+  std::size_t triangle_count() const { return corners.size() - 2 * face_count(); }
+
+  // Adds a face; the first one that is no triangle makes `face_starts`.
+  void add_face(std::span<const std::uint32_t> face_corners);
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "annMesh.h"
+#include "annVector.h"
+#include "apExport.h"
+
+// Splits one face into corners - 2 triangles that keep its winding, by cutting ears in the plane of the face's
+// normal: right for concave faces too. A face that crosses itself or has no area still gives corners - 2 triangles.
+class VELPLATFORM_API annTriangulator {
+ public:
+  // The triangles as vertex numbers; valid until the next call.
+  std::span<const std::array<std::uint32_t, 3>> triangles(std::span<const annVector> points,
+                                                          std::span<const std::uint32_t> face);
+
+ private:
+  void cut_ears(std::span<const annVector> points, std::span<const std::uint32_t> face);
+
+  std::vector<std::array<std::uint32_t, 3>> triangles_;
+};
+
+// Calls `use(face, a, b, c)` for every triangle of a mesh, face by face.
+template <typename Use>
+void ann_for_each_triangle(const annMesh& mesh, Use use) {
+  annTriangulator triangulator;
+  const std::span<const annVector> points = mesh.vertices->points;
+  for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+    auto corners = mesh.face(face);
+    if (corners.size() == 3) {
+      use(face, corners[0], corners[1], corners[2]);
+      continue;
+    }
+    for (const auto& triangle : triangulator.triangles(points, corners)) {
+      use(face, triangle[0], triangle[1], triangle[2]);
+    }
+  }
+}

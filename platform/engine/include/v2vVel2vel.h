@@ -1,0 +1,22 @@
+#pragma once
+
+#include "apExport.h"
+#include "utObserverPtr.h"
+#include "v2vThreadComm.h"
+#include "v2vTranslationElements.h"
+#include "v2vTranslatorLoader.h"
+#include "velabsAppInfo.h"
+#include "velabsOutput.h"
+
+// The translation engine: reads every input into the document, in the order given, then writes once. Several inputs are
+// read by worker threads. The target is replaced only by a complete file.
+class VELPLATFORM_API v2vVel2vel {
+ public:
+  // Nonzero when the output stands. 0, and a message that names the file and the reason, when there is no input, one
+  // cannot be read, the output is unknown, is an input too or cannot be written, or the work was cancelled. `comm`
+  // counts every input. Messages and progress go to both outputs; either may be null. No exception of a translator
+  // leaves this call.
+  int translate(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
+                const v2vTranslationElements& elements, utObserverPtr<velabsOutput> primary,
+                utObserverPtr<velabsOutput> secondary) const;
+};

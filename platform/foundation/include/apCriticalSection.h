@@ -1,0 +1,16 @@
+#pragma once
+
+#include "apISynchOperations.h"
+
+// A lock made from the given operations, or a standard one when given none; held through a guard. Works with
+// std::lock_guard and std::unique_lock.
+class VELPLATFORM_API apCriticalSection {
+ public:
+  explicit apCriticalSection(const apISynchOperations* operations = nullptr);
+
+  void lock() { section_->enter(); }
+  void unlock() { section_->leave(); }
+
+ private:
+  std::unique_ptr<apICriticalSection> section_;
+};

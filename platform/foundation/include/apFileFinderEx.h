@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "apExport.h"
+#include "apFileName.h"
+#include "apPath.h"
+
+// The entries of one directory, files and directories, never "." and "..", sorted by the bytes of their names so that
+// "the first one" means the same on every machine. The directory is read once, when the finder is made.
+class VELPLATFORM_API apFileFinderEx {
+ public:
+  explicit apFileFinderEx(const apPath& path);
+
+  // True when the directory cannot be opened.
+  bool invalid() const { return invalid_; }
+
+  // Moves to the next entry; stands before the first one at the start.
+  int operator++();
+  apFileName file_name() const;
+  bool is_directory() const;
+
+ private:
+  struct Entry {
+    std::string name;
+    bool directory;
+  };
+  std::vector<Entry> entries_;
+  std::size_t position_ = 0;  // one behind the current entry
+  bool invalid_ = false;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "apExport.h"
+#include "apPathName.h"
+#include "apStatus.h"
+
+// How dynamic libraries are opened, so that a test can count or replace it.
+class VELPLATFORM_API apILibraryLoaderOperations {
+ public:
+  // Whether closing a library really unloads it, or leaves its code mapped because something that it made lives on.
+  enum class Lifetime { unload, keep_mapped };
+
+  virtual ~apILibraryLoaderOperations();
+
+  // Null, and a status that says why, when the library cannot be opened. A relative path is refused.
+  virtual void* open(const apPathName& path, Lifetime lifetime, apStatus& status) const = 0;
+  virtual void* symbol(void* library, const char* name, apStatus& status) const = 0;
+  virtual void close(void* library) const = 0;
+
+  // The operating system's own; it lives as long as the process.
+  static const apILibraryLoaderOperations* system();
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "apExport.h"
+#include "apFileName.h"
+#include "apString.h"
+
+// A directory or path, its text kept verbatim. Both "/" and the backslash separate components; "/" joins. A path is
+// invalid exactly when its text is empty. Two paths are equal when their texts are.
+class VELPLATFORM_API apPathName {
+ public:
+  apPathName() = default;
+  explicit apPathName(apString path) : path_(std::move(path)) {}
+
+  bool invalid() const { return path_.empty(); }
+  const apString& string() const { return path_; }
+
+  // What stands before the last separator: "/" for "/f", empty for "f".
+  apPathName dirname() const;
+  // What stands behind it: empty for "d/".
+  apFileName basename() const;
+
+  // This path and `relative` with exactly one separator between them. An empty side gives the other one unchanged; a
+  // `relative` that begins with a separator never replaces this path.
+  apPathName combine(const apPathName& relative) const;
+  static apPathName adjoin(const apPathName& directory, const apFileName& name);
+
+  friend bool operator==(const apPathName& left, const apPathName& right) {
+    return left.path_.view() == right.path_.view();
+  }
+
+ private:
+  apString path_;
+};

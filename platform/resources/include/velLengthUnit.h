@@ -1,0 +1,30 @@
+#pragma once
+
+#include "apExport.h"
+#include "coDList.h"
+#include "utString.h"
+
+// Units of length. "unspecified" stands for a file or a wish that names none.
+enum velLengthUnit {
+  velLENGTH_UNSPECIFIED = 0,
+  velLENGTH_MICROMETRE = 1,
+  velLENGTH_MILLIMETRE = 2,
+  velLENGTH_CENTIMETRE = 3,
+  velLENGTH_METRE = 4,
+  velLENGTH_KILOMETRE = 5,
+  velLENGTH_MICROINCH = 6,
+  velLENGTH_MIL = 7,
+  velLENGTH_INCH = 8,
+  velLENGTH_FOOT = 9,
+  velLENGTH_YARD = 10,
+  velLENGTH_MILE = 11,
+};
+
+// Appends the names in the order of the values.
+VELPLATFORM_API void velLengthUnit_strings(utStringcoDList& names);
+
+VELPLATFORM_API bool co_value_from_text(const utString& text, velLengthUnit& value);
+VELPLATFORM_API utString co_value_to_text(velLengthUnit value);
+
+// The length of one unit in metres; 0 for "unspecified".
+VELPLATFORM_API double vel_metres(velLengthUnit unit);

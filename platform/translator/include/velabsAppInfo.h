@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include "apExport.h"
+#include "apIStringEncoding.h"
+#include "utString.h"
+
+// What an application tells the suite about itself, and what the suite tells it about directories.
+class VELPLATFORM_API velabsAppInfo {
+ public:
+  // The encoding is "UTF-8", "ISO-8859-1" or "ASCII"; anything else gives the default.
+  velabsAppInfo(utString product, utString version, utString application, utString user, utString encoding);
+
+  const utString& product() const { return product_; }
+  const utString& version() const { return version_; }
+  const utString& application() const { return application_; }
+  const utString& user() const { return user_; }
+
+  // Lives as long as the process.
+  const apIStringEncoding* ut_encoding() const { return encoding_; }
+
+  // Directory lists with ";" between the directories; each call replaces what the last one said.
+  void schema_dir(const utString& directories) { schema_dir_ = directories; }
+  void installation_dir(const utString& directories) { installation_dir_ = directories; }
+  void user_dir(const utString& directory) { user_dir_ = directory; }
+  void fabrin_server_dir(const utString& directory) { fabrin_server_dir_ = directory; }
+  const utString& schema_dir() const { return schema_dir_; }
+  const utString& installation_dir() const { return installation_dir_; }
+  const utString& user_dir() const { return user_dir_; }
+  const utString& fabrin_server_dir() const { return fabrin_server_dir_; }
+
+  // The installation's places of a named schema sub-directory: each installation directory, "/" and the name, joined by
+  // ";".
+  utString schema_path(const utString& name) const;
+
+ private:
+  utString product_, version_, application_, user_;
+  const apIStringEncoding* encoding_;
+  utString schema_dir_, installation_dir_, user_dir_, fabrin_server_dir_;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "annDocument.h"
+#include "velTableInstance.h"
+#include "velabsLibBase.h"
+#include "velabsOutput.h"
+#include "velabsResult.h"
+
+class velabsAppInfo;
+
+// A translator that reads one format. One object serves one file; several objects may work at once.
+class VELPLATFORM_API velabsLibInput : public velabsLibBase {
+ public:
+  // Reads `file` into an empty document. A failure is told through `output`, with the place and the reason; the
+  // document is then dropped. Unnamed nodes at the top are named after the file by the engine.
+  virtual velabsResult read(const utString& file, const velTableInstance& resources, annDocument& document,
+                            velabsOutput& output) = 0;
+};
+
+using velabsReadWrapper = velabsLibInput* (*)(const velabsAppInfo*);
+
+// Exports the entry points of an input library.
+#define VELABS_INPUT_LIBRARY(type)                                                                              \
+  extern "C" __attribute__((visibility("default"))) int velabs_interface_number() {                             \
+    return velabs_interface;                                                                                    \
+  }                                                                                                             \
+  extern "C" __attribute__((visibility("default"))) velabsLibInput* velabs_read_wrapper(const velabsAppInfo*) { \
+    return new type;                                                                                            \
+  }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "annDocument.h"
+#include "velTableInstance.h"
+#include "velabsLibBase.h"
+#include "velabsOfStream.h"
+#include "velabsOutput.h"
+#include "velabsResult.h"
+
+class velabsAppInfo;
+
+// A translator that writes one format to the stream that it was made with. One object serves one file.
+class VELPLATFORM_API velabsLibOutput : public velabsLibBase {
+ public:
+  // Writes the document. A failure of the stream need not be told: whoever owns the stream looks at it. What the format
+  // cannot carry is said once for each kind.
+  virtual velabsResult write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) = 0;
+};
+
+using velabsWriteWrapper = velabsLibOutput* (*)(velabsOfStream*, const velabsAppInfo*);
+
+// Exports the entry points of an output library; `type` is made from the stream.
+#define VELABS_OUTPUT_LIBRARY(type)                                                                               \
+  extern "C" __attribute__((visibility("default"))) int velabs_interface_number() {                               \
+    return velabs_interface;                                                                                      \
+  }                                                                                                               \
+  extern "C" __attribute__((visibility("default"))) velabsLibOutput* velabs_write_wrapper(velabsOfStream* stream, \
+                                                                                          const velabsAppInfo*) { \
+    return new type(stream);                                                                                      \
+  }
