@@ -1,0 +1,85 @@
+#pragma once
+
+#include "apIProcessEnvironmentOperations.h"
+#include "coTable.h"
+#include "utObserverPtr.h"
+#include "utString.h"
+#include "velabsAppInfo.h"
+#include "vlnAppMapInit.h"
+#include "vlnExport.h"
+#include "vlnIAppDirMap.h"
+
+// The directory map of an installation, worked out from where the executable lies: two levels below the root, in a
+// directory under "sys". The user's application data directory is found or created; nothing of the installation is
+// checked or made. Everything is unset until `initialise`. The environment and the application information are not
+// owned.
+class VLN_API vlnAppDirMap : public vlnIAppDirMap {
+ public:
+  explicit vlnAppDirMap(utObserverPtr<apIProcessEnvironmentOperations> environment);
+  ~vlnAppDirMap() override;
+
+  int copy_files(const utString& from_dirs, const utString& to_dir, const utString& extension) const override;
+  apPathName find_file(vlnQRMDirectory directory, const apFileName& name) override;
+  const vlnSearchPath& get_dir(vlnQRMDirectory directory) const override;
+  vlnSchemaDir get_schema_dir(vlnSchemaSubDirectory sub_directory) override;
+
+  // `drive` and `directory` say where the executable lies; the directory may end in a separator. The application data
+  // directory is `startup_subpath` below the first base that will have it: the variable QRM_HOME, `config_path` (made
+  // if it is missing), `temp_path`. Without one the result says so: the installation's directories are then set, the
+  // schemas are not. A directory of 512 characters or more throws std::out_of_range.
+  virtual vlnAppMapInit initialise(const utString& drive, const utString& directory, const apPathName& startup_subpath,
+                                   velabsAppInfo* app_info, const apPathName& config_path, const apPathName& temp_path);
+
+  // Puts further schema directories (";" between them) behind the application data directory and in front of those of
+  // earlier calls and of the installation. 1, or 0 with nothing changed before `initialise` has succeeded.
+  int add_schema_dir(const utString& directories);
+
+ protected:
+  void InitialiseSysDir(const utString& drive, const utString& directory);
+  bool initialise_app_data_dir();
+
+  // Makes `path` the start-up sub-path below itself, creating that one level. False when it is no directory in the end.
+  bool create_startup_path(apPathName& path);
+
+  // Each tries one base and leaves the application data directory in `path`.
+  bool search_qrm_home_path(apPathName& path);
+  bool search_config_path(apPathName& path);
+  bool search_system_temp_path(apPathName& path);
+
+  // The name and extension of a path.
+  utString extract_file(const utString& path) const;
+
+  // Sets `search_path` from a variable with ";" between directories, "<exe_dir>" replaced; left alone when the variable
+  // is empty or not set.
+  void path_from_env_var(const apString& name, vlnSearchPath& search_path, const apPathName& exe_dir) const;
+
+  // For derived maps; does nothing here.
+  void add_env_options(const apPathName& path);
+
+  int setup_schemas();
+  void initialise_schema_dirs();
+  void create_schema_dir(const utString& name);
+
+ private:
+  const apIStringEncoding* encoding() const { return app_info_->ut_encoding(); }
+
+  vlnSearchPath system_;
+  vlnSearchPath library_;
+  vlnSearchPath locale_;
+  vlnSearchPath executable_path_;
+  vlnSearchPath schemas_;
+  vlnSearchPath installation_schemas_;
+  vlnSearchPath help_;
+  vlnSearchPath examples_;
+  vlnSearchPath app_data_;
+  vlnSearchPath misc_;
+  vlnSearchPath services_;
+  vlnSearchPath executable_;
+  coTable<utString, utString> schema_dirs_{4, 50};
+  velabsAppInfo* app_info_ = nullptr;
+  apPathName startup_subpath_;
+  apPathName temp_path_;
+  apPathName config_path_;
+  utObserverPtr<apIProcessEnvironmentOperations> environment_;
+  bool initialised_ = false;
+};

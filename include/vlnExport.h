@@ -1,0 +1,4 @@
+#pragma once
+
+// What libvelbase shows to its users. Everything else is compiled hidden.
+#define VLN_API __attribute__((visibility("default")))

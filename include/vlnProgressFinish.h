@@ -1,0 +1,9 @@
+#pragma once
+
+// How one translation of a run ended, as the application records it.
+enum vlnProgressFinish : int {
+  vlnFINISH_NONE = 0,
+  vlnFINISH_DONE = 1,
+  vlnFINISH_FAILED = 2,
+  vlnFINISH_CANCELLED = 3,
+};

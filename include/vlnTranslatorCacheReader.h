@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "apIStringCompare.h"
+#include "apIStringEncoding.h"
+#include "apPathName.h"
+#include "coDList.h"
+#include "utString.h"
+#include "velabsAppInfo.h"
+#include "vlnExport.h"
+#include "vlnSecureTranslatorInfoFactory.h"
+#include "vlnTranslatorDlls.h"
+#include "vlnTranslatorSearchPath.h"
+
+class vlnLibraryIndex;
+
+// Reads "translators.lst" (vlnTranslatorCacheWriter says how it looks) and turns each record back into a description
+// that is marked as from the cache. A record that cannot be parsed, or whose library is no longer on the search path,
+// is dropped without a word: discovery then describes that library afresh. A line may hold at most 1023 characters; a
+// longer one, or an empty one, ends the reading. Nothing that is passed by pointer is owned.
+class VLN_API vlnTranslatorCacheReader {
+ public:
+  // Reads the file whole into the two sets. `result` is 1 when at least one record gave a description, else 0.
+  vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vlnTranslatorDlls& outputs, const apPathName& cache_file,
+                           const vlnTranslatorSearchPath& search_path, const vlnSecureTranslatorInfoFactory* factory,
+                           const apIStringEncoding* encoding, const apIStringCompare* compare,
+                           const velabsAppInfo* app_info, int& result);
+
+  // The same over libraries that were listed before.
+  vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vlnTranslatorDlls& outputs, const apPathName& cache_file,
+                           std::shared_ptr<const vlnLibraryIndex> libraries,
+                           const vlnSecureTranslatorInfoFactory* factory, const apIStringEncoding* encoding,
+                           const apIStringCompare* compare, const velabsAppInfo* app_info, int& result);
+  ~vlnTranslatorCacheReader();
+
+  // Reads on from where the last reading stopped; the same result.
+  int read_cache_file();
+
+  // 1 when a record was found (`info` is null when it was dropped), 0 at the end.
+  int read_next_dll(std::unique_ptr<vlnSecureTranslatorInfo>& info);
+
+  // Parses what stands between the braces of a record. 0, and no description, when any step fails.
+  int make_info_from_string(const utString& record, std::unique_ptr<vlnSecureTranslatorInfo>& info) const;
+
+  // False when the file is damaged: it could not be opened as a regular file, reading stopped on a failed stream, or it
+  // has content without one complete record.
+  bool intact() const;
+
+  // Each takes what it read from the front of `text`. `extract_set_string` gives what stands between a pair of braces,
+  // nested ones included, or null when no set is complete. The others return nonzero when there was such a value; an
+  // empty text in quotes and an empty list are values.
+  static utString extract_set_string(utString& text);
+  static int extract_string(utString& text, utString& value);
+  static int extract_int(utString& text, int& value);
+  static int extract_list(utString& text, utStringcoDList& values);
+
+ private:
+  bool read_line();
+  bool take_record(std::string_view& record);
+
+  vlnTranslatorDlls& inputs_;
+  vlnTranslatorDlls& outputs_;
+  std::shared_ptr<const vlnLibraryIndex> libraries_;
+  const vlnSecureTranslatorInfoFactory* factory_;
+  const apIStringEncoding* encoding_;
+  const apIStringCompare* compare_;
+  const velabsAppInfo* app_info_;
+  std::ifstream stream_;
+};

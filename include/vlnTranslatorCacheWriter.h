@@ -1,0 +1,43 @@
+#pragma once
+
+#include <fstream>
+
+#include "apIStringEncoding.h"
+#include "utString.h"
+#include "vlnExport.h"
+#include "vlnTranslatorDlls.h"
+#include "vlnTranslatorLoadStatus.h"
+
+// Writes "translators.lst": one text record for each translator, so that a later start can describe them without
+// opening a library. Writing opens every library that is not loaded yet. The file is truncated at once; whoever wants
+// the old one to survive a failure writes to another name and renames.
+//
+// A record is "{" on a line, then, each line with two blanks in front and a comma behind: file name, direction, format
+// name, file types, extensions, filter text, category, further text, and, without a comma, a further number; then "}".
+// Texts stand in double quotes, lists in braces. Nothing is escaped: a value with a double quote, a line break or an
+// unbalanced brace keeps its record out of the file (vlnLOAD_ENCODING_FAILED), as does one that the encoding cannot
+// hold.
+class VLN_API vlnTranslatorCacheWriter {
+ public:
+  // Makes one whole pass: inputs, then outputs. The sets and the encoding must outlive the writer.
+  vlnTranslatorCacheWriter(const utString& cache_file, const vlnTranslatorDlls& inputs,
+                           const vlnTranslatorDlls& outputs, const apIStringEncoding* encoding, int& records_written,
+                           vlnTranslatorLoadStatus& status);
+  ~vlnTranslatorCacheWriter();
+
+  // A further pass on the open file: the records of the first one stay, so each record then stands twice. Returns how
+  // many records it wrote whole.
+  int make_cache_file(vlnTranslatorLoadStatus& status);
+
+  // Writes one record whole or not at all.
+  vlnTranslatorLoadStatus write_next_dll(const vlnTranslatorInfo* info);
+
+ private:
+  int write_set(const vlnTranslatorDlls& set, vlnTranslatorLoadStatus& status);
+
+  utString cache_file_;
+  const vlnTranslatorDlls& inputs_;
+  const vlnTranslatorDlls& outputs_;
+  const apIStringEncoding* encoding_;
+  std::ofstream stream_;
+};

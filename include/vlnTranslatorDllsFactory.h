@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+
+#include "apIStringCompare.h"
+#include "apIStringEncoding.h"
+#include "apPathName.h"
+#include "velabsAppInfo.h"
+#include "vlnExport.h"
+#include "vlnSecureTranslatorInfoFactory.h"
+#include "vlnTranslatorDlls.h"
+#include "vlnTranslatorLoadStatus.h"
+#include "vlnTranslatorSearchPath.h"
+
+class vlnLibraryIndex;
+
+// Fills the two translator sets at start-up: first from the cache, then from every library on the search path that the
+// cache did not name. With a whole cache no library is opened, and each directory is listed once. The encoding, the
+// comparison and the description factory are not owned.
+class VLN_API vlnTranslatorDllsFactory {
+ public:
+  vlnTranslatorDllsFactory(const apIStringEncoding* encoding, const apIStringCompare* compare,
+                           const vlnSecureTranslatorInfoFactory* descriptions)
+      : encoding_(encoding), compare_(compare), descriptions_(descriptions) {}
+
+  // Replaces both sets. An invalid `cache_file` means that there is no cache; an empty `preferred_output_format` means
+  // no preference. An empty search path leaves both sets empty, whatever the cache says. The status holds every kind of
+  // failure met; what could be described is in the sets all the same.
+  vlnTranslatorLoadStatus create_translator_dlls(const apPathName& cache_file,
+                                                 const vlnTranslatorSearchPath& search_path,
+                                                 const utString& preferred_output_format, const velabsAppInfo* app_info,
+                                                 std::unique_ptr<vlnTranslatorDlls>& inputs,
+                                                 std::unique_ptr<vlnTranslatorDlls>& outputs) const;
+
+  std::unique_ptr<vlnTranslatorDlls> empty_dlls() const;
+
+ private:
+  void get_translators_not_in_cache(const vlnLibraryIndex& libraries, vlnTranslatorDlls& inputs,
+                                    vlnTranslatorDlls& outputs, vlnTranslatorLoadStatus& status) const;
+
+  const apIStringEncoding* encoding_;
+  const apIStringCompare* compare_;
+  const vlnSecureTranslatorInfoFactory* descriptions_;
+};

@@ -1,0 +1,7 @@
+#pragma once
+
+// The direction of a translator.
+enum vlnTranslatorType : int {
+  vlnTRANSLATOR_INPUT = 0,   // reads a foreign file
+  vlnTRANSLATOR_OUTPUT = 1,  // writes a foreign file
+};

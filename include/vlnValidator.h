@@ -1,0 +1,14 @@
+#pragma once
+
+#include "utString.h"
+#include "vlnExport.h"
+
+// An application's checker of numeric resource values.
+class VLN_API vlnValidator {
+ public:
+  // Whether `value` is an acceptable whole number for `key`.
+  virtual bool validate_int(const utString& key, const utString& value) = 0;
+  // Whether `value` is an acceptable real number for `key`.
+  virtual bool validate_double(const utString& key, const utString& value) = 0;
+  virtual ~vlnValidator();
+};
