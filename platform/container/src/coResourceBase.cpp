@@ -1,0 +1,3 @@
+#include "coResourceBase.h"
+
+coResourceBase::~coResourceBase() = default;

@@ -1,0 +1,59 @@
+#include "apFileFinderEx.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+#include "apSystemPath.h"
+#include "apUtf8.h"
+
+namespace {
+
+struct CloseDirectory {
+  void operator()(DIR* directory) const { closedir(directory); }
+};
+
+// Asks the file system only where the listing itself does not tell.
+bool is_directory_entry(DIR* directory, const dirent& entry) {
+  if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type == DT_DIR;
+  struct stat status;
+  return fstatat(dirfd(directory), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+apFileFinderEx::apFileFinderEx(const apPath& path) {
+  const std::string name = ap_system_path(path.directory());
+  std::unique_ptr<DIR, CloseDirectory> directory(name.empty() ? nullptr : opendir(name.c_str()));
+  if (!directory) {
+    invalid_ = true;
+    return;
+  }
+  while (const dirent* entry = readdir(directory.get())) {
+    const std::string_view entry_name = entry->d_name;
+    if (entry_name == "." || entry_name == "..") continue;
+    entries_.push_back({std::string(entry_name), is_directory_entry(directory.get(), *entry)});
+  }
+  std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
+}
+
+int apFileFinderEx::operator++() {
+  if (position_ > entries_.size()) return 0;
+  ++position_;
+  return position_ <= entries_.size() ? 1 : 0;
+}
+
+apFileName apFileFinderEx::file_name() const {
+  if (position_ == 0 || position_ > entries_.size()) return {};
+  std::wstring name;
+  ap_decode_utf8(entries_[position_ - 1].name, name);
+  return apFileName(std::move(name));
+}
+
+bool apFileFinderEx::is_directory() const {
+  return position_ > 0 && position_ <= entries_.size() && entries_[position_ - 1].directory;
+}

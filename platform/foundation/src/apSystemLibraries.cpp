@@ -1,0 +1,45 @@
+#include <dlfcn.h>
+
+#include <string>
+
+#include "apILibraryLoaderOperations.h"
+#include "apSystemPath.h"
+
+namespace {
+
+utString last_failure() {
+  const char* text = dlerror();
+  return text ? text : "unknown reason";
+}
+
+class SystemLibraries : public apILibraryLoaderOperations {
+ public:
+  void* open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
+    const std::string name = ap_system_path(path);
+    // The system would look for a relative name in places of its own.
+    if (name.empty() || name.front() != '/') {
+      status.set_failure("the path of a library must be absolute");
+      return nullptr;
+    }
+    const int flags = RTLD_NOW | RTLD_LOCAL | (lifetime == Lifetime::keep_mapped ? RTLD_NODELETE : 0);
+    void* library = dlopen(name.c_str(), flags);
+    if (!library) status.set_failure(last_failure());
+    return library;
+  }
+
+  void* symbol(void* library, const char* name, apStatus& status) const override {
+    dlerror();
+    void* address = dlsym(library, name);
+    if (!address) status.set_failure(last_failure());
+    return address;
+  }
+
+  void close(void* library) const override { dlclose(library); }
+};
+
+}  // namespace
+
+const apILibraryLoaderOperations* apILibraryLoaderOperations::system() {
+  static const auto* operations = new SystemLibraries;
+  return operations;
+}

@@ -1,0 +1,3 @@
+#include "velnlsDisplayer.h"
+
+velnlsDisplayer::~velnlsDisplayer() = default;

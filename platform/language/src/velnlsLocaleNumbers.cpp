@@ -1,0 +1,19 @@
+#include "velnlsLocaleNumbers.h"
+
+velnlsLocaleNumbers::velnlsLocaleNumbers() : numbers_(nullptr), before_(uselocale(nullptr)) {
+  // Everything but the numbers stays as it was for this thread.
+  locale_t base = duplocale(before_);
+  if (!base) return;
+  numbers_ = newlocale(LC_NUMERIC_MASK, "", base);
+  if (!numbers_) {
+    freelocale(base);
+    return;
+  }
+  uselocale(numbers_);
+}
+
+velnlsLocaleNumbers::~velnlsLocaleNumbers() {
+  if (!numbers_) return;
+  uselocale(before_);
+  freelocale(numbers_);
+}

@@ -1,0 +1,6 @@
+#include "velabsLibBase.h"
+
+#include "velabsOutput.h"
+
+velabsLibBase::~velabsLibBase() = default;
+velabsOutput::~velabsOutput() = default;
