@@ -43,6 +43,10 @@ struct VELPLATFORM_API annMesh {
   // Triangles that the faces come to: corners less two for each face.
   std::size_t triangle_count() const { return corners.size() - 2 * face_count(); }
 
-  // Adds a face; the first one that is no triangle makes `face_starts`.
+  // Adds a face of at least three corners; the first one that is no triangle makes `face_starts`.
   void add_face(std::span<const std::uint32_t> face_corners);
+
+  // Gives a face that was added its look. Faces that none was said for have none; a reader that says it for each face
+  // as it adds them may leave out those without.
+  void set_face_material(std::size_t index, std::uint32_t material);
 };

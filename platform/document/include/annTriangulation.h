@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -9,18 +10,26 @@
 #include "annVector.h"
 #include "apExport.h"
 
+class annEarCutter;
+
 // Splits one face into corners - 2 triangles that keep its winding, by cutting ears in the plane of the face's
 // normal: right for concave faces too. A face that crosses itself or has no area still gives corners - 2 triangles.
 class VELPLATFORM_API annTriangulator {
  public:
+  annTriangulator();
+  ~annTriangulator();
+
   // The triangles as vertex numbers; valid until the next call.
   std::span<const std::array<std::uint32_t, 3>> triangles(std::span<const annVector> points,
                                                           std::span<const std::uint32_t> face);
 
  private:
+  void split_quad(std::span<const annVector> points, std::span<const std::uint32_t> face);
+  bool split_as_fan(std::span<const annVector> points, std::span<const std::uint32_t> face);
   void cut_ears(std::span<const annVector> points, std::span<const std::uint32_t> face);
 
   std::vector<std::array<std::uint32_t, 3>> triangles_;
+  std::unique_ptr<annEarCutter> ear_cutter_;  // made for the first face that needs it
 };
 
 // Calls `use(face, a, b, c)` for every triangle of a mesh, face by face.

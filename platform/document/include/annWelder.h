@@ -18,7 +18,8 @@ class VELPLATFORM_API annWelder {
   std::uint32_t number_of(const annVector& point);
 
  private:
-  void grow();
+  std::size_t slot_of(const annVector& point) const;
+  void resize(std::size_t slot_count);
 
   std::vector<annVector>& points_;
   std::vector<std::uint32_t> slots_;  // number + 1, 0 = free; a power of two, at most half full

@@ -1,0 +1,3 @@
+#include "annExactShape.h"
+
+annExactShape::~annExactShape() = default;

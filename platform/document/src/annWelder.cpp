@@ -1,0 +1,50 @@
+#include "annWelder.h"
+
+#include <bit>
+
+namespace {
+
+constexpr std::size_t smallest_table = 64;
+
+std::uint64_t bits(double value) {
+  return std::bit_cast<std::uint64_t>(value + 0.0);  // makes -0 to 0
+}
+
+}  // namespace
+
+annWelder::annWelder(std::vector<annVector>& points, std::size_t expected) : points_(points) {
+  resize(std::bit_ceil(expected < smallest_table / 2 ? smallest_table : 2 * expected));
+}
+
+std::uint32_t annWelder::number_of(const annVector& point) {
+  std::size_t slot = slot_of(point);
+  while (const std::uint32_t used = slots_[slot]) {
+    if (points_[used - 1] == point) return used - 1;
+    slot = (slot + 1) & mask_;
+  }
+  points_.push_back(point);
+  const auto number = static_cast<std::uint32_t>(points_.size());
+  slots_[slot] = number;
+  if (2 * points_.size() > slots_.size()) resize(2 * slots_.size());
+  return number - 1;
+}
+
+std::size_t annWelder::slot_of(const annVector& point) const {
+  // Coordinates of a grid differ in few bits; the shift in the middle keeps them from falling into few slots.
+  std::uint64_t hash =
+      (bits(point.x) * 0x9e3779b97f4a7c15 + bits(point.y)) * 0xc2b2ae3d27d4eb4f + bits(point.z) * 0xd6e8feb86659fd93;
+  hash ^= hash >> 32;
+  hash *= 0x9fb21c651e98df25;
+  return (hash ^ hash >> 32) & mask_;
+}
+
+void annWelder::resize(std::size_t slot_count) {
+  slots_ = {};  // the old table goes before the new one comes
+  slots_.resize(slot_count);
+  mask_ = slot_count - 1;
+  for (std::size_t number = 0; number < points_.size(); ++number) {
+    std::size_t slot = slot_of(points_[number]);
+    while (slots_[slot]) slot = (slot + 1) & mask_;
+    slots_[slot] = static_cast<std::uint32_t>(number + 1);
+  }
+}
