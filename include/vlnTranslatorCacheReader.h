@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -60,8 +59,11 @@ class VLN_API vlnTranslatorCacheReader {
   static int extract_list(utString& text, utStringcoDList& values);
 
  private:
-  bool read_line();
-  bool take_record(std::string_view& record);
+  bool append_line();
+  bool make_info(std::string_view record, std::unique_ptr<vlnSecureTranslatorInfo>& info) const;
+  apPathName find_library(std::string_view recorded) const;
+  bool take_file_types(std::string_view& record, vlnTranslatorInfo& info) const;
+  bool take_extensions(std::string_view& record, vlnTranslatorInfo& info) const;
 
   vlnTranslatorDlls& inputs_;
   vlnTranslatorDlls& outputs_;
@@ -69,6 +71,10 @@ class VLN_API vlnTranslatorCacheReader {
   const vlnSecureTranslatorInfoFactory* factory_;
   const apIStringEncoding* encoding_;
   const apIStringCompare* compare_;
-  const velabsAppInfo* app_info_;
+  const apIStringEncoding* file_name_encoding_;
   std::ifstream stream_;
+  std::string pending_;  // the lines of the record that is being read
+  bool line_too_long_ = false;
+  bool any_text_ = false;
+  bool any_record_ = false;
 };

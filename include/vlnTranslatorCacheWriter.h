@@ -35,7 +35,6 @@ class VLN_API vlnTranslatorCacheWriter {
  private:
   int write_set(const vlnTranslatorDlls& set, vlnTranslatorLoadStatus& status);
 
-  utString cache_file_;
   const vlnTranslatorDlls& inputs_;
   const vlnTranslatorDlls& outputs_;
   const apIStringEncoding* encoding_;

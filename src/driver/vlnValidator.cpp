@@ -1,0 +1,3 @@
+#include "vlnValidator.h"
+
+vlnValidator::~vlnValidator() = default;

@@ -1,0 +1,55 @@
+#include "vlnTranslatorDllsFactory.h"
+
+#include <string>
+#include <unordered_set>
+#include <utility>
+
+#include "apStringCompareInsensitive.h"
+#include "vlnLibraryIndex.h"
+#include "vlnTranslatorCacheReader.h"
+
+std::unique_ptr<vlnTranslatorDlls> vlnTranslatorDllsFactory::empty_dlls() const {
+  return std::unique_ptr<vlnTranslatorDlls>(new vlnTranslatorDlls(encoding_));
+}
+
+vlnTranslatorLoadStatus vlnTranslatorDllsFactory::create_translator_dlls(
+    const apPathName& cache_file, const vlnTranslatorSearchPath& search_path, const utString& preferred_output_format,
+    const velabsAppInfo* app_info, std::unique_ptr<vlnTranslatorDlls>& inputs,
+    std::unique_ptr<vlnTranslatorDlls>& outputs) const {
+  inputs = empty_dlls();
+  outputs = empty_dlls();
+  if (search_path.empty()) return vlnTranslatorLoadStatus(vlnLOAD_SEARCH_PATH_EMPTY);
+
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  // One listing serves the cache's records and the libraries that it does not name.
+  const auto libraries = std::make_shared<const vlnLibraryIndex>(vlnLibraryIndex::of_libraries(search_path));
+  if (!cache_file.invalid()) {
+    int any_record = 0;
+    const vlnTranslatorCacheReader reader(*inputs, *outputs, cache_file, libraries, descriptions_, encoding_, compare_,
+                                          app_info, any_record);
+    if (!reader.intact()) status.merge_status(vlnTranslatorLoadStatus(vlnLOAD_CACHE_UNREADABLE));
+  }
+  get_translators_not_in_cache(*libraries, *inputs, *outputs, status);
+  if (!preferred_output_format.empty()) outputs->set_preferred_output_format(preferred_output_format);
+  return status;
+}
+
+void vlnTranslatorDllsFactory::get_translators_not_in_cache(const vlnLibraryIndex& libraries, vlnTranslatorDlls& inputs,
+                                                            vlnTranslatorDlls& outputs,
+                                                            vlnTranslatorLoadStatus& status) const {
+  std::unordered_set<std::wstring> known;
+  for (const vlnTranslatorDlls* set : {&inputs, &outputs}) {
+    for (const auto& [format, library] : set->libraries_) known.insert(ap_fold(library.basename().string().view()));
+  }
+  if (libraries.directory_missing()) status.merge_status(vlnTranslatorLoadStatus(vlnLOAD_DIRECTORY_MISSING));
+
+  for (const apPathName& candidate : libraries.files()) {
+    if (known.contains(ap_fold(candidate.basename().string().view()))) continue;
+    vlnTranslatorLoadStatus described(vlnLOAD_OK);
+    auto info = descriptions_->make_info_from_dll(candidate, described);
+    status.merge_status(described);
+    if (!info) continue;
+    vlnTranslatorDlls& set = info->type() == vlnTRANSLATOR_INPUT ? inputs : outputs;
+    set.add_translator(std::move(info));
+  }
+}
