@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "utString.h"
+
+// What the recognisers may see of a file: its size, a bounded head, and a bounded tail, which is read when somebody
+// asks for it.
+class vluFileSample {
+ public:
+  static constexpr std::size_t bound = std::size_t{64} << 10;
+
+  // None for what is no regular file with at least one byte, or cannot be read. Never blocks.
+  static std::optional<vluFileSample> take(const utString& path);
+  ~vluFileSample();
+  vluFileSample(vluFileSample&& other) noexcept;
+  vluFileSample& operator=(vluFileSample&&) = delete;
+
+  std::uint64_t size() const { return size_; }
+  std::string_view head() const { return head_; }
+  bool head_is_all() const { return head_.size() == size_; }
+
+  // The end of the file; all of it when it is no longer than the bound.
+  std::string_view tail() const;
+
+  // The head as text: without a byte order mark, and empty when it holds a null byte, which text never does.
+  std::string_view text() const { return text_; }
+
+ private:
+  vluFileSample(int file, std::uint64_t size, std::string head);
+
+  int file_;
+  std::uint64_t size_;
+  std::string head_;
+  std::string_view text_;
+  mutable std::optional<std::string> tail_;
+};

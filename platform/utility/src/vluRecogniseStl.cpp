@@ -1,0 +1,105 @@
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+#include "vluRecognisers.h"
+#include "vluTextScan.h"
+
+static_assert(std::endian::native == std::endian::little, "binary STL is read as it lies in the file");
+
+namespace {
+
+constexpr std::size_t header_size = 80;
+constexpr std::size_t prologue_size = header_size + 4;
+constexpr std::size_t triangle_size = 50;
+
+bool is_word(std::string_view word, std::string_view lower) {
+  if (word.size() != lower.size()) return false;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    if ((word[i] | 0x20) != lower[i]) return false;
+  }
+  return true;
+}
+
+bool is_start_of_word(std::string_view word, std::string_view lower) {
+  return word.size() <= lower.size() && is_word(word, lower.substr(0, word.size()));
+}
+
+vluSureness sure_of_text(const vluFileSample& sample) {
+  std::string_view text = sample.text();
+  vlu_skip_comments(text);
+  std::string_view line = vlu_take_line(text);
+  if (!is_word(vlu_take_word(line), "solid")) return vluNO_MARK;
+
+  // The name may run over several lines, so the first statement is looked for and not expected.
+  bool cut_word = false;
+  int lines = 0;
+  for (vlu_skip_space(text); !text.empty(); vlu_skip_space(text), ++lines) {
+    line = vlu_take_line(text);
+    const std::string_view word = vlu_take_word(line);
+    if (is_word(word, "facet") || is_word(word, "endsolid")) return vluKEYWORD;
+    cut_word = sample.head_is_all() && (is_start_of_word(word, "facet") || is_start_of_word(word, "endsolid"));
+  }
+  // A file cut off before its first statement was complete.
+  return sample.head_is_all() && (lines == 0 || (lines == 1 && cut_word)) ? vluFRAGMENT : vluNO_MARK;
+}
+
+// Nine coordinates behind a normal: finite, of a size that models have, not all at one point, and the normal of length
+// 1 or left out.
+bool is_triangle(std::string_view bytes) {
+  std::array<float, 12> numbers;
+  std::memcpy(numbers.data(), bytes.data(), sizeof numbers);
+  for (float number : numbers) {
+    const float size = std::fabs(number);
+    if (!(size < 1e12f) || (size != 0 && size < 1e-30f)) return false;
+  }
+  const float length = std::hypot(numbers[0], numbers[1], numbers[2]);
+  const bool unit_or_none = length == 0 || std::fabs(length - 1) < 0.05f;
+  const bool one_point =
+      std::memcmp(&numbers[3], &numbers[6], 12) == 0 && std::memcmp(&numbers[3], &numbers[9], 12) == 0;
+  return unit_or_none && !one_point;
+}
+
+// True when most of the triangles that lie in the head are what triangles look like.
+bool holds_triangles(std::string_view head, std::uint64_t count) {
+  std::uint64_t good = 0;
+  std::uint64_t seen = 0;
+  for (std::size_t at = prologue_size; seen < count && at + triangle_size <= head.size(); at += triangle_size, ++seen) {
+    if (is_triangle(head.substr(at))) ++good;
+  }
+  return good > 0 && good * 4 >= seen * 3;
+}
+
+bool names_stl(std::string_view header) {
+  return header.starts_with("solid") || header.find("STL") != header.npos || header.find("stl") != header.npos;
+}
+
+vluSureness sure_of_binary(const vluFileSample& sample) {
+  const std::string_view head = sample.head();
+  if (head.size() < prologue_size) return vluNO_MARK;
+  std::uint32_t count;
+  std::memcpy(&count, head.data() + header_size, sizeof count);
+  const std::uint64_t expected = prologue_size + std::uint64_t{triangle_size} * count;
+
+  // Without triangles there is nothing but the header to go by.
+  if (count == 0)
+    return sample.size() == expected && names_stl(head.substr(0, header_size)) ? vluRESEMBLES : vluNO_MARK;
+  if (sample.size() == expected) return vluEXACT_SIZE;
+  if (holds_triangles(head, count)) return vluCONSISTENT;
+
+  // Cut off within the first triangle.
+  const bool text_behind = !sample.text().empty();
+  if (sample.size() < prologue_size + triangle_size && !text_behind && names_stl(head.substr(0, header_size))) {
+    return vluFRAGMENT;
+  }
+  return vluNO_MARK;
+}
+
+}  // namespace
+
+vluSureness vlu_sure_of_stl(const vluFileSample& sample) {
+  return std::max(sure_of_text(sample), sure_of_binary(sample));
+}
