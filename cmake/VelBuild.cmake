@@ -33,6 +33,9 @@ set(VEL_SCHEMA_DIR sys/schemas)
 
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
+# Everything that the program needs to run.
+add_custom_target(program)
+
 # vel_place(TARGET DIRECTORY): the target's file goes into DIRECTORY below the root, in the build and in an installation,
 # and finds the shared libraries from there.
 function(vel_place target directory)
@@ -41,6 +44,7 @@ function(vel_place target directory)
     RUNTIME_OUTPUT_DIRECTORY ${VEL_ROOT}/${directory}
     LIBRARY_OUTPUT_DIRECTORY ${VEL_ROOT}/${directory}
     INSTALL_RPATH "$ORIGIN/${up}/${CMAKE_INSTALL_LIBDIR}")
+  add_dependencies(program ${target})
   install(TARGETS ${target} RUNTIME DESTINATION ${directory} LIBRARY DESTINATION ${directory})
 endfunction()
 

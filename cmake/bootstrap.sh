@@ -1,0 +1,85 @@
+# Shared by `vel` and `check`: installs what is missing, configures once, builds incrementally. Needs $root, the project's
+# directory. Everything it says goes to standard error.
+
+vel_say() { echo "vel: $*" >&2; }
+
+# vel_need PACKAGE...: installs the Debian packages that are missing, or says what to install.
+vel_need() {
+  missing=
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing="$missing $package"
+  done
+  [ -z "$missing" ] && return 0
+
+  if [ "$(id -u)" = 0 ]; then
+    as_root=
+  elif command -v sudo >/dev/null && sudo -n true 2>/dev/null; then
+    as_root="sudo -n"
+  else
+    vel_say "these packages are missing; install them and call again:"
+    vel_say "  sudo apt-get install$missing"
+    return 1
+  fi
+  vel_say "installing$missing"
+  log=$(mktemp)
+  if DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends $missing >"$log" 2>&1 ||
+    { $as_root apt-get update >"$log" 2>&1 &&
+      DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends $missing >"$log" 2>&1; }; then
+    rm -f "$log"
+    return 0
+  fi
+  tail -n 5 "$log" >&2
+  rm -f "$log"
+  vel_say "could not install$missing"
+  return 1
+}
+
+# vel_compiler: a compiler and the tools that drive it. Nothing here works without them.
+vel_compiler() {
+  if command -v cmake >/dev/null && command -v ninja >/dev/null && command -v c++ >/dev/null; then return 0; fi
+  vel_need g++ cmake ninja-build
+}
+
+# vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done.
+vel_configure() {
+  directory=$(vel_build_directory "$1")
+  [ -f "$directory/build.ninja" ] && return 0
+  log=$(mktemp)
+  if (cd "$root" && cmake --preset "$@") >"$log" 2>&1; then
+    grep '^-- vel: ' "$log" | sed 's/^-- //' >&2
+    rm -f "$log"
+    return 0
+  fi
+  cat "$log" >&2
+  rm -f "$log"
+  # A half-configured directory would hide the failure from the next call.
+  rm -f "$directory/build.ninja" "$directory/CMakeCache.txt"
+  return 1
+}
+
+vel_build_directory() { if [ "$1" = release ]; then echo "$root/build"; else echo "$root/build-$1"; fi; }
+
+# vel_build PRESET TARGET...: builds; what the compiler says is shown only when it fails.
+vel_build() {
+  directory=$(vel_build_directory "$1")
+  shift
+  log=$(mktemp)
+  if cmake --build "$directory" --target "$@" >"$log" 2>&1; then
+    rm -f "$log"
+    return 0
+  fi
+  grep -v '^\[' "$log" | tail -n 60 >&2
+  rm -f "$log"
+  return 1
+}
+
+# vel_locked COMMAND...: one build at a time in this tree.
+vel_locked() {
+  mkdir -p "$root/build"
+  exec 9>"$root/build/.lock"
+  command -v flock >/dev/null && flock 9
+  "$@" 9>&-
+  status=$?
+  exec 9>&-
+  return $status
+}
