@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t header_size = 80;
 constexpr std::size_t prologue_size = header_size + 4;
 constexpr std::size_t triangle_size = 50;
+constexpr std::uint32_t most_triangles = std::uint32_t{1} << 28;  // where the size of the file does not confirm them
 
 bool is_word(std::string_view word, std::string_view lower) {
   if (word.size() != lower.size()) return false;
@@ -47,30 +48,41 @@ vluSureness sure_of_text(const vluFileSample& sample) {
   return sample.head_is_all() && (lines == 0 || (lines == 1 && cut_word)) ? vluFRAGMENT : vluNO_MARK;
 }
 
-// Nine coordinates behind a normal: finite, of a size that models have, not all at one point, and the normal of length
-// 1 or left out.
-bool is_triangle(std::string_view bytes) {
+// What speaks for a triangle at the front of `bytes`: 2 when its normal is that of its corners, 1 when the normal is
+// left out, 0 when a number is none that models have, the corners span nothing, or the normal is another one.
+int evidence_of_triangle(std::string_view bytes) {
   std::array<float, 12> numbers;
   std::memcpy(numbers.data(), bytes.data(), sizeof numbers);
   for (float number : numbers) {
     const float size = std::fabs(number);
-    if (!(size < 1e12f) || (size != 0 && size < 1e-30f)) return false;
+    if (!(size < 1e12f) || (size != 0 && size < 1e-30f)) return 0;
   }
-  const float length = std::hypot(numbers[0], numbers[1], numbers[2]);
-  const bool unit_or_none = length == 0 || std::fabs(length - 1) < 0.05f;
-  const bool one_point =
-      std::memcmp(&numbers[3], &numbers[6], 12) == 0 && std::memcmp(&numbers[3], &numbers[9], 12) == 0;
-  return unit_or_none && !one_point;
+  std::array<double, 3> u;
+  std::array<double, 3> v;
+  for (std::size_t i = 0; i < 3; ++i) {
+    u[i] = double{numbers[6 + i]} - numbers[3 + i];
+    v[i] = double{numbers[9 + i]} - numbers[3 + i];
+  }
+  const std::array<double, 3> cross{u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
+  const double area = std::hypot(cross[0], cross[1], cross[2]);
+  const double length = std::hypot(numbers[0], numbers[1], numbers[2]);
+  if (area == 0) return 0;
+  if (length == 0) return 1;
+  const double cosine = (numbers[0] * cross[0] + numbers[1] * cross[1] + numbers[2] * cross[2]) / (area * length);
+  return std::fabs(cosine) > 0.9 ? 2 : 0;
 }
 
-// True when most of the triangles that lie in the head are what triangles look like.
+// True when at least half of the triangles that lie in the head are what triangles look like.
 bool holds_triangles(std::string_view head, std::uint64_t count) {
   std::uint64_t good = 0;
   std::uint64_t seen = 0;
+  int evidence = 0;
   for (std::size_t at = prologue_size; seen < count && at + triangle_size <= head.size(); at += triangle_size, ++seen) {
-    if (is_triangle(head.substr(at))) ++good;
+    const int found = evidence_of_triangle(head.substr(at));
+    evidence += found;
+    if (found > 0) ++good;
   }
-  return good > 0 && good * 4 >= seen * 3;
+  return evidence >= 2 && good * 2 >= seen;
 }
 
 bool names_stl(std::string_view header) {
@@ -88,6 +100,7 @@ vluSureness sure_of_binary(const vluFileSample& sample) {
   if (count == 0)
     return sample.size() == expected && names_stl(head.substr(0, header_size)) ? vluRESEMBLES : vluNO_MARK;
   if (sample.size() == expected) return vluEXACT_SIZE;
+  if (count > most_triangles) return vluNO_MARK;
   if (holds_triangles(head, count)) return vluCONSISTENT;
 
   // Cut off within the first triangle.

@@ -1,0 +1,48 @@
+#include "velTableInstance.h"
+
+#include <string>
+#include <utility>
+
+#include "velResourceFile.h"
+#include "velResourceTable.h"
+#include "vluFileHelpers.h"
+
+void velTableInstance::initialise(const utString& path) {
+  values_.clear();
+  keys_.clear();
+  problems_.clear();
+  if (vlu_check_file_exists(path) == vluFILE_NOT_FOUND) return;
+
+  apStatus status;
+  const velResourceFile file = velResourceFile::read(path, status);
+  if (!status.ok()) problems_.push_back(path + ": " + status.failure());
+  auto report = [&](int line, const utString& reason) {
+    problems_.push_back(path + ", line " + std::to_string(line) + ": " + reason);
+  };
+  for (const auto& problem : file.problems()) report(problem.line, problem.reason);
+  for (const auto& entry : file.entries()) {
+    if (add_resource(entry.key, entry.value)) continue;
+    if (vel_resource_table_inquire().find(entry.key)) {
+      report(entry.line, utString("\"") + entry.value + "\" is no value of " + entry.key);
+    } else {
+      report(entry.line, utString("the key ") + entry.key + " is not known");
+    }
+  }
+}
+
+int velTableInstance::add_resource(const utString& key, const utString& text) {
+  const coResourceBase* known = vel_resource_table_inquire().find(key);
+  if (!known) return 0;
+  std::shared_ptr<const coResourceBase> resource = known->with_text(text);
+  if (!resource) return 0;
+  if (values_.insert_or_assign(key, std::move(resource)).second) keys_.push_back(key);
+  return 1;
+}
+
+const coResourceBase* velTableInstance::find(const utString& key) const {
+  for (const velTableInstance* table = this; table; table = table->parent_) {
+    auto entry = table->values_.find(key);
+    if (entry != table->values_.end()) return entry->second.get();
+  }
+  return vel_resource_table_inquire().find(key);
+}
