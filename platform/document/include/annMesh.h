@@ -43,10 +43,9 @@ struct VELPLATFORM_API annMesh {
   // Triangles that the faces come to: corners less two for each face.
   std::size_t triangle_count() const { return corners.size() - 2 * face_count(); }
 
-  // Adds a face of at least three corners; the first one that is no triangle makes `face_starts`.
+  // Adds a face of at least three corners, without a look; the first one that is no triangle makes `face_starts`.
   void add_face(std::span<const std::uint32_t> face_corners);
 
-  // Gives a face that was added its look. Faces that none was said for have none; a reader that says it for each face
-  // as it adds them may leave out those without.
+  // Gives a face that was added its look; the first one makes `face_materials`.
   void set_face_material(std::size_t index, std::uint32_t material);
 };

@@ -9,10 +9,11 @@ void annMesh::add_face(std::span<const std::uint32_t> face_corners) {
   }
   corners.insert(corners.end(), face_corners.begin(), face_corners.end());
   if (!face_starts.empty()) face_starts.push_back(static_cast<std::uint32_t>(corners.size()));
+  if (!face_materials.empty()) face_materials.push_back(no_material);
 }
 
 void annMesh::set_face_material(std::size_t index, std::uint32_t material) {
   if (face_materials.empty() && material == no_material) return;
-  if (face_materials.size() <= index) face_materials.resize(face_count(), no_material);
+  if (face_materials.empty()) face_materials.resize(face_count(), no_material);
   face_materials[index] = material;
 }

@@ -1,0 +1,3 @@
+#include "objFormat.h"
+
+const vltFormat obj_format{"OBJ", vluOBJ, {"*obj"}, "OBJ Files (*.obj)|*.obj", "Mesh"};

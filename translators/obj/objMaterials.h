@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "annMaterial.h"
+#include "vltOnce.h"
+
+// The materials that a file names and the companion files that define them. Names are numbered as they come up, because
+// the definition may come later than the use.
+class objMaterials {
+ public:
+  // `file` is the OBJ file: companions are looked for in its directory and nowhere else.
+  objMaterials(const utString& file, vltOnce& findings);
+
+  // The statement "mtllib": one name, or several when no file has the whole as its name.
+  void load(std::string_view names, std::size_t line);
+
+  // The number of the material that "usemtl" names.
+  std::uint32_t number_of(std::string_view name, std::size_t line);
+
+  // The material behind a number; one that no companion defines is grey, and a warning is counted.
+  const annMaterial& use(std::uint32_t number);
+
+ private:
+  struct Material {
+    annMaterial look;
+    std::size_t first_line = 0;
+    bool defined = false;
+    bool missing_told = false;
+    bool opacity_by_d = false;
+  };
+
+  bool load_file(std::string_view name);
+  void read(std::string_view text);
+  void statement(std::string_view line, Material*& current);
+  void diffuse(std::string_view rest, Material& material);
+  void opacity(std::string_view keyword, std::string_view rest, Material& material);
+  Material& material(std::string_view name);
+
+  std::string directory_;
+  vltOnce& findings_;
+  std::vector<Material> materials_;
+  std::unordered_map<std::string, std::uint32_t> numbers_;
+};

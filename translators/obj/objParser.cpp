@@ -1,0 +1,203 @@
+#include "objParser.h"
+
+#include <limits>
+
+#include "objNumbers.h"
+#include "vltInput.h"
+#include "vltNames.h"
+#include "vltProgress.h"
+#include "vltWords.h"
+
+namespace {
+
+constexpr std::size_t progress_step = std::size_t{1} << 20;
+
+}  // namespace
+
+objParser::objParser(const utString& name, apMappedFile& file, const velTableInstance& resources, annDocument& document,
+                     velabsOutput& output, double factor)
+    : file_(file),
+      output_(output),
+      document_(document),
+      read_materials_(resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE),
+      findings_(output),
+      lines_(file.bytes()),
+      vertices_(factor, findings_, output),
+      parts_(document, vertices_.shared()),
+      materials_(name, findings_) {}
+
+velabsResult objParser::read() {
+  vltProgress progress(output_, file_.bytes().size(), progress_step, &file_);
+  for (std::string_view line; lines_.next(line);) {
+    if (!statement(line)) return velabsFAILED;
+    if (!progress.reached(lines_.offset())) return velabsCANCELLED;
+  }
+  return finish() ? velabsDONE : velabsFAILED;
+}
+
+bool objParser::statement(std::string_view line) {
+  const std::string_view keyword = vlt_take_word(line);
+  if (keyword.empty() || keyword.starts_with('#')) return true;
+  if (keyword == "v") return vertices_.position(line, lines_.line());
+  if (keyword == "f" || keyword == "fo") return face(line);
+  if (keyword == "vn") return vertices_.normal(line, lines_.line());
+  if (keyword == "vt") {
+    vertices_.texture();
+  } else if (keyword == "o") {
+    parts_.object(vlt_name_on_line(line));
+  } else if (keyword == "g") {
+    parts_.group(vlt_name_on_line(line));
+  } else if (keyword == "usemtl") {
+    const std::string_view name = vlt_name_on_line(line);
+    material_ = read_materials_ && !name.empty() ? materials_.number_of(name, lines_.line()) : annMesh::no_material;
+  } else if (keyword == "mtllib") {
+    if (read_materials_) materials_.load(line, lines_.line());
+  } else {
+    other_statement(keyword);
+  }
+  return true;
+}
+
+void objParser::other_statement(std::string_view keyword) {
+  const std::size_t line = lines_.line();
+  if (keyword == "l") {
+    findings_.count(velabsWARNING, "line elements are left out", line);
+  } else if (keyword == "p") {
+    findings_.count(velabsWARNING, "point elements are left out", line);
+  } else if (keyword == "s") {
+    findings_.count(velabsNOTE, "smoothing groups are left out", line);
+  } else {
+    findings_.count(velabsWARNING, "statement " + vlt_quoted(keyword) + " is not known and left out", line);
+  }
+}
+
+bool objParser::face(std::string_view rest) {
+  face_corners_.clear();
+  face_normals_.clear();
+  bool any_normal = false;
+  for (std::string_view word = vlt_take_word(rest); !word.empty() && word[0] != '#'; word = vlt_take_word(rest)) {
+    Corner next{};
+    if (!corner(word, next)) return false;
+    face_corners_.push_back(next.vertex);
+    face_normals_.push_back(next.normal);
+    any_normal = any_normal || next.normal != objVertices::no_normal;
+  }
+  if (!any_normal) face_normals_.clear();
+  if (face_corners_.size() < 3) {
+    findings_.count(velabsWARNING, "faces with fewer than three corners are left out", lines_.line());
+    ++faces_left_out_;
+    return true;
+  }
+  if (parts_.current().mesh->corners.size() + face_corners_.size() > std::numeric_limits<std::uint32_t>::max()) {
+    return fail("more corners than a mesh can number");
+  }
+  add_face();
+  return true;
+}
+
+// "7", "7/1", "7//3" or "7/1/3".
+bool objParser::corner(std::string_view word, Corner& corner) {
+  const std::string_view whole = word;
+  std::uint32_t ignored = 0;
+  corner.normal = objVertices::no_normal;
+  if (!resolve(word, vertices_.positions(), vertex_reach_, corner.vertex)) return false;
+  if (word.starts_with('/')) {
+    word.remove_prefix(1);
+    const bool given = !word.empty() && word[0] != '/';
+    if (given && !resolve(word, vertices_.textures(), texture_reach_, ignored)) return false;
+  }
+  if (word.starts_with('/')) {
+    word.remove_prefix(1);
+    if (!word.empty() && !resolve(word, vertices_.normals(), normal_reach_, corner.normal)) return false;
+  }
+  return word.empty() || fail("the corner " + vlt_quoted(whole) + " is not of the form \"vertex/texture/normal\"");
+}
+
+bool objParser::resolve(std::string_view& word, std::size_t known, Reach& reach, std::uint32_t& number) {
+  const std::string_view whole = word;
+  long long index = 0;
+  if (!obj_take_index(word, index)) return fail("the corner " + vlt_quoted(whole) + " is no whole number");
+  const auto count = static_cast<long long>(known);
+  if (index < 0) index += count + 1;  // counted from the last one back
+  if (index <= 0 || index >= std::numeric_limits<std::uint32_t>::max()) {
+    return fail("there is no " + std::string(reach.what) + " " + vlt_quoted(whole.substr(0, whole.find('/'))) + ", " +
+                std::to_string(known) + " came before");
+  }
+  if (static_cast<std::size_t>(index) > reach.needed) {
+    reach.needed = static_cast<std::size_t>(index);
+    reach.line = lines_.line();
+  }
+  number = static_cast<std::uint32_t>(index - 1);
+  return true;
+}
+
+void objParser::add_face() {
+  ++faces_;
+  objPart& part = parts_.current();
+  annMesh& mesh = *part.mesh;
+  // Corners that came before the first normal have none.
+  if (!face_normals_.empty()) {
+    part.corner_normals.resize(mesh.corners.size(), objVertices::no_normal);
+    part.corner_normals.insert(part.corner_normals.end(), face_normals_.begin(), face_normals_.end());
+  }
+  mesh.add_face(face_corners_);
+  if (material_ == annMesh::no_material) return;
+  const auto next = static_cast<std::uint32_t>(part.materials.size());
+  const auto [local, is_new] = part.local_material_of.try_emplace(material_, next);
+  if (is_new) part.materials.push_back(material_);
+  mesh.set_face_material(mesh.face_count() - 1, local->second);
+}
+
+bool objParser::fail(std::string_view reason) const {
+  return vlt_fail_at_line(output_, lines_.line(), reason);
+}
+
+bool objParser::finish() {
+  if (!reaches(vertex_reach_, vertices_.positions()) || !reaches(texture_reach_, vertices_.textures()) ||
+      !reaches(normal_reach_, vertices_.normals())) {
+    return false;
+  }
+  if (vertices_.positions() == 0) {
+    output_.message(velabsERROR, "the file holds no geometry: no line of it is a vertex");
+    return false;
+  }
+  if (faces_ == 0 && faces_left_out_ > 0) {
+    output_.message(velabsERROR, "no face of the file has three corners");
+    return false;
+  }
+  if (faces_ == 0) {
+    // Lines and points alone: the vertices are all that there is to keep.
+    parts_.object(parts_.first_name());
+    parts_.current();
+    findings_.count(velabsWARNING, "the file holds no faces");
+  }
+  if (vertices_.textures() > 0) findings_.count(velabsNOTE, "texture coordinates are left out");
+  vertices_.finish_colours();
+  finish_materials();
+  finish_normals();
+  findings_.tell();
+  return true;
+}
+
+bool objParser::reaches(const Reach& reach, std::size_t count) const {
+  if (reach.needed <= count) return true;
+  return vlt_fail_at_line(output_, reach.line,
+                          "there is no " + std::string(reach.what) + " " + std::to_string(reach.needed) +
+                              ", the file has " + std::to_string(count));
+}
+
+void objParser::finish_materials() {
+  for (objPart& part : parts_.all()) {
+    for (std::uint32_t number : part.materials) part.mesh->materials.push_back(materials_.use(number));
+  }
+}
+
+void objParser::finish_normals() {
+  if (vertices_.normals() == 0 || normal_reach_.needed == 0) return;
+  for (const objPart& part : parts_.all()) {
+    if (vertices_.take_corner_normals(part.mesh->corners, part.corner_normals)) continue;
+    findings_.count(velabsNOTE, "normals are left out: not every vertex has one and the same at all its corners");
+    return;
+  }
+  vertices_.finish_normals();
+}

@@ -1,0 +1,96 @@
+#include "objVertices.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "objNumbers.h"
+#include "vltInput.h"
+#include "vltNames.h"
+
+namespace {
+
+// Until the whole file was read.
+constexpr annColour no_colour{-1, -1, -1, 1};
+
+}  // namespace
+
+bool objVertices::position(std::string_view rest, std::size_t line) {
+  std::array<double, 6> numbers;
+  std::size_t count = 0;
+  std::string_view wrong;
+  if (!obj_take_numbers(rest, numbers, count, line, findings_, wrong)) {
+    return vlt_fail_at_line(output_, line, "the coordinate " + vlt_quoted(wrong) + " is no number");
+  }
+  if (count < 3) return vlt_fail_at_line(output_, line, "a vertex needs three coordinates");
+  const annVector point = annVector{numbers[0], numbers[1], numbers[2]} * factor_;
+  if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) {
+    return vlt_fail_at_line(output_, line, "a coordinate is no finite number");
+  }
+  if (positions() >= std::numeric_limits<std::uint32_t>::max() - 1) {
+    return vlt_fail_at_line(output_, line, "more vertices than a mesh can number");
+  }
+  shared_->points.push_back(point);
+  if (count == 4 && numbers[3] != 1) findings_.count(velabsNOTE, "weights of vertices are left out", line);
+  if (count == 5) findings_.count(velabsWARNING, "further numbers of a vertex are passed over", line);
+  if (count == 6) {
+    colour({numbers[3], numbers[4], numbers[5]}, line);
+  } else if (!shared_->colours.empty()) {
+    shared_->colours.push_back(no_colour);
+  }
+  return true;
+}
+
+void objVertices::colour(const std::array<double, 3>& numbers, std::size_t line) {
+  std::array<float, 3> c{};
+  for (std::size_t i = 0; i < 3; ++i) {
+    if (!std::isfinite(numbers[i])) findings_.count(velabsWARNING, "a colour that is no number is taken as 0", line);
+    c[i] = std::isfinite(numbers[i]) ? static_cast<float>(std::clamp(numbers[i], 0.0, 255.0)) : 0;
+    bytes_for_colours_ = bytes_for_colours_ || c[i] > 1;
+  }
+  shared_->colours.resize(positions() - 1, no_colour);
+  shared_->colours.push_back({c[0], c[1], c[2], 1});
+}
+
+void objVertices::finish_colours() {
+  const float scale = bytes_for_colours_ ? 255.0F : 1.0F;
+  for (annColour& c : shared_->colours) {
+    // Vertices without a colour beside others that have one are white.
+    c = c == no_colour ? annColour{1, 1, 1, 1} : annColour{c.red / scale, c.green / scale, c.blue / scale, 1};
+  }
+}
+
+bool objVertices::normal(std::string_view rest, std::size_t line) {
+  std::array<double, 3> numbers{};
+  std::size_t count = 0;
+  std::string_view wrong;
+  if (!obj_take_numbers(rest, numbers, count, line, findings_, wrong)) {
+    return vlt_fail_at_line(output_, line, vlt_quoted(wrong) + " is no number");
+  }
+  const double length = std::hypot(numbers[0], numbers[1], numbers[2]);
+  const bool usable = count == 3 && length > 0 && std::isfinite(length);
+  normals_.push_back(usable ? annVector{numbers[0] / length, numbers[1] / length, numbers[2] / length} : annVector{});
+  return true;
+}
+
+bool objVertices::take_corner_normals(const std::vector<std::uint32_t>& corners,
+                                      const std::vector<std::uint32_t>& corner_normals) {
+  normal_of_.resize(positions(), no_normal);
+  if (corner_normals.size() != corners.size()) return false;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const std::uint32_t wanted = corner_normals[i];
+    if (wanted == no_normal || normals_[wanted] == annVector{}) return false;
+    std::uint32_t& known = normal_of_[corners[i]];
+    if (known == no_normal) known = wanted;
+    if (known != wanted && normals_[known] != normals_[wanted]) return false;
+  }
+  return true;
+}
+
+void objVertices::finish_normals() {
+  shared_->normals.reserve(positions());
+  for (std::uint32_t number : normal_of_) {
+    shared_->normals.push_back(number == no_normal ? annVector{0, 0, 1} : normals_[number]);
+  }
+}

@@ -1,0 +1,45 @@
+#include "stlReader.h"
+
+#include <cstdint>
+#include <cstring>
+
+#include "stlBinaryReader.h"
+#include "stlFormat.h"
+#include "stlTextReader.h"
+#include "vltInput.h"
+#include "vltScale.h"
+#include "vltWords.h"
+
+VELABS_INPUT_LIBRARY(stlReader)
+
+namespace {
+
+bool has_size_of_binary(std::string_view bytes) {
+  if (bytes.size() < stl_head_size) return false;
+  std::uint32_t count = 0;
+  std::memcpy(&count, bytes.data() + stl_remark_size, sizeof count);
+  return bytes.size() - stl_head_size == std::size_t{count} * stl_record_size;
+}
+
+// Text begins with "solid" (comments aside) and has no bytes that only binary numbers have.
+bool looks_like_text(std::string_view bytes) {
+  constexpr std::size_t looked_at = 4096;
+  if (!vlt_same_word(vltWords(bytes).next(), "solid")) return false;
+  return bytes.substr(0, looked_at).find('\0') == bytes.npos;
+}
+
+}  // namespace
+
+stlReader::stlReader() : vltDescribed(stl_format, "Reads triangles from STL files, binary and ASCII.") {}
+
+velabsResult stlReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
+                             velabsOutput& output) {
+  const std::optional<double> factor = vlt_input_scale(resources, document, output);
+  if (!factor) return velabsFAILED;
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
+  if (!has_size_of_binary(mapped->bytes()) && looks_like_text(mapped->bytes())) {
+    return stlTextReader(*mapped, resources, document, output).read(*factor);
+  }
+  return stlBinaryReader(*mapped, resources, document, output).read(*factor);
+}

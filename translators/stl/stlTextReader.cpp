@@ -1,0 +1,125 @@
+#include "stlTextReader.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "apNumberText.h"
+#include "vltInput.h"
+#include "vltNames.h"
+
+namespace {
+
+constexpr std::size_t progress_step = std::size_t{1} << 20;
+
+}  // namespace
+
+stlTextReader::stlTextReader(apMappedFile& file, const velTableInstance& resources, annDocument& document,
+                             velabsOutput& output)
+    : output_(output),
+      document_(document),
+      words_(file.bytes()),
+      progress_(output, file.bytes().size(), progress_step, &file),
+      weld_(resources.value<utBool>("WELD_POINTS", utTRUE) == utTRUE) {}
+
+velabsResult stlTextReader::read(double factor) {
+  factor_ = factor;
+  for (std::string_view word = words_.next(); !word.empty(); word = words_.next()) {
+    if (!vlt_same_word(word, "solid")) {
+      fail_expecting(word, "\"solid\"");
+      return velabsFAILED;
+    }
+    const velabsResult result = read_solid();
+    if (result != velabsDONE) return result;
+  }
+  settle_empty_solids();
+  return velabsDONE;
+}
+
+velabsResult stlTextReader::read_solid() {
+  const std::size_t first_line = words_.line();
+  const std::string_view name = vlt_name_on_line(words_.rest_of_line());
+  annNode& node = document_.root.add_child(name.empty() ? utString() : utString(name));
+  auto mesh = std::make_shared<annMesh>();
+  annWelder welder(mesh->vertices->points);
+  while (true) {
+    if (!progress_.reached(words_.offset())) return velabsCANCELLED;
+    const std::string_view word = words_.next();
+    if (vlt_same_word(word, "facet")) {
+      if (!read_facet(*mesh, welder)) return velabsFAILED;
+    } else if (vlt_same_word(word, "endsolid")) {
+      words_.rest_of_line();
+      break;
+    } else if (word.empty()) {
+      fail("the file ends before the \"endsolid\" of the solid that begins in line " + std::to_string(first_line));
+      return velabsFAILED;
+    } else {
+      fail_expecting(word, "\"facet\" or \"endsolid\"");
+      return velabsFAILED;
+    }
+  }
+  if (mesh->face_count() > 0) node.body.mesh = std::move(mesh);
+  return velabsDONE;
+}
+
+bool stlTextReader::read_facet(annMesh& mesh, annWelder& welder) {
+  if (!skip_normal() || !expect("loop")) return false;
+  for (int corner = 0; corner < 3; ++corner) {
+    annVector point;
+    if (!expect("vertex") || !read_point(point)) return false;
+    std::vector<annVector>& points = mesh.vertices->points;
+    if (points.size() >= annMesh::no_material - 1) return fail("more points than a mesh can number");
+    if (weld_) {
+      mesh.corners.push_back(welder.number_of(point));
+    } else {
+      mesh.corners.push_back(mesh.vertices->count());
+      points.push_back(point);
+    }
+  }
+  return expect("endloop") && expect("endfacet");
+}
+
+bool stlTextReader::skip_normal() {
+  std::string_view word = words_.next();
+  if (vlt_same_word(word, "normal")) {
+    // Up to three numbers, however written: those of a facet without area often are "nan" in one spelling or another.
+    word = words_.next();
+    for (int i = 0; i < 3 && !vlt_same_word(word, "outer") && !word.empty(); ++i) word = words_.next();
+  }
+  return vlt_same_word(word, "outer") || fail_expecting(word, "\"outer\"");
+}
+
+bool stlTextReader::read_point(annVector& point) {
+  for (double* coordinate : {&point.x, &point.y, &point.z}) {
+    const std::string_view word = words_.next();
+    std::string_view rest = word;
+    if (!ap_take_double(rest, *coordinate) || !rest.empty()) return fail_expecting(word, "a number");
+    *coordinate *= factor_;
+    if (!std::isfinite(*coordinate)) return fail("the coordinate " + vlt_quoted(word) + " is no finite number");
+  }
+  return true;
+}
+
+bool stlTextReader::expect(std::string_view lower) {
+  const std::string_view word = words_.next();
+  return vlt_same_word(word, lower) || fail_expecting(word, "\"" + std::string(lower) + "\"");
+}
+
+bool stlTextReader::fail(std::string_view reason) {
+  return vlt_fail_at_line(output_, words_.line(), reason);
+}
+
+bool stlTextReader::fail_expecting(std::string_view found, std::string_view expected) {
+  const std::string what = found.empty() ? "the file ends" : "there is " + vlt_quoted(found);
+  return fail(what + " where " + std::string(expected) + " is expected");
+}
+
+void stlTextReader::settle_empty_solids() {
+  auto& solids = document_.root.children;
+  auto is_empty = [](const auto& node) { return node->body.empty(); };
+  if (!std::all_of(solids.begin(), solids.end(), is_empty)) {
+    std::erase_if(solids, [&](const auto& node) { return is_empty(node) && node->name.empty(); });
+    return;
+  }
+  for (auto& node : solids) node->body.mesh = std::make_shared<annMesh>();
+  output_.message(velabsWARNING, "the file holds no facets");
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+
+#include "annDocument.h"
+#include "annWelder.h"
+#include "apMappedFile.h"
+#include "velTableInstance.h"
+#include "velabsOutput.h"
+#include "velabsResult.h"
+#include "vltProgress.h"
+#include "vltWords.h"
+
+// Reads the text form. Each solid becomes a node of its name. A solid without facets stays as a node without a body
+// beside others that have some; when none has any, they get empty meshes and a warning says so.
+//
+// Keywords may be in any case and lines broken anywhere; "#" begins a comment. Normals are not looked at: they follow
+// from the points, and files are full of wrong ones. Anything else that does not fit is an error with its line.
+class stlTextReader {
+ public:
+  stlTextReader(apMappedFile& file, const velTableInstance& resources, annDocument& document, velabsOutput& output);
+
+  velabsResult read(double factor);
+
+ private:
+  velabsResult read_solid();
+  bool read_facet(annMesh& mesh, annWelder& welder);
+  bool read_point(annVector& point);
+  bool skip_normal();
+  bool expect(std::string_view lower);
+  bool fail(std::string_view reason);
+  bool fail_expecting(std::string_view found, std::string_view expected);
+  void settle_empty_solids();
+
+  velabsOutput& output_;
+  annDocument& document_;
+  vltWords words_;
+  vltProgress progress_;
+  double factor_ = 1;
+  bool weld_;
+};

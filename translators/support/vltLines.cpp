@@ -1,0 +1,42 @@
+#include "vltLines.h"
+
+#include <algorithm>
+
+#include "vltWords.h"
+
+namespace {
+
+bool is_comment(std::string_view line) {
+  return vlt_take_word(line).starts_with('#');
+}
+
+}  // namespace
+
+vltLines::vltLines(std::string_view text) : text_(text), at_(text.size() - vlt_without_mark(text).size()) {}
+
+bool vltLines::next(std::string_view& line) {
+  if (at_ >= text_.size()) return false;
+  line = take_line();
+  first_line_ = lines_taken_;
+  if (!line.ends_with('\\') || is_comment(line)) return true;
+  joined_.clear();
+  while (line.ends_with('\\')) {
+    joined_.append(line.substr(0, line.size() - 1)).push_back(' ');
+    line = at_ < text_.size() ? take_line() : std::string_view();
+  }
+  joined_.append(line);
+  line = joined_;
+  return true;
+}
+
+std::string_view vltLines::take_line() {
+  // The next LF is kept, so that a text without any is not searched to its end for each CR.
+  if (next_feed_ < at_ || lines_taken_ == 0) next_feed_ = std::min(text_.find('\n', at_), text_.size());
+  const std::size_t begin = at_;
+  const std::size_t end = std::min(text_.substr(0, next_feed_).find('\r', begin), next_feed_);
+  at_ = end;
+  if (text_.substr(at_).starts_with("\r\n")) ++at_;
+  if (at_ < text_.size()) ++at_;
+  ++lines_taken_;
+  return text_.substr(begin, end - begin);
+}

@@ -1,0 +1,70 @@
+#include "vltPlacedMesh.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace {
+
+constexpr double default_chord_in_metres = 1e-4;
+constexpr double default_chord_without_unit = 0.1;
+constexpr double default_angle = 0.35;  // about 20 degrees
+
+annTolerance tolerance(const annDocument& document, const velTableInstance& resources) {
+  annTolerance result{resources.value<double>("CHORD_TOLERANCE", 0), resources.value<double>("ANGLE_TOLERANCE", 0)};
+  const double metres = vel_metres(document.unit);
+  if (!(result.chord > 0)) result.chord = metres > 0 ? default_chord_in_metres / metres : default_chord_without_unit;
+  if (!(result.angle > 0)) result.angle = default_angle;
+  return result;
+}
+
+}  // namespace
+
+std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& document,
+                                                            const velTableInstance& resources, double factor,
+                                                            velabsOutput& output) {
+  std::vector<vltPlacedMesh> result;
+  std::unordered_map<const annExactShape*, std::shared_ptr<const annMesh>> facets;
+  for (const annPlacedBody& placed : ann_placed_bodies(document)) {
+    std::shared_ptr<const annMesh> mesh = placed.node->body.mesh;
+    if (!mesh) {
+      const annExactShape* shape = placed.node->body.shape.get();
+      std::shared_ptr<const annMesh>& made = facets[shape];
+      apStatus status;
+      if (!made) made = shape->facets(tolerance(document, resources), status);
+      if (!made) {
+        output.message(velabsERROR,
+                       utString("no facets for the shape of \"") + placed.node->name + "\": " + status.failure());
+        return std::nullopt;
+      }
+      mesh = made;
+    }
+    const annTransform placement = factor == 1 ? placed.placement : annTransform::scaling(factor) * placed.placement;
+    result.push_back({placed.node, std::move(mesh), placement, placed.colour});
+  }
+  return result;
+}
+
+void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
+                     velLengthUnit written_unit, velabsOutput& output) {
+  auto note = [&](bool lost, const utString& what) {
+    if (lost) output.message(velabsNOTE, utString(carries.format) + " " + what);
+  };
+  auto any_body = [&](auto test) { return std::any_of(bodies.begin(), bodies.end(), test); };
+
+  const auto& top = document.root.children;
+  const bool deep = std::any_of(top.begin(), top.end(), [](const auto& node) { return !node->children.empty(); });
+  note(!carries.parts && bodies.size() > 1,
+       "holds one body: the " + std::to_string(bodies.size()) + " parts are written as one, without their names");
+  note(carries.parts && !carries.tree && deep, "holds no assemblies: the parts are written side by side");
+  note(!carries.colours &&
+           any_body([](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); }),
+       "holds no colours in this form: they are left out");
+  note(!carries.vertex_normals &&
+           any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
+       "holds no vertex normals: they are left out");
+  note(!carries.vertex_colours &&
+           any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
+       "holds no vertex colours: they are left out");
+  note(written_unit != velLENGTH_UNSPECIFIED,
+       utString("holds no length unit: the numbers are in ") + co_value_to_text(written_unit));
+}
