@@ -13,7 +13,7 @@ class VELPLATFORM_API coResourceBase {
 
   const utString& key() const { return key_; }
 
-  // The value as text, in the locale that is in force for this thread (see coNumberText.h).
+  // The value as text, in the locale that is in force for this thread (see coResourceValue.h).
   virtual utString text() const = 0;
 
   // A resource of the same key and type with the value that `text` says, or null when the type does not know it.

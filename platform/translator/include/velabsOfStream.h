@@ -8,11 +8,14 @@
 #include "apExport.h"
 #include "utString.h"
 
+class velabsReplacementFile;
+
 // An output file that appears only when it is complete. Bytes go to a new file, mode 0600, in the directory of the
 // target, opened exclusively on the first write; `commit` puts it in the target's place in one step, with the target's
 // old permissions or those that the user's mask leaves. Never committed, nothing is left. Where the file system can do
-// it the new file has no name until then, so that not even a kill leaves one. A target that is a device or a pipe is
-// written directly; one that is a link keeps being one.
+// it the new file has no name while it is written, so that not even a kill leaves one. A target that is a device or a
+// pipe is written directly and has no companions: what is written to them is lost. One that is a link keeps being one,
+// and one that the user may not write to is refused.
 //
 // The first failure ends the writing: later calls do nothing and `good()` stays false.
 class VELPLATFORM_API velabsOfStream {
@@ -40,22 +43,23 @@ class VELPLATFORM_API velabsOfStream {
   // Why the writing failed, for people; null while all is well.
   const utString& failure() const { return failure_; }
 
-  // Writes out what is buffered, then puts the companions and this file in place. False when anything failed; the
-  // targets are then as they were.
+  // Writes out what is buffered, then puts the companions and, last, this file in place. False when anything failed;
+  // the targets are then as they were, but for a companion already replaced on a file system that cannot exchange
+  // files. A second call does nothing and says the same.
   bool commit();
 
  private:
-  struct File;
-
   void open();
+  void put(std::string_view bytes);
   void flush();
   bool finish();
-  bool put_in_place();
 
   utString target_;
   utString failure_;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
-  std::unique_ptr<File> file_;
+  bool discards_ = false;
+  bool committed_ = false;
+  std::unique_ptr<velabsReplacementFile> file_;
   std::vector<std::unique_ptr<velabsOfStream>> companions_;
 };

@@ -1,6 +1,3 @@
 #include "velabsLibBase.h"
 
-#include "velabsOutput.h"
-
 velabsLibBase::~velabsLibBase() = default;
-velabsOutput::~velabsOutput() = default;

@@ -1,0 +1,99 @@
+#include "velabsOfStream.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "velabsReplacementFile.h"
+
+namespace {
+
+utString with_extension(const utString& target, const utString& extension) {
+  const std::string& path = target.str();
+  const std::size_t name = path.rfind('/') + 1;
+  const std::size_t dot = path.rfind('.');
+  const bool has_extension = dot != path.npos && dot > name;
+  return path.substr(0, has_extension ? dot : path.npos) + "." + extension.str();
+}
+
+}  // namespace
+
+velabsOfStream::velabsOfStream(utString target) : target_(std::move(target)) {}
+
+velabsOfStream::~velabsOfStream() = default;
+
+void velabsOfStream::open() {
+  if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(buffer_size);
+  if (!file_ && !discards_ && good()) file_ = velabsReplacementFile::open(target_, failure_);
+}
+
+void velabsOfStream::put(std::string_view bytes) {
+  if (file_ && good()) file_->write(bytes, failure_);
+}
+
+void velabsOfStream::flush() {
+  put({buffer_.get(), used_});
+  used_ = 0;
+}
+
+void velabsOfStream::write(std::string_view bytes) {
+  if (bytes.empty() || !good()) return;
+  if (!buffer_) open();
+  if (bytes.size() > buffer_size - used_) flush();
+  if (bytes.size() >= buffer_size) return put(bytes);
+  std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+  used_ += bytes.size();
+}
+
+char* velabsOfStream::reserve(std::size_t size) {
+  if (!buffer_) open();
+  if (!good()) used_ = 0;
+  if (size > buffer_size - used_) flush();
+  return buffer_.get() + used_;
+}
+
+velabsOfStream& velabsOfStream::companion(const utString& extension) {
+  const utString name = with_extension(target_, extension);
+  for (const auto& companion : companions_) {
+    if (companion->target_ == name) return *companion;
+  }
+  auto& companion = *companions_.emplace_back(std::make_unique<velabsOfStream>(name));
+  if (name == target_) companion.failure_ = "a file beside the output would have its name";
+  // What goes to a device or a pipe has nothing beside it.
+  companion.discards_ = velabsReplacementFile::is_written_directly(target_);
+  return companion;
+}
+
+bool velabsOfStream::finish() {
+  open();
+  flush();
+  if (good() && file_) file_->settle(failure_);
+  return good();
+}
+
+bool velabsOfStream::commit() {
+  if (committed_) return good();
+  committed_ = true;
+
+  std::vector<velabsOfStream*> all;
+  for (const auto& companion : companions_) all.push_back(companion.get());
+  all.push_back(this);
+
+  // All that is likely to fail comes before the first target is touched.
+  auto fail = [&](const velabsOfStream& stream) {
+    if (good()) failure_ = stream.target_ + ": " + stream.failure_;
+    for (velabsOfStream* each : all) each->file_.reset();
+    return false;
+  };
+  for (velabsOfStream* stream : all) {
+    if (!stream->finish()) return fail(*stream);
+  }
+  for (velabsOfStream* stream : all) {
+    if (stream->file_ && !stream->file_->replace(stream->failure_)) return fail(*stream);
+  }
+  for (velabsOfStream* stream : all) {
+    if (stream->file_) stream->file_->keep();
+    stream->file_.reset();
+  }
+  return true;
+}

@@ -1,0 +1,3 @@
+#include "velabsOutput.h"
+
+velabsOutput::~velabsOutput() = default;

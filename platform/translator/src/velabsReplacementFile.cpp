@@ -1,0 +1,228 @@
+#include "velabsReplacementFile.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "vluFileHelpers.h"
+
+namespace {
+
+utString reason_of(int error) {
+  return std::generic_category().message(error);
+}
+
+// What the user's mask leaves of read and write for all. Asking the system call would change the mask for other threads
+// for a moment, so it comes last.
+mode_t mode_of_new_files() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.rfind("Umask:", 0) == 0) return 0666 & ~static_cast<mode_t>(std::strtoul(line.c_str() + 6, nullptr, 8));
+  }
+  const mode_t mask = umask(077);
+  umask(mask);
+  return 0666 & ~mask;
+}
+
+std::string directory_of(const std::string& path) {
+  const std::size_t separator = path.rfind('/');
+  return separator == path.npos ? "." : path.substr(0, separator + 1);
+}
+
+std::string name_beside(const std::string& path) {
+  return path.substr(0, path.rfind('/') + 1) + "." + vlu_random_text().str();
+}
+
+// Where a link leads, whether something is there or not.
+std::string behind_links(std::string path) {
+  for (int links = 0; links < 40; ++links) {
+    char to[PATH_MAX];
+    const ssize_t length = readlink(path.c_str(), to, sizeof to);
+    if (length <= 0 || length == static_cast<ssize_t>(sizeof to)) break;
+    const std::string next(to, static_cast<std::size_t>(length));
+    path = next.front() == '/' ? next : path.substr(0, path.rfind('/') + 1) + next;
+  }
+  return path;
+}
+
+std::string descriptor_path(int file) {
+  return "/proc/self/fd/" + std::to_string(file);
+}
+
+// A file without a name in a directory; negative where the file system has none or could not name it later.
+int open_nameless(const std::string& directory) {
+  const int file = ::open(directory.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+  if (file < 0 || access(descriptor_path(file).c_str(), F_OK) == 0) return file;
+  close(file);
+  return -1;
+}
+
+// Holds back the signal of a pipe that nobody reads any more, so that the write fails instead.
+class PipeSignalHeld {
+ public:
+  PipeSignalHeld() {
+    sigemptyset(&pipe_);
+    sigaddset(&pipe_, SIGPIPE);
+    sigset_t pending;
+    sigpending(&pending);
+    already_pending_ = sigismember(&pending, SIGPIPE) == 1;
+    pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+  }
+  ~PipeSignalHeld() {
+    const timespec at_once{};
+    if (!already_pending_) {
+      while (sigtimedwait(&pipe_, nullptr, &at_once) < 0 && errno == EINTR) {
+      }
+    }
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  PipeSignalHeld(const PipeSignalHeld&) = delete;
+  PipeSignalHeld& operator=(const PipeSignalHeld&) = delete;
+
+ private:
+  sigset_t pipe_;
+  sigset_t before_;
+  bool already_pending_;
+};
+
+// 0, or the error that ended the writing.
+int write_all(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t put = ::write(file, bytes.data(), bytes.size());
+    if (put < 0 && errno == EINTR) continue;
+    if (put < 0) return errno;
+    if (put == 0) return EIO;
+    bytes.remove_prefix(static_cast<std::size_t>(put));
+  }
+  return 0;
+}
+
+}  // namespace
+
+velabsReplacementFile::velabsReplacementFile(int file, std::string target, std::string name, mode_t mode)
+    : file_(file), target_(std::move(target)), name_(std::move(name)), mode_(mode) {}
+
+bool velabsReplacementFile::is_written_directly(const utString& target) {
+  struct stat status;
+  return stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
+std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open_directly(const std::string& target,
+                                                                            utString& failure) {
+  const int file = ::open(target.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  if (file < 0) {
+    failure = errno == ENXIO ? utString("nobody reads from it") : reason_of(errno);
+    return nullptr;
+  }
+  // Only the opening must not wait.
+  fcntl(file, F_SETFL, fcntl(file, F_GETFL) & ~O_NONBLOCK);
+  return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, "", "", 0));
+}
+
+std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utString& target, utString& failure) {
+  if (target.empty() || target.view().find('\0') != std::string_view::npos) {
+    failure = reason_of(ENOENT);
+    return nullptr;
+  }
+  if (is_written_directly(target)) return open_directly(target.str(), failure);
+
+  const std::string place = behind_links(target.str());
+  struct stat status;
+  const bool exists = stat(place.c_str(), &status) == 0;
+  if (place.back() == '/' || (exists && S_ISDIR(status.st_mode))) {
+    failure = reason_of(EISDIR);
+    return nullptr;
+  }
+  // Replacing a file needs no right to write to it, but its owner means what the permissions say.
+  if (exists && faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) != 0) {
+    failure = reason_of(errno);
+    return nullptr;
+  }
+
+  std::string name;
+  int file = open_nameless(directory_of(place));
+  if (file < 0) {
+    name = name_beside(place);
+    file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+  }
+  if (file < 0) {
+    failure = reason_of(errno);
+    return nullptr;
+  }
+  const mode_t mode = exists ? status.st_mode & 0777 : mode_of_new_files();
+  return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, place, name, mode));
+}
+
+velabsReplacementFile::~velabsReplacementFile() {
+  undo();
+  if (!name_.empty()) unlink(name_.c_str());
+  close(file_);
+}
+
+bool velabsReplacementFile::write(std::string_view bytes, utString& failure) {
+  int error;
+  if (target_.empty()) {
+    const PipeSignalHeld held;
+    error = write_all(file_, bytes);
+  } else {
+    error = write_all(file_, bytes);
+  }
+  if (error != 0) failure = reason_of(error);
+  return error == 0;
+}
+
+bool velabsReplacementFile::settle(utString& failure) {
+  if (target_.empty()) return true;
+  bool done = fchmod(file_, mode_) == 0;
+  for (int attempt = 0; done && name_.empty() && attempt < 8; ++attempt) {
+    const std::string name = name_beside(target_);
+    if (linkat(AT_FDCWD, descriptor_path(file_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      name_ = name;
+    } else {
+      done = errno == EEXIST;
+    }
+  }
+  if (!done || name_.empty()) failure = reason_of(errno);
+  return done && !name_.empty();
+}
+
+bool velabsReplacementFile::replace(utString& failure) {
+  if (target_.empty()) return true;
+  // An exchange keeps the old file until all is done, where there is one and the file system can do it.
+  auto move = [&](unsigned flags) { return renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target_.c_str(), flags) == 0; };
+  if (move(RENAME_EXCHANGE)) {
+    place_ = Place::exchanged;
+    return true;
+  }
+  if (move(RENAME_NOREPLACE)) {
+    place_ = Place::added;
+  } else if (rename(name_.c_str(), target_.c_str()) == 0) {
+    place_ = Place::replaced;
+  } else {
+    failure = reason_of(errno);
+    return false;
+  }
+  name_.clear();
+  return true;
+}
+
+void velabsReplacementFile::undo() {
+  const Place place = std::exchange(place_, Place::none);
+  if (place == Place::added) unlink(target_.c_str());
+  if (place == Place::exchanged) renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target_.c_str(), RENAME_EXCHANGE);
+}
+
+void velabsReplacementFile::keep() {
+  place_ = Place::none;
+  if (!name_.empty()) unlink(name_.c_str());
+  name_.clear();
+}
