@@ -1,6 +1,7 @@
 #include "vltPlacedMesh.h"
 
 #include <algorithm>
+#include <numbers>
 #include <unordered_map>
 
 namespace {
@@ -10,7 +11,8 @@ constexpr double default_chord_without_unit = 0.1;
 constexpr double default_angle = 0.35;  // about 20 degrees
 
 annTolerance tolerance(const annDocument& document, const velTableInstance& resources) {
-  annTolerance result{resources.value<double>("CHORD_TOLERANCE", 0), resources.value<double>("ANGLE_TOLERANCE", 0)};
+  annTolerance result{resources.value<double>("CHORD_TOLERANCE", 0),
+                      resources.value<double>("ANGLE_TOLERANCE", 0) * (std::numbers::pi / 180)};
   const double metres = vel_metres(document.unit);
   if (!(result.chord > 0)) result.chord = metres > 0 ? default_chord_in_metres / metres : default_chord_without_unit;
   if (!(result.angle > 0)) result.angle = default_angle;

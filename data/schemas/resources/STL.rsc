@@ -1,0 +1,35 @@
+# Options of the STL translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Unit of the numbers in the file (reading and writing).
+# Reading: STL files hold no unit; this says which one theirs is.
+# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+LENGTH_UNIT = unspecified
+
+# Factor for all coordinates, greater than 0 (reading and writing).
+SCALE = 1
+
+# Give equal points one number, so that triangles share them (reading).
+WELD_POINTS = 1
+
+# Take colours from the attribute bytes of binary files (reading).
+READ_MATERIALS = 1
+
+# Form of the file: binary or ascii (writing; reading tells by itself).
+FILE_FORMAT = binary
+
+# Name of the solid (writing). Binary: the text in the head of the file.
+# ASCII: everything becomes one solid of this name; when empty, each part is a solid of its own name.
+SOLID_NAME =
+
+# Put colours into the attribute bytes, binary only (writing).
+WRITE_MATERIALS = 1
+
+# Significant digits of coordinates, ASCII only (writing). 0: as many as it takes to read back the same number.
+DIGITS = 0
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0
