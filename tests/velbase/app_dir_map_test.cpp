@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <map>
+#include <stdexcept>
+
+#include "Registry.h"
+#include "TemporaryDirectory.h"
+#include "vlnAppDirMap.h"
+
+namespace {
+
+class Environment : public apIProcessEnvironmentOperations {
+ public:
+  apString get(const apString& name) const override {
+    auto entry = values.find(name);
+    return entry == values.end() ? apString() : entry->second;
+  }
+  int put(const apString& name, const apString& value) override {
+    values[name] = value;
+    return 1;
+  }
+  std::map<apString, apString> values;
+};
+
+class OpenMap : public vlnAppDirMap {
+ public:
+  using vlnAppDirMap::path_from_env_var;
+  using vlnAppDirMap::vlnAppDirMap;
+};
+
+class AppDirMapTest : public testing::Test {
+ protected:
+  vlnAppMapInit initialise(const std::string& directory) {
+    return map.initialise("", directory, apPathName(L"app"), &registry.app_info, registry.path(dir / "config"),
+                          registry.path(dir / "temp"));
+  }
+  std::string at(int value) const {
+    return map.get_dir(static_cast<vlnQRMDirectory>(value)).ut_path_string(registry.encoding).str();
+  }
+
+  TemporaryDirectory dir;
+  Registry registry;
+  Environment environment;
+  OpenMap map{&environment};
+};
+
+}  // namespace
+
+TEST_F(AppDirMapTest, DerivesTheInstallationFromTheExecutable) {
+  const struct {
+    const char *directory, *root;
+  } cases[] = {{"/A/B/sys/exec", "/A/B"}, {"/A/B/sys/exec/", "/A/B"}, {"\\A\\B\\sys/exec\\", "\\A\\B"},
+               {"/sys/exec", "/sys"},     {"exec", "exec"},           {"", ""}};
+  for (const auto& c : cases) {
+    initialise(c.directory);
+    const std::string root = c.root;
+    const std::string exec = c.directory;
+    EXPECT_EQ(at(vlnDIRECTORY_SYSTEM), root.empty() ? "sys" : root + "/sys") << c.directory;
+    EXPECT_EQ(at(6), exec);
+  }
+  initialise("/A/B/sys/exec");
+  const char* expected[] = {"/A/B/sys",     "/A/B/sys/exec/lib", "/A/B/sys/exec/services", "/A/B/lib/locale",
+                            nullptr,        "/A/B/file/help",    "/A/B/sys/exec",          "/A/B/file/examples",
+                            nullptr,        "/A/B/sys/misc",     "/A/B/sys/exec",          "/A/B/sys/exec",
+                            "/A/B/sys/exec"};
+  for (int value = 0; value <= 12; ++value) {
+    if (!expected[value]) continue;
+    EXPECT_EQ(at(value), expected[value]) << value;
+  }
+  EXPECT_EQ(at(-1), "/A/B/sys/exec") << "an unknown value gives a usable directory";
+  EXPECT_EQ(registry.app_info.fabrin_server_dir(), "/A/B/sys/exec");
+  EXPECT_THROW(initialise("/" + std::string(511, 'x')), std::out_of_range);
+}
+
+TEST_F(AppDirMapTest, TheFirstUsableBaseHoldsTheApplicationData) {
+  std::filesystem::create_directories(dir.path() / "home");
+  std::filesystem::create_directories(dir.path() / "temp");
+  environment.put(L"QRM_HOME", registry.encoding->to_apString(dir / "home"));
+  EXPECT_EQ(initialise("/i/sys/exec"), vlnAppMapInitOk);
+  EXPECT_EQ(at(vlnDIRECTORY_APP_DATA), dir / "home/app");
+  EXPECT_EQ(at(vlnDIRECTORY_SCHEMAS), dir / "home/app" + ";/i/sys/schemas");
+  EXPECT_EQ(std::filesystem::status(dir / "home/app").permissions(), std::filesystem::perms::owner_all);
+
+  environment.put(L"QRM_HOME", registry.encoding->to_apString(dir / "no such"));
+  EXPECT_EQ(initialise("/i/sys/exec"), vlnAppMapInitOk);
+  EXPECT_EQ(at(vlnDIRECTORY_APP_DATA), dir / "config/app") << "made, unlike a QRM_HOME that does not exist";
+  EXPECT_FALSE(std::filesystem::exists(dir / "no such"));
+
+  environment.values.clear();
+  std::filesystem::remove_all(dir / "config");
+  dir.write("config", "in the way");
+  EXPECT_EQ(initialise("/i/sys/exec"), vlnAppMapInitOk);
+  EXPECT_EQ(at(vlnDIRECTORY_APP_DATA), dir / "temp/app");
+
+  std::filesystem::remove_all(dir / "temp");
+  OpenMap fresh(&environment);
+  EXPECT_EQ(fresh.initialise("", "/i/sys/exec", apPathName(L"app"), &registry.app_info, registry.path(dir / "config"),
+                             registry.path(dir / "temp")),
+            vlnAppMapInitNoAppDataDir);
+  EXPECT_TRUE(fresh.get_dir(vlnDIRECTORY_APP_DATA).invalid());
+  EXPECT_FALSE(fresh.get_dir(vlnDIRECTORY_SYSTEM).invalid());
+  EXPECT_EQ(fresh.add_schema_dir("/x"), 0);
+  EXPECT_EQ(fresh.get_schema_dir(vlnSchemaResources).user_dir(), "") << "never a relative path";
+}
+
+TEST_F(AppDirMapTest, CopiesFilesOfOneExtension) {
+  dir.write("from/a.rsc", "a");
+  dir.write("from/b.txt", "b");
+  dir.write("more/a.rsc", "hidden");
+  dir.write("to/a.rsc", "old");
+  dir.write("from/bare", "bare");
+  initialise("/i/sys/exec");
+  const utString from = dir / "from" + ";" + (dir / "more");
+  EXPECT_EQ(map.copy_files(from, dir / "to", "rsc"), 1);
+  EXPECT_EQ(TemporaryDirectory::read(dir / "to/a.rsc"), "a");
+  EXPECT_FALSE(std::filesystem::exists(dir / "to/b.txt"));
+  EXPECT_EQ(map.copy_files(from, dir / "made", ""), 1);
+  EXPECT_EQ(TemporaryDirectory::read(dir / "made/bare"), "bare");
+  EXPECT_EQ(map.copy_files(from, dir / "no/such", "rsc"), 0);
+  EXPECT_EQ(map.copy_files(from, dir / "from/b.txt", "rsc"), 0) << "a file is in the way";
+}
+
+TEST_F(AppDirMapTest, ReadsSearchPathsFromTheEnvironment) {
+  vlnSearchPath path;
+  map.path_from_env_var(L"P", path, apPathName(L"/e"));
+  EXPECT_TRUE(path.invalid());
+  environment.put(L"P", L"<exe_dir>/a;/b");
+  map.path_from_env_var(L"P", path, apPathName(L"/e"));
+  EXPECT_EQ(path.ut_path_string(registry.encoding), "/e/a;/b");
+}

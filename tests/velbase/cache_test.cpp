@@ -1,0 +1,260 @@
+#include <gtest/gtest.h>
+
+#include "Registry.h"
+#include "TemporaryDirectory.h"
+#include "apStringEncodings.h"
+#include "vlnTranslatorCacheReader.h"
+#include "vlnTranslatorCacheWriter.h"
+
+namespace {
+
+// A search path with empty library files, and what reading a cache over it gives.
+class CacheTest : public testing::Test {
+ protected:
+  CacheTest() {
+    dir.write("lib/step.dll", "");
+    dir.write("lib/libiges.dll", "");
+    dir.write("lib/UPPER.DLL", "");
+  }
+
+  int read(const std::string& cache) {
+    inputs = registry.sets.empty_dlls();
+    outputs = registry.sets.empty_dlls();
+    int result = -1;
+    const vlnTranslatorCacheReader reader(*inputs, *outputs, registry.path(dir.write("translators.lst", cache)),
+                                          registry.search_path(dir / "lib"), &registry.descriptions, registry.encoding,
+                                          &registry.compare, &registry.app_info, result);
+    intact = reader.intact();
+    return result;
+  }
+
+  static std::string record(const std::string& file, const std::string& direction, const std::string& format,
+                            const std::string& types = "\"STEP\"") {
+    return "{\n  \"" + file + "\",\n  \"" + direction + "\",\n  \"" + format + "\",\n  {" + types +
+           "},\n  {\"stp\",\"step\"},\n  \"F (*.stp)|*.stp\",\n  \"Exact\",\n  \"\",\n  3\n}\n";
+  }
+
+  TemporaryDirectory dir;
+  Registry registry;
+  std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
+  bool intact = false;
+};
+
+}  // namespace
+
+TEST_F(CacheTest, ARecordBecomesADescriptionWithoutOpeningItsLibrary) {
+  EXPECT_EQ(read(record("step.dll", "input", "STEP") + record("step", "OUTPUT", "viewer 9")), 1);
+  EXPECT_TRUE(intact);
+  ASSERT_EQ(registry.formats(*inputs), std::vector<std::string>{"STEP"});
+  ASSERT_EQ(registry.formats(*outputs), std::vector<std::string>{"Viewer"});
+  const vlnTranslatorInfo& info = *inputs->translator_for_format("step");
+  EXPECT_EQ(info.file_ut(), dir / "lib/step.dll");
+  EXPECT_EQ(info.filter_string(), "F (*.stp)|*.stp");
+  EXPECT_EQ(info.translator_category()->category_name(), "Exact");
+  EXPECT_EQ(info.from_cache(), 1);
+  EXPECT_EQ(info.further_number(), 3);
+  EXPECT_TRUE(info.is_compatible(vluSTEP, ""));
+  EXPECT_EQ(registry.libraries.opened, 0);
+}
+
+TEST_F(CacheTest, LayoutDoesNotMatter) {
+  std::string one_line = record("step.dll", "input", "STEP");
+  std::erase(one_line, '\n');
+  std::string crlf = record("step.dll", "input", "STEP");
+  for (std::size_t at = 0; (at = crlf.find('\n', at)) != crlf.npos; at += 2) crlf.insert(at, "\r");
+  const struct {
+    std::string cache;
+    std::size_t records;
+  } cases[] = {
+      {one_line, 1},
+      {one_line + " behind is discarded " + record("step.dll", "input", "B"), 1},
+      {one_line + "\n" + one_line, 2},
+      {crlf + record("step.dll", "input", "B"), 2},
+      {record("step.dll", "input", "A") + "\n" + record("step.dll", "input", "B"), 1},  // an empty line ends it
+      {"{\"step\",\"input\",\"A\",{},{},\"\",\"\"}", 1},  // without the further fields, without a line feed
+      {"}\n" + one_line, 0},                              // a stray brace loses the rest
+  };
+  for (const auto& c : cases) {
+    read(c.cache);
+    EXPECT_EQ(inputs->count(), c.records) << c.cache;
+  }
+}
+
+TEST_F(CacheTest, BrokenAndStaleRecordsAreDroppedAlone) {
+  const std::string good = record("step.dll", "input", "STEP");
+  for (const std::string& bad :
+       {record("gone.dll", "input", "X"), record("../lib/step.dll", "input", "X"), record("step.dll", "sideways", "X"),
+        record("step.dll", "input", "X", "\"STEP\",\"No such type\""), record("step.dll", "input", "X", "STEP"),
+        std::string("{}\n"), std::string("{ \"step.dll\", \"input\" }\n"), std::string("{\"step.dll\n")}) {
+    read(good + bad);
+    EXPECT_EQ(registry.formats(*inputs), std::vector<std::string>{"STEP"}) << bad;
+    read(bad);
+    EXPECT_EQ(inputs->count(), 0U) << bad;
+  }
+}
+
+TEST_F(CacheTest, LibrariesAreFoundInEitherFormAndAnyCase) {
+  const struct {
+    const char *recorded, *found;
+  } cases[] = {{"iges", "lib/libiges.dll"},
+               {"libiges.dll", "lib/libiges.dll"},
+               {"libstep", "lib/step.dll"},
+               {"upper.dll", "lib/UPPER.DLL"},
+               {"STEP.DLL", "lib/step.dll"}};
+  for (const auto& c : cases) {
+    read(record(c.recorded, "input", "F"));
+    ASSERT_EQ(inputs->count(), 1U) << c.recorded;
+    EXPECT_EQ(inputs->translator_for_format("F")->file_ut(), dir / c.found);
+  }
+}
+
+TEST_F(CacheTest, DamageIsToldFromEmptyAndStale) {
+  EXPECT_EQ(read(""), 0);
+  EXPECT_TRUE(intact);
+  EXPECT_EQ(read(record("gone.dll", "input", "X")), 0);
+  EXPECT_TRUE(intact);
+  EXPECT_EQ(read("rubbish\n"), 0);
+  EXPECT_FALSE(intact);
+  EXPECT_EQ(read(record("step.dll", "input", "A") + std::string(1024, 'x') + "\n" + record("step.dll", "input", "B")),
+            1);
+  EXPECT_EQ(inputs->count(), 1U) << "a line of more than 1023 characters ends the reading";
+  EXPECT_FALSE(intact);
+
+  int result = -1;
+  const vlnTranslatorCacheReader directory(*inputs, *outputs, registry.path(dir / "lib"),
+                                           registry.search_path(dir / "lib"), &registry.descriptions, registry.encoding,
+                                           &registry.compare, &registry.app_info, result);
+  EXPECT_FALSE(directory.intact());
+  EXPECT_EQ(result, 0);
+}
+
+TEST(CacheFields, AreTakenFromTheFront) {
+  utString text = "a{b{c}}d", value, set = vlnTranslatorCacheReader::extract_set_string(text);
+  EXPECT_EQ(set, "b{c}");
+  EXPECT_EQ(text, "d");
+  for (const char* none : {"", "{", "{a", "}{a}"}) {
+    text = none;
+    EXPECT_TRUE(vlnTranslatorCacheReader::extract_set_string(text).is_null()) << none;
+    EXPECT_EQ(text, none);
+  }
+
+  text = " , \"v\"rest";
+  EXPECT_TRUE(vlnTranslatorCacheReader::extract_string(text, value));
+  EXPECT_EQ(value, "v");
+  EXPECT_EQ(text, "rest");
+  text = "\"\",";
+  EXPECT_TRUE(vlnTranslatorCacheReader::extract_string(text, value)) << "an empty text is a value";
+  EXPECT_FALSE(value.is_null());
+  for (const char* none : {"", "\"", "\"open", "bare"}) {
+    text = none;
+    EXPECT_FALSE(vlnTranslatorCacheReader::extract_string(text, value)) << none;
+    EXPECT_TRUE(value.is_null());
+    EXPECT_EQ(text, none);
+  }
+
+  int number = 0;
+  text = " , -12,x";
+  EXPECT_TRUE(vlnTranslatorCacheReader::extract_int(text, number));
+  EXPECT_EQ(number, -12);
+  EXPECT_EQ(text, ",x");
+  text = "5";
+  EXPECT_TRUE(vlnTranslatorCacheReader::extract_int(text, number)) << "ends at the end of the text";
+  for (const char* none : {"", "x}", ",", "99999999999"}) {
+    text = none;
+    EXPECT_FALSE(vlnTranslatorCacheReader::extract_int(text, number)) << none;
+  }
+
+  utStringcoDList list;
+  text = " {} {\"a\", \"b\"}";
+  EXPECT_TRUE(vlnTranslatorCacheReader::extract_list(text, list));
+  EXPECT_EQ(list.count(), 0U);
+  EXPECT_TRUE(vlnTranslatorCacheReader::extract_list(text, list));
+  EXPECT_EQ(list.count(), 2U);
+  text = "{\"a\" b}";
+  EXPECT_FALSE(vlnTranslatorCacheReader::extract_list(text, list));
+}
+
+TEST(CacheWriter, WritesEachRecordWholeOrNotAtAll) {
+  const TemporaryDirectory dir;
+  const Registry registry;
+  auto inputs = registry.sets.empty_dlls();
+  auto outputs = registry.sets.empty_dlls();
+  auto plain = registry.info("STEP", vlnTRANSLATOR_INPUT, "/l/stepreader.dll");
+  plain->add_file_type(vluSTEP);
+  plain->add_extension(L"stp");
+  plain->add_extension(L"step");
+  plain->set_filter("STEP files (*.stp;*.step)|*.stp;*.step");
+  plain->set_translator_category(velabsTranslatorCategory::find("Exchange"));
+  plain->set_further("more", -1);
+  inputs->add_translator(std::move(plain));
+  inputs->add_translator(registry.info("quote\"", vlnTRANSLATOR_INPUT));
+  inputs->add_translator(registry.info("brace}", vlnTRANSLATOR_INPUT));
+  inputs->add_translator(registry.info(std::string(1020, 'x'), vlnTRANSLATOR_INPUT));
+  inputs->add_translator(registry.info("L\xC3\xB6", vlnTRANSLATOR_INPUT));  // not ASCII
+  outputs->add_translator(registry.info("odd", static_cast<vlnTranslatorType>(2), "/l/odd.dll"));
+
+  const apAsciiEncoding ascii;
+  int written = -1;
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  const std::string file = dir / "translators.lst";
+  { const vlnTranslatorCacheWriter writer(file, *inputs, *outputs, &ascii, written, status); }
+  EXPECT_EQ(written, 2);
+  EXPECT_TRUE(status.types().contains(vlnLOAD_ENCODING_FAILED));
+  EXPECT_EQ(TemporaryDirectory::read(file),
+            "{\n  \"stepreader.dll\",\n  \"input\",\n  \"STEP\",\n  {\"STEP\"},\n  {\"stp\",\"step\"},\n"
+            "  \"STEP files (*.stp;*.step)|*.stp;*.step\",\n  \"Exchange\",\n  \"more\",\n  -1\n}\n"
+            "{\n  \"odd.dll\",\n  \"odd\",\n  {},\n  {},\n  \"\",\n  \"\",\n  \"\",\n  0\n}\n");
+}
+
+TEST(CacheWriter, AnEmptyRegistryMakesAnEmptyFileAndAFullDiskIsTold) {
+  const TemporaryDirectory dir;
+  const Registry registry;
+  auto inputs = registry.sets.empty_dlls();
+  auto outputs = registry.sets.empty_dlls();
+  int written = -1;
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  const std::string file = dir.write("translators.lst", "old");
+  { const vlnTranslatorCacheWriter writer(file, *inputs, *outputs, registry.encoding, written, status); }
+  EXPECT_EQ(TemporaryDirectory::read(file), "");
+  EXPECT_TRUE(status.ok());
+
+  inputs->add_translator(registry.info("A", vlnTRANSLATOR_INPUT));
+  for (const std::string& unwritable : {std::string("/dev/full"), dir / "missing/translators.lst"}) {
+    vlnTranslatorLoadStatus failed(vlnLOAD_OK);
+    const vlnTranslatorCacheWriter writer(unwritable, *inputs, *outputs, registry.encoding, written, failed);
+    EXPECT_EQ(written, 0);
+    EXPECT_TRUE(failed.types().contains(vlnLOAD_CACHE_UNWRITABLE)) << unwritable;
+  }
+}
+
+TEST(CacheWriter, WhatItWritesReadsBackTheSame) {
+  const TemporaryDirectory dir;
+  for (const char* fixture : {"good_input", "good_output", "no_filter", "viewer", "unwritable_name"}) {
+    copy_fixture(fixture, dir.path() / "lib");
+  }
+  const Registry registry;
+  const auto search_path = registry.search_path(dir / "lib");
+  std::unique_ptr<vlnTranslatorDlls> inputs, outputs, cached_inputs, cached_outputs;
+  registry.sets.create_translator_dlls(apPathName(), search_path, "", &registry.app_info, inputs, outputs);
+  int written = 0, result = 0;
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  const std::string file = dir / "translators.lst";
+  vlnTranslatorCacheWriter writer(file, *inputs, *outputs, registry.encoding, written, status);
+  EXPECT_EQ(written, 4) << "all but the one whose name no record can hold";
+
+  cached_inputs = registry.sets.empty_dlls();
+  cached_outputs = registry.sets.empty_dlls();
+  const vlnTranslatorCacheReader reader(*cached_inputs, *cached_outputs, registry.path(file), search_path,
+                                        &registry.descriptions, registry.encoding, &registry.compare,
+                                        &registry.app_info, result);
+  EXPECT_EQ(registry.formats(*cached_inputs), (std::vector<std::string>{"A / B X", "Fixture"}));
+  EXPECT_EQ(registry.formats(*cached_outputs), registry.formats(*outputs));
+  const vlnTranslatorInfo* info = cached_inputs->translator_for_format("a / b x");
+  EXPECT_EQ(info->further_text(), "kept");
+  EXPECT_EQ(info->filter_string(), inputs->translator_for_format("a / b x")->filter_string());
+  EXPECT_EQ(info->change_extension(apPathName(L"x")), apPathName(L"x.fix")) << "the default extension stays first";
+
+  const std::string once = TemporaryDirectory::read(file);
+  EXPECT_EQ(writer.make_cache_file(status), 4);
+  EXPECT_EQ(TemporaryDirectory::read(file), once + once) << "a further pass doubles the records";
+}

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "Registry.h"
+#include "TemporaryDirectory.h"
+#include "vlnNonVelabsTranslatorInfo.h"
+
+namespace {
+
+std::string text(const apString& string) {
+  return Registry().encoding->to_utString(string).str();
+}
+
+std::vector<std::string> extensions_of(const vlnTranslatorInfo& info) {
+  std::vector<std::string> result;
+  auto extensions = info.get_extensions();
+  while (++extensions) result.push_back(text(extensions()));
+  return result;
+}
+
+}  // namespace
+
+TEST(Description, NamesComeFromTheLibraryAndTheFormat) {
+  const Registry registry;
+  const struct {
+    const char *file, *tag;
+  } tags[] = {{"/l/libiges.dll", "iges"},
+              {"/l/IgesIn.dll", "IgesIn"},
+              {"/l/lib.dll", ""},
+              {"/l/Lib3d.dll", "Lib3d"},
+              {"/l/libx.tar.dll", "x.tar"}};
+  for (const auto& c : tags) {
+    EXPECT_EQ(text(registry.info("F", vlnTRANSLATOR_INPUT, c.file)->tag()), c.tag) << c.file;
+  }
+  EXPECT_EQ(text(registry.info("A / B X", vlnTRANSLATOR_INPUT)->resource_file_name().string()), "ABX.rsc");
+  EXPECT_EQ(text(registry.info("A\tB", vlnTRANSLATOR_INPUT)->resource_file_name().string()), "A\tB.rsc");
+  EXPECT_EQ(text(registry.info("", vlnTRANSLATOR_INPUT)->resource_file_name().string()), ".rsc");
+  EXPECT_EQ(OpenInfo::remove_forward_slashes("/a//b/"), "ab");
+  EXPECT_TRUE(registry.info("vIEWER", vlnTRANSLATOR_OUTPUT)->is_viewer());
+  EXPECT_FALSE(registry.info("Viewer3", vlnTRANSLATOR_OUTPUT)->is_viewer());
+}
+
+TEST(Description, FilterElementCarriesTagAndCategoryOrder) {
+  const Registry registry;
+  auto info = registry.info("F", vlnTRANSLATOR_OUTPUT, "/l/libf.dll");
+  info->set_filter("HPF Files (*.hpf)|*.hpf");
+  info->set_translator_category(nullptr);
+  EXPECT_EQ(info->filter().tag(), "f");
+  EXPECT_EQ(info->filter().filter_string(), "HPF Files (*.hpf)|*.hpf");
+  EXPECT_EQ(info->filter().category_order(), velabsTranslatorCategory::find("no such")->group_order());
+  info->set_translator_category(velabsTranslatorCategory::find("Mesh"));
+  EXPECT_LT(info->filter().category_order(), velabsTranslatorCategory::find("no such")->group_order());
+}
+
+TEST(Description, ChangesTheExtensionToTheFirstOne) {
+  const Registry registry;
+  auto info = registry.info("F", vlnTRANSLATOR_OUTPUT);
+  EXPECT_EQ(info->change_extension(registry.path("C:/a/b/part.prt")), registry.path("C:/a/b/part.prt"));
+  info->add_extension(L"igs");
+  info->add_extension(L"iges");
+  EXPECT_EQ(info->change_extension(registry.path("C:/a/b/part.prt")), registry.path("C:/a/b/part.igs"));
+  EXPECT_EQ(info->change_extension(registry.path("part")), registry.path("part.igs"));
+}
+
+TEST(Description, CompatibilityGoesByTypeForInputsAndByExtensionForOutputs) {
+  const Registry registry;
+  auto input = registry.info("F", vlnTRANSLATOR_INPUT);
+  EXPECT_FALSE(input->is_compatible(vluSTL, "stl"));
+  input->add_file_type(vluSTL);
+  input->add_extension(L"obj");
+  EXPECT_TRUE(input->is_compatible(vluSTL, "whatever"));
+  EXPECT_FALSE(input->is_compatible(vluOBJ, "obj"));
+  auto output = registry.info("F", vlnTRANSLATOR_OUTPUT);
+  output->add_file_type(vluSTL);
+  output->add_extension(L"step");
+  EXPECT_TRUE(output->is_compatible(vluUNKNOWN, "STEP"));
+  EXPECT_FALSE(output->is_compatible(vluSTL, ""));
+}
+
+TEST(LibraryDescription, IsTakenFromTheLibrary) {
+  const Registry registry;
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  auto info = registry.descriptions.make_info_from_dll(registry.path(VEL_FIXTURES "/good_input.dll"), status);
+  ASSERT_TRUE(info);
+  EXPECT_TRUE(status.ok());
+  EXPECT_EQ(info->type(), vlnTRANSLATOR_INPUT);
+  EXPECT_EQ(info->format_name().ut_string(), "A / B X");
+  EXPECT_EQ(info->file_name_ut(), "good_input.dll");
+  EXPECT_EQ(info->filter_string(), "Fixture Files (*.fix)|*.fix");
+  EXPECT_EQ(extensions_of(*info), (std::vector<std::string>{"fix", "stl"})) << "the marked one first";
+  EXPECT_EQ(info->further_text(), "kept");
+  EXPECT_EQ(info->further_number(), 7);
+  EXPECT_EQ(info->from_cache(), 0);
+  EXPECT_EQ(info->invalid(), 0);
+  intcoDList types;
+  info->get_file_types(types);
+  EXPECT_EQ(types.count(), 1U);
+
+  vlnTranslatorLoadStatus untouched;
+  EXPECT_EQ(info->load_now(untouched), info.get()) << "complete already";
+  EXPECT_EQ(untouched.types().size(), 1U);
+  EXPECT_EQ(registry.libraries.opened, 1);
+}
+
+TEST(LibraryDescription, SpecialCases) {
+  const Registry registry;
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  const auto describe = [&](const char* fixture) {
+    return registry.descriptions.make_info_from_dll(registry.path(std::string(VEL_FIXTURES "/") + fixture), status);
+  };
+  EXPECT_EQ(describe("both_directions.dll")->type(), vlnTRANSLATOR_OUTPUT);
+  EXPECT_EQ(describe("viewer.dll")->format_name().ut_string(), "Viewer");
+  const auto no_filter = describe("no_filter.dll");
+  EXPECT_TRUE(extensions_of(*no_filter).empty());
+  EXPECT_EQ(no_filter->filter_string(), "");
+  EXPECT_EQ(no_filter->translator_category()->category_name(), "");
+  EXPECT_TRUE(status.ok());
+}
+
+TEST(LibraryDescription, EveryFailureHasItsStatusAndCostsOnlyItself) {
+  const struct {
+    const char* fixture;
+    vlnTranslatorLoadStatusType type;
+    bool recorded;
+  } cases[] = {{"no_object.dll", vlnLOAD_NO_LIBRARY_OBJECT, false}, {"throws.dll", vlnLOAD_FILE_FAILED, true},
+               {"no_entry.dll", vlnLOAD_FILE_FAILED, true},         {"wrong_interface.dll", vlnLOAD_FILE_FAILED, true},
+               {"not_a_library.dll", vlnLOAD_FILE_FAILED, true},    {"missing.dll", vlnLOAD_FILE_FAILED, true}};
+  const TemporaryDirectory temporary;
+  setenv("TMPDIR", temporary.path().c_str(), 1);
+  for (const auto& c : cases) {
+    const Registry registry;
+    vlnTranslatorLoadStatus status(vlnLOAD_OK);
+    const apPathName path = registry.path(std::string(VEL_FIXTURES "/") + c.fixture);
+    EXPECT_EQ(registry.descriptions.make_info_from_dll(path, status), nullptr) << c.fixture;
+    EXPECT_TRUE(status.types().contains(c.type)) << c.fixture;
+    EXPECT_EQ(status.files_failed_to_load(), c.recorded) << c.fixture;
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(temporary.path())) << "a library that wrote left nothing behind";
+  unsetenv("TMPDIR");
+}
+
+TEST(LibraryDescription, AFailedLoadTriesAgain) {
+  const TemporaryDirectory dir;
+  const Registry registry;
+  auto info = std::make_unique<OpenInfo>(&registry.loader, registry.encoding, &registry.compare);
+  info->set_file(registry.path(dir / "late.dll"));
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  EXPECT_EQ(info->load_now(status), nullptr);
+  EXPECT_EQ(info->invalid(), 1);
+  copy_fixture("good_output", dir.path(), "late.dll");
+  EXPECT_EQ(info->load_now(status), info.get());
+  EXPECT_EQ(info->invalid(), 0);
+  EXPECT_FALSE(status.ok()) << "the first failure stays in the status";
+}
+
+TEST(NonVelabsDescription, NeverOpensAnything) {
+  const Registry registry;
+  const vlnNonVelabsTranslatorInfo info(registry.format("Printer"), "text", 3, &registry.loader, registry.encoding,
+                                        &registry.compare);
+  int status = 5;
+  EXPECT_EQ(info.load_now(status), &info);
+  EXPECT_EQ(status, 0);
+  vlnTranslatorLoadStatus load_status;
+  EXPECT_EQ(info.load_now(load_status), &info);
+  EXPECT_EQ(registry.libraries.opened, 0);
+}

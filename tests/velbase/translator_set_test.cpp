@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "Registry.h"
+#include "TemporaryDirectory.h"
+
+namespace {
+
+std::unique_ptr<OpenInfo> reader(const Registry& registry, const std::string& format, vluFileType type) {
+  auto info = registry.info(format, vlnTRANSLATOR_INPUT);
+  info->add_file_type(type);
+  return info;
+}
+
+std::unique_ptr<OpenInfo> writer(const Registry& registry, const std::string& format, const wchar_t* extension) {
+  auto info = registry.info(format, vlnTRANSLATOR_OUTPUT);
+  info->add_extension(extension);
+  return info;
+}
+
+std::string format_of(const vlnTranslatorInfo* info) {
+  return info ? info->format_name().ut_string().str() : "none";
+}
+
+constexpr char ascii_stl[] =
+    "solid s\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 0\n"
+    "endloop\nendfacet\nendsolid s\n";
+
+}  // namespace
+
+TEST(TranslatorSet, ContentChoosesTheReaderAndTheFirstAddedWins) {
+  const TemporaryDirectory dir;
+  const Registry registry;
+  auto set = registry.sets.empty_dlls();
+  set->add_translator(reader(registry, "first", vluSTL));
+  set->add_translator(reader(registry, "second", vluSTL));
+  set->add_translator(reader(registry, "obj", vluOBJ));
+  EXPECT_EQ(format_of(set->translator_for_file(dir.write("a.obj", ascii_stl))), "first");
+  EXPECT_EQ(format_of(set->translator_for_file(dir / "missing.stl")), "none");
+  set->add_translator(reader(registry, "anything", vluUNKNOWN));
+  EXPECT_EQ(format_of(set->translator_for_file(dir / "missing.stl")), "anything");
+  ASSERT_EQ(mkfifo((dir / "pipe.stl").c_str(), 0600), 0);
+  EXPECT_EQ(format_of(set->translator_for_file(dir / "pipe.stl")), "anything") << "and did not block";
+  EXPECT_EQ(format_of(set->translator_for_file(dir.path().string())), "anything");
+}
+
+TEST(TranslatorSet, TheExtensionChoosesTheWriter) {
+  const Registry registry;
+  auto set = registry.sets.empty_dlls();
+  set->add_translator(writer(registry, "lower", L"igs"));
+  set->add_translator(writer(registry, "upper", L"IGS"));
+  EXPECT_EQ(format_of(set->translator_for_file("/no/such/x.Igs")), "lower");
+  EXPECT_EQ(format_of(set->translator_for_file("plain")), "none");
+  set->add_translator(writer(registry, "bare", L""));
+  EXPECT_EQ(format_of(set->translator_for_file("plain")), "bare");
+  EXPECT_EQ(format_of(set->translator_for_file("a.b/plain")), "bare");
+}
+
+TEST(TranslatorSet, FormatsAreFoundWithoutRegardToCase) {
+  const Registry registry;
+  auto set = registry.sets.empty_dlls();
+  set->add_translator(writer(registry, "Step", L"a"));
+  set->add_translator(writer(registry, "STEP", L"b"));
+  EXPECT_EQ(format_of(set->translator_for_format("sTEP")), "Step");
+  EXPECT_EQ(set->translator_for_format("st"), nullptr);
+  EXPECT_FALSE(registry.format("Step") == registry.format("STEP"));
+  EXPECT_FALSE(vlnFormatName().case_compare(L"")) << "a placeholder equals nothing";
+}
+
+TEST(TranslatorSet, DefaultOutputFormat) {
+  const Registry registry;
+  const auto iges_input = registry.info("IGES", vlnTRANSLATOR_INPUT);
+  const auto other_input = registry.info("STL", vlnTRANSLATOR_INPUT);
+  auto set = registry.sets.empty_dlls();
+  EXPECT_EQ(set->default_output_format(iges_input.get()), nullptr);
+  set->add_translator(writer(registry, "Viewer", L"v"));
+  EXPECT_EQ(format_of(set->default_output_format(iges_input.get())), "Viewer") << "all are viewers";
+  set->add_translator(writer(registry, "STL", L"stl"));
+  EXPECT_EQ(format_of(set->default_output_format(other_input.get())), "STL");
+  set->add_translator(writer(registry, "HPF", L"hpf"));
+  set->add_translator(writer(registry, "Iges", L"igs"));
+  EXPECT_EQ(format_of(set->default_output_format(iges_input.get())), "HPF");
+  EXPECT_EQ(format_of(set->default_output_format(other_input.get())), "Iges");
+  set->set_preferred_output_format("stl");
+  EXPECT_EQ(format_of(set->default_output_format(iges_input.get())), "STL");
+  set->set_preferred_output_format("none such");
+  EXPECT_EQ(format_of(set->default_output_format(other_input.get())), "STL") << "the first non-viewer, not iges";
+}
+
+TEST(TranslatorSet, ViewersAreListedButNeverOfferedAsAFormat) {
+  const Registry registry;
+  auto set = registry.sets.empty_dlls();
+  set->add_translator(writer(registry, "Viewer", L"v"));
+  set->add_translator(writer(registry, "A", L"a"));
+  int formats = 0, filters = 0, resources = 0;
+  for (auto it = set->formats(); ++it;) ++formats;
+  for (auto it = set->filter_elements(); ++it;) ++filters;
+  for (auto it = set->resource_file_names(); ++it;) ++resources;
+  EXPECT_EQ(formats, 1);
+  EXPECT_EQ(filters, 2);
+  EXPECT_EQ(resources, 2);
+  EXPECT_EQ(registry.formats(*set), (std::vector<std::string>{"Viewer", "A"}));
+}
