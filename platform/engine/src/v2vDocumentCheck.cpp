@@ -1,0 +1,72 @@
+#include "v2vDocumentCheck.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+#include <vector>
+
+namespace {
+
+bool is_finite(const annVector& v) {
+  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+const char* fault_of(const annVertices& vertices) {
+  if (!std::all_of(vertices.points.begin(), vertices.points.end(), is_finite)) {
+    return "a coordinate is not a finite number";
+  }
+  auto fits = [&](std::size_t count) { return count == 0 || count == vertices.points.size(); };
+  if (!fits(vertices.normals.size())) return "not every vertex has a normal";
+  if (!fits(vertices.colours.size())) return "not every vertex has a colour";
+  return nullptr;
+}
+
+bool starts_are_sound(const annMesh& mesh) {
+  const auto& starts = mesh.face_starts;
+  if (starts.front() != 0 || starts.back() != mesh.corners.size()) return false;
+  for (std::size_t i = 1; i < starts.size(); ++i) {
+    if (starts[i] < starts[i - 1] || starts[i] - starts[i - 1] < 3) return false;
+  }
+  return true;
+}
+
+const char* fault_of(const annMesh& mesh) {
+  if (!mesh.vertices) return "it has no vertices";
+  const std::size_t count = mesh.vertices->points.size();
+  if (!std::all_of(mesh.corners.begin(), mesh.corners.end(), [&](std::uint32_t corner) { return corner < count; })) {
+    return "a face names a vertex that is not there";
+  }
+  if (mesh.all_triangles() ? mesh.corners.size() % 3 != 0 : !starts_are_sound(mesh)) return "its faces do not fit";
+
+  const auto& looks = mesh.face_materials;
+  if (!looks.empty() && looks.size() != mesh.face_count()) return "not every face has a material";
+  auto is_known = [&](std::uint32_t look) { return look == annMesh::no_material || look < mesh.materials.size(); };
+  return std::all_of(looks.begin(), looks.end(), is_known) ? nullptr : "a face names a material that is not there";
+}
+
+}  // namespace
+
+utString v2v_fault_of(const annDocument& document) {
+  if (document.root.children.empty() && document.root.body.empty()) return "it holds nothing that could be translated";
+
+  // Parts that stand in several places are looked at once; a list and no recursion, for trees of any depth.
+  std::unordered_set<const void*> seen;
+  std::vector<const annNode*> pending{&document.root};
+  while (!pending.empty()) {
+    const annNode& node = *pending.back();
+    pending.pop_back();
+    for (double number : node.transform.m) {
+      if (!std::isfinite(number)) return "the reader gave an invalid placement";
+    }
+    if (const annMesh* mesh = node.body.mesh.get(); mesh && seen.insert(mesh).second) {
+      const char* fault = fault_of(*mesh);
+      if (!fault && seen.insert(mesh->vertices.get()).second) fault = fault_of(*mesh->vertices);
+      if (fault) return utString("the reader gave an invalid mesh: ") + fault;
+    }
+    for (const auto& child : node.children) {
+      if (!child) return "the reader gave an invalid tree";
+      pending.push_back(child.get());
+    }
+  }
+  return {};
+}

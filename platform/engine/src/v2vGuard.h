@@ -1,0 +1,23 @@
+#pragma once
+
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "utString.h"
+
+// Runs code that is not ours. False, and what it threw as text, when it threw; nothing passes through.
+template <typename Work>
+bool v2v_guarded(Work&& work, utString& failure) {
+  try {
+    std::forward<Work>(work)();
+    return true;
+  } catch (const std::bad_alloc&) {
+    failure = "there is not enough memory";
+  } catch (const std::exception& thrown) {
+    failure = utString("it stopped on an error of its own: ") + thrown.what();
+  } catch (...) {
+    failure = "it stopped on an error of its own";
+  }
+  return false;
+}

@@ -1,0 +1,75 @@
+#include "v2vReading.h"
+
+#include <algorithm>
+#include <atomic>
+#include <exception>
+#include <memory>
+#include <thread>
+
+#include "v2vDocumentCheck.h"
+#include "v2vGuard.h"
+
+namespace {
+
+// Why the input could not be read; null when its document is whole, empty when the reader has said it already.
+utString read_document(const v2vInputTask& task, const velabsAppInfo* app_info, v2vInputOutput& output,
+                       annDocument& document) {
+  if (!task.library) return task.failure;
+  static const velTableInstance no_resources;
+  const velTableInstance* resources = task.elements->resources();
+
+  const std::unique_ptr<velabsLibInput> reader(task.library->read_wrapper()(app_info));
+  if (!reader) return "its translator gave no reader";
+  const velabsResult result =
+      reader->read(task.elements->file(), resources ? *resources : no_resources, document, output);
+  if (result == velabsCANCELLED) return "the reading was stopped";
+  if (result != velabsDONE) return output.told_error() ? "" : "it could not be read";
+  return v2v_fault_of(document);
+}
+
+bool read_input(const v2vInputTask& task, const velabsAppInfo* app_info, v2vReport& report, std::size_t input,
+                v2vInputModel& model) {
+  if (report.cancelled()) return false;
+  v2vInputOutput output(report, input, task.elements->file());
+  utString failure;
+  v2v_guarded([&] { failure = read_document(task, app_info, output, model.document); }, failure);
+  if (failure.is_null()) return true;
+
+  model.document = annDocument();
+  // After a wish to stop nobody asks why.
+  if (!failure.empty() && !report.cancelled()) output.message(velabsERROR, failure);
+  return false;
+}
+
+}  // namespace
+
+bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, const velabsAppInfo* app_info, v2vReport& report,
+                     v2vThreadComm& comm, std::vector<v2vInputModel>& models) {
+  models.resize(tasks.size());
+  for (std::size_t i = 0; i < tasks.size(); ++i) models[i].file = tasks[i].elements->file();
+
+  std::atomic<std::size_t> next{0};
+  std::atomic<bool> all_read{true};
+  auto work = [&] {
+    for (std::size_t i; (i = next.fetch_add(1)) < tasks.size();) {
+      bool read = false;
+      utString ignored;
+      v2v_guarded([&] { read = read_input(tasks[i], app_info, report, i, models[i]); }, ignored);
+      v2v_guarded([&] { report.input_done(i); }, ignored);
+      comm.count_file(!read);
+      if (!read) all_read = false;
+    }
+  };
+
+  {
+    const std::size_t workers = std::min<std::size_t>(tasks.size(), std::max(1u, std::thread::hardware_concurrency()));
+    std::vector<std::jthread> threads;
+    try {
+      for (std::size_t i = 1; i < workers; ++i) threads.emplace_back(work);
+    } catch (const std::exception&) {
+      // With fewer threads it takes longer.
+    }
+    work();
+  }
+  return all_read;
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <vector>
+
+#include "v2vTranslationElements.h"
+
+// What speaks against a request before anything is opened: one message for each reason, with the file and what to do.
+std::vector<utString> v2v_reasons_against(const v2vTranslationElements& elements);

@@ -1,0 +1,40 @@
+#include "v2vWriting.h"
+
+#include <memory>
+
+#include "v2vGuard.h"
+
+namespace {
+
+// Why the document could not be written; null when the stream holds all of it, empty when the writer has said it
+// already.
+utString write_document(const v2vOutputTranslatorElements& elements, const v2vTranslatorLibrary& library,
+                        const annDocument& document, const velabsAppInfo* app_info, velabsOfStream& stream,
+                        v2vWritingOutput& output) {
+  static const velTableInstance no_resources;
+  const velTableInstance* resources = elements.resources();
+
+  // Gone before the stream is committed: a writer may write out the rest when it goes.
+  const std::unique_ptr<velabsLibOutput> writer(library.write_wrapper()(&stream, app_info));
+  if (!writer) return "its translator gave no writer";
+  const velabsResult result = writer->write(document, resources ? *resources : no_resources, output);
+  if (result == velabsDONE) return {};
+  return output.told_error() ? "" : "its translator gave up";
+}
+
+}  // namespace
+
+bool v2v_write_output(const v2vOutputTranslatorElements& elements, const v2vTranslatorLibrary& library,
+                      const annDocument& document, const velabsAppInfo* app_info, v2vReport& report) {
+  velabsOfStream stream(elements.file());
+  v2vWritingOutput output(report, elements.file());
+  utString failure;
+  v2v_guarded([&] { failure = write_document(elements, library, document, app_info, stream, output); }, failure);
+  if (report.cancelled()) return false;
+
+  if (failure.is_null()) v2v_guarded([&] { stream.commit(); }, failure);
+  // A full disk is the reason behind whatever the translator made of it.
+  if (!stream.good()) failure = stream.failure();
+  if (!failure.empty()) report.message(velabsERROR, utString("cannot write ") + elements.file() + ": " + failure);
+  return failure.is_null();
+}
