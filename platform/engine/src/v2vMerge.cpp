@@ -36,11 +36,6 @@ void name_nodes(Nodes& nodes, const std::string& stem) {
   }
 }
 
-double scale_between(velLengthUnit from, velLengthUnit to) {
-  if (from == to || from == velLENGTH_UNSPECIFIED || to == velLENGTH_UNSPECIFIED) return 1;
-  return vel_metres(from) / vel_metres(to);
-}
-
 }  // namespace
 
 void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target) {
@@ -60,7 +55,7 @@ void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target) {
       top.clear();
       top.push_back(std::move(whole));
     }
-    const double scale = scale_between(model.document.unit, target.unit);
+    const double scale = vel_length_ratio(model.document.unit, target.unit);
     for (auto& node : top) {
       if (scale != 1) node->transform = annTransform::scaling(scale) * node->transform;
       target.root.children.push_back(std::move(node));

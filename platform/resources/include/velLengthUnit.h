@@ -28,3 +28,7 @@ VELPLATFORM_API utString co_value_to_text(velLengthUnit value);
 
 // The length of one unit in metres; 0 for "unspecified".
 VELPLATFORM_API double vel_metres(velLengthUnit unit);
+
+// What a length in `from` is multiplied with to give it in `to`, rounded once: 25.4 from inches to millimetres. 1 when
+// either is "unspecified".
+VELPLATFORM_API double vel_length_ratio(velLengthUnit from, velLengthUnit to);

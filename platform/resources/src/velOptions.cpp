@@ -52,9 +52,24 @@ VEL_OPTION_TYPE(velLintorVersion, "latest", "1", "2", "3")
 VEL_OPTION_TYPE(velRepresentationOption, "as is", "exact", "facets")
 VEL_OPTION_TYPE(velLintorWideCurveOption, "curve", "outline", "face")
 
-double vel_metres(velLengthUnit unit) {
-  // The international inch and its multiples; in the order of the values.
-  constexpr std::array metres{0.0, 1e-6, 1e-3, 1e-2, 1.0, 1e3, 2.54e-8, 2.54e-5, 0.0254, 0.3048, 0.9144, 1609.344};
+namespace {
+
+// In units of which every length is a whole number, so that ratios come out as exact as a double can hold them: tenths
+// of a nanometre. The international inch and its multiples; in the order of the values.
+double whole_length(velLengthUnit unit) {
+  constexpr std::array lengths{0.0, 1e4, 1e7, 1e8, 1e10, 1e13, 254.0, 254e3, 254e6, 3048e6, 9144e6, 1609344e7};
   auto position = static_cast<std::size_t>(unit);
-  return position < metres.size() ? metres[position] : 0.0;
+  return position < lengths.size() ? lengths[position] : 0.0;
+}
+
+}  // namespace
+
+double vel_metres(velLengthUnit unit) {
+  return whole_length(unit) / 1e10;
+}
+
+double vel_length_ratio(velLengthUnit from, velLengthUnit to) {
+  const double numerator = whole_length(from);
+  const double denominator = whole_length(to);
+  return numerator == 0 || denominator == 0 ? 1.0 : numerator / denominator;
 }

@@ -1,0 +1,182 @@
+#include <gtest/gtest.h>
+#include <locale.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "TemporaryDirectory.h"
+#include "coPageArr.h"
+#include "coResourceTableMaker.h"
+#include "coSet.h"
+#include "velFileFormat.h"
+#include "velLengthUnit.h"
+#include "velResourceFile.h"
+#include "velResourceTable.h"
+#include "velTableInstance.h"
+#include "velnlsLocaleNumbers.h"
+
+TEST(PageArray, AddressesStayAndTheWalkCoversAll) {
+  coPageArr<int> array;
+  const int* first = &array.append(0);
+  for (int i = 1; i < 200; ++i) array.append(i);
+  EXPECT_EQ(first, &array[0]);
+  coPageArr<int> copy(array);
+  array.clear();
+  EXPECT_EQ(array.count(), 0u);
+  auto empty = array.iterator();
+  EXPECT_EQ(++empty, 0);
+  int expected = 0;
+  for (auto each = copy.iterator(); ++each;) EXPECT_EQ(each(), expected++);
+  EXPECT_EQ(expected, 200);
+}
+
+TEST(Sets, HandOutInTheOrderOfAdding) {
+  utStringcoSet set(4, 50);
+  for (const char* text : {"b", "a", "b", "c"}) set.add(text);
+  std::string all;
+  for (auto each = set.iterator(); ++each;) all += each().str();
+  EXPECT_EQ(all, "bac");
+}
+
+TEST(ResourceValues, TakeTheirOwnTextsOnly) {
+  struct Case {
+    const char *key, *text;
+    int error;
+    const char* shown;
+  } cases[] = {
+      {"SCALE", "2.50", 0, "2.5"},
+      {"SCALE", "1e400", 2, ""},
+      {"SCALE", "nan", 2, ""},
+      {"SCALE", "2,5", 2, ""},
+      {"SCALE", "", 2, ""},
+      {"SCALE", "1 2", 2, ""},
+      {"DIGITS", "7", 0, "7"},
+      {"DIGITS", "7.0", 2, ""},
+      {"DIGITS", "3000000000", 2, ""},
+      {"WELD_POINTS", "FALSE", 0, "0"},
+      {"WELD_POINTS", "1", 0, "1"},
+      {"WELD_POINTS", "yes", 2, ""},
+      {"LENGTH_UNIT", "INCH", 0, "inch"},
+      {"LENGTH_UNIT", "8", 2, ""},
+      {"FILE_FORMAT", "Ascii", 0, "ascii"},
+      {"SOLID_NAME", "", 0, ""},
+      {"NO_SUCH_KEY", "1", 1, ""},
+      {"scale", "1", 1, ""},
+  };
+  const coResourceTableMaker maker(vel_resource_table_inquire());
+  for (const Case& c : cases) {
+    coResourceTable table;
+    EXPECT_EQ(maker.create_entry(c.key, c.text, table), c.error) << c.key << " " << c.text;
+    EXPECT_EQ(table.count(), c.error ? 0u : 1u);
+    EXPECT_EQ(c.error ? utString("") : table.find(c.key)->text(), c.shown);
+  }
+}
+
+TEST(LengthUnits, RatiosAreRoundedOnce) {
+  EXPECT_EQ(vel_length_ratio(velLENGTH_FOOT, velLENGTH_INCH), 12);
+  EXPECT_EQ(vel_length_ratio(velLENGTH_MIL, velLENGTH_MICROMETRE), 25.4);
+  EXPECT_EQ(vel_length_ratio(velLENGTH_UNSPECIFIED, velLENGTH_MILE), 1);
+  EXPECT_EQ(vel_metres(velLENGTH_INCH), 0.0254);
+}
+
+TEST(ResourceFile, BrokenLinesCostThemselvesOnly) {
+  TemporaryDirectory directory;
+  const std::string file = directory.write("STL.rsc",
+                                           "\xEF\xBB\xBF# not of the key\r\n\r\n# The form\r\n#  of the file.\r\n"
+                                           "FILE_FORMAT = ascii \r\n"
+                                           "no equals sign\n= no key\nTWO WORDS = 1\n"
+                                           "  SOLID_NAME = a = b # c\nDIGITS=\nSCALE = 2");
+  apStatus status;
+  const auto read = velResourceFile::read(file, status);
+  ASSERT_EQ(read.entries().size(), 4u);
+  EXPECT_EQ(read.entries()[0].description, "The form of the file.");
+  EXPECT_EQ(read.entries()[0].value, "ascii");
+  EXPECT_EQ(read.entries()[1].value, "a = b # c");
+  EXPECT_EQ(read.entries()[3].line, 11);
+  ASSERT_EQ(read.problems().size(), 3u);
+  EXPECT_EQ(read.problems()[2].line, 8);
+
+  velTableInstance table;
+  table.initialise(file);
+  EXPECT_EQ(table.value<velFileFormat>("FILE_FORMAT"), velFORMAT_ASCII);
+  EXPECT_EQ(table.value<double>("SCALE"), 2);
+  EXPECT_EQ(table.problems().size(), 4u);  // an empty text is no whole number
+  EXPECT_EQ(table.problems().back(), file + ", line 10: \"\" is no value of DIGITS");
+}
+
+TEST(TableInstance, ValuesThenParentThenDefaults) {
+  TemporaryDirectory directory;
+  velTableInstance parent;
+  EXPECT_EQ(parent.add_resource("DIGITS", "5"), 1);
+  velTableInstance table(&parent);
+  EXPECT_EQ(table.add_resource("SCALE", "3"), 1);
+  EXPECT_EQ(table.add_resource("SCALE", "x"), 0);
+  velTableInstance copy = table;
+  copy.add_resource("SCALE", "4");
+  EXPECT_EQ(table.value<double>("SCALE"), 3);
+  EXPECT_EQ(table.value<int>("DIGITS"), 5);
+  EXPECT_EQ(table.value<utBool>("WELD_POINTS"), utTRUE);
+  EXPECT_EQ(table.value<int>("SCALE", -1), -1);
+  EXPECT_EQ(table.keys().size(), 1u);
+
+  table.initialise(directory / "missing");
+  EXPECT_EQ(table.value<double>("SCALE"), 1);
+  EXPECT_TRUE(table.problems().empty() && table.keys().empty());
+  table.initialise(directory.path().string());
+  EXPECT_EQ(table.problems().size(), 1u);
+}
+
+class LocaleNumbers : public testing::Test {
+ protected:
+  // Makes a locale with a decimal comma and has it be the user's.
+  bool use_comma() {
+    const std::string name = directory_ / "xx.UTF-8";
+    const std::string command = "localedef -i de_DE -f UTF-8 '" + name + "' >/dev/null 2>&1";
+    if (std::system(command.c_str()) != 0) return false;
+    setenv("LOCPATH", directory_.path().c_str(), 1);
+    setenv("LC_ALL", "xx.UTF-8", 1);
+    return true;
+  }
+  ~LocaleNumbers() override {
+    unsetenv("LOCPATH");
+    unsetenv("LC_ALL");
+  }
+  static bool reads(const char* text) {
+    double value = 0;
+    return co_value_from_text(utString(text), value) && value == 2.5;
+  }
+  TemporaryDirectory directory_;
+};
+
+TEST_F(LocaleNumbers, HoldForTheirLifetimeAndNest) {
+  if (!use_comma()) GTEST_SKIP() << "no locale can be made here";
+  const locale_t before = uselocale(nullptr);
+  {
+    velnlsLocaleNumbers outer;
+    const locale_t during = uselocale(nullptr);
+    EXPECT_TRUE(reads("2,5"));
+    EXPECT_FALSE(reads("2.5"));
+    EXPECT_FALSE(reads(" 2,5"));
+    EXPECT_EQ(co_value_to_text(2.5), "2,5");
+    { velnlsLocaleNumbers inner; }
+    EXPECT_EQ(uselocale(nullptr), during);
+  }
+  EXPECT_EQ(uselocale(nullptr), before);
+  EXPECT_TRUE(reads("2.5"));
+  EXPECT_FALSE(reads("2,5"));
+  EXPECT_EQ(co_value_to_text(2.5), "2.5");
+
+  // A host's own setlocale changes nothing.
+  ASSERT_NE(setlocale(LC_ALL, ""), nullptr);
+  EXPECT_TRUE(reads("2.5"));
+  EXPECT_EQ(co_value_to_text(2.5), "2.5");
+  setlocale(LC_ALL, "C");
+}
+
+TEST_F(LocaleNumbers, AnUnknownLocaleChangesNothing) {
+  setenv("LC_ALL", "no_SUCH.locale", 1);
+  const locale_t before = uselocale(nullptr);
+  velnlsLocaleNumbers numbers;
+  EXPECT_EQ(uselocale(nullptr), before);
+  EXPECT_TRUE(reads("2.5"));
+}
