@@ -17,7 +17,7 @@ std::map<std::string, int> listings;
 }  // namespace
 
 // Stands before the C library's, so that every listing of a directory in this process is counted.
-extern "C" DIR* opendir(const char* name) {
+extern "C" __attribute__((visibility("default"))) DIR* opendir(const char* name) {
   ++listings[name];
   static const auto real = reinterpret_cast<DIR* (*)(const char*)>(dlsym(RTLD_NEXT, "opendir"));
   return real(name);
