@@ -197,9 +197,12 @@ bool velabsReplacementFile::settle(utString& failure) {
 
 bool velabsReplacementFile::replace(utString& failure) {
   if (target_.empty()) return true;
-  // An exchange keeps the old file until all is done, where there is one and the file system can do it.
+  // An exchange keeps the old file until all is done, where there is one and the file system can do it. It would take a
+  // directory too.
   auto move = [&](unsigned flags) { return renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target_.c_str(), flags) == 0; };
-  if (move(RENAME_EXCHANGE)) {
+  struct stat status;
+  const bool over_file = stat(target_.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  if (over_file && move(RENAME_EXCHANGE)) {
     place_ = Place::exchanged;
     return true;
   }

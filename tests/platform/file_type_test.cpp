@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <cstring>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "TemporaryDirectory.h"
+#include "vluFileTypeFinder.h"
+#include "vluFileTypeInfo.h"
+
+namespace {
+
+// A binary STL of `count` equal triangles, the header filled up with zeros.
+std::string binary_stl(std::string header, std::uint32_t count, std::uint32_t claimed) {
+  header.resize(80);
+  header.append(reinterpret_cast<const char*>(&claimed), 4);
+  const float numbers[12] = {0, 0, 5, 1, 1, 0, 3, 1, 0, 1, 4, 0};  // normals need not be of length 1
+  for (std::uint32_t i = 0; i < count; ++i) {
+    header.append(reinterpret_cast<const char*>(numbers), sizeof numbers).append(2, '\0');
+  }
+  return header;
+}
+
+std::string zip_member(const std::string& name) {
+  std::string header("PK\3\4", 4);
+  header.append(22, '\0');
+  header += static_cast<char>(name.size());
+  header.append(3, '\0');
+  return header + name + "content";
+}
+
+std::string iges_line(std::string text, char section, int number) {
+  text.resize(72, ' ');
+  const std::string digits = std::to_string(number);
+  return text + section + std::string(7 - digits.size(), ' ') + digits;
+}
+
+}  // namespace
+
+TEST(FileTypes, AreToldByContent) {
+  const std::string cube = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
+  const std::string lines = iges_line("start", 'S', 1) + "\r\n" + iges_line("1H,,1H;", 'G', 1) + "\r\n";
+  struct Case {
+    vluFileType type;
+    std::string content;
+  } cases[] = {
+      {vluSTL, binary_stl("", 3, 3)},
+      {vluSTL, binary_stl("solid but binary", 3, 3)},
+      {vluSTL, binary_stl("solid", 3, 3) + "\n"},
+      {vluSTL, binary_stl("", 3, 3) + std::string(500, 'x')},
+      {vluSTL, binary_stl("", 3, 9000)},  // cut off
+      {vluSTL, binary_stl("", 1, 1).substr(0, 134) + "z"},
+      {vluSTL, binary_stl("exported STL", 0, 2)},  // cut off behind the count
+      {vluSTL, "solid a\nfacet normal 0 0 1\n outer loop\n"},
+      {vluSTL, "# made by hand\r\n\r\n  SOLID a b c\r\n  ENDSOLID\r\n"},
+      {vluSTL, "solid\nname on a line of its own\nfacet\nouter loop"},
+      {vluSTL, "solid cut off in its na"},
+      {vluSTL, "solid a\nfac"},
+      {vluOBJ, cube},
+      {vluOBJ, "# " + std::string(70000, 'c') + "\n" + cube},  // nothing but comments in the head
+      {vluOBJ, "f 1 2 3" +
+                   [] {
+                     std::string more;
+                     for (int i = 4; i < 30000; ++i) more += " " + std::to_string(i);
+                     return more;
+                   }()},
+      {vluOBJ, "v 1 2 \\\n 3\nf -1 -2 -3"},
+      {vluOBJ, "mtllib a.mtl\ng part\nusemtl red\n"},
+      {vluOBJ, "\xEF\xBB\xBFo a\rv 1 2 3\rv 1 2 4"},
+      {vluPLY, "ply\nformat ascii 1.0\nelement vertex 3\n"},
+      {vluPLY, "ply \r\nformat binary_little_endian 1.0\r\n"},
+      {vluPLY, "ply"},
+      {vluOFF, "OFF\n3 1 0\n0 0 0\n"},
+      {vluOFF, "# first\n\n# second\nSTCN4OFF 3 1 0"},
+      {vluOFF, "OFF8 6 12\n"},
+      {vluOFF, std::string("OFF BINARY\n\0\0\0\3", 15)},
+      {vluOFF, "COFF"},
+      {vluGLTF, " {\"x\": {\"asset\": 1}, \"asset\" : {\"version\": \"2.0\"}}"},
+      {vluGLTF, "{\"buffers\":[{\"uri\":\"" + std::string(200000, 'A') + "\"}],\"asset\":{}}"},
+      {vluGLTF, "{\"nodes\": [], \"meshes\": [{\"na"},
+      {vluGLB, "glTF\1"},
+      {vlu3MF, zip_member("[Content_Types].xml") + zip_member("3D/3dmodel.model")},
+      {vlu3MF, zip_member("/3d/part.model")},
+      {vluHPF, "\x89HPF\r\n\x1a\nrest"},
+      {vluSTEP, "\n\n ISO-10303-21;\nHEADER;"},
+      {vluIGES, lines},
+      {vluIGES, iges_line("", 'S', 1) + iges_line("", 'G', 1)},  // no line breaks
+      {vluIGES, "too long for its line " + iges_line("", 'S', 1) + "\n"},
+      {vluBREP, "DBRep_DrawableShape\n\nCASCADE Topology V1, (c)\n"},
+      {vluBREP, "CASCADE Topology V3"},
+      {vluBREP, "\nOpen CASCADE Topology V4\n"},
+      {vluUNKNOWN, ""},
+      {vluUNKNOWN, "solid state physics\nis a field of its own\n"},
+      {vluUNKNOWN, std::string(84, '\0')},
+      {vluUNKNOWN, std::string(4000, '\0')},
+      {vluUNKNOWN, std::string(4000, '\xFF')},
+      {vluUNKNOWN, binary_stl("", 0, 3)},
+      {vluUNKNOWN, "# only a comment\n"},
+      {vluUNKNOWN, "newmtl red\nKd 1 0 0\nillum 2\n"},
+      {vluUNKNOWN, "offset 3 1 0\n"},
+      {vluUNKNOWN, "OFFICE hours\n"},
+      {vluUNKNOWN, "{\"name\": \"asset\", \"nodes\": 1}"},
+      {vluUNKNOWN, zip_member("[Content_Types].xml") + zip_member("word/document.xml")},
+      {vluUNKNOWN, zip_member("a.txt")},
+      {vluUNKNOWN, "playing\nformat\n"},
+      {vluUNKNOWN, "1 2 3\n4 5 6\n"},
+  };
+  TemporaryDirectory directory;
+  for (const Case& c : cases) {
+    // The name says nothing, whatever it says.
+    const auto type = vluFileTypeFinder::find_file_type(directory.write("file.step", c.content));
+    EXPECT_EQ(vluFileTypeInfo::name(type), vluFileTypeInfo::name(c.type)) << c.content.substr(0, 60);
+  }
+}
+
+TEST(FileTypes, WhatIsNoFileIsUnknownAtOnce) {
+  TemporaryDirectory directory;
+  const std::string pipe = directory / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {pipe, directory.path().string(), directory / "missing", std::string("/dev/zero"),
+                                  std::string(), std::string("/dev/null\0x", 11)}) {
+    EXPECT_EQ(vluFileTypeFinder::find_file_type(path), vluUNKNOWN) << path;
+  }
+}
+
+TEST(FileTypes, NamesAreUniqueAndFitIntoCacheFiles) {
+  std::set<std::string> names;
+  for (int i = vluUNKNOWN; i <= vluBREP; ++i) {
+    const auto type = static_cast<vluFileType>(i);
+    const utString name = vluFileTypeInfo::name(type);
+    EXPECT_TRUE(names.insert(name.str()).second) << name.str();
+    EXPECT_EQ(name.str().find_first_of("\"{},\n"), std::string::npos);
+    vluFileType found = vluHPF;
+    EXPECT_TRUE(vluFileTypeInfo::type_by_name(name, found) && found == type);
+  }
+  vluFileType untouched = vluHPF;
+  EXPECT_FALSE(vluFileTypeInfo::type_by_name("stl", untouched));
+  EXPECT_EQ(untouched, vluHPF);
+  EXPECT_EQ(vluFileTypeInfo::name(static_cast<vluFileType>(99)), "Unknown");
+}

@@ -1,0 +1,182 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "TemporaryDirectory.h"
+#include "velabsAppInfo.h"
+#include "velabsOfStream.h"
+#include "velabsTranslatorCategory.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::size_t entries(const TemporaryDirectory& directory) {
+  return static_cast<std::size_t>(std::distance(fs::directory_iterator(directory.path()), {}));
+}
+
+mode_t mode_of(const std::string& path) {
+  struct stat status {};
+  stat(path.c_str(), &status);
+  return status.st_mode & 07777;
+}
+
+}  // namespace
+
+TEST(OfStream, NothingIsThereUntilItIsCommitted) {
+  TemporaryDirectory directory;
+  const std::string target = directory.write("out.stl", "old");
+  {
+    velabsOfStream stream(target);
+    EXPECT_EQ(entries(directory), 1u);
+    stream.write(std::string(3 * velabsOfStream::buffer_size, 'x'));
+    stream.companion("mtl").write("never seen");
+    EXPECT_EQ(TemporaryDirectory::read(target), "old");
+  }
+  EXPECT_EQ(TemporaryDirectory::read(target), "old");
+  EXPECT_EQ(entries(directory), 1u);
+}
+
+TEST(OfStream, EveryByteArrivesWhateverThePieces) {
+  TemporaryDirectory directory;
+  const std::string target = directory / "out";
+  std::string expected;
+  velabsOfStream stream(target);
+  for (std::size_t size : {std::size_t{1}, velabsOfStream::buffer_size, std::size_t{7}, velabsOfStream::buffer_size - 7,
+                           velabsOfStream::buffer_size - 1, std::size_t{0}, 3 * velabsOfStream::buffer_size}) {
+    const std::string piece(size, static_cast<char>('a' + expected.size() % 26));
+    stream.write(piece);
+    std::memcpy(stream.reserve(5), "12345", 5);
+    stream.advance(3);
+    expected += piece + "123";
+  }
+  EXPECT_TRUE(stream.commit());
+  EXPECT_TRUE(stream.commit());
+  EXPECT_EQ(TemporaryDirectory::read(target), expected);
+  EXPECT_EQ(entries(directory), 1u);
+}
+
+TEST(OfStream, ModesFollowTheOldFileElseTheMask) {
+  TemporaryDirectory directory;
+  const std::string old = directory.write("old", "x");
+  chmod(old.c_str(), 0751);
+  const mode_t mask = umask(027);
+  for (const std::string& target : {old, directory / "new"}) {
+    velabsOfStream stream(target);
+    EXPECT_TRUE(stream.commit());  // nothing written: an empty file
+  }
+  umask(mask);
+  EXPECT_EQ(mode_of(old), 0751u);
+  EXPECT_EQ(mode_of(directory / "new"), 0640u);
+  EXPECT_EQ(TemporaryDirectory::read(old), "");
+}
+
+TEST(OfStream, LinksStayLinks) {
+  TemporaryDirectory directory;
+  fs::create_directory(directory / "sub");
+  const std::string target = directory.write("sub/target", "old");
+  fs::create_symlink("sub/target", directory / "link");
+  fs::create_symlink("sub/new", directory / "dangling");
+  for (const char* link : {"link", "dangling"}) {
+    velabsOfStream stream(directory / link);
+    stream.write(link);
+    EXPECT_TRUE(stream.commit());
+    EXPECT_TRUE(fs::is_symlink(directory / link));
+  }
+  EXPECT_EQ(TemporaryDirectory::read(target), "link");
+  EXPECT_EQ(TemporaryDirectory::read(directory / "sub/new"), "dangling");
+}
+
+TEST(OfStream, FailuresAreToldOnceAndForAll) {
+  TemporaryDirectory directory;
+  const std::string pipe = directory / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  struct Case {
+    std::string target;
+    const char* failure;
+  } cases[] = {
+      {"/dev/full", "No space left on device"},
+      {directory.path().string(), "Is a directory"},
+      {directory / "missing/out", "No such file or directory"},
+      {directory / "missing/", "Is a directory"},
+      {pipe, "nobody reads from it"},
+      {"", "No such file or directory"},
+  };
+  for (const Case& c : cases) {
+    velabsOfStream stream(c.target);
+    for (int i = 0; i < 3; ++i) {
+      stream.write(std::string(velabsOfStream::buffer_size, 'x'));
+      std::memset(stream.reserve(100), 'y', 100);
+      stream.advance(100);
+    }
+    EXPECT_FALSE(stream.good()) << c.target;
+    EXPECT_FALSE(stream.commit()) << c.target;
+    EXPECT_EQ(stream.failure(), c.failure) << c.target;
+  }
+}
+
+TEST(OfStream, APipeWhoseReaderGoesIsAFailureAndNoSignal) {
+  TemporaryDirectory directory;
+  const std::string pipe = directory / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  velabsOfStream stream(pipe);
+  stream.companion("mtl").write("lost");
+  stream.write("begun");
+  close(reader);
+  EXPECT_FALSE(stream.commit());
+  EXPECT_EQ(stream.failure(), "Broken pipe");
+  EXPECT_EQ(entries(directory), 1u);
+}
+
+TEST(OfStream, CompanionsComeWithTheFileOrNotAtAll) {
+  TemporaryDirectory directory;
+  const std::string target = directory.write("a.b/out.obj", "old");
+  {
+    velabsOfStream stream(target);
+    stream.companion("mtl").write("half ");
+    stream.companion("mtl").write("whole");
+    stream.write("new");
+    EXPECT_TRUE(stream.commit());
+  }
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.b/out.mtl"), "half whole");
+  EXPECT_EQ(TemporaryDirectory::read(target), "new");
+
+  // The file itself cannot be put in place: the companions, old and new, are as they were.
+  velabsOfStream stream(directory / "a.b/other.obj");
+  directory.write("a.b/other.mtl", "old companion");
+  stream.companion("mtl").write("lost");
+  stream.companion("bin").write("lost");
+  stream.write("lost");
+  fs::create_directory(directory / "a.b/other.obj");
+  EXPECT_FALSE(stream.commit());
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.b/other.mtl"), "old companion");
+  EXPECT_EQ(std::distance(fs::directory_iterator(directory / "a.b"), {}), 4);
+
+  velabsOfStream clash(target);
+  clash.companion("obj").write("lost");
+  clash.write("lost");
+  EXPECT_FALSE(clash.commit());
+  EXPECT_EQ(TemporaryDirectory::read(target), "new");
+}
+
+TEST(AppInfo, SchemaPathCoversEveryInstallation) {
+  velabsAppInfo info("p", "1", "a", "u", "ISO-8859-1");
+  EXPECT_EQ(info.schema_path("resources"), "");
+  info.installation_dir("/a;;/b c;");
+  EXPECT_EQ(info.schema_path("resources"), "/a/resources;/b c/resources");
+  EXPECT_EQ(info.ut_encoding()->to_utString(apString(L"\u00E9")), "\xE9");
+}
+
+TEST(Categories, KnownOnesAreSharedUnknownOnesComeLast) {
+  EXPECT_EQ(velabsTranslatorCategory::find("Mesh"), velabsTranslatorCategory::find("Mesh"));
+  const auto unknown = velabsTranslatorCategory::find("mesh");
+  EXPECT_EQ(unknown->category_name(), "mesh");
+  EXPECT_GT(unknown->group_order(), velabsTranslatorCategory::find("View")->group_order());
+  EXPECT_FALSE(velabsTranslatorCategory::find(utString())->category_name().is_null());
+}
