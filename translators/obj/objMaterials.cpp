@@ -37,7 +37,10 @@ std::string companion_path(const std::string& directory, std::string_view name) 
 
 bool take_number(std::string_view& rest, double& number) {
   std::string_view word = vlt_take_word(rest);
-  return ap_take_double(word, number) && std::isfinite(number);
+  double taken = 0;
+  if (!ap_take_double(word, taken) || !std::isfinite(taken)) return false;
+  number = taken;
+  return true;
 }
 
 float unit_range(double value) {

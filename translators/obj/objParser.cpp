@@ -95,38 +95,44 @@ bool objParser::face(std::string_view rest) {
   return true;
 }
 
-// "7", "7/1", "7//3" or "7/1/3".
+// "7", "7/1", "7//3" or "7/1/3". The number in the middle is not looked at: texture coordinates are not kept.
 bool objParser::corner(std::string_view word, Corner& corner) {
   const std::string_view whole = word;
-  std::uint32_t ignored = 0;
-  corner.normal = objVertices::no_normal;
-  if (!resolve(word, vertices_.positions(), vertex_reach_, corner.vertex)) return false;
-  if (word.starts_with('/')) {
-    word.remove_prefix(1);
-    const bool given = !word.empty() && word[0] != '/';
-    if (given && !resolve(word, vertices_.textures(), texture_reach_, ignored)) return false;
+  bool exists = false;
+  if (!take_reference(word, vertices_.positions(), vertex_reach_, corner.vertex, exists)) {
+    return fail("the corner " + vlt_quoted(whole) + " is no whole number");
   }
+  if (!exists) {
+    return fail("there is no vertex " + vlt_quoted(whole.substr(0, whole.find('/'))) + ", " +
+                std::to_string(vertices_.positions()) + " came before");
+  }
+  corner.normal = objVertices::no_normal;
   if (word.starts_with('/')) {
     word.remove_prefix(1);
-    if (!word.empty() && !resolve(word, vertices_.normals(), normal_reach_, corner.normal)) return false;
+    long long texture = 0;
+    obj_take_index(word, texture);
+  }
+  if (word.starts_with('/') && word.size() > 1) {
+    word.remove_prefix(1);
+    if (!take_reference(word, vertices_.normals(), normal_reach_, corner.normal, exists)) word = whole;
+    if (!exists) findings_.count(velabsWARNING, "a corner names a normal that is not there", lines_.line());
+  } else if (word == "/") {
+    word = {};
   }
   return word.empty() || fail("the corner " + vlt_quoted(whole) + " is not of the form \"vertex/texture/normal\"");
 }
 
-bool objParser::resolve(std::string_view& word, std::size_t known, Reach& reach, std::uint32_t& number) {
-  const std::string_view whole = word;
+// False when no whole number stands there. What it refers to exists for sure when it counts back from the end, else
+// when the rest of the file reaches it.
+bool objParser::take_reference(std::string_view& word, std::size_t known, Reach& reach, std::uint32_t& number,
+                               bool& exists) {
   long long index = 0;
-  if (!obj_take_index(word, index)) return fail("the corner " + vlt_quoted(whole) + " is no whole number");
+  if (!obj_take_index(word, index)) return false;
   const auto count = static_cast<long long>(known);
-  if (index < 0) index += count + 1;  // counted from the last one back
-  if (index <= 0 || index >= std::numeric_limits<std::uint32_t>::max()) {
-    return fail("there is no " + std::string(reach.what) + " " + vlt_quoted(whole.substr(0, whole.find('/'))) + ", " +
-                std::to_string(known) + " came before");
-  }
-  if (static_cast<std::size_t>(index) > reach.needed) {
-    reach.needed = static_cast<std::size_t>(index);
-    reach.line = lines_.line();
-  }
+  if (index < 0) index = index < -count ? 0 : index + count + 1;
+  exists = index > 0 && index < std::numeric_limits<std::uint32_t>::max();
+  if (!exists) return true;
+  if (static_cast<std::size_t>(index) > reach.needed) reach = {static_cast<std::size_t>(index), lines_.line()};
   number = static_cast<std::uint32_t>(index - 1);
   return true;
 }
@@ -153,9 +159,10 @@ bool objParser::fail(std::string_view reason) const {
 }
 
 bool objParser::finish() {
-  if (!reaches(vertex_reach_, vertices_.positions()) || !reaches(texture_reach_, vertices_.textures()) ||
-      !reaches(normal_reach_, vertices_.normals())) {
-    return false;
+  if (vertex_reach_.needed > vertices_.positions()) {
+    return vlt_fail_at_line(output_, vertex_reach_.line,
+                            "there is no vertex " + std::to_string(vertex_reach_.needed) + ", the file has " +
+                                std::to_string(vertices_.positions()));
   }
   if (vertices_.positions() == 0) {
     output_.message(velabsERROR, "the file holds no geometry: no line of it is a vertex");
@@ -179,13 +186,6 @@ bool objParser::finish() {
   return true;
 }
 
-bool objParser::reaches(const Reach& reach, std::size_t count) const {
-  if (reach.needed <= count) return true;
-  return vlt_fail_at_line(output_, reach.line,
-                          "there is no " + std::string(reach.what) + " " + std::to_string(reach.needed) +
-                              ", the file has " + std::to_string(count));
-}
-
 void objParser::finish_materials() {
   for (objPart& part : parts_.all()) {
     for (std::uint32_t number : part.materials) part.mesh->materials.push_back(materials_.use(number));
@@ -193,7 +193,12 @@ void objParser::finish_materials() {
 }
 
 void objParser::finish_normals() {
-  if (vertices_.normals() == 0 || normal_reach_.needed == 0) return;
+  if (normal_reach_.needed == 0) return;
+  if (normal_reach_.needed > vertices_.normals()) {
+    findings_.count(velabsWARNING, "a corner names a normal that is not there, so normals are left out",
+                    normal_reach_.line);
+    return;
+  }
   for (const objPart& part : parts_.all()) {
     if (vertices_.take_corner_normals(part.mesh->corners, part.corner_normals)) continue;
     findings_.count(velabsNOTE, "normals are left out: not every vertex has one and the same at all its corners");

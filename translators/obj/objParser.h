@@ -13,7 +13,8 @@
 // Reads the statements of one file, from front to back, into a document.
 //
 // What is no polygon mesh is left out and told once for each kind. A face of fewer than three corners is left out with
-// a warning; a corner that names a vertex which the file does not have is an error.
+// a warning; a corner that names a vertex which the file does not have is an error. One that names such a normal costs
+// the normals.
 class objParser {
  public:
   objParser(const utString& name, apMappedFile& file, const velTableInstance& resources, annDocument& document,
@@ -24,7 +25,6 @@ class objParser {
  private:
   // How far the corners of faces reach into one of the lists: vertices may follow the faces that use them.
   struct Reach {
-    const char* what;
     std::size_t needed = 0;
     std::size_t line = 0;
   };
@@ -37,11 +37,10 @@ class objParser {
   void other_statement(std::string_view keyword);
   bool face(std::string_view rest);
   bool corner(std::string_view word, Corner& corner);
-  bool resolve(std::string_view& word, std::size_t known, Reach& reach, std::uint32_t& number);
+  bool take_reference(std::string_view& word, std::size_t known, Reach& reach, std::uint32_t& number, bool& exists);
   void add_face();
   bool fail(std::string_view reason) const;
   bool finish();
-  bool reaches(const Reach& reach, std::size_t count) const;
   void finish_materials();
   void finish_normals();
 
@@ -54,7 +53,7 @@ class objParser {
   objVertices vertices_;
   objParts parts_;
   objMaterials materials_;
-  Reach vertex_reach_{"vertex"}, texture_reach_{"texture coordinate"}, normal_reach_{"normal"};
+  Reach vertex_reach_, normal_reach_;
   std::uint32_t material_ = annMesh::no_material;
   std::vector<std::uint32_t> face_corners_, face_normals_;
   std::size_t faces_ = 0;

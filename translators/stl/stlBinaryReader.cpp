@@ -56,7 +56,9 @@ bool stlBinaryReader::count_triangles() {
   const std::size_t held = body / stl_record_size;
   count_ = said;
   if (said > held) {
-    output_.message(velabsERROR, utString("byte 80: the count says " + with_plural(said) + ", the file holds " +
+    const bool text = bytes_.substr(0, stl_head_size).find('\0') == bytes_.npos;
+    output_.message(velabsERROR, utString((text ? "no text that begins with \"solid\", and as binary " : "") +
+                                          ("byte 80: the count says " + with_plural(said)) + ", the file holds " +
                                           std::to_string(held)));
     return false;
   }

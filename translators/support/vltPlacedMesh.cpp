@@ -43,7 +43,9 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
     const annTransform placement = factor == 1 ? placed.placement : annTransform::scaling(factor) * placed.placement;
     result.push_back({placed.node, std::move(mesh), placement, placed.colour});
   }
-  return result;
+  if (!result.empty()) return result;
+  output.message(velabsERROR, "the model holds no shape");
+  return std::nullopt;
 }
 
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,

@@ -1,0 +1,261 @@
+#include <gtest/gtest.h>
+
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+
+namespace {
+
+const Translator reader("objreader");
+const Translator writer("objwriter");
+
+const std::string square = "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\n";
+
+// Path, faces and corners of every node that has a mesh, as "a/b:2:7 c:1:3".
+std::string outline(const annNode& node, const std::string& path = "") {
+  std::string result;
+  for (const auto& child : node.children) {
+    const std::string name = path + child->name.str();
+    if (const annMesh* mesh = child->body.mesh.get()) {
+      result += (result.empty() ? "" : " ") + name + ":" + std::to_string(mesh->face_count()) + ":" +
+                std::to_string(mesh->corners.size());
+    }
+    const std::string below = outline(*child, name + "/");
+    result += (result.empty() || below.empty() ? "" : " ") + below;
+  }
+  return result;
+}
+
+struct Case {
+  const char* what;
+  std::string content;
+  std::string expected;      // the outline, or part of the error after "!"
+  const char* message = "";  // part of the warnings and notes; none allowed when empty
+};
+
+void check(const Case& c, const TemporaryDirectory& directory) {
+  const Reading reading = reader.read(directory.write("case.obj", c.content));
+  EXPECT_FALSE(reading.fault()) << c.what;
+  if (c.expected.starts_with('!')) {
+    EXPECT_NE(reading.messages.errors.find(c.expected.substr(1)), std::string::npos)
+        << c.what << ": " << reading.messages.errors;
+    return;
+  }
+  EXPECT_EQ(outline(reading.document.root), c.expected) << c.what << ": " << reading.messages.errors;
+  const std::string said = reading.messages.warnings + reading.messages.notes;
+  EXPECT_NE(said.find(c.message), said.npos) << c.what << ": " << said;
+  EXPECT_EQ(said.empty(), !*c.message) << c.what << ": " << said;
+}
+
+TEST(ObjReader, ReadsFacesInAllTheirSpellings) {
+  TemporaryDirectory directory;
+  std::string long_face = square + "f";
+  for (int i = 0; i < 100000; ++i) long_face += " " + std::to_string(i % 4 + 1);
+  const Case cases[] = {
+      {"no line end", square + "f 1 2 3 4", ":1:4"},
+      {"CR LF, tabs, blanks", "v\t0 0 0 \r\nv 1  0 0\r\nv 1 1 0\r\n f\t1 2 3\t\r\n", ":1:3"},
+      {"CR and mark", "\xEF\xBB\xBFv 0 0 0\rv 1 0 0\rv 1 1 0\rf 1 2 3", ":1:3"},
+      {"relative", square + "f -4 -3 -2\nv 2 2 2\nf -1 -2 -3", ":2:6"},
+      {"comments", "# x \\\n" + square + "f 1 2 3 # 4\n#\n", ":1:3"},
+      {"continued", square + "f 1 2 \\\n3 \\\r\n4\nf 1 2 3", ":2:7"},
+      {"faces first", "f 1 2 3\n" + square, ":1:3"},
+      {"all forms", square + "vt 0 0\nvn 0 0 1\nf 1/1 2/1 3/1\nf 1//1 2//1 3//1\nf 1/1/1 2/1/1 3/1/1\nf 1/ 2// 3/1/",
+       ":4:12", "texture coordinates"},
+      {"very long line", long_face, ":1:100000"},
+      {"weights", "v 0 0 0 1\nv 1 0 0 1\nv 1 1 0 2\nf 1 2 3", ":1:3", "line 3: weights"},
+      {"odd numbers", "v 3.1+e2 +1. .5\nv 0 0 0\nv 1 1 1\nf 1 2 3", ":1:3",
+       "line 1: odd notation of numbers, the first \"3.1+e2\" taken as 3.1"},
+      {"too few corners", square + "f\nf 1\nf 1 2\nf 1 2 3", ":1:3",
+       "line 5: faces with fewer than three corners are left out (3 times)"},
+      {"lines only", square + "g a\nl 1 2\nl 2 3\ng b\np 1", "a:0:0", "line 6: line elements are left out (2 times)"},
+      {"normals that are not there", square + "f 1//0 2//-1 3/7/9", ":1:3", "line 5: a corner names a normal"},
+      {"unknown statements", square + "f 1 2 3\ncurv 0 1\ncurv 0 2\ns off", ":1:3",
+       "line 6: statement \"curv\" is not known"},
+  };
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(ObjReader, RefusesWhatCannotBeMeant) {
+  TemporaryDirectory directory;
+  const Case cases[] = {
+      {"index 0", square + "f 1 2 0", "!line 5: there is no vertex \"0\", 4 came before"},
+      {"too large", square + "f 1 2 5\n", "!line 5: there is no vertex 5, the file has 4"},
+      {"before the first", square + "f -5 1 2", "!line 5: there is no vertex \"-5\""},
+      {"odd corner", square + "f 1/a 2 3", "!line 5: the corner \"1/a\""},
+      {"odd normal", square + "f 1//a 2 3", "!line 5: the corner \"1//a\""},
+      {"absurd", square + "f 1 2 99999999999", "!line 5"},
+      {"beyond whole numbers", square + "f 1 2 99999999999999999999", "!line 5"},
+      {"not an index", square + "f 1 2 a", "!line 5: the corner \"a\""},
+      {"half an index", square + "f 1 2 3.5", "!line 5: the corner \"3.5\""},
+      {"NaN", square + "v 0 nan 0\n", "!line 5: a coordinate is no finite number"},
+      {"NaN of some programs", square + "v 0 1.#QNAN 0\n", "!line 5: the coordinate \"1.#QNAN\""},
+      {"too large a number", square + "v 0 1e999 0\n", "!line 5"},
+      {"two coordinates", square + "v 0 1\n", "!line 5: a vertex needs three"},
+      {"no usable face", square + "f 1\nf 2 3\n", "!no face of the file has three corners"},
+      {"nothing known", "hello\nworld\n", "!holds no geometry"},
+      {"comments only", "# hello\n", "!holds no geometry"},
+      {"empty", "", "!empty"},
+      {"UTF-16", std::string("\xFE\xFF\0v", 4), "!UTF-16"},
+      {"bytes", std::string(1000, '\0'), "!holds no geometry"},
+  };
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(ObjReader, MakesNodesOfObjectsAndGroups) {
+  TemporaryDirectory directory;
+  const std::string f = "f 1 2 3\n", q = "f 1 2 3 4\n";
+  const Case cases[] = {
+      {"groups", square + "g a b\n" + f + "g c\n" + q, "a b:1:3 c:1:4"},
+      {"before any group", square + f + "g a\n" + f, ":1:3 a:1:3"},
+      {"opened again", square + "g a\n" + f + "g b\n" + f + "g a\n" + q, "a:2:7 b:1:3"},
+      {"empty ones", square + "o x\ng y\ng z\n" + f + "o w\n", "x/z:1:3"},
+      {"same group in two objects", square + "o x\ng a\n" + f + "o y\n" + f + "g a\n" + q, "x/a:1:3 y:1:3 y/a:1:4"},
+  };
+  for (const Case& c : cases) check(c, directory);
+  const Reading reading = reader.read(directory.write("a.obj", square + "g a\n" + f + "g b\n" + q + "v 9 9 9\n"));
+  EXPECT_EQ(reading.mesh(0).vertices, reading.mesh(1).vertices);
+  EXPECT_EQ(reading.statistics().vertices, 5u);
+}
+
+TEST(ObjReader, FindsMaterialsBesideTheFileOnly) {
+  TemporaryDirectory directory;
+  directory.write("secret.mtl", "newmtl red\nKd 0 0 0\n");
+  directory.write("sub/a b.mtl", "newmtl red\nKd 1 0 0\nnewmtl red\nKd 0 0 0\n");
+  directory.write("sub/c.mtl", "newmtl half\nKd 0.5\nd 0.75\nTr 0.1\nmap_Kd x.png\nnewmtl tr\nTr 0.25\nKd 0 0 nan\n");
+  std::filesystem::create_symlink("../secret.mtl", directory.path() / "sub/link.mtl");
+  const annColour red{1, 0, 0, 1}, grey{0.8F, 0.8F, 0.8F, 1};
+  const struct {
+    const char* statements;
+    annColour colour;
+    const char* message;
+  } cases[] = {
+      {"mtllib a b.mtl\nusemtl red", red, ""},
+      {"mtllib none.mtl c.mtl\nusemtl half", {0.5F, 0.5F, 0.5F, 0.75F}, "\"none.mtl\" is not there"},
+      {"mtllib C:\\x\\c.mtl\nusemtl tr", {0, 0, 0, 0.75F}, "only colour and opacity"},
+      {"mtllib ../secret.mtl\nusemtl red", grey, "\"../secret.mtl\" is not there"},
+      {"mtllib link.mtl\nusemtl red", grey, "\"link.mtl\" is not there"},
+      {"mtllib a b.mtl\nusemtl blue", grey, "material \"blue\" is defined nowhere"},
+  };
+  for (const auto& c : cases) {
+    const std::string file = directory.write("sub/a.obj", square + "f 1 2 3\n" + c.statements + "\nf 1 2 3 4");
+    const Reading reading = reader.read(file);
+    ASSERT_EQ(reading.result, velabsDONE) << c.statements;
+    const std::string said = reading.messages.warnings + reading.messages.notes;
+    EXPECT_NE(said.find(c.message), said.npos) << c.statements << ": " << said;
+    EXPECT_EQ(said.empty(), !*c.message) << said;
+    const annMesh& mesh = reading.mesh();
+    EXPECT_EQ(mesh.face_material(0), annMesh::no_material);
+    EXPECT_EQ(mesh.materials.at(mesh.face_material(1)).colour, c.colour) << c.statements;
+    EXPECT_TRUE(reader.read(file, {{"READ_MATERIALS", "0"}}).mesh().materials.empty());
+  }
+}
+
+TEST(ObjReader, KeepsNormalsThatBelongToVertices) {
+  TemporaryDirectory directory;
+  const struct {
+    const char* what;
+    const char* faces;
+    bool kept;
+  } cases[] = {
+      {"one each", "f 1//1 2//2 3//1\nf 1//1 3//3 4//1", true},
+      {"two for a vertex", "f 1//1 2//1 3//1\nf 1//2 3//1 4//1", false},
+      {"some without", "f 1//1 2//1 3//1\nf 1 3 4", false},
+      {"without before", "f 1 3 4\nf 1//1 2//1 3//1", false},
+      {"without direction", "f 1//4 2//4 3//4", false},
+  };
+  for (const auto& c : cases) {
+    const Reading reading =
+        reader.read(directory.write("a.obj", square + "vn 0 0 2\nvn 1 0 0\nvn 0 0 1\nvn 0 0 0\n" + c.faces));
+    ASSERT_EQ(reading.result, velabsDONE) << c.what;
+    EXPECT_EQ(!reading.mesh().vertices->normals.empty(), c.kept) << c.what;
+    EXPECT_EQ(reading.messages.notes.empty(), c.kept) << c.what;
+    if (!c.kept) continue;
+    EXPECT_EQ(reading.mesh().vertices->normals[0], (annVector{0, 0, 1}));
+  }
+}
+
+TEST(ObjReader, ReadsVertexColoursOfBothRanges) {
+  TemporaryDirectory directory;
+  for (const char* lines :
+       {"v 0 0 0 1 0.2 0\nv 1 0 0\nv 1 1 0 1 1 1\n", "v 0 0 0 255 51 0\nv 1 0 0\nv 1 1 0 255 255 255\n"}) {
+    const Reading reading = reader.read(directory.write("a.obj", std::string(lines) + "f 1 2 3"));
+    const auto& colours = reading.mesh().vertices->colours;
+    ASSERT_EQ(colours.size(), 3u);
+    EXPECT_EQ(colours[0], (annColour{1, 0.2F, 0, 1}));
+    EXPECT_EQ(colours[1], (annColour{1, 1, 1, 1}));
+  }
+}
+
+TEST(ObjReader, NeverTakesHalfALineForAWhole) {
+  TemporaryDirectory directory;
+  std::string whole;
+  for (int i = 0; i < 40; ++i) whole += "v " + std::to_string(i) + " 0 0.5\n";
+  for (int i = 1; i < 38; ++i) whole += "f " + std::to_string(i) + " " + std::to_string(i + 1) + " 40\n";
+  for (std::size_t tenth = 0; tenth < 10; ++tenth) {
+    const Reading reading = reader.read(directory.write("cut.obj", whole.substr(0, whole.size() * tenth / 10)));
+    EXPECT_FALSE(reading.fault()) << tenth;
+    EXPECT_TRUE(reading.result == velabsFAILED || reading.statistics().vertices > 0) << tenth;
+  }
+}
+
+TEST(ObjWriter, WritesSharedVerticesOnceAndMirrorsFaces) {
+  TemporaryDirectory directory;
+  annDocument document;
+  auto shared = std::make_shared<annVertices>();
+  shared->points = {{0, 0, 0}, {0.1, 0, 0}, {0.1, 1, 0}, {0, 1, 0}};
+  shared->normals.assign(4, {0, 0, 1});
+  shared->colours.assign(4, {1, 0.5F, 0, 1});
+  auto make_mesh = [&](std::vector<std::uint32_t> face) {
+    auto mesh = std::make_shared<annMesh>();
+    mesh->vertices = shared;
+    mesh->add_face(face);
+    return mesh;
+  };
+  annNode& first = document.root.add_child("a b");
+  first.body.mesh = make_mesh({0, 1, 2, 3});
+  document.root.add_child("").body.mesh = make_mesh({0, 1, 2});
+  annNode& mirrored = document.root.add_child("a b");
+  mirrored.body.mesh = first.body.mesh;
+  mirrored.transform.m[10] = -1;
+
+  Messages messages;
+  ASSERT_EQ(writer.write(document, directory / "a.obj", messages), velabsDONE);
+  const std::string vertices = "v 0 0 0 1 0.5 0\nv 0.1 0 0 1 0.5 0\nv 0.1 1 0 1 0.5 0\nv 0 1 0 1 0.5 0\n";
+  auto normals = [](const char* n) { return std::string(n) + n + n + n; };
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.obj"),
+            "o a b\n" + vertices + normals("vn 0 0 1\n") +
+                "f 1//1 2//2 3//3 4//4\no body_2\nf 1//1 2//2 3//3\no a b_2\n" + vertices + normals("vn 0 0 -1\n") +
+                "f 5//5 8//8 7//7 6//6\n");
+  EXPECT_EQ(messages.notes + messages.warnings + messages.errors, "");
+  EXPECT_FALSE(std::filesystem::exists(directory / "a.mtl"));
+
+  const Options bare{{"WRITE_NORMALS", "0"}, {"WRITE_VERTEX_COLOURS", "0"}, {"DIGITS", "3"}, {"SCALE", "3.33333"}};
+  ASSERT_EQ(writer.write(document, directory / "a.obj", messages, bare), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.obj").substr(0, 41),
+            "o a b\nv 0 0 0\nv 0.333 0 0\nv 0.333 3.33 0\n");
+}
+
+TEST(ObjWriter, KeepsMaterialsThroughACompanionFile) {
+  TemporaryDirectory directory;
+  directory.write("in.mtl", "newmtl deep red\nKd 0.7 0 0\nd 0.25\nnewmtl deep_red\nKd 0 0.1 0\n");
+  const std::string file = directory.write(
+      "in.obj", square + "mtllib in.mtl\ng a\nf 1 2 3\nusemtl deep red\nf 1 2 4\ng b\nusemtl deep_red\nf 2 3 4 1\n");
+  Reading first = reader.read(file);
+  ASSERT_EQ(first.result, velabsDONE);
+  first.document.root.add_child("plain").body.mesh = std::make_shared<annMesh>(first.mesh(0));
+  Messages messages;
+  ASSERT_EQ(writer.write(first.document, directory / "my out.v2.obj", messages), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "my out.v2.mtl"),
+            "newmtl deep_red\nKd 0.7 0 0\nd 0.25\nnewmtl deep_red_2\nKd 0 0.1 0\nnewmtl plain\nKd 0.8 0.8 0.8\n");
+  const Reading second = reader.read(directory / "my out.v2.obj");
+  ASSERT_EQ(second.result, velabsDONE) << second.messages.errors;
+  EXPECT_EQ(second.messages.warnings, "");
+  EXPECT_EQ(outline(second.document.root), "a:2:6 b:1:4 plain:2:6");
+  EXPECT_EQ(second.mesh(0).face_material(0), annMesh::no_material);
+  EXPECT_EQ(second.mesh(0).materials.at(second.mesh(0).face_material(1)).colour, (annColour{0.7F, 0, 0, 0.25F}));
+  EXPECT_EQ(second.mesh(1).materials.at(0).colour, (annColour{0, 0.1F, 0, 1}));
+
+  ASSERT_EQ(writer.write(first.document, directory / "bare.obj", messages, {{"WRITE_MATERIALS", "0"}}), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "bare.obj").find("mtl"), std::string::npos);
+}
+
+}  // namespace

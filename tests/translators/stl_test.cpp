@@ -1,0 +1,281 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+
+namespace {
+
+const Translator reader("stlreader");
+const Translator writer("stlwriter");
+
+std::string facet(const std::string& points = "vertex 0 0 0 vertex 1 0 0 vertex 0 1 0") {
+  return "facet normal 0 0 1 outer loop " + points + " endloop endfacet\n";
+}
+
+struct Record {
+  std::array<float, 12> numbers{0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0};
+  std::uint16_t attribute = 0;
+};
+
+std::string binary(std::string remarks, std::uint32_t count, const std::vector<Record>& records) {
+  remarks.resize(80);
+  remarks.append(reinterpret_cast<const char*>(&count), 4);
+  for (const Record& record : records) {
+    remarks.append(reinterpret_cast<const char*>(record.numbers.data()), 48);
+    remarks.append(reinterpret_cast<const char*>(&record.attribute), 2);
+  }
+  return remarks;
+}
+
+struct Case {
+  const char* what;
+  std::string content;
+  std::size_t triangles;     // of a file that can be read
+  std::string names;         // of the nodes, joined by "|"
+  const char* message = "";  // part of a warning or, when there are no triangles, of the error
+};
+
+void check(const Case& c, const TemporaryDirectory& directory) {
+  const Reading reading = reader.read(directory.write("case.stl", c.content));
+  EXPECT_FALSE(reading.fault()) << c.what;
+  std::string names;
+  for (const auto& node : reading.document.root.children) names += (names.empty() ? "" : "|") + node->name.str();
+  const std::string& said = reading.result == velabsDONE ? reading.messages.warnings : reading.messages.errors;
+  EXPECT_NE(said.find(c.message), said.npos) << c.what << ": " << said;
+  EXPECT_EQ(reading.result == velabsDONE && said.empty(), !*c.message) << c.what << ": " << said;
+  if (reading.result != velabsDONE) {
+    EXPECT_EQ(c.triangles, 0u) << c.what << ": " << said;
+    return;
+  }
+  EXPECT_EQ(names, c.names) << c.what;
+  EXPECT_EQ(reading.statistics().triangles, c.triangles) << c.what;
+}
+
+TEST(StlReader, ReadsTextInAllItsSpellings) {
+  TemporaryDirectory directory;
+  const std::string lines =
+      "solid a b\nfacet normal 0 0 1\n outer loop\n  vertex 0 0 0\n  vertex 1 0 0\n  vertex 0 1 0\n"
+      " endloop\nendfacet\nendsolid a b\n";
+  auto with_ends = [&](const char* end) {
+    std::string text;
+    for (char c : lines) c == '\n' ? text += end : text += c;
+    return text;
+  };
+  std::string upper = lines;
+  for (char& c : upper) c = static_cast<char>(std::toupper(c));
+  const Case cases[] = {
+      {"as usual", lines, 1, "a b"},
+      {"CR LF", with_ends("\r\n"), 1, "a b"},
+      {"CR", with_ends("\r"), 1, "a b"},
+      {"upper case", upper, 1, "A B"},
+      {"leading blanks and mark", "\xEF\xBB\xBF \t\n " + lines, 1, "a b"},
+      {"comments", "# x\nsolid a # x\n#x\n" + facet() + "# x\nendsolid # x", 1, "a"},
+      {"number sign in a name", "solid Part #3\n" + facet() + "endsolid", 1, "Part #3"},
+      {"name with any bytes", "solid \xE6\x9C\x88 \xFF\n" + facet() + "endsolid", 1, "\xE6\x9C\x88 \xFF"},
+      {"no name", "solid\n" + facet() + "endsolid", 1, ""},
+      {"no normal", "solid a\nfacet outer loop vertex 0 0 0 vertex 1 0 0 vertex 0 1 0 endloop endfacet endsolid", 1,
+       "a"},
+      {"normal that is none",
+       "solid a\nfacet normal nan -nan(ind) 1.#IND\nouter loop vertex 0 0 0 vertex 1 0 0 vertex "
+       "0 0 0 endloop endfacet endsolid",
+       1, "a"},
+      {"several solids", "solid a\n" + facet() + facet() + "endsolid\nsolid b\n" + facet() + "endsolid b\n", 3, "a|b"},
+      {"empty among full", "solid a\n" + facet() + "endsolid a\nsolid b\nendsolid b\nsolid\nendsolid", 1, "a|b"},
+      {"only empty ones", "solid a\nendsolid a\n", 0, "a", "holds no facets"},
+      {"numbers of all kinds", "solid a\n" + facet("vertex +1. .5 -1E+2 vertex 1d0 0 0 vertex 0 0 1e-400") + "endsolid",
+       1, "a"},
+  };
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(StlReader, RefusesBrokenTextWithTheLine) {
+  TemporaryDirectory directory;
+  const Case cases[] = {
+      {"no end", "solid a\n" + facet(), 0, "", "line 3: the file ends before the \"endsolid\""},
+      {"cut in a facet", "solid a\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\n", 0, "", "line 5: the file ends"},
+      {"not a number", "solid a\n" + facet("vertex 0 0 0\nvertex 1 x 0 vertex 0 1 0") + "endsolid", 0, "", "line 3: "},
+      {"glued numbers", "solid a\n" + facet("vertex 1.0-2.0 0 0") + "endsolid", 0, "", "line 2: there is \"1.0-2.0\""},
+      {"NaN", "solid a\n" + facet("vertex nan 0 0") + "endsolid", 0, "", "no finite number"},
+      {"too large", "solid a\n" + facet("vertex 1e999 0 0") + "endsolid", 0, "", "line 2"},
+      {"four corners", "solid a\n" + facet("vertex 0 0 0 vertex 1 0 0 vertex 1 1 0 vertex 0 1 0") + "endsolid", 0, "",
+       "where \"endloop\" is expected"},
+      {"text behind", "solid a\n" + facet() + "endsolid\njunk", 0, "", "line 4: there is \"junk\""},
+      {"UTF-16", std::string("\xFF\xFEs\0o\0", 6), 0, "", "UTF-16"},
+      {"empty file", "", 0, "", "empty"},
+      {"short", "sol", 0, "", "3 bytes"},
+  };
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(StlReader, TellsBinaryFromTextAndCountsFromBytes) {
+  TemporaryDirectory directory;
+  const std::vector<Record> two(2);
+  Record infinite;
+  infinite.numbers[5] = std::numeric_limits<float>::infinity();
+  const Case cases[] = {
+      {"as usual", binary("made by x", 2, two), 2, ""},
+      {"named", binary("solid REAR CASE", 2, two), 2, "REAR CASE"},
+      {"named, stray byte", binary("solid test", 2, two) + '\n', 2, "test", "1 bytes behind"},
+      {"not UTF-8", binary("solid \xFF", 2, two), 2, "\xFF"},
+      {"more bytes than counted", binary("", 1, two), 1, "", "byte 134: 50 bytes behind"},
+      {"fewer bytes than counted", binary("", 3, two), 0, "", "3 triangles, the file holds 2"},
+      {"absurd count", binary("solid", 0xFFFFFFFF, two), 0, "", "4294967295 triangles"},
+      {"count not filled in", binary("", 0, two), 2, "", "says 0 triangles"},
+      {"no count, odd bytes", binary("", 0, two) + "x", 0, "", "101 bytes"},
+      {"no triangles", binary("", 0, {}), 0, "", "no triangles"},
+      {"infinite", binary("", 3, {{}, {}, infinite}), 0, "", "triangle 3 at byte 184"},
+  };
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(StlReader, NeverTakesPartOfAFileForAllOfIt) {
+  TemporaryDirectory directory;
+  std::string text = "solid a\n";
+  for (int i = 0; i < 20; ++i) text += facet();
+  text += "endsolid";
+  for (const std::string& whole : {text, binary("remarks", 20, std::vector<Record>(20))}) {
+    ASSERT_EQ(reader.read(directory.write("whole.stl", whole)).result, velabsDONE);
+    for (std::size_t tenth = 0; tenth < 10; ++tenth) {
+      const Reading reading = reader.read(directory.write("cut.stl", whole.substr(0, whole.size() * tenth / 10)));
+      EXPECT_EQ(reading.result, velabsFAILED) << tenth;
+      EXPECT_FALSE(reading.fault()) << tenth;
+    }
+  }
+}
+
+TEST(StlReader, WeldsAndScalesAsAsked) {
+  TemporaryDirectory directory;
+  Record other;
+  other.numbers = {0, 0, 1, 1, 0, -0.0F, 1, 1, 0, 0, 1, 0};
+  const std::string file = directory.write("a.stl", binary("", 2, {{}, other}));
+  EXPECT_EQ(reader.read(file).mesh().vertices->count(), 4u);
+  const Reading reading = reader.read(file, {{"WELD_POINTS", "0"}, {"SCALE", "25.4"}, {"LENGTH_UNIT", "inch"}});
+  EXPECT_EQ(reading.mesh().vertices->count(), 6u);
+  EXPECT_EQ(reading.statistics().box->max, (annVector{25.4, 25.4, 0}));
+  EXPECT_EQ(reading.document.unit, velLENGTH_INCH);
+  EXPECT_EQ(reader.read(file, {{"SCALE", "-1"}}).result, velabsFAILED);
+}
+
+TEST(StlReader, TakesColoursOfBothConventions) {
+  TemporaryDirectory directory;
+  auto records = [](std::vector<std::uint16_t> attributes) {
+    std::vector<Record> result;
+    for (std::uint16_t attribute : attributes) result.push_back({.attribute = attribute});
+    return result;
+  };
+  const std::string whole = std::string("COLOR=") + '\x33' + '\0' + '\xFF' + '\xFF' + ",MATERIAL";
+  const struct {
+    const char* what;
+    std::string content;
+    std::vector<annColour> colours;  // of the faces; red -1 for none
+  } cases[] = {
+      {"bit 15 set", binary("", 3, records({0xFC00, 0, 0x801F})), {{1, 0, 0, 1}, {-1}, {0, 0, 1, 1}}},
+      {"nothing", binary("", 2, records({0, 0})), {{-1}, {-1}}},
+      {"other use", binary("", 2, records({7, 0})), {{-1}, {-1}}},
+      {"colour of the whole", binary(whole, 2, records({0x001F, 0xFFFF})), {{1, 0, 0, 1}, {-1}}},
+      {"whole only", binary(whole, 2, records({0, 0})), {{-1}, {-1}}},
+  };
+  for (const auto& c : cases) {
+    const Reading reading = reader.read(directory.write("a.stl", c.content));
+    const annMesh& mesh = reading.mesh();
+    for (std::size_t face = 0; face < c.colours.size(); ++face) {
+      const std::uint32_t material = mesh.face_material(face);
+      EXPECT_EQ(material == annMesh::no_material, c.colours[face].red < 0) << c.what << face;
+      if (material == annMesh::no_material) continue;
+      EXPECT_EQ(mesh.materials[material].colour, c.colours[face]) << c.what;
+    }
+    EXPECT_EQ(reading.node(0).colour.has_value(), std::string(c.what).find("whole") != std::string::npos);
+    EXPECT_EQ(reading.messages.notes.empty(), std::string(c.what) != "other use");
+  }
+}
+
+TEST(StlReader, StopsWhenCancelled) {
+  TemporaryDirectory directory;
+  const std::string file = directory.write("a.stl", binary("", 50000, std::vector<Record>(50000)));
+  EXPECT_EQ(reader.read(file, {}, true).result, velabsCANCELLED);
+}
+
+// A quad and a triangle in red, once as it stands and once mirrored and moved.
+annDocument two_parts() {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, 0, 0}, {2, 0, 0}, {2, 1, 0}, {0, 1, 0}, {0, 0, 0.1}};
+  mesh->add_face(std::vector<std::uint32_t>{0, 1, 2, 3});
+  mesh->add_face(std::vector<std::uint32_t>{0, 1, 4});
+  mesh->materials.push_back({"red", {1, 0, 0, 1}});
+  mesh->set_face_material(1, 0);
+  document.root.add_child("one\nline").body.mesh = mesh;
+  annNode& mirrored = document.root.add_child("");
+  mirrored.transform.m = {-1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 10};
+  mirrored.body.mesh = mesh;
+  return document;
+}
+
+TEST(StlWriter, WritesWhatItReads) {
+  TemporaryDirectory directory;
+  const annDocument document = two_parts();
+  for (const char* form : {"binary", "ascii"}) {
+    Messages messages;
+    ASSERT_EQ(writer.write(document, directory / "a.stl", messages,
+                           {{"FILE_FORMAT", form}, {"LENGTH_UNIT", "inch"}, {"SCALE", "25.4"}}),
+              velabsDONE);
+    EXPECT_NE(messages.notes.find("numbers are in inch"), std::string::npos);
+    const Reading reading = reader.read(directory / "a.stl");
+    ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+    const bool binary = std::string(form) == "binary";
+    EXPECT_EQ(reading.document.root.children.size(), binary ? 1u : 2u);
+    EXPECT_EQ(reading.node(0).name, binary ? "" : "one line");
+    EXPECT_EQ(reading.statistics().triangles, 6u);
+    EXPECT_NEAR(reading.statistics().box->min.x, -2, 1e-14);
+    EXPECT_NEAR(reading.statistics().box->max.z, 10.1, binary ? 1e-6 : 1e-14);
+    EXPECT_EQ(reading.mesh().materials.size(), binary ? 1u : 0u);
+    // The mirrored quad still faces up.
+    const annMesh& mesh = reading.mesh(binary ? 0 : 1);
+    const auto& points = mesh.vertices->points;
+    const auto face = mesh.face(binary ? 3 : 0);
+    EXPECT_GT(ann_cross(points[face[1]] - points[face[0]], points[face[2]] - points[face[0]]).z, 0);
+  }
+}
+
+TEST(StlWriter, SpellsTextExactly) {
+  TemporaryDirectory directory;
+  annDocument document;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, 0, 0}, {0.1, 0, 0}, {0, 1e22, 0}};
+  mesh->corners = {0, 1, 2};
+  document.root.add_child("a").body.mesh = mesh;
+  Messages messages;
+  ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl"),
+            "solid a\nfacet normal 0 0 1\n outer loop\n  vertex 0 0 0\n  vertex 0.1 0 0\n  vertex 0 1e+22 0\n endloop\n"
+            "endfacet\nendsolid a\n");
+  EXPECT_EQ(messages.notes + messages.warnings, "");
+
+  ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", "Solid b"}}), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 12), std::string("STL Solid b\0", 12));
+}
+
+TEST(StlWriter, SaysWhyItCannotWrite) {
+  TemporaryDirectory directory;
+  annDocument document = two_parts();
+  Messages messages;
+  document.root.transform = annTransform::scaling(1e39);
+  EXPECT_EQ(writer.write(document, directory / "a.stl", messages), velabsFAILED);
+  EXPECT_NE(messages.errors.find("too large"), std::string::npos);
+  EXPECT_EQ(writer.write(document, directory / "a.stl", messages, {{"FILE_FORMAT", "ascii"}, {"DIGITS", "18"}}),
+            velabsFAILED);
+  EXPECT_EQ(writer.write({}, directory / "a.stl", messages), velabsFAILED);
+  EXPECT_FALSE(std::filesystem::exists(directory / "a.stl"));
+
+  document.unit = velLENGTH_UNSPECIFIED;
+  document.root.transform = {};
+  EXPECT_EQ(writer.write(document, directory / "a.stl", messages, {{"LENGTH_UNIT", "metre"}}), velabsDONE);
+  EXPECT_NE(messages.warnings.find("no length unit"), std::string::npos);
+}
+
+}  // namespace
