@@ -1,0 +1,8 @@
+#pragma once
+
+// The parts of a file's path.
+enum vlnFilePathElement : int {
+  vlnFileDirectory = 1,
+  vlnFileName = 2,  // without its extension
+  vlnFileExtension = 3,
+};

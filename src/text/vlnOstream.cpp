@@ -1,0 +1,69 @@
+#include "vlnOstream.h"
+
+#include <algorithm>
+#include <cstring>
+#include <mutex>
+
+#include "ubBufferMB.h"
+#include "vlnOstreamDisplayer.h"
+
+namespace {
+
+constexpr int row_width = 77;
+
+}  // namespace
+
+vlnOstream::vlnOstream(const apISynchOperations* synch) : lock_(synch) {}
+
+void vlnOstream::add_ostream(std::ostream* stream) {
+  const std::lock_guard guard(lock_);
+  streams_.push_back(stream);
+}
+
+int vlnOstream::auto_flush(int on) {
+  const int before = auto_flush_;
+  auto_flush_ = on;
+  return before;
+}
+
+void vlnOstream::write(const char* before, const char* text, const char* after) {
+  for (std::ostream* stream : streams_) {
+    *stream << before << text << after;
+    if (auto_flush_) stream->flush();
+  }
+}
+
+void vlnOstream::print(const char* text) {
+  const std::lock_guard guard(lock_);
+  const ubBufferMB bytes(text);
+  write(column_ > 0 ? "\n" : "", bytes.text(), "");
+  column_ = 0;
+}
+
+void vlnOstream::print_dot() {
+  const std::lock_guard guard(lock_);
+  const bool ends_row = column_ == row_width - 1;
+  write("", ".", ends_row ? "\n" : "");
+  column_ = ends_row ? 0 : column_ + 1;
+}
+
+void vlnOstream::print_percent(int percent) {
+  constexpr char digits[] = "0123456789";
+  percent = std::clamp(percent, 0, 100);
+  const char two_digits[] = {'%', digits[percent / 10 % 10], digits[percent % 10], '%', '\0'};
+  const char* text = percent == 100 ? "%100%" : two_digits;
+  const int length = static_cast<int>(std::strlen(text));
+
+  const std::lock_guard guard(lock_);
+  const bool new_row = column_ + length > row_width;
+  if (new_row) column_ = 0;
+  write(new_row ? "\n" : "", text, "");
+  column_ += length;
+  if (column_ >= row_width) column_ = 0;
+}
+
+void vlnOstreamDisplayer::display(const char* text) {
+  stream_->print(text);
+}
+
+vlnOstreamDisplayer::~vlnOstreamDisplayer() = default;
