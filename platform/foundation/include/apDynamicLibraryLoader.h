@@ -5,7 +5,8 @@
 #include "apDynamicLibrary.h"
 #include "utObserverPtr.h"
 
-// Opens dynamic libraries through the given operations, or through the operating system's when given none.
+// Opens dynamic libraries through the given operations, or through the operating system's when given none. The
+// system's loader lets no exception through: a library whose start-up code throws ends the process.
 class VELPLATFORM_API apDynamicLibraryLoader {
  public:
   explicit apDynamicLibraryLoader(utObserverPtr<const apILibraryLoaderOperations> operations = nullptr);

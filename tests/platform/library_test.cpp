@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <mutex>
+#include <string>
+
+#include "TemporaryDirectory.h"
+#include "apCriticalSection.h"
+#include "apDynamicLibraryLoader.h"
+#include "v2vTranslatorLoader.h"
+
+namespace {
+
+using Lifetime = apILibraryLoaderOperations::Lifetime;
+
+apPathName fixture(const std::string& name) {
+  return apPathName(apString((std::string(VEL_FIXTURES) + "/" + name + ".dll").c_str()));
+}
+
+}  // namespace
+
+TEST(DynamicLibrary, IsUnloadedWithItsObjectUnlessKept) {
+  for (Lifetime lifetime : {Lifetime::unload, Lifetime::keep_mapped}) {
+    int counter = 1;
+    apStatus status;
+    auto library = apDynamicLibraryLoader().load(fixture("watched"), status, lifetime);
+    ASSERT_TRUE(library) << status.failure().str();
+    auto* watch = reinterpret_cast<void (*)(int*)>(library->proc_address("watch", status));
+    ASSERT_NE(watch, nullptr);
+    watch(&counter);
+    EXPECT_EQ(library->proc_address("no_such_name", status), nullptr);
+    EXPECT_FALSE(status.ok());
+    library.reset();
+    EXPECT_EQ(counter, lifetime == Lifetime::unload ? 0 : 1);
+    if (lifetime == Lifetime::keep_mapped) watch(nullptr);  // still there
+  }
+}
+
+TEST(DynamicLibrary, OnlyAbsolutePathsAreOpened) {
+  // The system would find this one by itself.
+  for (const wchar_t* path : {L"libc.so.6", L"./libc.so.6", L"", L"/no/such/library.dll"}) {
+    apStatus status;
+    EXPECT_EQ(apDynamicLibraryLoader().load(apPathName(path), status), nullptr);
+    EXPECT_FALSE(status.failure().empty());
+  }
+}
+
+TEST(DynamicLibrary, OperationsThatGiveAHandleAndAFailureAreClosed) {
+  struct Contradictory : apILibraryLoaderOperations {
+    mutable int open_handles = 0;
+    void* open(const apPathName&, Lifetime, apStatus& status) const override {
+      ++open_handles;
+      status.set_failure("bad");
+      return &open_handles;
+    }
+    void* symbol(void*, const char*, apStatus&) const override { return nullptr; }
+    void close(void*) const override { --open_handles; }
+  } operations;
+  apStatus status;
+  EXPECT_EQ(apDynamicLibraryLoader(&operations).load(apPathName(L"/x"), status), nullptr);
+  EXPECT_EQ(operations.open_handles, 0);
+  EXPECT_EQ(status.failure(), "bad");
+}
+
+TEST(TranslatorLoader, RefusesWhatIsNoTranslatorAndSaysWhy) {
+  TemporaryDirectory directory;
+  const apPathName text(apString(directory.write("text.dll", "this is no library").c_str()));
+  struct Case {
+    apPathName path;
+    const char* part;
+  } cases[] = {
+      {fixture("wrong_interface"), "built for interface 3, this program speaks 1"},
+      {fixture("no_number"), "velabs_interface_number"},
+      {fixture("no_entry"), "neither reads nor writes"},
+      {fixture("throwing_number"), "no number today"},
+      {text, "text.dll"},
+      {apPathName(apString(directory.path().c_str())), ""},
+      {apPathName(L"script_reader.dll"), "absolute"},
+      {apPathName(), "absolute"},
+  };
+  const v2vTranslatorLoader loader;
+  for (const Case& c : cases) {
+    EXPECT_TRUE(loader.failure(c.path).is_null());
+    EXPECT_EQ(loader.load_library_path(c.path), nullptr);
+    EXPECT_FALSE(loader.failure(c.path).empty());
+    EXPECT_NE(loader.failure(c.path).find(c.part), utString::npos) << loader.failure(c.path).str();
+  }
+}
+
+TEST(TranslatorLoader, TellsTheDirectionsOfALibrary) {
+  const v2vTranslatorLoader loader;
+  const auto reader = loader.load_library_path(fixture("script_reader"));
+  ASSERT_TRUE(reader);
+  EXPECT_TRUE(reader->is_input() && !reader->is_output() && !reader->write_wrapper());
+  const auto both = loader.load_library_path(fixture("no_object"));
+  EXPECT_TRUE(both->is_input() && both->is_output());
+  EXPECT_TRUE(loader.failure(fixture("no_object")).is_null());
+}
+
+TEST(CriticalSection, IsARealLockWhateverItIsMadeFrom) {
+  struct Nothing : apISynchOperations {
+    std::unique_ptr<apICriticalSection> make_critical_section() const override { return nullptr; }
+  } nothing;
+  for (const apISynchOperations* operations :
+       {static_cast<const apISynchOperations*>(nullptr), static_cast<const apISynchOperations*>(&nothing),
+        apISynchOperations::system()}) {
+    apCriticalSection section(operations);
+    std::lock_guard guard(section);
+  }
+}
