@@ -18,7 +18,6 @@ objParser::objParser(const utString& name, apMappedFile& file, const velTableIns
                      velabsOutput& output, double factor)
     : file_(file),
       output_(output),
-      document_(document),
       read_materials_(resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE),
       findings_(output),
       lines_(file.bytes()),

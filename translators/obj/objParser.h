@@ -46,7 +46,6 @@ class objParser {
 
   apMappedFile& file_;
   velabsOutput& output_;
-  annDocument& document_;
   bool read_materials_;
   vltOnce findings_;
   vltLines lines_;

@@ -18,6 +18,13 @@ bool flag(const velTableInstance& resources, const char* key) {
   return resources.value<utBool>(key, utTRUE) == utTRUE;
 }
 
+// A pipe or a device has no place for a companion file beside it.
+bool has_room_beside(const velabsOfStream& stream) {
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(stream.target().str(), error);
+  return !std::filesystem::exists(status) || std::filesystem::is_regular_file(status);
+}
+
 // Vertices, each as often as it is written, and faces.
 std::size_t amount_of_work(const std::vector<vltPlacedMesh>& bodies) {
   std::size_t amount = 0;
@@ -43,15 +50,15 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
   const auto bodies = vlt_placed_meshes(document, resources, *factor, output);
   if (!bodies) return velabsFAILED;
 
-  const bool materials = flag(resources, "WRITE_MATERIALS");
+  const bool materials = flag(resources, "WRITE_MATERIALS") && has_room_beside(stream_);
   objLooks looks(materials ? *bodies : std::vector<vltPlacedMesh>());
   const vltCarries carries{
       .format = "OBJ", .parts = true, .colours = true, .vertex_normals = true, .vertex_colours = true};
   vlt_tell_losses(document, *bodies, carries, unit, output);
   if (!looks.empty()) {
-    const std::filesystem::path target(stream_.target().str());
-    stream_.write("mtllib " + target.stem().string() + ".mtl\n");
-    looks.write(stream_.companion("mtl"));
+    velabsOfStream& companion = stream_.companion("mtl");
+    stream_.write("mtllib " + std::filesystem::path(companion.target().str()).filename().string() + "\n");
+    looks.write(companion);
   }
   vltProgress progress(output, amount_of_work(*bodies), progress_step);
   objMeshWriter writer(stream_, resources, *digits, looks.empty() ? nullptr : &looks, progress, output);

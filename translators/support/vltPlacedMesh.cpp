@@ -62,7 +62,7 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   note(carries.parts && !carries.tree && deep, "holds no assemblies: the parts are written side by side");
   note(!carries.colours &&
            any_body([](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); }),
-       "holds no colours in this form: they are left out");
+       "holds no colours in this form: they are not written");
   note(!carries.vertex_normals &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
        "holds no vertex normals: they are left out");
