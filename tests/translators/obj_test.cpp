@@ -256,6 +256,10 @@ TEST(ObjWriter, KeepsMaterialsThroughACompanionFile) {
 
   ASSERT_EQ(writer.write(first.document, directory / "bare.obj", messages, {{"WRITE_MATERIALS", "0"}}), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "bare.obj").find("mtl"), std::string::npos);
+
+  Messages at_device;
+  ASSERT_EQ(writer.write(first.document, "/dev/null", at_device), velabsDONE);
+  EXPECT_NE(at_device.notes.find("no colours"), std::string::npos);
 }
 
 }  // namespace

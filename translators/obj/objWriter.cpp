@@ -50,10 +50,10 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
   const auto bodies = vlt_placed_meshes(document, resources, *factor, output);
   if (!bodies) return velabsFAILED;
 
-  const bool materials = flag(resources, "WRITE_MATERIALS") && has_room_beside(stream_);
-  objLooks looks(materials ? *bodies : std::vector<vltPlacedMesh>());
+  const bool room = has_room_beside(stream_);
+  objLooks looks(room && flag(resources, "WRITE_MATERIALS") ? *bodies : std::vector<vltPlacedMesh>());
   const vltCarries carries{
-      .format = "OBJ", .parts = true, .colours = true, .vertex_normals = true, .vertex_colours = true};
+      .format = "OBJ", .parts = true, .colours = room, .vertex_normals = true, .vertex_colours = true};
   vlt_tell_losses(document, *bodies, carries, unit, output);
   if (!looks.empty()) {
     velabsOfStream& companion = stream_.companion("mtl");
