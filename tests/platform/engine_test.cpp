@@ -111,7 +111,7 @@ TEST_F(Engine, AnInputThatFailsLeavesTheOldOutput) {
       {"fail_silently", "it could not be read"},
       {"throw over the wall", "it stopped on an error of its own: over the wall"},
       {"throw_number", "it stopped on an error of its own"},
-      {"huge", "there is not enough memory"},
+      {"no_memory", "there is not enough memory"},
       {"note nothing here", "it holds nothing that could be translated"},
       {"bad_corner", "the reader gave an invalid mesh: a face names a vertex that is not there"},
       {"bad_point", "the reader gave an invalid mesh: a coordinate is not a finite number"},
