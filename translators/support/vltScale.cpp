@@ -29,5 +29,5 @@ std::optional<double> vlt_output_scale(const velTableInstance& resources, const 
                                       co_value_to_text(unit) + " already and stay unchanged");
     return scale;
   }
-  return *scale * (vel_metres(document.unit) / vel_metres(unit));
+  return *scale * vel_length_ratio(document.unit, unit);
 }
