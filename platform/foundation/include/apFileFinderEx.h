@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "apExport.h"
@@ -23,9 +24,16 @@ class VELPLATFORM_API apFileFinderEx {
 
  private:
   struct Entry {
-    std::string name;
+    std::size_t begin;  // of the name in `names_`
+    std::size_t length;
     bool directory;
   };
+
+  std::string_view name_of(const Entry& entry) const {
+    return std::string_view(names_).substr(entry.begin, entry.length);
+  }
+
+  std::string names_;
   std::vector<Entry> entries_;
   std::size_t position_ = 0;  // one behind the current entry
   bool invalid_ = false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "apExport.h"
 #include "apFileName.h"
 #include "apString.h"
@@ -18,6 +20,8 @@ class VELPLATFORM_API apPathName {
   apPathName dirname() const;
   // What stands behind it: empty for "d/".
   apFileName basename() const;
+  // The same without a copy, valid as long as this path.
+  std::wstring_view last_component() const;
 
   // This path and `relative` with exactly one separator between them. An empty side gives the other one unchanged; a
   // `relative` that begins with a separator never replaces this path.

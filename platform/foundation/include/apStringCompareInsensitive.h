@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -19,4 +20,6 @@ class VELPLATFORM_API apStringCompareInsensitive : public apIStringCompare {
 // of the Latin, Greek, Cyrillic, Armenian and full-width letters. Equal folded keys are equal comparisons.
 VELPLATFORM_API wchar_t ap_fold(wchar_t character);
 VELPLATFORM_API std::wstring ap_fold(std::wstring_view text);
+// The hash of the folded text, so that keys need not be folded to be looked up.
+VELPLATFORM_API std::size_t ap_hash_folded(std::wstring_view text);
 VELPLATFORM_API bool ap_equal_folded(std::wstring_view left, std::wstring_view right);

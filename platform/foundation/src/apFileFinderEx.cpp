@@ -36,9 +36,11 @@ apFileFinderEx::apFileFinderEx(const apPath& path) {
   while (const dirent* entry = readdir(directory.get())) {
     const std::string_view entry_name = entry->d_name;
     if (entry_name == "." || entry_name == "..") continue;
-    entries_.push_back({std::string(entry_name), is_directory_entry(directory.get(), *entry)});
+    entries_.push_back({names_.size(), entry_name.size(), is_directory_entry(directory.get(), *entry)});
+    names_ += entry_name;
   }
-  std::sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
+  std::sort(entries_.begin(), entries_.end(),
+            [this](const Entry& a, const Entry& b) { return name_of(a) < name_of(b); });
 }
 
 int apFileFinderEx::operator++() {
@@ -50,7 +52,7 @@ int apFileFinderEx::operator++() {
 apFileName apFileFinderEx::file_name() const {
   if (position_ == 0 || position_ > entries_.size()) return {};
   std::wstring name;
-  ap_decode_utf8(entries_[position_ - 1].name, name);
+  ap_decode_utf8(name_of(entries_[position_ - 1]), name);
   return apFileName(std::move(name));
 }
 

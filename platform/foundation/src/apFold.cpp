@@ -47,11 +47,8 @@ constexpr FoldRange fold_ranges[] = {
     {0x1FEC, 0x1FEC, 1, -7},  {0x1FF8, 0x1FF9, 1, -128}, {0x1FFA, 0x1FFB, 1, -126}, {0x1FFC, 0x1FFC, 1, -9},
     {0xFF21, 0xFF3A, 1, 32},  {0x10400, 0x10427, 1, 40}};
 
-}  // namespace
-
-wchar_t ap_fold(wchar_t character) {
+wchar_t folded_by_table(wchar_t character) {
   const auto code = static_cast<std::uint32_t>(character);
-  if (code < 0x80) return code >= 'A' && code <= 'Z' ? character + 32 : character;
   const auto* range = std::lower_bound(std::begin(fold_ranges), std::end(fold_ranges), code,
                                        [](const FoldRange& r, std::uint32_t c) { return r.last < c; });
   if (range == std::end(fold_ranges) || code < range->first || (code - range->first) % range->step != 0) {
@@ -60,13 +57,31 @@ wchar_t ap_fold(wchar_t character) {
   return character + range->distance;
 }
 
+inline wchar_t folded(wchar_t character) {
+  if (static_cast<std::uint32_t>(character) >= 0x80) return folded_by_table(character);
+  return character >= L'A' && character <= L'Z' ? character + 32 : character;
+}
+
+}  // namespace
+
+wchar_t ap_fold(wchar_t character) {
+  return folded(character);
+}
+
 std::wstring ap_fold(std::wstring_view text) {
-  std::wstring folded(text);
-  for (wchar_t& character : folded) character = ap_fold(character);
-  return folded;
+  std::wstring result(text);
+  for (wchar_t& character : result) character = folded(character);
+  return result;
+}
+
+std::size_t ap_hash_folded(std::wstring_view text) {
+  // FNV-1a over whole characters, with a last mix because tables look at the low bits alone.
+  std::uint64_t hash = 0xCBF29CE484222325u;
+  for (wchar_t character : text) hash = (hash ^ static_cast<std::uint32_t>(folded(character))) * 0x100000001B3u;
+  return static_cast<std::size_t>(hash ^ hash >> 32);
 }
 
 bool ap_equal_folded(std::wstring_view left, std::wstring_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](wchar_t a, wchar_t b) { return a == b || ap_fold(a) == ap_fold(b); });
+                    [](wchar_t a, wchar_t b) { return a == b || folded(a) == folded(b); });
 }

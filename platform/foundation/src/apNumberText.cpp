@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <system_error>
@@ -20,6 +21,51 @@ std::string_view between_blanks(std::string_view text) {
   while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
   while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
   return text;
+}
+
+// The numbers that make up nearly all of a file: few enough digits and a small power of ten, so that one multiplication
+// or division of two exact doubles gives the nearest double. False for all others, which take the long way.
+bool take_short_number(const char* at, const char* end, const char*& stop, double& value) {
+  constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                               1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  constexpr std::ptrdiff_t most_digits = 18;
+  std::uint64_t digits = 0;
+  auto take_digits = [&] {
+    const char* const first = at;
+    for (; at != end && is_digit(*at); ++at) digits = digits * 10 + static_cast<unsigned char>(*at - '0');
+    return at - first;
+  };
+
+  const bool negative = at != end && *at == '-';
+  if (negative) ++at;
+  std::ptrdiff_t count = take_digits();
+  std::ptrdiff_t exponent = 0;
+  if (at != end && *at == '.') {
+    ++at;
+    const std::ptrdiff_t behind_point = take_digits();
+    count += behind_point;
+    exponent = -behind_point;
+  }
+  if (count == 0 || count > most_digits || digits > std::uint64_t{1} << 53) return false;
+  // A marked exponent of one or two digits; whatever else stands there is for the long way.
+  if (at != end && (*at | 0x20) == 'd') return false;
+  if (at != end && (*at | 0x20) == 'e') {
+    const char* mark = at + 1;
+    const bool small = mark != end && *mark == '-';
+    if (mark != end && (*mark == '-' || *mark == '+')) ++mark;
+    if (mark == end || !is_digit(*mark)) return false;
+    std::ptrdiff_t marked = *mark++ - '0';
+    if (mark != end && is_digit(*mark)) marked = marked * 10 + (*mark++ - '0');
+    if (mark != end && is_digit(*mark)) return false;
+    exponent += small ? -marked : marked;
+    at = mark;
+  }
+  if (exponent < -22 || exponent > 22) return false;
+  const auto size = static_cast<double>(digits);
+  const double number = exponent < 0 ? size / powers[-exponent] : size * powers[exponent];
+  value = negative ? -number : number;
+  stop = at;
+  return true;
 }
 
 // What a number beyond the range of doubles comes to: infinity or zero, by the place of its first digit that counts and
@@ -67,6 +113,11 @@ bool ap_take_double(std::string_view& text, double& value) {
   if (start != end && *start == '+') {
     ++start;
     if (start != end && *start == '-') return false;
+  }
+  const char* short_end = nullptr;
+  if (take_short_number(start, end, short_end, value)) {
+    text = {short_end, static_cast<std::size_t>(end - short_end)};
+    return true;
   }
   double number;
   const auto [stop, error] = std::from_chars(start, end, number);

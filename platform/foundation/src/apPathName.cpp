@@ -1,31 +1,43 @@
 #include "apPathName.h"
 
-#include <algorithm>
-
 namespace {
 
-constexpr std::wstring_view separators = L"/\\";
+bool is_separator(wchar_t character) {
+  return character == L'/' || character == L'\\';
+}
+
+// Where the last component begins: behind the last separator, or at the start.
+std::size_t start_of_last_component(std::wstring_view path) {
+  std::size_t start = path.size();
+  while (start > 0 && !is_separator(path[start - 1])) --start;
+  return start;
+}
 
 apString join(std::wstring_view left, std::wstring_view right) {
-  const std::size_t left_end = left.find_last_not_of(separators);
-  left = left.substr(0, left_end == left.npos ? 0 : left_end + 1);
-  right.remove_prefix(std::min(right.find_first_not_of(separators), right.size()));
-  std::wstring path(left);
+  while (!left.empty() && is_separator(left.back())) left.remove_suffix(1);
+  while (!right.empty() && is_separator(right.front())) right.remove_prefix(1);
+  std::wstring path;
+  path.reserve(left.size() + 1 + right.size());
+  path += left;
   path += L'/';
-  return path += right;
+  path += right;
+  return path;
 }
 
 }  // namespace
 
 apPathName apPathName::dirname() const {
-  const std::size_t separator = path_.view().find_last_of(separators);
-  if (separator == apString::npos) return {};
-  return apPathName(path_.substr(0, separator == 0 ? 1 : separator));
+  const std::size_t start = start_of_last_component(path_.view());
+  if (start == 0) return {};
+  return apPathName(path_.substr(0, start == 1 ? 1 : start - 1));
+}
+
+std::wstring_view apPathName::last_component() const {
+  return path_.view().substr(start_of_last_component(path_.view()));
 }
 
 apFileName apPathName::basename() const {
-  const std::size_t separator = path_.view().find_last_of(separators);
-  return apFileName(path_.substr(separator == apString::npos ? 0 : separator + 1));
+  return apFileName(apString(std::wstring(last_component())));
 }
 
 apPathName apPathName::combine(const apPathName& relative) const {
@@ -35,5 +47,7 @@ apPathName apPathName::combine(const apPathName& relative) const {
 }
 
 apPathName apPathName::adjoin(const apPathName& directory, const apFileName& name) {
-  return directory.combine(apPathName(name.string()));
+  if (name.empty()) return directory;
+  if (directory.invalid()) return apPathName(name.string());
+  return apPathName(join(directory.path_.view(), name.string().view()));
 }
