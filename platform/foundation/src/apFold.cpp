@@ -48,7 +48,7 @@ constexpr FoldRange fold_ranges[] = {
     {0xFF21, 0xFF3A, 1, 32},  {0x10400, 0x10427, 1, 40}};
 
 wchar_t folded_by_table(wchar_t character) {
-  const auto code = static_cast<std::uint32_t>(character);
+  const std::uint32_t code = static_cast<char32_t>(character);
   const auto* range = std::lower_bound(std::begin(fold_ranges), std::end(fold_ranges), code,
                                        [](const FoldRange& r, std::uint32_t c) { return r.last < c; });
   if (range == std::end(fold_ranges) || code < range->first || (code - range->first) % range->step != 0) {

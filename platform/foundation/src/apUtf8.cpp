@@ -103,7 +103,7 @@ bool ap_encode_utf8(std::wstring_view text, std::string& bytes) {
     text.remove_prefix(plain);
 
     while (!text.empty() && static_cast<std::uint32_t>(text.front()) >= 0x80) {
-      const auto code = static_cast<std::uint32_t>(text.front());
+      const std::uint32_t code = static_cast<char32_t>(text.front());
       const bool escaped = code >= escape_base + 0x80 && code <= escape_base + 0xFF;
       const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
       if (code > 0x10FFFF || (surrogate && !escaped)) return false;

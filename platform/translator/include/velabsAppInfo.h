@@ -10,7 +10,7 @@
 class VELPLATFORM_API velabsAppInfo {
  public:
   // The encoding is "UTF-8", "ISO-8859-1" or "ASCII"; anything else gives the default.
-  velabsAppInfo(utString product, utString version, utString application, utString user, utString encoding);
+  velabsAppInfo(utString product, utString version, utString application, utString user, const utString& encoding);
 
   const utString& product() const { return product_; }
   const utString& version() const { return version_; }

@@ -19,6 +19,8 @@ class VELPLATFORM_API velabsLibInput : public velabsLibBase {
 
 using velabsReadWrapper = velabsLibInput* (*)(const velabsAppInfo*);
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a type takes none.
+
 // Exports the entry points of an input library.
 #define VELABS_INPUT_LIBRARY(type)                                                                              \
   extern "C" __attribute__((visibility("default"))) int velabs_interface_number() {                             \
@@ -27,3 +29,5 @@ using velabsReadWrapper = velabsLibInput* (*)(const velabsAppInfo*);
   extern "C" __attribute__((visibility("default"))) velabsLibInput* velabs_read_wrapper(const velabsAppInfo*) { \
     return new type;                                                                                            \
   }
+
+// NOLINTEND(bugprone-macro-parentheses)

@@ -19,6 +19,8 @@ class VELPLATFORM_API velabsLibOutput : public velabsLibBase {
 
 using velabsWriteWrapper = velabsLibOutput* (*)(velabsOfStream*, const velabsAppInfo*);
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a type takes none.
+
 // Exports the entry points of an output library; `type` is made from the stream.
 #define VELABS_OUTPUT_LIBRARY(type)                                                                               \
   extern "C" __attribute__((visibility("default"))) int velabs_interface_number() {                               \
@@ -28,3 +30,5 @@ using velabsWriteWrapper = velabsLibOutput* (*)(velabsOfStream*, const velabsApp
                                                                                           const velabsAppInfo*) { \
     return new type(stream);                                                                                      \
   }
+
+// NOLINTEND(bugprone-macro-parentheses)

@@ -6,7 +6,8 @@
 
 #include "apStringEncodingChooser.h"
 
-velabsAppInfo::velabsAppInfo(utString product, utString version, utString application, utString user, utString encoding)
+velabsAppInfo::velabsAppInfo(utString product, utString version, utString application, utString user,
+                             const utString& encoding)
     : product_(std::move(product)),
       version_(std::move(version)),
       application_(std::move(application)),

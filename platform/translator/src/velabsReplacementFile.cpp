@@ -49,7 +49,9 @@ std::string behind_links(std::string path) {
     const ssize_t length = readlink(path.c_str(), to, sizeof to);
     if (length <= 0 || length == static_cast<ssize_t>(sizeof to)) break;
     const std::string next(to, static_cast<std::size_t>(length));
-    path = next.front() == '/' ? next : path.substr(0, path.rfind('/') + 1) + next;
+    if (next.front() == '/') path.clear();
+    path.resize(path.rfind('/') + 1);
+    path += next;
   }
   return path;
 }
