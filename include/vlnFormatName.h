@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <utility>
 
 #include "apIStringCompare.h"
 #include "apIStringEncoding.h"
@@ -15,8 +16,8 @@ class VLN_API vlnFormatName {
  public:
   // A placeholder until a whole name is assigned: `invalid`, equal to nothing by `case_compare`, null as text.
   vlnFormatName() = default;
-  vlnFormatName(const apString& name, const apIStringEncoding* encoding, const apIStringCompare* compare)
-      : name_(name), encoding_(encoding), compare_(compare) {}
+  vlnFormatName(apString name, const apIStringEncoding* encoding, const apIStringCompare* compare)
+      : name_(std::move(name)), encoding_(encoding), compare_(compare) {}
 
   bool invalid() const { return name_.invalid(); }
   const apString& string() const { return name_; }
@@ -36,5 +37,6 @@ class VLN_API vlnFormatName {
 
 template <>
 struct std::hash<vlnFormatName> {
-  std::size_t operator()(const vlnFormatName& name) const noexcept { return co_hash(name.string()); }
+  // Not noexcept, so that the standard containers keep the hash and do not work it out again at every step.
+  std::size_t operator()(const vlnFormatName& name) const { return co_hash(name.string()); }
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <fstream>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -72,9 +72,11 @@ class VLN_API vlnTranslatorCacheReader {
   const apIStringEncoding* encoding_;
   const apIStringCompare* compare_;
   const apIStringEncoding* file_name_encoding_;
-  std::ifstream stream_;
+  apString library_extension_;
+  std::string text_;  // the whole file
+  std::size_t position_ = 0;
   std::string pending_;  // the lines of the record that is being read
+  bool readable_ = false;
   bool line_too_long_ = false;
-  bool any_text_ = false;
   bool any_record_ = false;
 };

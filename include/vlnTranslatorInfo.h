@@ -1,5 +1,6 @@
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "apFileName.h"
@@ -78,14 +79,14 @@ class VLN_API vlnTranslatorInfo {
   const apIStringEncoding* encoding() const { return encoding_; }
 
   // Appends; nothing is checked for duplicates.
-  void add_extension(const apString& extension) { extensions_.push_back(extension); }
+  void add_extension(apString extension) { extensions_.push_back(std::move(extension)); }
   void add_file_type(vluFileType type) { file_types_.append(static_cast<int>(type)); }
   void clear_extensions() { extensions_.clear(); }
   void clear_file_types() { file_types_.clear(); }
 
-  void set_file(const apPathName& file) { file_ = file; }
-  void set_filter(const utString& filter) { filter_ = filter; }
-  void set_format_name(const vlnFormatName& name) { format_name_ = name; }
+  void set_file(apPathName file) { file_ = std::move(file); }
+  void set_filter(utString filter) { filter_ = std::move(filter); }
+  void set_format_name(vlnFormatName name) { format_name_ = std::move(name); }
   void set_from_cache(int from_cache) { from_cache_ = from_cache; }
   void set_type(vlnTranslatorType type) { type_ = type; }
   // Shares the category. A null one is taken as the neutral category without a name.

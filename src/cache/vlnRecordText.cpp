@@ -5,23 +5,28 @@
 namespace {
 
 std::string_view without_separators(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" ,");
-  return first == text.npos ? std::string_view() : text.substr(first);
+  while (!text.empty() && (text.front() == ' ' || text.front() == ',')) text.remove_prefix(1);
+  return text;
 }
 
 }  // namespace
 
 bool vlnBraceScanner::scan(std::string_view text) {
-  for (; position_ < text.size() && !stray_; ++position_) {
-    if (text[position_] == '{') {
-      if (++depth_ == 1) begin_ = position_ + 1;
-    } else if (text[position_] == '}') {
-      if (depth_ == 0) {
-        stray_ = true;
-      } else if (--depth_ == 0) {
-        end_ = position_;
-        return true;
-      }
+  // Braces are few, so searching for each kind beats looking at every character.
+  std::size_t open = text.find('{', position_);
+  std::size_t close = text.find('}', position_);
+  position_ = text.size();
+  while (!stray_ && (open != text.npos || close != text.npos)) {
+    if (open < close) {
+      if (++depth_ == 1) begin_ = open + 1;
+      open = text.find('{', open + 1);
+    } else if (depth_ == 0) {
+      stray_ = true;
+    } else if (--depth_ == 0) {
+      end_ = close;
+      return true;
+    } else {
+      close = text.find('}', close + 1);
     }
   }
   return false;

@@ -1,7 +1,9 @@
 #include "vlnTranslatorCacheReader.h"
 
-#include <array>
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 #include "apStringEncodingChooser.h"
@@ -13,15 +15,22 @@
 
 namespace {
 
-bool is_regular_file(const utString& path) {
-  std::error_code unreadable;
-  return std::filesystem::is_regular_file(path.str(), unreadable);
+bool read_whole_file(const utString& path, std::string& text) {
+  // Opening a pipe would block.
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(path.str(), unknown)) return false;
+  std::ifstream stream(path.str(), std::ios::binary);
+  const std::uintmax_t size = std::filesystem::file_size(path.str(), unknown);
+  if (!stream.is_open() || unknown) return false;
+  text.resize(size);
+  stream.read(text.data(), static_cast<std::streamsize>(size));
+  text.resize(static_cast<std::size_t>(stream.gcount()));
+  return !stream.bad();
 }
 
 // The same library may have gained or lost the prefix "lib" since the record was written.
-apFileName other_form(const apFileName& name) {
-  const apString& text = name.string();
-  return apFileName(text.begins_with(L"lib") ? text.substr(3) : apString(L"lib") + text);
+std::wstring other_form(const std::wstring& name) {
+  return name.starts_with(L"lib") ? name.substr(3) : L"lib" + name;
 }
 
 bool direction_from_text(std::string_view text, vlnTranslatorType& type) {
@@ -60,11 +69,10 @@ vlnTranslatorCacheReader::vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vl
       factory_(factory),
       encoding_(encoding),
       compare_(compare),
-      file_name_encoding_(app_info ? app_info->ut_encoding() : encoding) {
+      file_name_encoding_(app_info ? app_info->ut_encoding() : encoding),
+      library_extension_(vln_shared_library_extension()) {
   const utString path = apStringEncodingChooser().ut_encoding()->to_utString(cache_file.string());
-  // Opening a pipe would block.
-  if (is_regular_file(path)) stream_.open(path.str(), std::ios::binary);
-  if (!stream_.is_open()) stream_.setstate(std::ios::failbit);
+  readable_ = read_whole_file(path, text_);
   result = read_cache_file();
 }
 
@@ -83,8 +91,7 @@ int vlnTranslatorCacheReader::read_cache_file() {
 }
 
 bool vlnTranslatorCacheReader::intact() const {
-  if (!stream_.is_open() || line_too_long_ || stream_.bad()) return false;
-  return any_record_ || !any_text_;
+  return readable_ && !line_too_long_ && (any_record_ || text_.empty());
 }
 
 int vlnTranslatorCacheReader::read_next_dll(std::unique_ptr<vlnSecureTranslatorInfo>& info) {
@@ -101,19 +108,14 @@ int vlnTranslatorCacheReader::read_next_dll(std::unique_ptr<vlnSecureTranslatorI
 }
 
 bool vlnTranslatorCacheReader::append_line() {
-  constexpr std::streamsize longest_line = 1023;
-  std::array<char, longest_line + 1> line;
-  if (!stream_.good()) return false;
-  stream_.getline(line.data(), line.size());
-  // The count holds the line feed, which only the last line of a file may lack.
-  const std::streamsize taken = stream_.gcount();
-  if (stream_.fail() && !stream_.eof()) line_too_long_ = true;
-  if (taken > 0) any_text_ = true;
-  if (stream_.fail()) return false;
-  std::string_view text(line.data(), static_cast<std::size_t>(stream_.eof() ? taken : taken - 1));
-  while (text.ends_with('\r')) text.remove_suffix(1);
-  pending_ += text;
-  return !text.empty();
+  constexpr std::size_t longest_line = 1023;
+  const std::string_view rest = std::string_view(text_).substr(position_);
+  std::string_view line = rest.substr(0, rest.find('\n'));
+  line_too_long_ = line.size() > longest_line;
+  position_ = line_too_long_ ? text_.size() : std::min(position_ + line.size() + 1, text_.size());
+  while (line.ends_with('\r')) line.remove_suffix(1);
+  pending_ += line;
+  return !line.empty() && !line_too_long_;
 }
 
 int vlnTranslatorCacheReader::make_info_from_string(const utString& record,
@@ -126,7 +128,7 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
   info.reset();
   std::string_view text;
   if (!vln_take_string(record, text)) return false;
-  const apPathName library = find_library(text);
+  apPathName library = find_library(text);
   if (library.invalid()) return false;
 
   vlnTranslatorType type{};
@@ -134,7 +136,8 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
 
   if (!vln_take_string(record, text)) return false;
   apStatus conversion;
-  const apString format = encoding_->to_apString(vln_viewer_name(utString(text)), conversion);
+  std::wstring format;
+  encoding_->decode(vln_viewer_name(text), format, conversion);
   if (!conversion.ok()) return false;
 
   auto made = factory_->create_info();
@@ -148,8 +151,8 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
   vln_take_int(record, further_number);
 
   fields.set_type(type);
-  fields.set_file(library);
-  fields.set_format_name(vlnFormatName(format, encoding_, compare_));
+  fields.set_file(std::move(library));
+  fields.set_format_name(vlnFormatName(std::move(format), encoding_, compare_));
   fields.set_filter(utString(filter));
   fields.set_from_cache(1);
   fields.set_translator_category(velabsTranslatorCategory::find(utString(category)));
@@ -160,11 +163,13 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
 
 apPathName vlnTranslatorCacheReader::find_library(std::string_view recorded) const {
   apStatus conversion;
-  const apString text = file_name_encoding_->to_apString(utString(recorded), conversion);
+  std::wstring text;
+  file_name_encoding_->decode(recorded, text, conversion);
   if (!conversion.ok()) return {};
-  const apFileName name = apFileName(text).add_extension(vln_shared_library_extension());
-  const apPathName found = libraries_->find(name);
-  return found.invalid() ? libraries_->find(other_form(name)) : found;
+  apFileName name(std::move(text));
+  if (!(apFileName(name.extension()) == apFileName(library_extension_))) name = name.add_extension(library_extension_);
+  apPathName found = libraries_->find(name.string().view());
+  return found.invalid() ? libraries_->find(other_form(name.string().text())) : found;
 }
 
 bool vlnTranslatorCacheReader::take_file_types(std::string_view& record, vlnTranslatorInfo& info) const {
@@ -180,7 +185,9 @@ bool vlnTranslatorCacheReader::take_file_types(std::string_view& record, vlnTran
 bool vlnTranslatorCacheReader::take_extensions(std::string_view& record, vlnTranslatorInfo& info) const {
   apStatus conversion;
   const bool taken = vln_take_list(record, [&](std::string_view extension) {
-    info.add_extension(encoding_->to_apString(utString(extension), conversion));
+    std::wstring text;
+    encoding_->decode(extension, text, conversion);
+    info.add_extension(std::move(text));
   });
   return taken && conversion.ok();
 }

@@ -1,20 +1,10 @@
 #include "vlnLibraryIndex.h"
 
-#include <string_view>
+#include <bit>
 
 #include "apFileFinderEx.h"
 #include "apStringCompareInsensitive.h"
 #include "vln_shared_library_extension.h"
-
-namespace {
-
-std::wstring_view directory_of(const apPathName& path) {
-  const std::wstring_view text = path.string().view();
-  const std::size_t separator = text.find_last_of(L"/\\");
-  return separator == text.npos ? std::wstring_view() : text.substr(0, separator);
-}
-
-}  // namespace
 
 vlnLibraryIndex vlnLibraryIndex::of_libraries(const vlnTranslatorSearchPath& search_path) {
   vlnLibraryIndex index;
@@ -36,21 +26,36 @@ vlnLibraryIndex vlnLibraryIndex::of_entries(const vlnSearchPath& search_path) {
 }
 
 void vlnLibraryIndex::add_names() {
-  places_.reserve(files_.size());
-  std::size_t directory = 0;
-  for (std::size_t i = 0; i < files_.size(); ++i) {
-    if (i > 0 && directory_of(files_[i]) != directory_of(files_[i - 1])) ++directory;
-    places_[ap_fold(files_[i].basename().string().view())].push_back({directory, i});
+  names_.reserve(files_.size());
+  for (const apPathName& file : files_) names_.push_back(file.last_component());
+  slots_.assign(std::bit_ceil(2 * files_.size() + 1), none);
+  next_.assign(files_.size(), none);
+  // From the back, so that the first file of a name comes to stand at the front of its chain.
+  for (std::size_t i = files_.size(); i-- > 0;) {
+    Position& slot = slots_[slot_of(names_[i])];
+    next_[i] = slot;
+    slot = static_cast<Position>(i);
   }
 }
 
-apPathName vlnLibraryIndex::find(const apFileName& name) const {
-  auto entry = places_.find(ap_fold(name.string().view()));
-  if (entry == places_.end()) return {};
-  const std::vector<Place>& places = entry->second;
-  for (const Place& place : places) {
-    if (place.directory != places.front().directory) break;
-    if (files_[place.file].basename().string() == name.string()) return files_[place.file];
+std::size_t vlnLibraryIndex::slot_of(std::wstring_view name) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t slot = ap_hash_folded(name) & mask;
+  while (slots_[slot] != none && !ap_equal_folded(names_[slots_[slot]], name)) slot = (slot + 1) & mask;
+  return slot;
+}
+
+std::wstring_view vlnLibraryIndex::directory_of(Position file) const {
+  const std::wstring_view path = files_[file].string().view();
+  return path.substr(0, path.size() - names_[file].size());
+}
+
+apPathName vlnLibraryIndex::find(std::wstring_view name) const {
+  const Position first = first_named(name);
+  if (first == none) return {};
+  // The first directory decides; within it the exact spelling comes first.
+  for (Position at = first; at != none && directory_of(at) == directory_of(first); at = next_[at]) {
+    if (names_[at] == name) return files_[at];
   }
-  return files_[places.front().file];
+  return files_[first];
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
-#include <unordered_map>
+#include <cstdint>
+#include <limits>
+#include <string_view>
 #include <vector>
 
-#include "apFileName.h"
 #include "apPathName.h"
 #include "vlnTranslatorSearchPath.h"
 
@@ -13,6 +13,9 @@
 // again. A snapshot.
 class vlnLibraryIndex {
  public:
+  vlnLibraryIndex(vlnLibraryIndex&&) = default;
+  vlnLibraryIndex& operator=(vlnLibraryIndex&&) = delete;
+
   // The shared libraries that the search path's lister finds.
   static vlnLibraryIndex of_libraries(const vlnTranslatorSearchPath& search_path);
 
@@ -24,18 +27,31 @@ class vlnLibraryIndex {
   bool directory_missing() const { return directory_missing_; }
 
   // What `vlnSearchPath::search` would find.
-  apPathName find(const apFileName& name) const;
+  apPathName find(std::wstring_view name) const;
+
+  // Calls `use(position)` with the position in `files` of each file that goes by `name`, case aside.
+  template <typename Use>
+  void for_each_named(std::wstring_view name, Use use) const {
+    for (Position at = first_named(name); at != none; at = next_[at]) use(at);
+  }
 
  private:
-  struct Place {
-    std::size_t directory;
-    std::size_t file;
-  };
+  vlnLibraryIndex() = default;
+
+  using Position = std::uint32_t;
+  static constexpr Position none = std::numeric_limits<Position>::max();
 
   void add_names();
+  std::size_t slot_of(std::wstring_view name) const;
+  std::wstring_view directory_of(Position file) const;
+  Position first_named(std::wstring_view name) const { return slots_.empty() ? none : slots_[slot_of(name)]; }
 
   std::vector<apPathName> files_;
+  std::vector<std::wstring_view> names_;  // the last components, within `files_`
   bool directory_missing_ = false;
-  // By folded name, the places in the order of the search path.
-  std::unordered_map<std::wstring, std::vector<Place>> places_;
+
+  // A flat hash table from folded names to the first file of that name; a power of two, at most half full. From each
+  // file on, the next one of its name.
+  std::vector<Position> slots_;
+  std::vector<Position> next_;
 };

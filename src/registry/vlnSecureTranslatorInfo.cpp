@@ -82,7 +82,8 @@ vlnTranslatorLoadStatus vlnSecureTranslatorInfo::take_description(const apPathNa
 
   const char* reported_name = object.format_name();
   apStatus conversion;
-  const apString name = encoding()->to_apString(vln_viewer_name(reported_name ? reported_name : ""), conversion);
+  const apString name =
+      encoding()->to_apString(utString(vln_viewer_name(reported_name ? reported_name : "")), conversion);
   if (!conversion.ok()) return vlnTranslatorLoadStatus(vlnLOAD_ENCODING_FAILED);
   set_format_name(vlnFormatName(name, encoding(), compare_));
 

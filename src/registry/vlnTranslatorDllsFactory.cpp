@@ -1,10 +1,8 @@
 #include "vlnTranslatorDllsFactory.h"
 
-#include <string>
-#include <unordered_set>
 #include <utility>
+#include <vector>
 
-#include "apStringCompareInsensitive.h"
 #include "vlnLibraryIndex.h"
 #include "vlnTranslatorCacheReader.h"
 
@@ -37,16 +35,18 @@ vlnTranslatorLoadStatus vlnTranslatorDllsFactory::create_translator_dlls(
 void vlnTranslatorDllsFactory::get_translators_not_in_cache(const vlnLibraryIndex& libraries, vlnTranslatorDlls& inputs,
                                                             vlnTranslatorDlls& outputs,
                                                             vlnTranslatorLoadStatus& status) const {
-  std::unordered_set<std::wstring> known;
+  std::vector<bool> known(libraries.files().size());
   for (const vlnTranslatorDlls* set : {&inputs, &outputs}) {
-    for (const auto& [format, library] : set->libraries_) known.insert(ap_fold(library.basename().string().view()));
+    for (const auto& [format, library] : set->libraries_) {
+      libraries.for_each_named(library.last_component(), [&](std::size_t file) { known[file] = true; });
+    }
   }
   if (libraries.directory_missing()) status.merge_status(vlnTranslatorLoadStatus(vlnLOAD_DIRECTORY_MISSING));
 
-  for (const apPathName& candidate : libraries.files()) {
-    if (known.contains(ap_fold(candidate.basename().string().view()))) continue;
+  for (std::size_t i = 0; i < known.size(); ++i) {
+    if (known[i]) continue;
     vlnTranslatorLoadStatus described(vlnLOAD_OK);
-    auto info = descriptions_->make_info_from_dll(candidate, described);
+    auto info = descriptions_->make_info_from_dll(libraries.files()[i], described);
     status.merge_status(described);
     if (!info) continue;
     vlnTranslatorDlls& set = info->type() == vlnTRANSLATOR_INPUT ? inputs : outputs;

@@ -35,13 +35,16 @@ utString vlnTranslatorInfo::file_name_ut() const {
 }
 
 apString vlnTranslatorInfo::tag() const {
-  const apString name = file_name().without_extension();
-  return name.begins_with(L"lib") ? name.substr(3) : name;
+  std::wstring_view name = file_.last_component();
+  name = name.substr(0, name.rfind(L'.'));
+  if (name.starts_with(L"lib")) name.remove_prefix(3);
+  return std::wstring(name);
 }
 
 vlnUntranslatedFilterElement vlnTranslatorInfo::filter() const {
-  const velabsTranslatorCategorycoPrf category = category_ ? category_ : velabsTranslatorCategory::find("");
-  return {filter_, encoding_->to_utString(tag()), *category};
+  utString short_name = encoding_->to_utString(tag());
+  if (!category_) return {filter_, std::move(short_name), *velabsTranslatorCategory::find("")};
+  return {filter_, std::move(short_name), *category_};
 }
 
 apPathName vlnTranslatorInfo::change_extension(const apPathName& path) const {
@@ -61,11 +64,15 @@ int vlnTranslatorInfo::is_compatible(vluFileType file_type, const utString& exte
 }
 
 int vlnTranslatorInfo::is_viewer() const {
-  return apStringCompareInsensitive(encoding_).equal(format_name_.string(), L"Viewer") ? 1 : 0;
+  return ap_equal_folded(format_name_.string().view(), L"Viewer") ? 1 : 0;
 }
 
 apFileName vlnTranslatorInfo::resource_file_name() const {
-  std::wstring name = format_name_.string().text();
-  std::erase_if(name, [](wchar_t c) { return c == L'/' || c == L' '; });
-  return apFileName(name + L".rsc");
+  constexpr std::wstring_view extension = L".rsc";
+  std::wstring name;
+  name.reserve(format_name_.string().length() + extension.size());
+  for (wchar_t c : format_name_.string().view()) {
+    if (c != L'/' && c != L' ') name += c;
+  }
+  return apFileName(name += extension);
 }

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <string_view>
+
 #include "utString.h"
 
 // Every format name that begins with "viewer", in any case, stands for the one viewer and becomes exactly "Viewer".
-inline utString vln_viewer_name(const utString& name) {
-  const bool is_viewer = name.length() >= 6 && name.substr(0, 6).case_compare("viewer");
-  return is_viewer ? utString("Viewer") : name;
+inline std::string_view vln_viewer_name(std::string_view name) {
+  constexpr std::string_view viewer = "Viewer";
+  const bool is_viewer =
+      name.size() >= viewer.size() && utString(name.substr(0, viewer.size())).case_compare(utString(viewer));
+  return is_viewer ? viewer : name;
 }

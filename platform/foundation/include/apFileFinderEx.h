@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,9 +28,11 @@ class VELPLATFORM_API apFileFinderEx {
   struct Entry {
     std::size_t begin;  // of the name in `names_`
     std::size_t length;
+    std::uint64_t key;
     bool directory;
   };
 
+  void sort();
   std::string_view name_of(const Entry& entry) const {
     return std::string_view(names_).substr(entry.begin, entry.length);
   }

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -24,6 +25,19 @@ bool is_directory_entry(DIR* directory, const dirent& entry) {
   return fstatat(dirfd(directory), entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
 }
 
+std::size_t common_length(std::string_view a, std::string_view b) {
+  return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
+}
+
+// The first eight bytes as a number that sorts as they do.
+std::uint64_t leading_bytes(std::string_view text) {
+  std::uint64_t number = 0;
+  for (std::size_t i = 0; i < sizeof number; ++i) {
+    number = number << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0);
+  }
+  return number;
+}
+
 }  // namespace
 
 apFileFinderEx::apFileFinderEx(const apPath& path) {
@@ -36,11 +50,23 @@ apFileFinderEx::apFileFinderEx(const apPath& path) {
   while (const dirent* entry = readdir(directory.get())) {
     const std::string_view entry_name = entry->d_name;
     if (entry_name == "." || entry_name == "..") continue;
-    entries_.push_back({names_.size(), entry_name.size(), is_directory_entry(directory.get(), *entry)});
+    entries_.push_back({names_.size(), entry_name.size(), 0, is_directory_entry(directory.get(), *entry)});
     names_ += entry_name;
   }
-  std::sort(entries_.begin(), entries_.end(),
-            [this](const Entry& a, const Entry& b) { return name_of(a) < name_of(b); });
+  sort();
+}
+
+void apFileFinderEx::sort() {
+  if (entries_.empty()) return;
+  // The names of a directory often begin alike. Behind what they share, the next bytes as one number settle nearly
+  // every comparison.
+  const std::string_view first = name_of(entries_.front());
+  std::size_t shared = first.size();
+  for (const Entry& entry : entries_) shared = common_length(first.substr(0, shared), name_of(entry));
+  for (Entry& entry : entries_) entry.key = leading_bytes(name_of(entry).substr(shared));
+  std::sort(entries_.begin(), entries_.end(), [this](const Entry& a, const Entry& b) {
+    return a.key != b.key ? a.key < b.key : name_of(a) < name_of(b);
+  });
 }
 
 int apFileFinderEx::operator++() {
