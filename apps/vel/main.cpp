@@ -1,0 +1,35 @@
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <new>
+
+#include "velCommandLine.h"
+
+namespace {
+
+int run(int count, char** words) {
+  velConsole console;
+  velExitCode code = velEXIT_DONE;
+  try {
+    const velCommand command = vel_parse_command_line(count, words, console, code);
+    if (command) code = command(console);
+  } catch (const std::bad_alloc&) {
+    console.error("there is not enough memory for this. Nothing was written.");
+    code = velEXIT_FAILED;
+  } catch (const std::exception& error) {
+    console.error(std::string("this should not have happened: ") + error.what() + ". Please report it.");
+    code = velEXIT_FAILED;
+  }
+  if (!console.finish() && code == velEXIT_DONE) code = velEXIT_FAILED;
+  return code;
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  // Asked for alone it needs nothing of what follows.
+  if (count == 2 && std::strcmp(words[1], "--version") == 0) {
+    return std::puts("vel " VEL_VERSION) < 0 || std::fflush(stdout) != 0 ? velEXIT_FAILED : velEXIT_DONE;
+  }
+  return run(count, words);
+}

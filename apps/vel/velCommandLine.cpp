@@ -1,0 +1,194 @@
+#include "velCommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include "velCacheCommand.h"
+#include "velDirsCommand.h"
+#include "velInfoCommand.h"
+#include "velListCommand.h"
+#include "velOptionsCommand.h"
+#include "velTranslateCommand.h"
+
+namespace {
+
+constexpr char json_help[] = "Print one JSON object";
+
+// "KEY=VALUE" taken apart; the value may be empty and may hold further equals signs.
+vlnTranslator::Resources options_from(const char* side, const std::vector<std::string>& texts) {
+  vlnTranslator::Resources options;
+  for (const std::string& text : texts) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos || equals == 0) {
+      throw CLI::ValidationError(side, "\"" + text + "\" is not of the form KEY=VALUE");
+    }
+    options.emplace_back(text.substr(0, equals), text.substr(equals + 1));
+  }
+  return options;
+}
+
+void refuse_standard_streams(const std::string& file) {
+  if (file == "-") throw CLI::ValidationError("-", "the standard streams are not supported; name a file");
+}
+
+void add_translate(CLI::App& program, velCommand& command) {
+  struct Words {
+    velTranslateRequest request;
+    std::vector<std::string> in, out;
+  };
+  auto words = std::make_shared<Words>();
+  CLI::App* app = program.add_subcommand("translate", "Translate one or more files into one");
+  app->add_option("IN", words->request.inputs, "The files to read")->required()->type_name("");
+  app->add_option("-o,--output", words->request.output, "The file to write")->required()->type_name("OUT");
+  app->add_option("--to", words->request.format, "The format to write; without it the extension of OUT chooses")
+      ->type_name("FORMAT");
+  app->add_option("--in", words->in, "An option for reading; see `vel options`")
+      ->type_name("KEY=VALUE")
+      ->expected(1)
+      ->take_all()
+      ->allow_extra_args(false);
+  app->add_option("--out", words->out, "An option for writing")
+      ->type_name("KEY=VALUE")
+      ->expected(1)
+      ->take_all()
+      ->allow_extra_args(false);
+  app->add_flag("--quiet", words->request.quiet, "Say nothing but warnings and errors");
+  app->add_flag("--json", words->request.json, json_help);
+  app->callback([words, &command] {
+    velTranslateRequest& request = words->request;
+    for (const std::string& input : request.inputs) refuse_standard_streams(input);
+    refuse_standard_streams(request.output);
+    if (request.output.empty()) throw CLI::ValidationError("-o", "the name of the output is empty");
+    request.input_options = options_from("--in", words->in);
+    request.output_options = options_from("--out", words->out);
+    command = [words](velConsole& console) { return vel_translate(words->request, console); };
+  });
+}
+
+void add_info(CLI::App& program, velCommand& command) {
+  auto request = std::make_shared<velInfoRequest>();
+  CLI::App* app = program.add_subcommand("info", "Tell what a file holds");
+  app->add_option("FILE", request->file, "The file to read")->required()->type_name("");
+  app->add_flag("--json", request->json, json_help);
+  app->callback([request, &command] {
+    refuse_standard_streams(request->file);
+    command = [request](velConsole& console) { return vel_info(*request, console); };
+  });
+}
+
+void add_list(CLI::App& program, velCommand& command) {
+  auto request = std::make_shared<velListRequest>();
+  CLI::App* app = program.add_subcommand("list", "List the translators, and the libraries that failed");
+  app->add_flag("--json", request->json, json_help);
+  app->callback(
+      [request, &command] { command = [request](velConsole& console) { return vel_list(*request, console); }; });
+}
+
+void add_options(CLI::App& program, velCommand& command) {
+  auto request = std::make_shared<velOptionsRequest>();
+  CLI::App* app = program.add_subcommand("options", "List the options of a format");
+  app->add_option("FORMAT", request->format, "The format, as `vel list` names it")->required()->type_name("");
+  app->add_flag("--json", request->json, json_help);
+  app->callback(
+      [request, &command] { command = [request](velConsole& console) { return vel_options(*request, console); }; });
+}
+
+void add_cache(CLI::App& program, velCommand& command) {
+  CLI::App* app = program.add_subcommand("cache", "Work on the cache of translators");
+  app->require_subcommand(1);
+  const auto add = [&](const char* name, const char* help, velExitCode (*run)(velConsole&)) {
+    app->add_subcommand(name, help)->callback([run, &command] { command = run; });
+  };
+  add("refresh", "Write it anew", vel_cache_refresh);
+  add("show", "Tell where it is and what it holds", vel_cache_show);
+  add("clear", "Remove yours", vel_cache_clear);
+}
+
+void add_dirs(CLI::App& program, velCommand& command) {
+  auto request = std::make_shared<velDirsRequest>();
+  CLI::App* app = program.add_subcommand("dirs", "Tell where everything is");
+  app->add_flag("--json", request->json, json_help);
+  app->callback(
+      [request, &command] { command = [request](velConsole& console) { return vel_dirs(*request, console); }; });
+}
+
+// The words behind the program's name, last one first as the parser takes them. It would read a word in square brackets
+// as a list, so such a file goes by another of its names.
+std::vector<std::string> reversed_words(int count, char** words) {
+  std::vector<std::string> reversed;
+  for (int i = count - 1; i > 0; --i) {
+    const std::string word = words[i];
+    reversed.push_back(word.starts_with('[') && word.ends_with(']') ? "./" + word : word);
+  }
+  return reversed;
+}
+
+// What stands where a command should; empty when the commands are right.
+std::string complaint_about_commands(const CLI::App& program, const std::vector<std::string>& reversed) {
+  const auto any = [](const CLI::App*) { return true; };
+  const CLI::App* app = &program;
+  for (auto word = reversed.rbegin(); !app->get_subcommands(any).empty(); ++word) {
+    if (word == reversed.rend()) return "a command is missing";
+    const auto named = app->get_subcommands([&](const CLI::App* command) { return command->check_name(*word); });
+    if (named.empty()) return "there is no command \"" + *word + "\"";
+    app = named.front();
+  }
+  return "";
+}
+
+// The words that led to a command, "vel cache" for instance, and the command.
+struct Reached {
+  std::string name;  // without the command's own
+  const CLI::App* app;
+
+  std::string whole_name() const { return name.empty() ? app->get_name() : name + " " + app->get_name(); }
+};
+
+// The command that was named, as far as the words went: its help is the one that helps.
+Reached innermost(const CLI::App& program) {
+  Reached reached{"", &program};
+  for (auto chosen = program.get_subcommands(); !chosen.empty(); chosen = reached.app->get_subcommands()) {
+    reached = {reached.whole_name(), chosen.front()};
+  }
+  return reached;
+}
+
+}  // namespace
+
+velCommand vel_parse_command_line(int count, char** words, velConsole& console, velExitCode& exit_code) {
+  velCommand command;
+  CLI::App program("Translates CAD data from one format to another.", "vel");
+  program.require_subcommand(1);
+  program.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  program.get_formatter()->label("REQUIRED", "(required)");
+  program.set_help_flag("-h,--help", "Print this help");
+  program.set_version_flag("--version", "vel " VEL_VERSION, "Print the version");
+  add_translate(program, command);
+  add_info(program, command);
+  add_list(program, command);
+  add_options(program, command);
+  add_cache(program, command);
+  add_dirs(program, command);
+  for (CLI::App* group : {&program, program.get_subcommand("cache")}) {
+    for (CLI::App* app : group->get_subcommands(nullptr)) app->group("Commands");
+  }
+
+  exit_code = velEXIT_DONE;
+  try {
+    std::vector<std::string> reversed = reversed_words(count, words);
+    program.parse(reversed);
+  } catch (const CLI::CallForHelp&) {
+    const Reached reached = innermost(program);
+    console.print(reached.app->help(reached.name));
+    return nullptr;
+  } catch (const CLI::CallForVersion& version) {
+    console.print(std::string(version.what()) + "\n");
+    return nullptr;
+  } catch (const CLI::ParseError& error) {
+    const std::string complaint = complaint_about_commands(program, reversed_words(count, words));
+    console.error((complaint.empty() ? error.what() : complaint) + ". Try `" + innermost(program).whole_name() +
+                  " --help`.");
+    exit_code = velEXIT_USAGE;
+    return nullptr;
+  }
+  return command;
+}

@@ -1,0 +1,74 @@
+#include "velDriver.h"
+
+#include "v2vVel2vel.h"
+#include "velInterrupt.h"
+#include "velLoader.h"
+#include "velText.h"
+#include "velValidator.h"
+#include "vlnTranslatorDllsIT.h"
+
+velDriver::velDriver(velInstallation& installation, velConsole& console)
+    : installation_(installation),
+      console_(console),
+      output_(console),
+      discovery_(installation),
+      libraries_(apILibraryLoaderOperations::system()),
+      document_(std::make_shared<annDocument>()) {}
+
+velDriver::~velDriver() = default;
+
+void velDriver::set_up_application() {
+  vel_catch_interrupts();
+}
+
+std::unique_ptr<vlnDLLLoader> velDriver::create_dll_loader() {
+  return std::make_unique<velLoader>(installation_.directories());
+}
+
+void velDriver::load_silently() {
+  initialise(document_, std::make_shared<velValidator>(), apILibraryLoaderOperations::system(),
+             apISynchOperations::system());
+}
+
+void velDriver::load() {
+  load_silently();
+  if (is_cache_damaged()) warn_of_damaged_cache();
+  if (inputs().count() + outputs().count() > 0) return;
+  const std::size_t failed = discovery_.failures(inputs(), outputs()).size();
+  const std::string found = failed == 0 ? "no translator libraries"
+                                        : "no usable translator among " + vel_counted(failed, "library", "libraries");
+  console_.warning(discovery_.library_directory() + ": there is " + found + "; `vel list` says more.");
+}
+
+void velDriver::warn_of_damaged_cache() const {
+  console_.warning(installation_.cache_file() +
+                   ": this cache of translators is damaged, so every library that it does not name was opened. Run "
+                   "`vel cache refresh` to mend it.");
+}
+
+bool velDriver::is_any_opened() const {
+  for (const vlnTranslatorDlls* set : {&inputs(), &outputs()}) {
+    vlnTranslatorDllsIT translators(*set);
+    while (++translators) {
+      if (!translators()->from_cache()) return true;
+    }
+  }
+  return inputs().count() + outputs().count() == 0;
+}
+
+bool velDriver::is_cache_damaged() const {
+  // A cache that spared every library its opening needs no second look.
+  if (!is_any_opened()) return false;
+  const std::string cache_file = installation_.cache_file();
+  if (cache_file.empty()) return false;
+  bool intact = true;
+  discovery_.read_cache(cache_file, intact);
+  return !intact;
+}
+
+bool velDriver::read(const utString& file) {
+  v2vTranslatorElementscoPageArr inputs;
+  inputs.append(input_elements(resolve_input_file(file)));
+  return v2vVel2vel().read(app_info(), *get_thread_comm(), libraries_, inputs, *document_, primary_output(),
+                           secondary_output()) != 0;
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "annDocument.h"
+#include "velConsole.h"
+#include "velConsoleOutput.h"
+#include "velDiscovery.h"
+#include "velInstallation.h"
+#include "vlnTranslator.h"
+
+// The program's translation driver. After `load` its two sets tell what can be read and written. What it is made from
+// must outlive it.
+class velDriver : public vlnTranslator {
+ public:
+  velDriver(velInstallation& installation, velConsole& console);
+  ~velDriver() override;
+
+  // Fills the sets. Warns of a damaged cache, and, when there is no translator at all, of libraries that failed.
+  void load();
+
+  // The same without a word.
+  void load_silently();
+
+  const vlnTranslatorDlls& inputs() const { return *get_input_dlls(); }
+  const vlnTranslatorDlls& outputs() const { return *get_output_dlls(); }
+  const velDiscovery& discovery() const { return discovery_; }
+
+  // True when there is a cache file and it is damaged.
+  bool is_cache_damaged() const;
+  void warn_of_damaged_cache() const;
+
+  // Reads one file into the document and writes nothing. False when it cannot be read.
+  bool read(const utString& file);
+
+  // The model of the last `run` or `read`.
+  const annDocument& document() const { return *document_; }
+
+  // The errors that translators and the engine told, for the caller to show.
+  std::vector<std::string> errors() const { return output_.errors(); }
+
+  using vlnTranslator::app_dirs;
+  using vlnTranslator::resource_path;
+
+  void set_up_application() override;
+  utObserverPtr<velabsAppInfo> app_info() override { return &installation_.app_info(); }
+  utObserverPtr<velabsOutput> primary_output() override { return &output_; }
+  utObserverPtr<velabsOutput> secondary_output() override { return nullptr; }
+  std::unique_ptr<vlnDLLLoader> create_dll_loader() override;
+  // A file is named as its user named it.
+  utString resolve_input_file(const utString& name) override { return name; }
+
+ private:
+  bool is_any_opened() const;
+
+  velInstallation& installation_;
+  velConsole& console_;
+  velConsoleOutput output_;
+  velDiscovery discovery_;
+  v2vTranslatorLoader libraries_;
+  std::shared_ptr<annDocument> document_;
+};

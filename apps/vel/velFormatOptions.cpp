@@ -1,0 +1,71 @@
+#include "velFormatOptions.h"
+
+#include "velResourceFile.h"
+#include "velText.h"
+#include "velValidator.h"
+#include "vlnResourceHandler.h"
+#include "vlnResourceTypes.h"
+
+namespace {
+
+std::string name_of(const vlnResourceType& type) {
+  if (dynamic_cast<const vlnResourceType_utBool*>(&type)) return "yes/no";
+  if (dynamic_cast<const vlnFiniteResourceType*>(&type)) return "one of";
+  if (dynamic_cast<const vlnResourceType_int*>(&type)) return "whole";
+  if (dynamic_cast<const vlnResourceType_double*>(&type)) return "real";
+  return "text";
+}
+
+}  // namespace
+
+velFormatOptions::velFormatOptions(velDriver& driver, const vlnTranslatorInfo& info)
+    : file_(driver.resource_path(&info).str()) {
+  velTableInstance table;
+  table.initialise(file_);
+  for (const utString& problem : table.problems()) problems_.push_back(problem.str());
+  add_keys_of(file_, table);
+
+  const utString name = driver.app_info()->ut_encoding()->to_utString(info.resource_file_name().string());
+  const utString installed = driver.app_dirs()->get_schema_dir(vlnSchemaResources).find_installation_file(name);
+  if (!installed.empty()) add_keys_of(installed, table);
+}
+
+void velFormatOptions::add_keys_of(const utString& path, const velTableInstance& table) {
+  apStatus missing;
+  const velResourceFile file = velResourceFile::read(path, missing);
+  for (const auto& entry : file.entries()) add(entry.key, entry.description, table);
+}
+
+void velFormatOptions::add(const utString& key, const utString& description, const velTableInstance& table) {
+  const vlnResourceType* type = vlnResourceType::look_up_type(key);
+  const coResourceBase* resource = table.find(key);
+  if (!type || !resource) return;
+  for (Option& known : options_) {
+    if (!known.key.case_compare(key)) continue;
+    if (known.description.empty()) known.description = description.str();
+    return;
+  }
+  utStringcoDList texts;
+  type->valid_strings(texts);
+  std::vector<std::string> allowed;
+  for (const utString& text : texts) allowed.push_back(text.str());
+  options_.push_back({key, name_of(*type), std::move(allowed), type->as_string(resource).str(), description.str()});
+}
+
+const velFormatOptions::Option* velFormatOptions::find(const utString& key) const {
+  for (const Option& option : options_) {
+    if (option.key.case_compare(key)) return &option;
+  }
+  return nullptr;
+}
+
+std::string velFormatOptions::refusal(const Option& option, const utString& value) {
+  velValidator validator;
+  const vlnResourceHandler handler(&validator, option.key);
+  velTableInstance table;
+  if (handler.validate(value) && table.add_resource(option.key, value)) return "";
+  if (option.type == "whole") return "a whole number is expected";
+  if (option.type == "real") return "a number is expected, with a decimal point";
+  if (option.type == "text") return "this text is not accepted";
+  return "allowed are " + vel_joined(option.allowed);
+}

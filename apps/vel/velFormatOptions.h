@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "velDriver.h"
+#include "vlnTranslatorInfo.h"
+
+// The options of one format: the keys of its resource file, with what each takes and the value that holds when nobody
+// gives another. Where the user has a file of their own, its values are the defaults, and the keys that only the
+// installation's file has keep theirs.
+class velFormatOptions {
+ public:
+  struct Option {
+    utString key;
+    std::string type;                  // "text", "real", "whole", "yes/no" or "one of"
+    std::vector<std::string> allowed;  // nothing for the first three types
+    std::string default_value;
+    std::string description;
+  };
+
+  velFormatOptions(velDriver& driver, const vlnTranslatorInfo& info);
+
+  const std::vector<Option>& options() const { return options_; }
+  // The file from which the defaults come; it need not exist.
+  const std::string& file() const { return file_; }
+  // What is wrong with that file: "FILE, line N: reason".
+  const std::vector<std::string>& problems() const { return problems_; }
+
+  // Null when the format has no such key; case plays no part.
+  const Option* find(const utString& key) const;
+
+  // Empty when the value is one that the option takes, else what it takes.
+  static std::string refusal(const Option& option, const utString& value);
+
+ private:
+  void add_keys_of(const utString& path, const velTableInstance& table);
+  void add(const utString& key, const utString& description, const velTableInstance& table);
+
+  std::string file_;
+  std::vector<Option> options_;
+  std::vector<std::string> problems_;
+};

@@ -1,0 +1,99 @@
+#include "velInfoCommand.h"
+
+#include "apNumberText.h"
+#include "velDriver.h"
+#include "velInputCheck.h"
+#include "velInterrupt.h"
+#include "velJson.h"
+#include "velText.h"
+#include "vluFileTypeFinder.h"
+#include "vluFileTypeInfo.h"
+
+namespace {
+
+struct Info {
+  std::string file;
+  std::string file_type;
+  std::string translator;
+  std::string library;  // full path
+  std::string library_name;
+  std::string unit;
+  annStatistics statistics;
+};
+
+std::string text_of(const annVector& point) {
+  std::string text;
+  for (const double coordinate : {point.x, point.y, point.z}) {
+    char number[ap_number_room];
+    if (!text.empty()) text += ' ';
+    text.append(number, ap_write_number(number, coordinate));
+  }
+  return text;
+}
+
+velJson json_of(const annVector& point) {
+  return {point.x, point.y, point.z};
+}
+
+void print_json(const Info& info, velConsole& console) {
+  const annStatistics& counts = info.statistics;
+  velJson box = nullptr;
+  if (counts.box) box = {{"min", json_of(counts.box->min)}, {"max", json_of(counts.box->max)}};
+  vel_print_json(console, {{"file", info.file},
+                           {"file_type", info.file_type},
+                           {"translator", info.translator},
+                           {"library", info.library},
+                           {"unit", info.unit},
+                           {"parts", counts.parts},
+                           {"faces", counts.faces},
+                           {"triangles", counts.triangles},
+                           {"vertices", counts.vertices},
+                           {"bounding_box", box}});
+}
+
+void print_table(const Info& info, velConsole& console) {
+  const annStatistics& counts = info.statistics;
+  console.print(vel_columns({{"file", info.file},
+                             {"file type", info.file_type},
+                             {"translator", info.translator + " (" + info.library_name + ")"},
+                             {"unit", info.unit},
+                             {"parts", std::to_string(counts.parts)},
+                             {"faces", std::to_string(counts.faces)},
+                             {"triangles", std::to_string(counts.triangles)},
+                             {"vertices", std::to_string(counts.vertices)},
+                             {"smallest x y z", counts.box ? text_of(counts.box->min) : "none"},
+                             {"largest x y z", counts.box ? text_of(counts.box->max) : "none"}}));
+}
+
+}  // namespace
+
+velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
+  if (const velExitCode code = vel_check_input_files({request.file}, console)) return code;
+  velInstallation installation(console);
+  if (!installation.found()) return velEXIT_FAILED;
+  velDriver driver(installation, console);
+  driver.load();
+  if (const velExitCode code = vel_check_input_translators({request.file}, driver, console)) return code;
+
+  const bool done = driver.read(request.file);
+  console.clear_progress();
+  if (!done && vel_interrupted()) {
+    console.error(request.file + ": cancelled.");
+    return velEXIT_FAILED;
+  }
+  if (!done) {
+    vel_tell_errors(driver.errors(), request.file, "The file is damaged.", console);
+    return velEXIT_BAD_INPUT;
+  }
+
+  const vlnTranslatorInfo* reader = driver.inputs().translator_for_file(request.file);
+  const Info info{request.file,
+                  vluFileTypeInfo::name(vluFileTypeFinder::find_file_type(request.file)).str(),
+                  reader->format_name().ut_string().str(),
+                  reader->file_ut().str(),
+                  reader->file_name_ut().str(),
+                  co_value_to_text(driver.document().unit).str(),
+                  ann_statistics(driver.document())};
+  request.json ? print_json(info, console) : print_table(info, console);
+  return velEXIT_DONE;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "velConsole.h"
+#include "velDriver.h"
+#include "velExitCode.h"
+
+// Looks at input files before any work begins. Each says what is wrong with every file that is wrong, what can be done
+// about it, and gives the exit code.
+
+// Missing, unreadable, empty, or no regular file at all. Never blocks.
+velExitCode vel_check_input_files(const std::vector<std::string>& files, velConsole& console);
+
+// Of a type that nothing reads, or read by a library that cannot be opened.
+velExitCode vel_check_input_translators(const std::vector<std::string>& files, const velDriver& driver,
+                                        velConsole& console);
+
+// The complaint about a translator whose library cannot be opened; empty when it can.
+std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info);

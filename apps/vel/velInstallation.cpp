@@ -1,0 +1,116 @@
+#include "velInstallation.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+#include "apEnvironmentVariables.h"
+#include "velText.h"
+
+namespace {
+
+// The longest directory, with its last separator, that the directory map takes.
+constexpr std::size_t longest_directory = 511;
+
+std::string variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+utString user_name() {
+  for (const char* name : {"LOGNAME", "USER"}) {
+    if (const std::string user = variable(name); !user.empty()) return user;
+  }
+  return std::to_string(geteuid());
+}
+
+// The directory of the running program, links resolved, with a separator at its end; empty, and errno, when the system
+// does not tell.
+std::string executable_directory() {
+  char path[PATH_MAX];
+  const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+  if (length <= 0) return "";
+  const std::string_view whole(path, static_cast<std::size_t>(length));
+  return std::string(whole.substr(0, whole.rfind('/') + 1));
+}
+
+std::string config_directory() {
+  if (std::string directory = variable("XDG_CONFIG_HOME"); directory.starts_with('/')) return directory;
+  const std::string home = variable("HOME");
+  return home.starts_with('/') ? home + "/.config" : "";
+}
+
+std::string temporary_directory() {
+  const std::string directory = variable("TMPDIR");
+  return (directory.starts_with('/') ? directory : "/tmp") + "/velbase-" + std::to_string(geteuid());
+}
+
+// Whether the directory, made if it is missing, is the user's own and shut to everybody else: names among the temporary
+// files can be taken by anyone.
+bool is_private_directory(const std::string& path) {
+  mkdir(path.c_str(), 0700);
+  struct stat state = {};
+  return lstat(path.c_str(), &state) == 0 && S_ISDIR(state.st_mode) && state.st_uid == geteuid() &&
+         (state.st_mode & 077) == 0;
+}
+
+}  // namespace
+
+velInstallation::velInstallation(velConsole& console) : app_info_("velbase", VEL_VERSION, "vel", user_name(), "UTF-8") {
+  const std::string directory = executable_directory();
+  if (directory.empty()) {
+    console.error(std::string("/proc/self/exe: ") + std::strerror(errno) +
+                  ". The program cannot tell where it is installed; make /proc available.");
+    return;
+  }
+  if (directory.size() > longest_directory) {
+    console.error(directory + ": the name of this directory is too long. Install the program in a higher place.");
+    return;
+  }
+  find_directories(directory, console);
+}
+
+void velInstallation::find_directories(const std::string& executable_directory, velConsole& console) {
+  const auto path = [this](const std::string& text) { return apPathName(app_info_.ut_encoding()->to_apString(text)); };
+  const auto attempt = [&](const std::string& temporary) {
+    directories_ = std::make_shared<velAppDirMap>(apEnvironmentVariables::process());
+    return directories_->initialise("", executable_directory, path("velbase"), &app_info_, path(config_directory()),
+                                    path(temporary)) == vlnAppMapInitOk;
+  };
+
+  // The directory among the temporary files is made only where nothing better can be had.
+  bool has_app_data = attempt("");
+  if (!has_app_data && is_private_directory(temporary_directory())) has_app_data = attempt(temporary_directory());
+
+  const std::string wish = variable("QRM_HOME");
+  if (!has_app_data) {
+    directories_->use_installation_only();
+    std::vector<std::string> tried;
+    for (const std::string& base : {wish, config_directory(), temporary_directory()}) {
+      if (!base.empty()) tried.push_back(base);
+    }
+    console.warning("no application data directory could be made (tried " + vel_joined(tried) +
+                    "); going on without a cache and without resource files of your own. Set QRM_HOME to a "
+                    "directory that you may write.");
+    return;
+  }
+  if (wish.empty()) return;
+  bool several = false;
+  const apPathName used = directories_->get_dir(vlnDIRECTORY_APP_DATA).directory_path(several);
+  if (used == path(wish).combine(path("velbase"))) return;
+  console.warning(wish + ": QRM_HOME names a directory that cannot be used. Going on with " +
+                  app_info_.ut_encoding()->to_utString(used.string()).str() + " instead.");
+}
+
+std::string velInstallation::user_cache_file() const {
+  const utString directory = directories_->get_schema_dir(vlnSchemaTranslators).user_dir();
+  return directory.empty() ? "" : directory.str() + "/translators.lst";
+}
+
+std::string velInstallation::cache_file() const {
+  return directories_->get_schema_dir(vlnSchemaTranslators).find_file("translators.lst").str();
+}

@@ -1,0 +1,149 @@
+#include "velTranslateCommand.h"
+
+#include "velDriver.h"
+#include "velInputCheck.h"
+#include "velInterrupt.h"
+#include "velJson.h"
+#include "velOptionCheck.h"
+#include "velText.h"
+#include "velTranslators.h"
+
+namespace {
+
+std::string last_component(const std::string& path) {
+  return path.substr(path.rfind('/') + 1);
+}
+
+// One request: checked, carried out and told of.
+class Translation {
+ public:
+  Translation(const velTranslateRequest& request, velConsole& console) : request_(request), console_(console) {}
+
+  velExitCode run() {
+    format_ = request_.format;
+    const velExitCode code = translate();
+    if (request_.json) print_json(code);
+    return code;
+  }
+
+ private:
+  velExitCode translate() {
+    if (const velExitCode code = vel_check_input_files(request_.inputs, console_)) return code;
+    installation_.emplace(console_);
+    if (!installation_->found()) return velEXIT_FAILED;
+    driver_.emplace(*installation_, console_);
+    driver_->load();
+    if (const velExitCode code = vel_check_input_translators(request_.inputs, *driver_, console_)) return code;
+    if (const velExitCode code = choose_output()) return code;
+    if (const velExitCode code = set_options()) return code;
+    return carry_out();
+  }
+
+  velExitCode choose_output() {
+    const vlnTranslatorDlls& writers = driver_->outputs();
+    writer_ = request_.format.empty() ? writers.translator_for_file(request_.output)
+                                      : writers.translator_for_format(request_.format);
+    if (!writer_) {
+      const std::string missing = request_.format.empty()
+                                      ? request_.output + ": no format is written under this extension"
+                                      : request_.format + ": no translator writes this format";
+      console_.error(missing + ". Formats that can be written: " + vel_format_names(writers) +
+                     "; choose one with --to.");
+      return velEXIT_NO_TRANSLATOR;
+    }
+    format_ = writer_->format_name().ut_string().str();
+    const std::string complaint = vel_library_complaint(*driver_, *writer_);
+    if (complaint.empty()) return velEXIT_DONE;
+    console_.error(request_.output + ": " + complaint);
+    return velEXIT_NO_TRANSLATOR;
+  }
+
+  velExitCode set_options() {
+    std::vector<const vlnTranslatorInfo*> readers;
+    for (const std::string& input : request_.inputs) readers.push_back(driver_->inputs().translator_for_file(input));
+    vlnTranslator::Resources in = request_.input_options;
+    vlnTranslator::Resources out = request_.output_options;
+    const bool input_good = vel_check_options(*driver_, readers, "--in", in, console_);
+    if (!vel_check_options(*driver_, {writer_}, "--out", out, console_) || !input_good) return velEXIT_USAGE;
+    for (const auto& [key, value] : in) driver_->set_input_resource(key, value);
+    for (const auto& [key, value] : out) driver_->set_output_resource(key, value);
+    return velEXIT_DONE;
+  }
+
+  velExitCode carry_out() {
+    const std::vector<utString> inputs(request_.inputs.begin(), request_.inputs.end());
+    driver_->set_input_file_list(itIterator<utString>(inputs));
+    driver_->output_file_and_format(request_.output, format_);
+    const bool done = driver_->run();
+    console_.clear_progress();
+    if (!done) return tell_failure();
+    statistics_ = ann_statistics(driver_->document());
+    if (!request_.quiet && !request_.json) console_.print(vel_printable(summary()) + "\n");
+    return velEXIT_DONE;
+  }
+
+  velExitCode tell_failure() {
+    if (vel_interrupted()) {
+      console_.error(request_.output + ": cancelled; nothing was written.");
+      return velEXIT_FAILED;
+    }
+    const std::vector<std::string> errors = driver_->errors();
+    const int failed = is_about_output(errors) ? 0 : driver_->num_failed();
+    const std::string outcome = failed == 0   ? "Nothing was written."
+                                : failed == 1 ? "The file is damaged; nothing was written."
+                                              : "The files are damaged; nothing was written.";
+    vel_tell_errors(errors, request_.output, outcome, console_);
+    return failed == 0 ? velEXIT_FAILED : velEXIT_BAD_INPUT;
+  }
+
+  // Whether the request was refused for the sake of its output: all inputs then count as failed although none was read.
+  bool is_about_output(const std::vector<std::string>& errors) const {
+    return !errors.empty() && errors.front().starts_with(request_.output + ": ");
+  }
+
+  std::string summary() const {
+    std::vector<std::string> sources;
+    for (const std::string& input : request_.inputs) sources.push_back(last_component(input));
+    return request_.output + ": " + vel_counted(statistics_->parts, "part", "parts") + ", " +
+           vel_counted(statistics_->faces, "face", "faces") + ", " +
+           vel_counted(statistics_->vertices, "vertex", "vertices") + " (" + format_ + ", from " + vel_joined(sources) +
+           ")";
+  }
+
+  void print_json(velExitCode code) const {
+    velJson counts = nullptr;
+    if (statistics_) {
+      counts = {{"parts", statistics_->parts},
+                {"faces", statistics_->faces},
+                {"triangles", statistics_->triangles},
+                {"vertices", statistics_->vertices}};
+    }
+    velJson messages = velJson::array();
+    for (const auto& message : console_.messages()) {
+      messages.push_back({{"severity", vel_severity_name(message.severity)}, {"text", message.text}});
+    }
+    velJson format = nullptr;
+    if (!format_.empty()) format = format_;
+    vel_print_json(console_, {{"inputs", request_.inputs},
+                              {"output", request_.output},
+                              {"format", format},
+                              {"done", code == velEXIT_DONE},
+                              {"counts", counts},
+                              {"messages", messages}});
+  }
+
+  const velTranslateRequest& request_;
+  velConsole& console_;
+  std::optional<velInstallation> installation_;
+  std::optional<velDriver> driver_;
+  const vlnTranslatorInfo* writer_ = nullptr;
+  std::string format_;
+  std::optional<annStatistics> statistics_;
+};
+
+}  // namespace
+
+velExitCode vel_translate(const velTranslateRequest& request, velConsole& console) {
+  if (request.quiet) console.be_quiet();
+  return Translation(request, console).run();
+}

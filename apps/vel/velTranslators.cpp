@@ -1,0 +1,53 @@
+#include "velTranslators.h"
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+
+#include "apStringEncodingChooser.h"
+#include "velText.h"
+#include "vlnTranslatorDllsIT.h"
+#include "vluFileTypeInfo.h"
+
+velTranslatorRow vel_translator_row(const vlnTranslatorInfo& info) {
+  velTranslatorRow row;
+  row.format = info.format_name().ut_string().str();
+  row.direction = info.type() == vlnTRANSLATOR_INPUT ? "input" : "output";
+  auto extensions = info.get_extensions();
+  while (++extensions)
+    row.extensions.push_back(apStringEncodingChooser().ut_encoding()->to_utString(extensions()).str());
+  intcoDList types;
+  info.get_file_types(types);
+  for (int type : types) row.file_types.push_back(vluFileTypeInfo::name(static_cast<vluFileType>(type)).str());
+  if (const auto& category = info.translator_category()) {
+    row.category = category->category_name().str();
+    row.category_order = category->group_order();
+  }
+  row.library = info.file_ut().str();
+  row.library_name = info.file_name_ut().str();
+  row.from_cache = info.from_cache() != 0;
+  return row;
+}
+
+std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs) {
+  std::vector<velTranslatorRow> rows;
+  for (const vlnTranslatorDlls* set : {&inputs, &outputs}) {
+    vlnTranslatorDllsIT translators(*set);
+    while (++translators) rows.push_back(vel_translator_row(*translators()));
+  }
+  const auto order = [](const velTranslatorRow& row) {
+    return std::tie(row.category_order, row.category, row.format, row.direction, row.library);
+  };
+  std::stable_sort(rows.begin(), rows.end(), [&](const auto& a, const auto& b) { return order(a) < order(b); });
+  // Discovery may describe one library twice: from the cache and afresh.
+  rows.erase(std::unique(rows.begin(), rows.end(), [&](const auto& a, const auto& b) { return order(a) == order(b); }),
+             rows.end());
+  return rows;
+}
+
+std::string vel_format_names(const vlnTranslatorDlls& set) {
+  std::set<std::string> names;
+  auto formats = set.formats();
+  while (++formats) names.insert(formats().ut_string().str());
+  return names.empty() ? "none" : vel_joined({names.begin(), names.end()});
+}

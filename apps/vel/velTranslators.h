@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "vlnTranslatorDlls.h"
+#include "vlnTranslatorInfo.h"
+
+// Translators as lists for people and for data.
+
+struct velTranslatorRow {
+  std::string format;
+  std::string direction;  // "input" or "output"
+  std::vector<std::string> extensions;
+  std::vector<std::string> file_types;
+  std::string category;
+  int category_order = 0;
+  std::string library;  // full path
+  std::string library_name;
+  bool from_cache = false;
+};
+
+velTranslatorRow vel_translator_row(const vlnTranslatorInfo& info);
+
+// Every translator of both sets once, ordered by category, format, direction and library.
+std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs);
+
+// The names of the formats of a set, each once and sorted, with ", " between them; "none" when there is none.
+std::string vel_format_names(const vlnTranslatorDlls& set);

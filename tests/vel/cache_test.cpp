@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "Program.h"
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace {
+
+// How many translators came from the cache, and how many there are.
+std::pair<int, int> from_cache(const Installation& installation) {
+  int cached = 0, all = 0;
+  const json list = json::parse(installation.run({"list", "--json"}).out);
+  for (const auto& row : list["translators"]) {
+    cached += row["from_cache"].get<bool>();
+    ++all;
+  }
+  return {cached, all};
+}
+
+}  // namespace
+
+TEST(Cache, RefreshSparesLibrariesTheirOpening) {
+  const Installation installation;
+  EXPECT_EQ(from_cache(installation), std::pair(0, 4));
+  const Outcome refresh = installation.run({"cache", "refresh"});
+  EXPECT_EQ(refresh.code, 0);
+  EXPECT_EQ(refresh.out, installation.cache_file() + ": 4 records written.\n");
+  EXPECT_EQ(from_cache(installation), std::pair(4, 4));
+  // Nothing is left beside it.
+  const fs::directory_iterator entries(fs::path(installation.cache_file()).parent_path());
+  EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+
+  EXPECT_NE(installation.run({"cache", "show"}).out.find("stlreader.dll"), std::string::npos);
+  EXPECT_EQ(installation.run({"cache", "clear"}).out, installation.cache_file() + ": removed.\n");
+  EXPECT_EQ(installation.run({"cache", "clear"}).code, 0);
+  EXPECT_NE(installation.run({"cache", "show"}).out.find("No cache"), std::string::npos);
+  EXPECT_EQ(from_cache(installation), std::pair(0, 4));
+}
+
+TEST(Cache, RefreshNamesWhatItLeavesOut) {
+  const Installation installation;
+  installation.add_fixture("throws.dll");
+  installation.add_fixture("unwritable_name.dll");
+  const Outcome refresh = installation.run({"cache", "refresh"});
+  EXPECT_EQ(refresh.code, 0);
+  EXPECT_NE(refresh.err.find("throws.dll: left out"), std::string::npos) << refresh.err;
+  EXPECT_NE(refresh.err.find("unwritable_name.dll: left out"), std::string::npos) << refresh.err;
+  EXPECT_NE(refresh.out.find(": 4 records"), std::string::npos) << refresh.out;
+}
+
+TEST(Cache, ADamagedFileIsToldAndMended) {
+  const Installation installation;
+  installation.work().write("a.stl", tetrahedron_stl);
+  installation.run({"cache", "refresh"});
+  const std::string whole = TemporaryDirectory::read(installation.cache_file());
+  for (const std::string& damaged :
+       {std::string("garbage"), whole.substr(0, whole.size() / 2), std::string(5000, 'x')}) {
+    installation.home().write("velbase/translators/translators.lst", damaged);
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"list"}, {"info", "a.stl"}}) {
+      const Outcome outcome = installation.run(words);
+      EXPECT_EQ(outcome.code, 0);
+      EXPECT_NE(outcome.err.find("vel cache refresh"), std::string::npos) << outcome.err;
+    }
+    EXPECT_NE(installation.run({"cache", "show"}).err.find("damaged"), std::string::npos);
+    EXPECT_EQ(from_cache(installation).second, 4);
+  }
+  installation.run({"cache", "refresh"});
+  EXPECT_EQ(installation.run({"info", "a.stl"}).err, "");
+}
+
+TEST(Cache, ARecordOfALibraryThatIsGoneOrBrokenDoesNoHarm) {
+  const Installation installation;
+  installation.work().write("a.stl", tetrahedron_stl);
+  installation.run({"cache", "refresh"});
+  fs::remove(installation.library("objreader.dll"));
+  EXPECT_EQ(from_cache(installation), std::pair(3, 3));
+  EXPECT_NE(installation.run({"cache", "show"}).out.find("objreader"), std::string::npos);
+
+  installation.root().write("sys/exec/lib/stlreader.dll", "no library any more");
+  const Outcome outcome = installation.run({"info", "a.stl"});
+  EXPECT_EQ(outcome.code, 3);
+  EXPECT_NE(outcome.err.find("stlreader.dll cannot be used: "), std::string::npos) << outcome.err;
+}
+
+TEST(Cache, AFailedRefreshLeavesTheOldFile) {
+  const Installation installation;
+  installation.home().write("velbase/translators", "a file where the directory should be");
+  const Outcome outcome = installation.run({"cache", "refresh"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_NE(outcome.err.find("as it was"), std::string::npos) << outcome.err;
+}

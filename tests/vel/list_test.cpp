@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "Program.h"
+
+using nlohmann::json;
+
+TEST(List, SaysWhatFailedAndWhy) {
+  const Installation installation;
+  for (const char* name : {"throws.dll", "no_entry.dll", "no_object.dll", "wrong_interface.dll"}) {
+    installation.add_fixture(name);
+  }
+  installation.root().write("sys/exec/lib/text.dll", "no library\n");
+  std::filesystem::create_directory(installation.library("directory.dll"));
+
+  const Outcome outcome = installation.run({"list", "--json"});
+  EXPECT_EQ(outcome.code, 0);
+  const json list = json::parse(outcome.out);
+  std::vector<std::string> good;
+  for (const auto& row : list["translators"]) {
+    good.push_back(row["format"].get<std::string>() + " " + row["direction"].get<std::string>());
+    EXPECT_FALSE(row["from_cache"]);
+  }
+  EXPECT_EQ(good, (std::vector<std::string>{"OBJ input", "OBJ output", "STL input", "STL output"}));
+
+  const std::vector<std::pair<std::string, std::string>> expected{
+      {"directory.dll", ""}, {"no_entry.dll", ""},         {"no_object.dll", "gives no translator"},
+      {"text.dll", ""},      {"throws.dll", "describing"}, {"wrong_interface.dll", "interface"},
+  };
+  ASSERT_EQ(list["failed"].size(), expected.size()) << outcome.out;
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(list["failed"][i]["library"], installation.library(expected[i].first));
+    const auto reason = list["failed"][i]["reason"].get<std::string>();
+    EXPECT_FALSE(reason.empty());
+    EXPECT_NE(reason.find(expected[i].second), std::string::npos) << reason;
+  }
+  const std::string text = installation.run({"list"}).out;
+  EXPECT_NE(text.find("\nFailed:\n"), std::string::npos) << text;
+
+  // With good ones at hand nobody else is bothered with the broken ones.
+  installation.work().write("a.stl", tetrahedron_stl);
+  EXPECT_EQ(installation.run({"info", "a.stl"}).err, "");
+}
+
+TEST(List, WithoutTranslatorsEveryCommandSaysSo) {
+  const Installation installation(false);
+  EXPECT_NE(installation.run({"list"}).out.find("No translators"), std::string::npos);
+  installation.add_fixture("throws.dll");
+  installation.work().write("a.stl", tetrahedron_stl);
+  const Outcome outcome = installation.run({"translate", "a.stl", "-o", "b.obj"});
+  EXPECT_EQ(outcome.code, 3);
+  EXPECT_NE(outcome.err.find("no usable translator among 1 library; `vel list`"), std::string::npos) << outcome.err;
+}
+
+TEST(List, OptionsShowKeysTypesAndDefaults) {
+  const Installation installation;
+  const json options = json::parse(installation.run({"options", "stl", "--json"}).out);
+  EXPECT_EQ(options["format"], "STL");
+  std::map<std::string, json> by_key;
+  for (const auto& option : options["options"]) by_key[option["key"]] = option;
+  EXPECT_EQ(by_key["SCALE"]["type"], "real");
+  EXPECT_EQ(by_key["DIGITS"]["type"], "whole");
+  EXPECT_EQ(by_key["SOLID_NAME"]["type"], "text");
+  EXPECT_EQ(by_key["WELD_POINTS"]["allowed"], json({"False", "True"}));
+  EXPECT_EQ(by_key["FILE_FORMAT"]["default"], "binary");
+  EXPECT_NE(by_key["FILE_FORMAT"]["description"], "");
+
+  // The user's file sets a default and does not hide the keys that it leaves out.
+  installation.home().write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\n");
+  const Outcome own = installation.run({"options", "STL"});
+  EXPECT_NE(own.out.find("FILE_FORMAT = ascii\n    one of: binary, ascii\n"), std::string::npos) << own.out;
+  EXPECT_NE(own.out.find("SCALE = 1\n    real\n"), std::string::npos) << own.out;
+}

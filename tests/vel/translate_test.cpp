@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <nlohmann/json.hpp>
+
+#include "Program.h"
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace {
+
+struct Refusal {
+  std::vector<std::string> words;
+  int code;
+  std::vector<std::string> said;  // each must occur on the standard error
+};
+
+std::vector<std::string> translate(std::vector<std::string> words) {
+  words.insert(words.begin(), "translate");
+  return words;
+}
+
+}  // namespace
+
+TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
+  const Installation installation;
+  const TemporaryDirectory& work = installation.work();
+  const std::string stl = tetrahedron_stl;
+  work.write("good.stl", stl);
+  work.write("empty.stl", "");
+  work.write("garbage.stl", std::string("\x01\x02\x7f garbage \xfe\xff", 14));
+  work.write("cut.stl", stl.substr(0, stl.size() / 2));
+  work.write("typo.stl", std::string(stl).replace(stl.find("vertex 1 0 0"), 6, "vertxx"));
+  work.write("off.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
+  work.write("file", "in the way");
+  work.write("old.obj", "old");
+  fs::create_directory(work / "directory");
+  fs::create_symlink("good.stl", work / "link.stl");
+  fs::create_hard_link(work / "good.stl", work / "twin.stl");
+  ASSERT_EQ(mkfifo((work / "pipe.stl").c_str(), 0600), 0);
+
+  const std::vector<Refusal> refusals{
+      {{"missing.stl", "-o", "old.obj"}, 4, {"missing.stl", "No such file"}},
+      {{"directory", "-o", "old.obj"}, 4, {"directory: ", "Name a file"}},
+      {{"pipe.stl", "-o", "old.obj"}, 4, {"pipe.stl", "no regular file"}},
+      {{"empty.stl", "-o", "old.obj"}, 4, {"empty.stl", "is empty"}},
+      {{"cut.stl", "-o", "old.obj"}, 4, {"cut.stl", "nothing was written"}},
+      {{"typo.stl", "-o", "old.obj"}, 4, {"typo.stl", "line 6", "nothing was written"}},
+      {{"good.stl", "typo.stl", "-o", "old.obj"}, 4, {"typo.stl"}},
+      {{"garbage.stl", "-o", "old.obj"}, 3, {"garbage.stl", "no known type", "OBJ, STL"}},
+      {{"off.off", "-o", "old.obj"}, 3, {"off.off", "OFF", "OBJ, STL"}},
+      {{"good.stl", "-o", "out.xyz"}, 3, {"out.xyz", "OBJ, STL", "--to"}},
+      {{"good.stl", "-o", "out"}, 3, {"OBJ, STL"}},
+      {{"good.stl", "-o", "old.obj", "--to", "XYZ"}, 3, {"XYZ", "OBJ, STL"}},
+      {{"good.stl", "-o", "old.obj", "--in", "NO_SUCH=1"}, 2, {"--in NO_SUCH", "WELD_POINTS"}},
+      {{"good.stl", "-o", "old.obj", "--out", "WELD_POINTS=1"}, 2, {"WELD_POINTS", "OBJ"}},
+      {{"good.stl", "-o", "old.obj", "--in", "SCALE=nan"}, 2, {"SCALE", "\"nan\"", "number"}},
+      {{"good.stl", "-o", "old.obj", "--out", "DIGITS=1.5"}, 2, {"DIGITS", "\"1.5\"", "whole"}},
+      {{"good.stl", "-o", "old.obj", "--in", "weld_points=maybe"}, 2, {"WELD_POINTS", "\"maybe\"", "False, True"}},
+      {{"good.stl", "-o", "none/out.obj"}, 1, {"none/", "does not exist"}},
+      {{"good.stl", "-o", "file/out.obj"}, 1, {"file/out.obj"}},
+      {{"good.stl", "-o", "directory", "--to", "OBJ"}, 1, {"directory: "}},
+      {{"good.stl", "-o", "/dev/full", "--to", "OBJ"}, 1, {"/dev/full", "No space"}},
+      {{"good.stl", "-o", "good.stl"}, 1, {"good.stl", "input"}},
+      {{"good.stl", "-o", "link.stl"}, 1, {"link.stl", "input"}},
+      {{"good.stl", "-o", "twin.stl"}, 1, {"twin.stl", "input"}},
+  };
+  const std::vector<std::string> before = installation.files();
+  for (const Refusal& refusal : refusals) {
+    const Outcome outcome = installation.run(translate(refusal.words));
+    std::string words;
+    for (const auto& word : refusal.words) words += word + " ";
+    EXPECT_EQ(outcome.code, refusal.code) << words << outcome.err;
+    EXPECT_EQ(outcome.out, "") << words;
+    EXPECT_TRUE(outcome.err.starts_with("vel: error: ")) << words << outcome.err;
+    for (const auto& text : refusal.said) EXPECT_NE(outcome.err.find(text), std::string::npos) << words << outcome.err;
+  }
+  EXPECT_EQ(installation.files(), before);
+  EXPECT_EQ(work.read(work / "old.obj"), "old");
+  EXPECT_EQ(work.read(work / "good.stl"), stl);
+}
+
+TEST(Translate, WritesAndTellsWhat) {
+  const Installation installation;
+  const TemporaryDirectory& work = installation.work();
+  work.write("a.stl", tetrahedron_stl);
+  work.write("b.obj", tetrahedron_obj);
+
+  EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "one.OBJ"}).out,
+            "one.OBJ: 1 part, 4 faces, 4 vertices (OBJ, from a.stl)\n");
+  EXPECT_EQ(installation.run({"translate", "a.stl", "b.obj", "-o", "two.stl"}).out,
+            "two.stl: 2 parts, 8 faces, 8 vertices (STL, from a.stl, b.obj)\n");
+  EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "named", "--to", "obj", "--quiet"}).out, "");
+  EXPECT_TRUE(fs::exists(work / "named"));
+
+  // Options reach the translators, whatever the case of their keys.
+  installation.run({"translate", "a.stl", "-o", "text.stl", "--in", "scale=10", "--out", "File_Format=ASCII"});
+  EXPECT_TRUE(work.read(work / "text.stl").starts_with("solid"));
+  const json info = json::parse(installation.run({"info", "text.stl", "--json"}).out);
+  EXPECT_EQ(info["bounding_box"]["max"], json({10, 10, 20}));
+
+  // So do the user's own defaults; a fault in them costs its line and is told.
+  installation.home().write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\nNONSENSE = 1\n");
+  const Outcome own = installation.run({"translate", "b.obj", "-o", "own.stl"});
+  EXPECT_TRUE(work.read(work / "own.stl").starts_with("solid"));
+  EXPECT_NE(own.err.find("STL.rsc, line 2"), std::string::npos) << own.err;
+}
+
+TEST(Translate, JsonHoldsTheCountsOrTheReason) {
+  const Installation installation;
+  installation.work().write("b\xff.stl", tetrahedron_stl);
+  const Outcome good = installation.run({"translate", "b\xff.stl", "-o", "c.obj", "--json"});
+  const json done = json::parse(good.out);
+  EXPECT_EQ(done["done"], true);
+  EXPECT_EQ(done["format"], "OBJ");
+  EXPECT_EQ(done["inputs"][0], "b\xef\xbf\xbd.stl");
+  EXPECT_EQ(done["counts"], (json{{"parts", 1}, {"faces", 4}, {"triangles", 4}, {"vertices", 4}}));
+
+  const Outcome bad = installation.run({"translate", "missing", "-o", "c.obj", "--json"});
+  EXPECT_EQ(bad.code, 4);
+  const json failed = json::parse(bad.out);
+  EXPECT_EQ(failed["done"], false);
+  EXPECT_EQ(failed["counts"], nullptr);
+  EXPECT_EQ(failed["messages"][0]["severity"], "error");
+}
+
+TEST(Translate, InfoTellsWhatAFileHolds) {
+  const Installation installation;
+  installation.work().write("b.obj", "v 0 0 0\nv 2 0 0\nv 2 3 0\nv 0 3 0\nf 1 2 3 4\n");
+  json info = json::parse(installation.run({"info", "b.obj", "--json"}).out);
+  info.erase("library");
+  EXPECT_EQ(info, json::parse(R"({"file": "b.obj", "file_type": "OBJ", "translator": "OBJ", "unit": "unspecified",
+                                  "parts": 1, "faces": 1, "triangles": 2, "vertices": 4,
+                                  "bounding_box": {"min": [0, 0, 0], "max": [2, 3, 0]}})"));
+  const Outcome table = installation.run({"info", "b.obj"});
+  EXPECT_NE(table.out.find("triangles       2\n"), std::string::npos) << table.out;
+  EXPECT_NE(table.out.find("largest x y z   2 3 0\n"), std::string::npos) << table.out;
+  installation.work().write("bad.obj", "v 0 0 0\nv 2 0 0\nv 2 3 0\nf 1 2 9\n");
+  EXPECT_EQ(installation.run({"info", "bad.obj"}).code, 4);
+}
+
+TEST(Translate, CtrlCLeavesTheOldOutputAndNothingElse) {
+  const Installation installation;
+  installation.add_fixture("slow_input.dll");
+  const TemporaryDirectory& work = installation.work();
+  work.write("slow.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
+  work.write("old.stl", "old");
+  for (const int number : {SIGINT, SIGTERM}) {
+    Running running = installation.start({"translate", "slow.off", "-o", "old.stl"});
+    ASSERT_TRUE(running.wait_for_error("half-way"));
+    running.signal(number);
+    const Outcome outcome = running.finish();
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_NE(outcome.err.find("vel: error: old.stl: cancelled; nothing was written.\n"), std::string::npos)
+        << outcome.err;
+    EXPECT_EQ(outcome.err.find('\r'), std::string::npos) << "no progress in a pipe";
+  }
+  EXPECT_EQ(work.read(work / "old.stl"), "old");
+  EXPECT_EQ(installation.files(), (std::vector<std::string>{"old.stl", "slow.off"}));
+}
+
+TEST(Translate, ProgressIsDrawnOnATerminalAndCleared) {
+  const Installation installation;
+  installation.add_fixture("slow_input.dll");
+  installation.work().write("slow.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
+  for (const bool quiet : {false, true}) {
+    std::vector<std::string> words{"translate", "slow.off", "-o", "out.stl"};
+    if (quiet) words.push_back("--quiet");
+    Running running = installation.start(words, "", true);
+    ASSERT_TRUE(running.wait_for_error(quiet ? "half-way" : "%"));
+    running.signal(SIGINT);
+    const Outcome outcome = running.finish();
+    EXPECT_EQ(outcome.err.find(" %") == std::string::npos, quiet) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with("vel: error: out.stl: cancelled; nothing was written.\r\n")) << outcome.err;
+    EXPECT_EQ(outcome.err.find('\033'), std::string::npos);
+  }
+}
