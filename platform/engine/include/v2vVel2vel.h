@@ -19,4 +19,9 @@ class VELPLATFORM_API v2vVel2vel {
   int translate(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
                 const v2vTranslationElements& elements, utObserverPtr<velabsOutput> primary,
                 utObserverPtr<velabsOutput> secondary) const;
+
+  // The first half alone: reads every input into `document`, in place of what it held, and writes nothing.
+  int read(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
+           const v2vTranslatorElementscoPageArr& inputs, annDocument& document, utObserverPtr<velabsOutput> primary,
+           utObserverPtr<velabsOutput> secondary) const;
 };

@@ -50,6 +50,15 @@ std::vector<v2vInputTask> make_tasks(const v2vTranslatorElementscoPageArr& input
   return tasks;
 }
 
+bool read_all(const v2vTranslatorElementscoPageArr& inputs, Libraries& libraries, const velabsAppInfo* app_info,
+              v2vThreadComm& comm, v2vReport& report, annDocument& document) {
+  std::vector<v2vInputModel> models;
+  if (!v2v_read_inputs(make_tasks(inputs, libraries), app_info, report, comm, models) || report.cancelled())
+    return false;
+  v2v_merge(models, document);
+  return true;
+}
+
 bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
          const v2vTranslationElements& elements, v2vReport& report) {
   const v2vOutputTranslatorElements& output = elements.output();
@@ -65,15 +74,10 @@ bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslator
     return false;
   }
 
-  std::vector<v2vInputModel> models;
-  const bool all_read = v2v_read_inputs(make_tasks(elements.inputs(), libraries), app_info, report, comm, models);
   annDocument own;
   annDocument& document = output.document() ? *output.document() : own;
-  bool written = false;
-  if (all_read && !report.cancelled()) {
-    v2v_merge(models, document);
-    written = v2v_write_output(output, *writer, document, app_info, report);
-  }
+  const bool written = read_all(elements.inputs(), libraries, app_info, comm, report, document) &&
+                       v2v_write_output(output, *writer, document, app_info, report);
   if (written) {
     report.finished();
   } else if (report.cancelled()) {
@@ -82,12 +86,11 @@ bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslator
   return written;
 }
 
-}  // namespace
-
-int v2vVel2vel::translate(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
-                          const v2vTranslationElements& elements, utObserverPtr<velabsOutput> primary,
-                          utObserverPtr<velabsOutput> secondary) const {
-  const std::size_t inputs = elements.inputs().count();
+// Does some work on `inputs` files so that no exception gets out and every input is counted in the end; those that were
+// not reached count as failed. 1 when the work was done.
+template <typename Work>
+int guarded_request(std::size_t inputs, v2vThreadComm& comm, utObserverPtr<velabsOutput> primary,
+                    utObserverPtr<velabsOutput> secondary, Work work) {
   const int counted_before = comm.current_translation_details().num_processed();
   bool done = false;
   utString failure;
@@ -95,14 +98,34 @@ int v2vVel2vel::translate(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& 
       [&] {
         v2vReport report(comm, primary, secondary, inputs);
         utString thrown;
-        if (!v2v_guarded([&] { done = run(app_info.get(), comm, loader, elements, report); }, thrown)) {
-          report.message(velabsERROR, elements.output().file() + ": the translation failed: " + thrown);
+        if (!v2v_guarded([&] { done = work(report); }, thrown)) {
+          report.message(velabsERROR, utString("the translation failed: ") + thrown);
         }
       },
       failure);
-
-  // Inputs that were not reached count as failed.
   const int counted = comm.current_translation_details().num_processed() - counted_before;
   for (auto i = static_cast<std::size_t>(counted); i < inputs; ++i) comm.count_file(true);
   return returned && done ? 1 : 0;
+}
+
+}  // namespace
+
+int v2vVel2vel::translate(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
+                          const v2vTranslationElements& elements, utObserverPtr<velabsOutput> primary,
+                          utObserverPtr<velabsOutput> secondary) const {
+  return guarded_request(elements.inputs().count(), comm, primary, secondary,
+                         [&](v2vReport& report) { return run(app_info.get(), comm, loader, elements, report); });
+}
+
+int v2vVel2vel::read(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
+                     const v2vTranslatorElementscoPageArr& inputs, annDocument& document,
+                     utObserverPtr<velabsOutput> primary, utObserverPtr<velabsOutput> secondary) const {
+  return guarded_request(inputs.count(), comm, primary, secondary, [&](v2vReport& report) {
+    if (inputs.empty()) {
+      report.message(velabsERROR, "there is no input file");
+      return false;
+    }
+    Libraries libraries(loader, app_info.get());
+    return read_all(inputs, libraries, app_info.get(), comm, report, document);
+  });
 }
