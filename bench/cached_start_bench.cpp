@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ChildProcess.h"
 #include "TemporaryDirectory.h"
 #include "apFrustrumChooser.h"
 #include "apStringCompareInsensitive.h"
@@ -65,32 +66,54 @@ void plain_reading_and_listing(benchmark::State& state) {
   }
 }
 
+// The two sets as a program has them after its start, or nothing when the start was not served by the cache alone.
+struct Sets {
+  std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
+};
+
+bool start(const Installation& installation, std::size_t expected, Sets& sets) {
+  static const apIStringEncoding* encoding = apStringEncodingChooser().ut_encoding();
+  static const velabsAppInfo app_info("bench", "1", "bench", "", "UTF-8");
+  static const apStringCompareInsensitive compare(encoding);
+  static const v2vTranslatorLoader loader;
+  const vlnFindFileByExtension lister(apFrustrumChooser().file_operations(), &compare);
+  const vlnTranslatorSearchPath path(vlnSearchPath(encoding->to_apString(installation.libraries())), &lister);
+  const vlnSecureTranslatorInfoFactory descriptions(&loader, encoding, &compare);
+  const vlnTranslatorDllsFactory factory(encoding, &compare, &descriptions);
+  const vlnTranslatorLoadStatus status = factory.create_translator_dlls(
+      apPathName(encoding->to_apString(installation.cache())), path, "", &app_info, sets.inputs, sets.outputs);
+  return status.ok() && sets.inputs->count() + sets.outputs->count() == expected;
+}
+
 void cached_start(benchmark::State& state) {
+  const auto translators = static_cast<std::size_t>(state.range(0));
   const Installation& installation = Installation::of(static_cast<int>(state.range(0)));
-  const apIStringEncoding* encoding = apStringEncodingChooser().ut_encoding();
-  const velabsAppInfo app_info("bench", "1", "bench", "", "UTF-8");
   for (auto _ : state) {
-    const apStringCompareInsensitive compare(encoding);
-    const vlnFindFileByExtension lister(apFrustrumChooser().file_operations(), &compare);
-    const vlnTranslatorSearchPath path(vlnSearchPath(encoding->to_apString(installation.libraries())), &lister);
-    const v2vTranslatorLoader loader;
-    const vlnSecureTranslatorInfoFactory descriptions(&loader, encoding, &compare);
-    const vlnTranslatorDllsFactory sets(encoding, &compare, &descriptions);
-    std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
-    const vlnTranslatorLoadStatus status = sets.create_translator_dlls(
-        apPathName(encoding->to_apString(installation.cache())), path, "", &app_info, inputs, outputs);
-    if (!status.ok() || inputs->count() + outputs->count() != static_cast<std::size_t>(state.range(0))) {
+    Sets sets;
+    if (!start(installation, translators, sets)) state.SkipWithError("the start was not served by the cache");
+    state.PauseTiming();
+    sets = Sets();
+    state.ResumeTiming();
+  }
+}
+
+// A program starts once: in fresh memory, not in what an earlier start left behind.
+void first_cached_start(benchmark::State& state) {
+  const auto translators = static_cast<std::size_t>(state.range(0));
+  const Installation& installation = Installation::of(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    Sets sets;
+    const double seconds = seconds_in_child([&] { return start(installation, translators, sets); });
+    if (seconds < 0) {
       state.SkipWithError("the start was not served by the cache");
       break;
     }
-    state.PauseTiming();
-    inputs.reset();
-    outputs.reset();
-    state.ResumeTiming();
+    state.SetIterationTime(seconds);
   }
 }
 
 }  // namespace
 
-BENCHMARK(plain_reading_and_listing)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(cached_start)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(plain_reading_and_listing)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(cached_start)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(first_cached_start)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMicrosecond);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "apIStringCompare.h"
 #include "apIStringEncoding.h"
@@ -59,7 +60,7 @@ class VLN_API vlnTranslatorCacheReader {
   static int extract_list(utString& text, utStringcoDList& values);
 
  private:
-  bool append_line();
+  void join_lines(std::string_view file);
   bool make_info(std::string_view record, std::unique_ptr<vlnSecureTranslatorInfo>& info) const;
   apPathName find_library(std::string_view recorded) const;
   bool take_file_types(std::string_view& record, vlnTranslatorInfo& info) const;
@@ -73,10 +74,14 @@ class VLN_API vlnTranslatorCacheReader {
   const apIStringCompare* compare_;
   const apIStringEncoding* file_name_encoding_;
   apString library_extension_;
-  std::string text_;  // the whole file
+  std::string text_;                    // the file without its line breaks
+  std::vector<std::size_t> line_ends_;  // where each line ends in it
+  std::size_t next_line_ = 0;
   std::size_t position_ = 0;
-  std::string pending_;  // the lines of the record that is being read
+  mutable std::wstring library_name_;  // kept for its room
+  std::string pending_;                // the lines of the record that is being read
   bool readable_ = false;
+  bool any_text_ = false;
   bool line_too_long_ = false;
   bool any_record_ = false;
 };

@@ -60,6 +60,8 @@ class VLN_API vlnTranslatorDlls {
 
   using Descriptions = coPageArr<std::unique_ptr<vlnSecureTranslatorInfo>>;
 
+  // Makes room for that many translators.
+  void reserve(std::size_t count);
   const vlnTranslatorInfo* first_but_viewer() const;
 
   // For each format the library of the translator that was added last.

@@ -79,7 +79,7 @@ class VLN_API vlnTranslatorInfo {
   const apIStringEncoding* encoding() const { return encoding_; }
 
   // Appends; nothing is checked for duplicates.
-  void add_extension(apString extension) { extensions_.push_back(std::move(extension)); }
+  void add_extension(apString extension);
   void add_file_type(vluFileType type) { file_types_.append(static_cast<int>(type)); }
   void clear_extensions() { extensions_.clear(); }
   void clear_file_types() { file_types_.clear(); }

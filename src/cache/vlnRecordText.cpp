@@ -4,49 +4,46 @@
 
 namespace {
 
+std::size_t behind_separators(std::string_view text) {
+  std::size_t at = 0;
+  while (at < text.size() && (text[at] == ' ' || text[at] == ',')) ++at;
+  return at;
+}
+
 std::string_view without_separators(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == ',')) text.remove_prefix(1);
-  return text;
+  return text.substr(behind_separators(text));
 }
 
 }  // namespace
 
-bool vlnBraceScanner::scan(std::string_view text) {
+bool vln_take_set(std::string_view& text, std::string_view& content) {
   // Braces are few, so searching for each kind beats looking at every character.
-  std::size_t open = text.find('{', position_);
-  std::size_t close = text.find('}', position_);
-  position_ = text.size();
-  while (!stray_ && (open != text.npos || close != text.npos)) {
+  std::size_t open = text.find('{');
+  std::size_t close = text.find('}');
+  if (open > close) return false;
+  const std::size_t begin = open + 1;
+  for (int depth = 0; close != text.npos;) {
     if (open < close) {
-      if (++depth_ == 1) begin_ = open + 1;
+      ++depth;
       open = text.find('{', open + 1);
-    } else if (depth_ == 0) {
-      stray_ = true;
-    } else if (--depth_ == 0) {
-      end_ = close;
-      return true;
-    } else {
+    } else if (--depth > 0) {
       close = text.find('}', close + 1);
+    } else {
+      content = text.substr(begin, close - begin);
+      text.remove_prefix(close + 1);
+      return true;
     }
   }
   return false;
 }
 
-bool vln_take_set(std::string_view& text, std::string_view& content) {
-  vlnBraceScanner braces;
-  if (!braces.scan(text)) return false;
-  content = braces.content(text);
-  text.remove_prefix(braces.behind());
-  return true;
-}
-
 bool vln_take_string(std::string_view& text, std::string_view& value) {
-  const std::string_view rest = without_separators(text);
-  if (!rest.starts_with('"')) return false;
-  const std::size_t closing = rest.find('"', 1);
-  if (closing == rest.npos) return false;
-  value = rest.substr(1, closing - 1);
-  text = rest.substr(closing + 1);
+  const std::size_t quote = behind_separators(text);
+  if (quote == text.size() || text[quote] != '"') return false;
+  const std::size_t closing = text.find('"', quote + 1);
+  if (closing == text.npos) return false;
+  value = text.substr(quote + 1, closing - quote - 1);
+  text.remove_prefix(closing + 1);
   return true;
 }
 

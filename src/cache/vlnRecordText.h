@@ -6,25 +6,9 @@
 // The fields of a cache record, each taken from the front of a text. When the text does not begin with such a field it
 // is left as it was.
 
-// The part of a text between its first "{" and the "}" that closes it, nested braces included; braces inside quotes
-// count too. Can be asked again after text was appended: it goes on where it stopped.
-class vlnBraceScanner {
- public:
-  // True once a set is complete. A "}" without a "{" before it ends the search for good.
-  bool scan(std::string_view text);
-
-  // What the complete set holds, and where the text behind it begins.
-  std::string_view content(std::string_view text) const { return text.substr(begin_, end_ - begin_); }
-  std::size_t behind() const { return end_ + 1; }
-
- private:
-  std::size_t position_ = 0;
-  std::size_t begin_ = 0;
-  std::size_t end_ = 0;
-  int depth_ = 0;
-  bool stray_ = false;
-};
-
+// What stands between the first "{" and the "}" that closes it, nested braces included; braces inside quotes count too.
+// A
+// "}" before any "{" spoils the text.
 bool vln_take_set(std::string_view& text, std::string_view& content);
 bool vln_take_string(std::string_view& text, std::string_view& value);
 bool vln_take_int(std::string_view& text, int& value);

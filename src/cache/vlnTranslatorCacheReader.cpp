@@ -6,6 +6,7 @@
 #include <fstream>
 #include <utility>
 
+#include "apStringCompareInsensitive.h"
 #include "apStringEncodingChooser.h"
 #include "vlnLibraryIndex.h"
 #include "vlnRecordText.h"
@@ -72,7 +73,10 @@ vlnTranslatorCacheReader::vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vl
       file_name_encoding_(app_info ? app_info->ut_encoding() : encoding),
       library_extension_(vln_shared_library_extension()) {
   const utString path = apStringEncodingChooser().ut_encoding()->to_utString(cache_file.string());
-  readable_ = read_whole_file(path, text_);
+  std::string file;
+  readable_ = read_whole_file(path, file);
+  any_text_ = !file.empty();
+  join_lines(file);
   result = read_cache_file();
 }
 
@@ -91,31 +95,40 @@ int vlnTranslatorCacheReader::read_cache_file() {
 }
 
 bool vlnTranslatorCacheReader::intact() const {
-  return readable_ && !line_too_long_ && (any_record_ || text_.empty());
+  return readable_ && !line_too_long_ && (any_record_ || !any_text_);
 }
 
 int vlnTranslatorCacheReader::read_next_dll(std::unique_ptr<vlnSecureTranslatorInfo>& info) {
   info.reset();
-  pending_.clear();
-  vlnBraceScanner braces;
-  while (append_line()) {
-    if (!braces.scan(pending_)) continue;
-    any_record_ = true;
-    make_info(braces.content(pending_), info);
-    return 1;
+  std::string_view rest = std::string_view(text_).substr(position_);
+  std::string_view record;
+  if (!vln_take_set(rest, record)) {
+    position_ = text_.size();
+    return 0;
   }
-  return 0;
+  any_record_ = true;
+  make_info(record, info);
+
+  // What stands behind a record on its last line is nobody's.
+  const std::size_t behind = text_.size() - rest.size();
+  while (next_line_ < line_ends_.size() && line_ends_[next_line_] < behind) ++next_line_;
+  position_ = next_line_ < line_ends_.size() ? line_ends_[next_line_] : text_.size();
+  return 1;
 }
 
-bool vlnTranslatorCacheReader::append_line() {
+void vlnTranslatorCacheReader::join_lines(std::string_view file) {
   constexpr std::size_t longest_line = 1023;
-  const std::string_view rest = std::string_view(text_).substr(position_);
-  std::string_view line = rest.substr(0, rest.find('\n'));
-  line_too_long_ = line.size() > longest_line;
-  position_ = line_too_long_ ? text_.size() : std::min(position_ + line.size() + 1, text_.size());
-  while (line.ends_with('\r')) line.remove_suffix(1);
-  pending_ += line;
-  return !line.empty() && !line_too_long_;
+  text_.reserve(file.size());
+  while (!file.empty()) {
+    const std::size_t end = std::min(file.find('\n'), file.size());
+    std::string_view line = file.substr(0, end);
+    file.remove_prefix(std::min(end + 1, file.size()));
+    if (end > longest_line) line_too_long_ = true;
+    while (line.ends_with('\r')) line.remove_suffix(1);
+    if (line.empty() || line_too_long_) break;
+    text_ += line;
+    line_ends_.push_back(text_.size());
+  }
 }
 
 int vlnTranslatorCacheReader::make_info_from_string(const utString& record,
@@ -163,13 +176,17 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
 
 apPathName vlnTranslatorCacheReader::find_library(std::string_view recorded) const {
   apStatus conversion;
-  std::wstring text;
-  file_name_encoding_->decode(recorded, text, conversion);
+  library_name_.clear();
+  file_name_encoding_->decode(recorded, library_name_, conversion);
   if (!conversion.ok()) return {};
-  apFileName name(std::move(text));
-  if (!(apFileName(name.extension()) == apFileName(library_extension_))) name = name.add_extension(library_extension_);
-  apPathName found = libraries_->find(name.string().view());
-  return found.invalid() ? libraries_->find(other_form(name.string().text())) : found;
+  const std::wstring_view name = library_name_;
+  const std::size_t dot = name.rfind(L'.');
+  if (dot == name.npos || !ap_equal_folded(name.substr(dot + 1), library_extension_.view())) {
+    library_name_ += L'.';
+    library_name_ += library_extension_.view();
+  }
+  apPathName found = libraries_->find(library_name_);
+  return found.invalid() ? libraries_->find(other_form(library_name_)) : found;
 }
 
 bool vlnTranslatorCacheReader::take_file_types(std::string_view& record, vlnTranslatorInfo& info) const {

@@ -1,5 +1,9 @@
 #include "vlnFindFileByExtension.h"
 
+#include <string>
+#include <string_view>
+#include <utility>
+
 #include "apFileFinderEx.h"
 
 vlnIFindByExtension::~vlnIFindByExtension() = default;
@@ -10,9 +14,10 @@ void vlnFindFileByExtension::find_by_extension(apPathName directory, apString ex
   if (directory_missing) return;
   apFileFinderEx entries{apPath(directory)};
   while (++entries) {
-    const apFileName name = entries.file_name();
-    if (name.has_extension() && compare_->equal(name.extension(), extension)) {
-      files.push_back(apPathName::adjoin(directory, name));
-    }
+    apPathName path = entries.path();
+    const std::wstring_view name = path.last_component();
+    const std::size_t dot = name.rfind(L'.');
+    if (dot == name.npos || !compare_->equal(apString(std::wstring(name.substr(dot + 1))), extension)) continue;
+    files.push_back(std::move(path));
   }
 }

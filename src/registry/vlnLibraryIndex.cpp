@@ -19,7 +19,7 @@ vlnLibraryIndex vlnLibraryIndex::of_entries(const vlnSearchPath& search_path) {
   while (++directories) {
     apFileFinderEx entries{apPath(directories())};
     if (entries.invalid()) index.directory_missing_ = true;
-    while (++entries) index.files_.push_back(apPathName::adjoin(directories(), entries.file_name()));
+    while (++entries) index.files_.push_back(entries.path());
   }
   index.add_names();
   return index;

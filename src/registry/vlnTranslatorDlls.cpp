@@ -12,6 +12,13 @@ vlnTranslatorDlls::vlnTranslatorDlls(const apIStringEncoding* encoding) : librar
 
 vlnTranslatorDlls::~vlnTranslatorDlls() = default;
 
+void vlnTranslatorDlls::reserve(std::size_t count) {
+  libraries_.reserve(count);
+  formats_.reserve(count);
+  filter_elements_.reserve(count);
+  resource_file_names_.reserve(count);
+}
+
 void vlnTranslatorDlls::add_translator(std::unique_ptr<vlnSecureTranslatorInfo> info) {
   const vlnTranslatorInfo& added = *descriptions_.append(std::move(info));
   libraries_.insert_or_assign(added.format_name(), added.file());

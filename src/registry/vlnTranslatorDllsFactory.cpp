@@ -21,6 +21,7 @@ vlnTranslatorLoadStatus vlnTranslatorDllsFactory::create_translator_dlls(
   vlnTranslatorLoadStatus status(vlnLOAD_OK);
   // One listing serves the cache's records and the libraries that it does not name.
   const auto libraries = std::make_shared<const vlnLibraryIndex>(vlnLibraryIndex::of_libraries(search_path));
+  for (vlnTranslatorDlls* set : {inputs.get(), outputs.get()}) set->reserve(libraries->files().size());
   if (!cache_file.invalid()) {
     int any_record = 0;
     const vlnTranslatorCacheReader reader(*inputs, *outputs, cache_file, libraries, descriptions_, encoding_, compare_,

@@ -22,6 +22,12 @@ utString vlnTranslatorInfo::remove_forward_slashes(const utString& text) {
   return rest;
 }
 
+void vlnTranslatorInfo::add_extension(apString extension) {
+  // Most translators have one or two.
+  if (extensions_.empty()) extensions_.reserve(2);
+  extensions_.push_back(std::move(extension));
+}
+
 utString vlnTranslatorInfo::file_ut() const {
   return encoding_->to_utString(file_.string());
 }
@@ -34,15 +40,25 @@ utString vlnTranslatorInfo::file_name_ut() const {
   return encoding_->to_utString(file_name().string());
 }
 
-apString vlnTranslatorInfo::tag() const {
-  std::wstring_view name = file_.last_component();
+namespace {
+
+std::wstring_view tag_of(const apPathName& library) {
+  std::wstring_view name = library.last_component();
   name = name.substr(0, name.rfind(L'.'));
   if (name.starts_with(L"lib")) name.remove_prefix(3);
-  return std::wstring(name);
+  return name;
+}
+
+}  // namespace
+
+apString vlnTranslatorInfo::tag() const {
+  return std::wstring(tag_of(file_));
 }
 
 vlnUntranslatedFilterElement vlnTranslatorInfo::filter() const {
-  utString short_name = encoding_->to_utString(tag());
+  apStatus ignored;
+  std::string short_name;
+  encoding_->encode(tag_of(file_), short_name, ignored);
   if (!category_) return {filter_, std::move(short_name), *velabsTranslatorCategory::find("")};
   return {filter_, std::move(short_name), *category_};
 }
@@ -74,5 +90,6 @@ apFileName vlnTranslatorInfo::resource_file_name() const {
   for (wchar_t c : format_name_.string().view()) {
     if (c != L'/' && c != L' ') name += c;
   }
-  return apFileName(name += extension);
+  name += extension;
+  return apFileName(std::move(name));
 }

@@ -11,7 +11,10 @@
 template <typename T>
 class coDList {
  public:
-  void append(const T& element) { elements_.push_back(element); }
+  void append(const T& element) {
+    if (elements_.empty()) elements_.reserve(4);
+    elements_.push_back(element);
+  }
   void clear() { elements_.clear(); }
   std::size_t count() const { return elements_.size(); }
   bool empty() const { return elements_.empty(); }

@@ -22,6 +22,8 @@ class VELPLATFORM_API apFileFinderEx {
   // Moves to the next entry; stands before the first one at the start.
   int operator++();
   apFileName file_name() const;
+  // The listed directory joined with the entry's name.
+  apPathName path() const;
   bool is_directory() const;
 
  private:
@@ -37,6 +39,7 @@ class VELPLATFORM_API apFileFinderEx {
     return std::string_view(names_).substr(entry.begin, entry.length);
   }
 
+  std::wstring directory_;  // with a separator behind it
   std::string names_;
   std::vector<Entry> entries_;
   std::size_t position_ = 0;  // one behind the current entry

@@ -1,20 +1,23 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
+#include <utility>
 
 #include "apExport.h"
 #include "apFileName.h"
 #include "apString.h"
 
 // A directory or path, its text kept verbatim. Both "/" and the backslash separate components; "/" joins. A path is
-// invalid exactly when its text is empty. Two paths are equal when their texts are.
+// invalid exactly when its text is empty. Two paths are equal when their texts are. Copies share the text, which never
+// changes.
 class VELPLATFORM_API apPathName {
  public:
   apPathName() = default;
-  explicit apPathName(apString path) : path_(std::move(path)) {}
+  explicit apPathName(apString path) : path_(std::make_shared<const apString>(std::move(path))) {}
 
-  bool invalid() const { return path_.empty(); }
-  const apString& string() const { return path_; }
+  bool invalid() const { return string().empty(); }
+  const apString& string() const { return path_ ? *path_ : no_path(); }
 
   // What stands before the last separator: "/" for "/f", empty for "f".
   apPathName dirname() const;
@@ -29,9 +32,11 @@ class VELPLATFORM_API apPathName {
   static apPathName adjoin(const apPathName& directory, const apFileName& name);
 
   friend bool operator==(const apPathName& left, const apPathName& right) {
-    return left.path_.view() == right.path_.view();
+    return left.path_ == right.path_ || left.string().view() == right.string().view();
   }
 
  private:
-  apString path_;
+  static const apString& no_path();
+
+  std::shared_ptr<const apString> path_;
 };

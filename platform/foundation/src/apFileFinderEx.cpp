@@ -47,6 +47,8 @@ apFileFinderEx::apFileFinderEx(const apPath& path) {
     invalid_ = true;
     return;
   }
+  directory_ = apPathName::adjoin(path.directory(), apFileName(L"-")).string().text();
+  directory_.pop_back();
   while (const dirent* entry = readdir(directory.get())) {
     const std::string_view entry_name = entry->d_name;
     if (entry_name == "." || entry_name == "..") continue;
@@ -73,6 +75,16 @@ int apFileFinderEx::operator++() {
   if (position_ > entries_.size()) return 0;
   ++position_;
   return position_ <= entries_.size() ? 1 : 0;
+}
+
+apPathName apFileFinderEx::path() const {
+  if (position_ == 0 || position_ > entries_.size()) return {};
+  const std::string_view name = name_of(entries_[position_ - 1]);
+  std::wstring path;
+  path.reserve(directory_.size() + name.size());
+  path += directory_;
+  ap_decode_utf8(name, path);
+  return apPathName(std::move(path));
 }
 
 apFileName apFileFinderEx::file_name() const {

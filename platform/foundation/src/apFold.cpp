@@ -82,6 +82,7 @@ std::size_t ap_hash_folded(std::wstring_view text) {
 }
 
 bool ap_equal_folded(std::wstring_view left, std::wstring_view right) {
+  if (left == right) return true;
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](wchar_t a, wchar_t b) { return a == b || folded(a) == folded(b); });
 }

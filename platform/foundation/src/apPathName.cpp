@@ -26,14 +26,19 @@ apString join(std::wstring_view left, std::wstring_view right) {
 
 }  // namespace
 
+const apString& apPathName::no_path() {
+  static const apString none;
+  return none;
+}
+
 apPathName apPathName::dirname() const {
-  const std::size_t start = start_of_last_component(path_.view());
+  const std::size_t start = start_of_last_component(string().view());
   if (start == 0) return {};
-  return apPathName(path_.substr(0, start == 1 ? 1 : start - 1));
+  return apPathName(string().substr(0, start == 1 ? 1 : start - 1));
 }
 
 std::wstring_view apPathName::last_component() const {
-  return path_.view().substr(start_of_last_component(path_.view()));
+  return string().view().substr(start_of_last_component(string().view()));
 }
 
 apFileName apPathName::basename() const {
@@ -43,11 +48,11 @@ apFileName apPathName::basename() const {
 apPathName apPathName::combine(const apPathName& relative) const {
   if (relative.invalid()) return *this;
   if (invalid()) return relative;
-  return apPathName(join(path_.view(), relative.path_.view()));
+  return apPathName(join(string().view(), relative.string().view()));
 }
 
 apPathName apPathName::adjoin(const apPathName& directory, const apFileName& name) {
   if (name.empty()) return directory;
   if (directory.invalid()) return apPathName(name.string());
-  return apPathName(join(directory.path_.view(), name.string().view()));
+  return apPathName(join(directory.string().view(), name.string().view()));
 }
