@@ -56,6 +56,21 @@ function(vel_add_translator name)
   vel_place(${name} ${VEL_TRANSLATOR_DIR})
 endfunction()
 
+# vel_add_service(KEY SOURCE...): the service library KEYsvc.dll.
+function(vel_add_service key)
+  set(library ${key}svc)
+  add_library(${library} MODULE ${ARGN})
+  target_link_libraries(${library} PRIVATE velplatform)
+  set_target_properties(${library} PROPERTIES PREFIX "" SUFFIX ".dll")
+  vel_make_unloadable(${library})
+  vel_place(${library} ${VEL_SERVICE_DIR})
+endfunction()
+
+# vel_make_unloadable(TARGET): a symbol that is unique in the process would keep its library mapped after it was closed.
+function(vel_make_unloadable target)
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+endfunction()
+
 # vel_add_data(DIRECTORY FILE...): files that go into DIRECTORY below the root, in the build and in an installation.
 function(vel_add_data directory)
   foreach(file ${ARGN})

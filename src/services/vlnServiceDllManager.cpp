@@ -27,5 +27,7 @@ void vlnServiceDllManager::unload_dll(const vluServiceKey& key) {
 
 apFileName vlnServiceDllManager::dll_name_from_key(const vluServiceKey& key) const {
   const apIStringEncoding* encoding = app_info_ ? app_info_->ut_encoding() : apStringEncodingChooser().ut_encoding();
-  return apFileName(encoding->to_apString(key.get_name()) + L"svc." + vln_shared_library_extension());
+  const apString name = encoding->to_apString(key.get_name());
+  // A name that does not convert must not find the library of an empty one.
+  return name.invalid() ? apFileName() : apFileName(name + L"svc." + vln_shared_library_extension());
 }

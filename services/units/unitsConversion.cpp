@@ -1,0 +1,80 @@
+#include "unitsConversion.h"
+
+#include <cstddef>
+#include <numbers>
+
+namespace {
+
+struct LengthText {
+  const char* name;
+  const char* symbol;
+};
+
+// In the order of the values.
+constexpr LengthText length_texts[] = {
+    {"unspecified", ""},
+    {"micrometre", "\u00b5m"},
+    {"millimetre", "mm"},
+    {"centimetre", "cm"},
+    {"metre", "m"},
+    {"kilometre", "km"},
+    {"microinch", "\u00b5in"},
+    {"mil", "mil"},
+    {"inch", "in"},
+    {"foot", "ft"},
+    {"yard", "yd"},
+    {"mile", "mi"},
+};
+
+struct AngleText {
+  const char* name;
+  const char* symbol;
+  double per_turn;
+};
+
+constexpr AngleText angle_texts[] = {
+    {"degree", "\u00b0", 360},          {"radian", "rad", 2 * std::numbers::pi}, {"gradian", "gon", 400},
+    {"arc minute", "\u2032", 360 * 60}, {"arc second", "\u2033", 360 * 60 * 60}, {"turn", "tr", 1},
+};
+
+// Null for a number that is no unit.
+template <typename Text, std::size_t N, typename Unit>
+const Text* text_of(const Text (&texts)[N], Unit unit) {
+  const auto position = static_cast<std::size_t>(unit);
+  return position < N ? &texts[position] : nullptr;
+}
+
+}  // namespace
+
+double unitsConversion::convert_length(double value, velLengthUnit from, velLengthUnit to) const {
+  // Of a ratio and its inverse the one above 1 is rounded less, so 25.4 mm are exactly one inch.
+  const double ratio = vel_length_ratio(from, to);
+  return ratio >= 1 ? value * ratio : value / vel_length_ratio(to, from);
+}
+
+double unitsConversion::convert_angle(double value, velAngularUnit from, velAngularUnit to) const {
+  const AngleText* given = text_of(angle_texts, from);
+  const AngleText* wanted = text_of(angle_texts, to);
+  if (!given || !wanted || given == wanted) return value;
+  return value * wanted->per_turn / given->per_turn;
+}
+
+const char* unitsConversion::length_name(velLengthUnit unit) const {
+  const LengthText* text = text_of(length_texts, unit);
+  return text ? text->name : "";
+}
+
+const char* unitsConversion::angle_name(velAngularUnit unit) const {
+  const AngleText* text = text_of(angle_texts, unit);
+  return text ? text->name : "";
+}
+
+const char* unitsConversion::length_symbol(velLengthUnit unit) const {
+  const LengthText* text = text_of(length_texts, unit);
+  return text ? text->symbol : "";
+}
+
+const char* unitsConversion::angle_symbol(velAngularUnit unit) const {
+  const AngleText* text = text_of(angle_texts, unit);
+  return text ? text->symbol : "";
+}

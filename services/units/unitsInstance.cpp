@@ -1,0 +1,20 @@
+#include "unitsConversion.h"
+#include "vluServiceInstance.h"
+
+namespace {
+
+class UnitsInstance : public vluServiceInstance {
+ public:
+  explicit UnitsInstance(const velabsAppInfo*) {}
+  void service(vluBaseServicePtr& holder) override {
+    // The holder has no type; its user takes out what was put in.
+    holder = vluBaseServicePtr(static_cast<unitsService*>(&conversion_));
+  }
+
+ private:
+  unitsConversion conversion_;
+};
+
+}  // namespace
+
+VLU_SERVICE_LIBRARY(UnitsInstance)

@@ -1,0 +1,3 @@
+extern "C" __attribute__((visibility("default"))) int get_nothing() {
+  return 0;
+}

@@ -1,0 +1,200 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <numbers>
+
+#include "CountedService.h"
+#include "TemporaryDirectory.h"
+#include "apILibraryLoaderOperations.h"
+#include "unitsService.h"
+#include "vlnServices.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The operating system's library operations, which tell what they do.
+class TellingLibraries : public apILibraryLoaderOperations {
+ public:
+  explicit TellingLibraries(std::vector<std::string>& events) : events_(events) {}
+  void* open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
+    events_.push_back("open");
+    return system()->open(path, lifetime, status);
+  }
+  void* symbol(void* library, const char* name, apStatus& status) const override {
+    return system()->symbol(library, name, status);
+  }
+  void close(void* library) const override {
+    events_.push_back("close");
+    system()->close(library);
+  }
+
+ private:
+  std::vector<std::string>& events_;
+};
+
+using Events = std::vector<std::string>;
+
+class Services : public testing::Test {
+ protected:
+  Services() { give_manager(); }
+
+  void give_manager() {
+    auto manager = std::make_unique<vlnServiceDllManager>(vlnSearchPath(apString(directory_.path().c_str())), &loader_,
+                                                          &app_info_);
+    services_->set_dll_manager(manager, &app_info_);
+    EXPECT_FALSE(manager);
+  }
+  // Puts a fixture in place as the library of a key, as an installer does: beside it first, then by renaming.
+  void install(const std::string& fixture, const std::string& key = "test") const {
+    const std::string target = directory_ / (key + "svc.dll");
+    fs::copy_file(fs::path(VEL_SERVICE_FIXTURES) / (fixture + ".dll"), target + ".new");
+    fs::rename(target + ".new", target);
+  }
+  // Null when there is no such service.
+  CountedService* ask(const char* key = "test") {
+    vluBaseServicePtr found;
+    if (!services_->service(vluServiceKey(key), found)) return nullptr;
+    auto* service = found.as<CountedService>();
+    service->events = &events_;
+    return service;
+  }
+  Events take_events() { return std::exchange(events_, {}); }
+
+  TemporaryDirectory directory_;
+  Events events_;
+  TellingLibraries libraries_{events_};
+  apDynamicLibraryLoader loader_{&libraries_};
+  velabsAppInfo app_info_{"test", "1", "test", "nobody", "UTF-8"};
+  std::unique_ptr<vlnServices> services_ = std::make_unique<vlnServices>();
+};
+
+const Events one_life{"open", "instance destroyed", "close", "unloaded"};
+
+}  // namespace
+
+TEST_F(Services, ALibraryIsLoadedOnFirstUseAndOnce) {
+  install("first");
+  EXPECT_TRUE(events_.empty());
+  const CountedService* service = ask();
+  ASSERT_TRUE(service);
+  EXPECT_EQ(service->build, 1);
+  EXPECT_EQ(service->app_info, &app_info_);
+  EXPECT_EQ(ask(), service);
+  EXPECT_EQ(take_events(), Events{"open"});
+
+  services_.reset();
+  EXPECT_EQ(take_events(), (Events{"instance destroyed", "close", "unloaded"}));
+}
+
+TEST_F(Services, AfterRemovalTheLibraryIsLoadedAfresh) {
+  install("first");
+  ASSERT_TRUE(ask());
+  services_->remove_service(vluServiceKey("test"));
+  EXPECT_EQ(take_events(), one_life);
+
+  install("second");
+  ASSERT_TRUE(ask());
+  EXPECT_EQ(ask()->build, 2);
+  fs::remove(directory_ / "testsvc.dll");
+  EXPECT_TRUE(ask());
+  services_->remove_service(vluServiceKey("test"));
+  services_->remove_service(vluServiceKey("test"));
+  EXPECT_EQ(take_events(), one_life);
+  EXPECT_FALSE(ask());
+}
+
+TEST_F(Services, AnotherManagerDropsWhatTheFirstOneLoaded) {
+  install("first");
+  int registered = 0;
+  services_->add_service(vluServiceKey("own"), vluBaseServicePtr(&registered));
+  ASSERT_TRUE(ask());
+  install("second");
+  give_manager();
+  EXPECT_EQ(take_events(), one_life);
+  ASSERT_TRUE(ask());
+  EXPECT_EQ(ask()->build, 2);
+
+  std::unique_ptr<vlnServiceDllManager> none;
+  services_->set_dll_manager(none, nullptr);
+  EXPECT_EQ(take_events(), one_life);
+  EXPECT_FALSE(ask());
+  vluBaseServicePtr found;
+  EXPECT_TRUE(services_->service(vluServiceKey("own"), found));
+  EXPECT_EQ(found.get(), &registered);
+}
+
+TEST_F(Services, WhatServesNobodyIsAskedEachTimeAndLoadedOnce) {
+  for (const char* fixture : {"no_entry", "null_instance", "null_service", "throwing_entry", "throwing_instance"}) {
+    install(fixture, fixture);
+    EXPECT_FALSE(ask(fixture)) << fixture;
+    EXPECT_FALSE(ask(fixture)) << fixture;
+    EXPECT_EQ(take_events(), Events{"open"}) << fixture;
+  }
+  // Once it was removed it may be better.
+  install("first", "no_entry");
+  services_->remove_service(vluServiceKey("no_entry"));
+  EXPECT_TRUE(ask("no_entry"));
+}
+
+TEST_F(Services, WhatCannotBeLoadedIsTriedAgain) {
+  EXPECT_FALSE(ask());
+  directory_.write("testsvc.dll", "no library");
+  EXPECT_FALSE(ask());
+  install("first");
+  EXPECT_TRUE(ask());
+  // A key is no path, and one that the encoding cannot hold is no other key.
+  install("first", "");
+  install("first", "odd");
+  EXPECT_FALSE(ask(("../" + directory_.path().filename().string() + "/odd").c_str()));
+  velabsAppInfo ascii("test", "1", "test", "nobody", "ASCII");
+  auto manager =
+      std::make_unique<vlnServiceDllManager>(vlnSearchPath(apString(directory_.path().c_str())), &loader_, &ascii);
+  EXPECT_TRUE(manager->load_dll(vluServiceKey("odd")));
+  EXPECT_FALSE(manager->load_dll(vluServiceKey("\xc3\xa9")));
+}
+
+TEST_F(Services, UnitsAreConvertedAndNamed) {
+  fs::copy_file(VEL_UNITS_LIBRARY, directory_ / "unitssvc.dll");
+  vluBaseServicePtr found;
+  ASSERT_TRUE(services_->service(vluServiceKey(units_service_key), found));
+  const auto* units = found.as<unitsService>();
+  // The library names what the platform names, in both families.
+  utStringcoDList lengths, angles;
+  velLengthUnit_strings(lengths);
+  velAngularUnit_strings(angles);
+  for (std::size_t i = 0; i < lengths.count(); ++i) {
+    EXPECT_EQ(lengths[i], units->length_name(static_cast<velLengthUnit>(i)));
+    EXPECT_EQ(*units->length_symbol(static_cast<velLengthUnit>(i)) == '\0', i == velLENGTH_UNSPECIFIED);
+  }
+  for (std::size_t i = 0; i < angles.count(); ++i) {
+    EXPECT_EQ(angles[i], units->angle_name(static_cast<velAngularUnit>(i)));
+    EXPECT_NE(*units->angle_symbol(static_cast<velAngularUnit>(i)), '\0');
+  }
+  for (const int none : {-1, 99}) {
+    EXPECT_STREQ(units->length_name(static_cast<velLengthUnit>(none)), "");
+    EXPECT_STREQ(units->angle_symbol(static_cast<velAngularUnit>(none)), "");
+  }
+
+  struct Length {
+    double value;
+    velLengthUnit from, to;
+    double result;
+  };
+  const Length cases[] = {
+      {2, velLENGTH_INCH, velLENGTH_MILLIMETRE, 50.8},   {25.4, velLENGTH_MILLIMETRE, velLENGTH_INCH, 1},
+      {0.3, velLENGTH_METRE, velLENGTH_MILLIMETRE, 300}, {3, velLENGTH_FOOT, velLENGTH_YARD, 1},
+      {7, velLENGTH_UNSPECIFIED, velLENGTH_INCH, 7},     {7, velLENGTH_INCH, velLENGTH_UNSPECIFIED, 7},
+      {-1609.344, velLENGTH_METRE, velLENGTH_MILE, -1},  {7, velLENGTH_INCH, velLENGTH_INCH, 7},
+  };
+  for (const Length& c : cases) EXPECT_EQ(units->convert_length(c.value, c.from, c.to), c.result) << c.result;
+
+  EXPECT_EQ(units->convert_angle(180, velANGLE_DEGREE, velANGLE_RADIAN), std::numbers::pi);
+  EXPECT_EQ(units->convert_angle(100, velANGLE_GRADIAN, velANGLE_DEGREE), 90);
+  EXPECT_EQ(units->convert_angle(1.5, velANGLE_DEGREE, velANGLE_ARC_MINUTE), 90);
+  EXPECT_EQ(units->convert_angle(370, velANGLE_DEGREE, static_cast<velAngularUnit>(99)), 370);
+
+  // It leaves the process when it is no longer wanted.
+  services_->remove_service(vluServiceKey(units_service_key));
+  EXPECT_EQ(TemporaryDirectory::read("/proc/self/maps").find(directory_ / "unitssvc.dll"), std::string::npos);
+}
