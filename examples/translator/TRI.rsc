@@ -1,0 +1,15 @@
+# Options of the TRI translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Unit of the numbers in the file (reading and writing).
+# Reading: the files hold no unit; this says which one theirs is.
+# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+LENGTH_UNIT = unspecified
+
+# Factor for all coordinates, greater than 0 (reading and writing).
+SCALE = 1
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing). 0: 0.1.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0
