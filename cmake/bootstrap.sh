@@ -64,7 +64,16 @@ vel_build() {
   directory=$(vel_build_directory "$1")
   shift
   log=$(mktemp)
-  if cmake --build "$directory" --target "$@" >"$log" 2>&1; then
+  if [ -t 2 ]; then
+    # A person wants to see that it goes on.
+    cmake --build "$directory" --target "$@" 2>&1 | tee "$log" | sed -un 's/^\[\([0-9]*\/[0-9]*\)\].*/\1/p' |
+      while read -r step; do printf '\rvel: built %s ' "$step" >&2; done
+    printf '\r                          \r' >&2
+    grep -q '^ninja: build stopped\|^FAILED:\|^ninja: error' "$log" && failed=1 || failed=0
+  else
+    cmake --build "$directory" --target "$@" >"$log" 2>&1 && failed=0 || failed=1
+  fi
+  if [ "$failed" = 0 ]; then
     rm -f "$log"
     return 0
   fi
@@ -75,7 +84,10 @@ vel_build() {
 
 # vel_locked COMMAND...: one build at a time in this tree.
 vel_locked() {
-  mkdir -p "$root/build"
+  if ! mkdir -p "$root/build" 2>/dev/null || [ ! -w "$root/build" ]; then
+    vel_say "cannot build in $root/build: it may not be written to; copy the project to a directory of your own"
+    return 1
+  fi
   exec 9>"$root/build/.lock"
   command -v flock >/dev/null && flock 9
   "$@" 9>&-

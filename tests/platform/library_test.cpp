@@ -47,13 +47,12 @@ TEST(DynamicLibrary, OnlyAbsolutePathsAreOpened) {
 TEST(DynamicLibrary, OperationsThatGiveAHandleAndAFailureAreClosed) {
   struct Contradictory : apILibraryLoaderOperations {
     mutable int open_handles = 0;
-    void* open(const apPathName&, Lifetime, apStatus& status) const override {
+    Handle open(const apPathName&, Lifetime, apStatus& status) const override {
       ++open_handles;
       status.set_failure("bad");
-      return &open_handles;
+      return {&open_handles, [](void* handles) { --*static_cast<int*>(handles); }};
     }
     void* symbol(void*, const char*, apStatus&) const override { return nullptr; }
-    void close(void*) const override { --open_handles; }
   } operations;
   apStatus status;
   EXPECT_EQ(apDynamicLibraryLoader(&operations).load(apPathName(L"/x"), status), nullptr);

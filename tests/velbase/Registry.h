@@ -20,14 +20,13 @@
 // The operating system's library operations, with a count of the libraries that were opened.
 class CountingLibraries : public apILibraryLoaderOperations {
  public:
-  void* open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
+  Handle open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
     ++opened;
     return system()->open(path, lifetime, status);
   }
   void* symbol(void* library, const char* name, apStatus& status) const override {
     return system()->symbol(library, name, status);
   }
-  void close(void* library) const override { system()->close(library); }
 
   mutable int opened = 0;
 };

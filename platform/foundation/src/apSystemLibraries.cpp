@@ -12,17 +12,22 @@ utString last_failure() {
   return text ? text : "unknown reason";
 }
 
+void close(void* library) {
+  dlclose(library);
+}
+
 class SystemLibraries : public apILibraryLoaderOperations {
  public:
-  void* open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
+  Handle open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
+    Handle library(nullptr, close);
     const std::string name = ap_system_path(path);
     // The system would look for a relative name in places of its own.
     if (name.empty() || name.front() != '/') {
       status.set_failure("the path of a library must be absolute");
-      return nullptr;
+      return library;
     }
     const int flags = RTLD_NOW | RTLD_LOCAL | (lifetime == Lifetime::keep_mapped ? RTLD_NODELETE : 0);
-    void* library = dlopen(name.c_str(), flags);
+    library.reset(dlopen(name.c_str(), flags));
     if (!library) status.set_failure(last_failure());
     return library;
   }
@@ -33,8 +38,6 @@ class SystemLibraries : public apILibraryLoaderOperations {
     if (!address) status.set_failure(last_failure());
     return address;
   }
-
-  void close(void* library) const override { dlclose(library); }
 };
 
 }  // namespace
