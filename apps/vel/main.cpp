@@ -4,6 +4,9 @@
 #include <new>
 
 #include "velCommandLine.h"
+#include "velMessages.h"
+#include "velabsAppInfo.h"
+#include "vln_exception_handler.h"
 
 namespace {
 
@@ -14,10 +17,12 @@ int run(int count, char** words) {
     const velCommand command = vel_parse_command_line(count, words, console, code);
     if (command) code = command(console);
   } catch (const std::bad_alloc&) {
-    console.error("there is not enough memory for this. Nothing was written.");
+    console.error(vel_text(velMSG_NO_MEMORY));
     code = velEXIT_FAILED;
   } catch (const std::exception& error) {
-    console.error(std::string("this should not have happened: ") + error.what() + ". Please report it.");
+    // A developer may have asked to see it in a debugger.
+    if (!vln_exception_handler(velabsAppInfo("velbase", VEL_VERSION, "vel", "", "UTF-8"))) throw;
+    console.error(vel_text(velMSG_UNEXPECTED, {error.what()}));
     code = velEXIT_FAILED;
   }
   if (!console.finish() && code == velEXIT_DONE) code = velEXIT_FAILED;

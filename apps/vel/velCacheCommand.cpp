@@ -8,6 +8,7 @@
 
 #include "velDiscovery.h"
 #include "velInstallation.h"
+#include "velMessages.h"
 #include "velText.h"
 #include "velTranslators.h"
 #include "vlnTranslatorCacheWriter.h"
@@ -15,9 +16,6 @@
 #include "vluFileHelpers.h"
 
 namespace {
-
-constexpr char no_place[] =
-    "there is no application data directory to keep the cache in. Set QRM_HOME to a directory that you may write.";
 
 // Writes a whole cache to a name of its own and gives it the wanted name in the end.
 class Refresh {
@@ -41,13 +39,13 @@ class Refresh {
     int written = 0;
     vlnTranslatorLoadStatus status(vlnLOAD_OK);
     vlnTranslatorCacheWriter writer(file, *none.inputs, *none.outputs, encoding_, written, status);
-    if (!status.ok()) return fail(file, "it cannot be written");
+    if (!status.ok()) return fail(file, vel_text(velMSG_CANNOT_BE_WRITTEN));
 
     for (const vlnTranslatorDlls* set : {sets.inputs.get(), sets.outputs.get()}) {
       vlnTranslatorDllsIT translators(*set);
       while (++translators) {
         const vlnTranslatorLoadStatus record = writer.write_next_dll(translators());
-        if (record.types().contains(vlnLOAD_CACHE_UNWRITABLE)) return fail(file, "it cannot be written");
+        if (record.types().contains(vlnLOAD_CACHE_UNWRITABLE)) return fail(file, vel_text(velMSG_CANNOT_BE_WRITTEN));
         if (record.ok()) {
           ++records_;
         } else {
@@ -63,20 +61,18 @@ class Refresh {
   }
 
   bool fail(const std::string& file, const std::string& reason) {
-    console_.error(file + ": " + reason + ". The cache is as it was.");
+    console_.error(vel_text(velMSG_CACHE_KEPT, {file, reason}));
     return false;
   }
 
   void report(const velDiscovery::Sets& sets, const std::string& target) {
     for (const std::string& library : left_out_) {
-      console_.warning(library +
-                       ": left out of the cache: a text that it gives of itself does not fit there. It is opened at "
-                       "every start.");
+      console_.warning(vel_text(velMSG_CACHE_TEXT_UNFIT, {library}));
     }
     for (const auto& failure : discovery_.failures(*sets.inputs, *sets.outputs)) {
-      console_.warning(failure.library + ": left out of the cache: " + vel_sentence(failure.reason));
+      console_.warning(vel_text(velMSG_CACHE_LEFT_OUT, {failure.library, vel_sentence(failure.reason)}));
     }
-    console_.print(vel_printable(target) + ": " + vel_counted(records_, "record", "records") + " written.\n");
+    console_.print_line(vel_text(velMSG_CACHE_WRITTEN, {target, vel_counted(records_, velMSG_RECORD)}));
   }
 
   velConsole& console_;
@@ -93,12 +89,12 @@ velExitCode vel_cache_refresh(velConsole& console) {
   if (!installation.found()) return velEXIT_FAILED;
   const std::string target = installation.user_cache_file();
   if (target.empty()) {
-    console.error(no_place);
+    console.error(vel_text(velMSG_CACHE_NO_PLACE));
     return velEXIT_FAILED;
   }
   const vlnSchemaDir directory = installation.directories()->get_schema_dir(vlnSchemaTranslators);
   if (!directory.create_user_dir()) {
-    console.error(directory.user_dir().str() + ": this directory cannot be made. The cache is as it was.");
+    console.error(vel_text(velMSG_CACHE_NO_DIRECTORY, {directory.user_dir().view()}));
     return velEXIT_FAILED;
   }
   return Refresh(installation, console).write(target) ? velEXIT_DONE : velEXIT_FAILED;
@@ -109,27 +105,27 @@ velExitCode vel_cache_show(velConsole& console) {
   if (!installation.found()) return velEXIT_FAILED;
   const std::string file = installation.cache_file();
   if (file.empty()) {
-    console.print("No cache: every library is opened at every start. `vel cache refresh` makes one.\n");
+    console.print_line(vel_text(velMSG_CACHE_NONE));
     return velEXIT_DONE;
   }
   const velDiscovery discovery(installation);
   bool intact = true;
   const auto records = discovery.read_cache(file, intact);
   const bool own = file == installation.user_cache_file();
-  console.print(vel_printable(file) + (own ? " (yours)" : " (the installation's)") + ": " +
-                vel_counted(records.size(), "record", "records") + "\n");
+  console.print_line(
+      vel_text(own ? velMSG_CACHE_OWN : velMSG_CACHE_INSTALLED, {file, vel_counted(records.size(), velMSG_RECORD)}));
 
   std::vector<std::vector<std::string>> lines;
   for (const auto& record : records) {
     if (!record.info) {
-      lines.push_back({record.library.empty() ? "?" : record.library, "passed over: no such library, or damaged"});
+      lines.push_back({record.library.empty() ? "?" : record.library, vel_text(velMSG_CACHE_RECORD_UNUSABLE)});
       continue;
     }
     const velTranslatorRow row = vel_translator_row(*record.info);
     lines.push_back({row.library_name, row.format, row.direction, vel_joined(row.extensions), row.category});
   }
   console.print(vel_columns(lines));
-  if (!intact) console.warning(file + ": this file is damaged. Run `vel cache refresh` to mend it.");
+  if (!intact) console.warning(vel_text(velMSG_CACHE_TO_MEND, {file}));
   return velEXIT_DONE;
 }
 
@@ -138,19 +134,19 @@ velExitCode vel_cache_clear(velConsole& console) {
   if (!installation.found()) return velEXIT_FAILED;
   const std::string file = installation.user_cache_file();
   if (file.empty()) {
-    console.print("Nothing to clear: there is no application data directory.\n");
+    console.print_line(vel_text(velMSG_CACHE_NO_APP_DATA));
     return velEXIT_DONE;
   }
   if (unlink(file.c_str()) == 0) {
-    console.print(vel_printable(file) + ": removed.\n");
+    console.print_line(vel_text(velMSG_CACHE_REMOVED, {file}));
   } else if (errno == ENOENT) {
-    console.print("Nothing to clear: there is no " + vel_printable(file) + ".\n");
+    console.print_line(vel_text(velMSG_CACHE_NOT_THERE, {file}));
   } else {
-    console.error(file + ": it cannot be removed: " + std::strerror(errno) + ".");
+    console.error(vel_text(velMSG_CACHE_NOT_REMOVED, {file, std::strerror(errno)}));
     return velEXIT_FAILED;
   }
   if (const std::string other = installation.cache_file(); !other.empty()) {
-    console.print("The installation's own cache, " + vel_printable(other) + ", is in force.\n");
+    console.print_line(vel_text(velMSG_CACHE_OTHER_IN_FORCE, {other}));
   }
   return velEXIT_DONE;
 }

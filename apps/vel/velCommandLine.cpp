@@ -4,12 +4,22 @@
 
 #include "velCacheCommand.h"
 #include "velDirsCommand.h"
+#include "velFiles.h"
 #include "velInfoCommand.h"
 #include "velListCommand.h"
+#include "velMessages.h"
 #include "velOptionsCommand.h"
+#include "velText.h"
 #include "velTranslateCommand.h"
 
 namespace {
+
+// What the words came to.
+struct Parsed {
+  velCommand command;
+  std::vector<std::string> files;  // that the command reads or writes
+  std::string log;                 // empty: none
+};
 
 constexpr char json_help[] = "Print one JSON object";
 
@@ -19,7 +29,7 @@ vlnTranslator::Resources options_from(const char* side, const std::vector<std::s
   for (const std::string& text : texts) {
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos || equals == 0) {
-      throw CLI::ValidationError(side, "\"" + text + "\" is not of the form KEY=VALUE");
+      throw CLI::ValidationError(side, vel_text(velMSG_NOT_KEY_VALUE, {text}));
     }
     options.emplace_back(text.substr(0, equals), text.substr(equals + 1));
   }
@@ -27,10 +37,10 @@ vlnTranslator::Resources options_from(const char* side, const std::vector<std::s
 }
 
 void refuse_standard_streams(const std::string& file) {
-  if (file == "-") throw CLI::ValidationError("-", "the standard streams are not supported; name a file");
+  if (file == "-") throw CLI::ValidationError("-", vel_text(velMSG_STANDARD_STREAM));
 }
 
-void add_translate(CLI::App& program, velCommand& command) {
+void add_translate(CLI::App& program, Parsed& parsed) {
   struct Words {
     velTranslateRequest request;
     std::vector<std::string> in, out;
@@ -53,62 +63,80 @@ void add_translate(CLI::App& program, velCommand& command) {
       ->allow_extra_args(false);
   app->add_flag("--quiet", words->request.quiet, "Say nothing but warnings and errors");
   app->add_flag("--json", words->request.json, json_help);
-  app->callback([words, &command] {
+  app->callback([words, &parsed] {
     velTranslateRequest& request = words->request;
     for (const std::string& input : request.inputs) refuse_standard_streams(input);
     refuse_standard_streams(request.output);
-    if (request.output.empty()) throw CLI::ValidationError("-o", "the name of the output is empty");
+    if (request.output.empty()) throw CLI::ValidationError("-o", vel_text(velMSG_OUTPUT_WITHOUT_NAME));
     request.input_options = options_from("--in", words->in);
     request.output_options = options_from("--out", words->out);
-    command = [words](velConsole& console) { return vel_translate(words->request, console); };
+    parsed.files = request.inputs;
+    parsed.files.push_back(request.output);
+    parsed.command = [words](velConsole& console) { return vel_translate(words->request, console); };
   });
 }
 
-void add_info(CLI::App& program, velCommand& command) {
+velLengthUnit unit_named(const std::string& name) {
+  velLengthUnit unit = velLENGTH_UNSPECIFIED;
+  if (co_value_from_text(name, unit) && unit != velLENGTH_UNSPECIFIED) return unit;
+  utStringcoDList names;
+  velLengthUnit_strings(names);
+  std::vector<std::string> units;
+  for (std::size_t i = velLENGTH_UNSPECIFIED + 1; i < names.count(); ++i) units.push_back(names[i].str());
+  throw CLI::ValidationError("--unit", vel_text(velMSG_UNKNOWN_UNIT, {name, vel_joined(units)}));
+}
+
+void add_info(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velInfoRequest>();
   CLI::App* app = program.add_subcommand("info", "Tell what a file holds");
   app->add_option("FILE", request->file, "The file to read")->required()->type_name("");
+  auto unit = std::make_shared<std::string>();
+  CLI::Option* option = app->add_option("--unit", *unit, "The unit of length to show, as `vel options` names units");
+  option->type_name("UNIT");
   app->add_flag("--json", request->json, json_help);
-  app->callback([request, &command] {
+  app->callback([request, unit, option, &parsed] {
     refuse_standard_streams(request->file);
-    command = [request](velConsole& console) { return vel_info(*request, console); };
+    if (option->count() > 0) request->unit = unit_named(*unit);
+    parsed.files = {request->file};
+    parsed.command = [request](velConsole& console) { return vel_info(*request, console); };
   });
 }
 
-void add_list(CLI::App& program, velCommand& command) {
+void add_list(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velListRequest>();
   CLI::App* app = program.add_subcommand("list", "List the translators, and the libraries that failed");
   app->add_flag("--json", request->json, json_help);
   app->callback(
-      [request, &command] { command = [request](velConsole& console) { return vel_list(*request, console); }; });
+      [request, &parsed] { parsed.command = [request](velConsole& console) { return vel_list(*request, console); }; });
 }
 
-void add_options(CLI::App& program, velCommand& command) {
+void add_options(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velOptionsRequest>();
   CLI::App* app = program.add_subcommand("options", "List the options of a format");
   app->add_option("FORMAT", request->format, "The format, as `vel list` names it")->required()->type_name("");
   app->add_flag("--json", request->json, json_help);
-  app->callback(
-      [request, &command] { command = [request](velConsole& console) { return vel_options(*request, console); }; });
+  app->callback([request, &parsed] {
+    parsed.command = [request](velConsole& console) { return vel_options(*request, console); };
+  });
 }
 
-void add_cache(CLI::App& program, velCommand& command) {
+void add_cache(CLI::App& program, Parsed& parsed) {
   CLI::App* app = program.add_subcommand("cache", "Work on the cache of translators");
   app->require_subcommand(1);
   const auto add = [&](const char* name, const char* help, velExitCode (*run)(velConsole&)) {
-    app->add_subcommand(name, help)->callback([run, &command] { command = run; });
+    app->add_subcommand(name, help)->callback([run, &parsed] { parsed.command = run; });
   };
   add("refresh", "Write it anew", vel_cache_refresh);
   add("show", "Tell where it is and what it holds", vel_cache_show);
   add("clear", "Remove yours", vel_cache_clear);
 }
 
-void add_dirs(CLI::App& program, velCommand& command) {
+void add_dirs(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velDirsRequest>();
   CLI::App* app = program.add_subcommand("dirs", "Tell where everything is");
   app->add_flag("--json", request->json, json_help);
   app->callback(
-      [request, &command] { command = [request](velConsole& console) { return vel_dirs(*request, console); }; });
+      [request, &parsed] { parsed.command = [request](velConsole& console) { return vel_dirs(*request, console); }; });
 }
 
 // The words behind the program's name, last one first as the parser takes them. It would read a word in square brackets
@@ -122,15 +150,26 @@ std::vector<std::string> reversed_words(int count, char** words) {
   return reversed;
 }
 
-// What stands where a command should; empty when the commands are right.
-std::string complaint_about_commands(const CLI::App& program, const std::vector<std::string>& reversed) {
+// What stands where a command should, or an option that nobody knows; empty when all is right with them. The parser's
+// own complaint would be about what is missing because of them.
+std::string complaint_about_words(const CLI::App& program, const std::vector<std::string>& reversed) {
   const auto any = [](const CLI::App*) { return true; };
   const CLI::App* app = &program;
   for (auto word = reversed.rbegin(); !app->get_subcommands(any).empty(); ++word) {
-    if (word == reversed.rend()) return "a command is missing";
+    if (word == reversed.rend()) return vel_text(velMSG_NO_COMMAND);
+    if (word->starts_with('-')) {
+      const CLI::Option* option = program.get_option_no_throw(word->substr(0, word->find('=')));
+      if (!option) return vel_text(velMSG_UNKNOWN_OPTION, {*word});
+      const bool has_value_behind = option->get_items_expected_max() > 0 && word->find('=') == std::string::npos;
+      if (has_value_behind && ++word == reversed.rend()) return "";
+      continue;
+    }
     const auto named = app->get_subcommands([&](const CLI::App* command) { return command->check_name(*word); });
-    if (named.empty()) return "there is no command \"" + *word + "\"";
+    if (named.empty()) return vel_text(velMSG_UNKNOWN_COMMAND, {*word});
     app = named.front();
+  }
+  for (const std::string& word : program.remaining(true)) {
+    if (word.size() > 1 && word.starts_with('-')) return vel_text(velMSG_UNKNOWN_OPTION, {word});
   }
   return "";
 }
@@ -152,24 +191,34 @@ Reached innermost(const CLI::App& program) {
   return reached;
 }
 
+velExitCode open_log(const Parsed& parsed, velConsole& console) {
+  for (const std::string& file : parsed.files) {
+    if (!vel_is_same_file(parsed.log, file)) continue;
+    console.error(vel_text(velMSG_LOG_IS_NAMED, {parsed.log}));
+    return velEXIT_USAGE;
+  }
+  return console.open_log(parsed.log) ? velEXIT_DONE : velEXIT_FAILED;
+}
+
 }  // namespace
 
 velCommand vel_parse_command_line(int count, char** words, velConsole& console, velExitCode& exit_code) {
-  velCommand command;
+  Parsed parsed;
   CLI::App program("Translates CAD data from one format to another.", "vel");
   program.require_subcommand(1);
   program.get_formatter()->label("SUBCOMMAND", "COMMAND");
   program.get_formatter()->label("REQUIRED", "(required)");
   program.set_help_flag("-h,--help", "Print this help");
   program.set_version_flag("--version", "vel " VEL_VERSION, "Print the version");
-  add_translate(program, command);
-  add_info(program, command);
-  add_list(program, command);
-  add_options(program, command);
-  add_cache(program, command);
-  add_dirs(program, command);
+  program.add_option("--log", parsed.log, "Append every message to this file too")->type_name("FILE");
+  add_translate(program, parsed);
+  add_info(program, parsed);
+  add_list(program, parsed);
+  add_options(program, parsed);
+  add_cache(program, parsed);
+  add_dirs(program, parsed);
   for (CLI::App* group : {&program, program.get_subcommand("cache")}) {
-    for (CLI::App* app : group->get_subcommands(nullptr)) app->group("Commands");
+    for (CLI::App* app : group->get_subcommands(nullptr)) app->group("Commands")->fallthrough();
   }
 
   exit_code = velEXIT_DONE;
@@ -184,11 +233,12 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
     console.print(std::string(version.what()) + "\n");
     return nullptr;
   } catch (const CLI::ParseError& error) {
-    const std::string complaint = complaint_about_commands(program, reversed_words(count, words));
-    console.error((complaint.empty() ? error.what() : complaint) + ". Try `" + innermost(program).whole_name() +
-                  " --help`.");
+    const std::string complaint = complaint_about_words(program, reversed_words(count, words));
+    console.error(
+        vel_text(velMSG_TRY_HELP, {complaint.empty() ? error.what() : complaint, innermost(program).whole_name()}));
     exit_code = velEXIT_USAGE;
     return nullptr;
   }
-  return command;
+  if (!parsed.log.empty()) exit_code = open_log(parsed, console);
+  return exit_code == velEXIT_DONE ? parsed.command : nullptr;
 }

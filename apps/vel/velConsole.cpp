@@ -2,12 +2,14 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iostream>
 
+#include "velFiles.h"
+#include "velMessages.h"
 #include "velText.h"
 
 namespace {
@@ -15,10 +17,6 @@ namespace {
 bool is_capable_terminal() {
   const char* kind = std::getenv("TERM");
   return isatty(STDERR_FILENO) && !(kind && std::strcmp(kind, "dumb") == 0);
-}
-
-void write_error(const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
 }  // namespace
@@ -35,52 +33,70 @@ const char* vel_severity_name(velabsSeverity severity) {
   return "error";
 }
 
-velConsole::velConsole() : shows_progress_(is_capable_terminal()) {}
+velConsole::velConsole()
+    : shows_progress_(is_capable_terminal()),
+      terminal_(apISynchOperations::system()),
+      progress_(terminal_),
+      log_(apISynchOperations::system()) {
+  terminal_.add_ostream(&std::cerr);
+  terminal_.auto_flush(1);
+  log_.auto_flush(1);
+}
 
 void velConsole::be_quiet() {
   quiet_ = true;
   shows_progress_ = false;
 }
 
+bool velConsole::open_log(const std::string& file) {
+  const vlnFile log = vel_file(file);
+  if (log.create_file(vlnFileCreateAppend)) log_file_.open(log.full_path().str(), std::ios::app);
+  if (!log_file_.is_open()) {
+    error(vel_text(velMSG_LOG_NOT_OPENED, {file}));
+    return false;
+  }
+  log_name_ = file;
+  log_.add_ostream(&log_file_);
+  return true;
+}
+
 void velConsole::message(velabsSeverity severity, std::string_view text) {
   const std::lock_guard guard(lock_);
   messages_.push_back({severity, std::string(text)});
+  const std::string line = std::string("vel: ") + vel_severity_name(severity) + ": " + vel_printable(text) + "\n";
+  log_.print(line.c_str());
   if (quiet_ && severity == velabsNOTE) return;
-  erase_progress();
+  progress_.end();
   // What was printed before comes before it on a terminal too.
   std::fflush(stdout);
-  // One write, so that lines of several processes do not mix.
-  write_error(std::string("vel: ") + vel_severity_name(severity) + ": " + vel_printable(text) + "\n");
+  terminal_.print(line.c_str());
 }
 
 void velConsole::print(std::string_view text) {
   const std::lock_guard guard(lock_);
-  erase_progress();
+  progress_.end();
   std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void velConsole::print_line(std::string_view text) {
+  print(vel_printable(text) + "\n");
 }
 
 void velConsole::show_progress(int percent) {
   if (!shows_progress_) return;
   const std::lock_guard guard(lock_);
-  percent = std::clamp(percent, 0, 100);
-  if (percent == percent_ && drawn_ > 0) return;
-  percent_ = percent;
-  char line[32];
-  const int length = std::snprintf(line, sizeof line, "vel: %3d %%", percent);
-  drawn_ = static_cast<std::size_t>(length);
-  write_error(std::string("\r") + line);
+  progress_.show(percent);
 }
 
-void velConsole::clear_progress() {
+void velConsole::show_life() {
+  if (!shows_progress_) return;
   const std::lock_guard guard(lock_);
-  erase_progress();
+  progress_.show_life();
 }
 
-void velConsole::erase_progress() {
-  if (drawn_ == 0) return;
-  // A Ctrl-C shows as two more characters on that line.
-  write_error("\r" + std::string(drawn_ + 2, ' ') + "\r");
-  drawn_ = 0;
+void velConsole::end_progress() {
+  const std::lock_guard guard(lock_);
+  progress_.end();
 }
 
 std::vector<velConsole::Message> velConsole::messages() const {
@@ -89,18 +105,23 @@ std::vector<velConsole::Message> velConsole::messages() const {
 }
 
 bool velConsole::finish() {
-  clear_progress();
+  end_progress();
   errno = 0;
-  if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return true;
-  error(std::string("the standard output: ") + (errno ? std::strerror(errno) : "it cannot be written") +
-        ". The results are incomplete; write them somewhere else.");
-  return false;
+  const bool printed = std::fflush(stdout) == 0 && !std::ferror(stdout);
+  if (!printed) {
+    const std::string reason = errno ? std::strerror(errno) : vel_text(velMSG_CANNOT_BE_WRITTEN);
+    error(vel_text(velMSG_RESULTS_NOT_WRITTEN, {reason}));
+  }
+  const bool logged = log_name_.empty() || log_file_.good();
+  if (!logged) error(vel_text(velMSG_LOG_NOT_WRITTEN, {log_name_}));
+  return printed && logged;
 }
 
 void vel_tell_errors(const std::vector<std::string>& errors, const std::string& subject, const std::string& outcome,
                      velConsole& console) {
-  if (errors.empty()) console.error(subject + ": it failed and no reason was given. " + outcome);
+  const std::string behind = outcome.empty() ? "" : " " + outcome;
+  if (errors.empty()) console.error(vel_text(velMSG_NO_REASON, {subject}) + behind);
   for (std::size_t i = 0; i < errors.size(); ++i) {
-    console.error(i + 1 < errors.size() ? vel_sentence(errors[i]) : vel_sentence(errors[i]) + " " + outcome);
+    console.error(i + 1 < errors.size() ? vel_sentence(errors[i]) : vel_sentence(errors[i]) + behind);
   }
 }

@@ -1,17 +1,20 @@
 #pragma once
 
+#include <fstream>
 #include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "velProgress.h"
 #include "velabsOutput.h"
+#include "vlnOstream.h"
 
 // "note", "warning" or "error".
 const char* vel_severity_name(velabsSeverity severity);
 
 // Where the program speaks: results to the standard output, messages to the standard error as "vel: warning: ...", and
-// one line of progress that is redrawn in place while the standard error is a terminal. Every message is also kept, for
+// progress there too while it is a terminal. A log gets every message and no progress. Every message is also kept, for
 // those who show them as data. Every operation may be called from several threads at once.
 class velConsole {
  public:
@@ -21,9 +24,14 @@ class velConsole {
   };
 
   velConsole();
+  velConsole(const velConsole&) = delete;
+  velConsole& operator=(const velConsole&) = delete;
 
-  // No progress and no notes from now on.
+  // No progress and no notes from now on; a log gets its notes all the same.
   void be_quiet();
+
+  // From now on messages are appended to this file too. False, and an error was said, when they cannot be.
+  bool open_log(const std::string& file);
 
   // One line each. Control characters are made visible.
   void note(std::string_view text) { message(velabsNOTE, text); }
@@ -33,24 +41,30 @@ class velConsole {
 
   // Results; the text brings its line breaks along.
   void print(std::string_view text);
+  // A result of one line, made printable.
+  void print_line(std::string_view text);
 
   void show_progress(int percent);
-  void clear_progress();
+  // The work goes on, and nobody knows how far it is.
+  void show_life();
+  void end_progress();
 
   std::vector<Message> messages() const;
 
-  // False, and an error was said, when results could not be written out whole.
+  // False, and an error was said, when results or the log could not be written out whole.
   bool finish();
 
  private:
-  void erase_progress();
-
   mutable std::mutex lock_;
   std::vector<Message> messages_;
   bool shows_progress_;
   bool quiet_ = false;
-  int percent_ = -1;
-  std::size_t drawn_ = 0;  // characters of progress that stand on the line
+  vlnOstream terminal_;
+  velProgress progress_;
+  // A stream of its own: what ends a row of progress on the terminal must leave no trace in the log.
+  vlnOstream log_;
+  std::string log_name_;
+  std::ofstream log_file_;
 };
 
 // Says every error, the outcome behind the last one; when there is none, that `subject` failed.

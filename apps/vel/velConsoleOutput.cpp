@@ -16,6 +16,7 @@ void velConsoleOutput::progress(int percent) {
 }
 
 bool velConsoleOutput::cancelled() const {
+  console_.show_life();
   return vel_interrupted();
 }
 

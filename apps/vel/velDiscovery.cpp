@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "apFrustrumChooser.h"
+#include "velMessages.h"
 #include "vlnTranslatorCacheReader.h"
 #include "vlnTranslatorDllsIT.h"
 #include "vln_shared_library_extension.h"
@@ -66,11 +67,11 @@ std::string velDiscovery::reason(const apPathName& library, const vlnTranslatorL
     const std::string prefix = encoding_->to_utString(library.string()).str() + ": ";
     return failure.starts_with(prefix) ? failure.substr(prefix.size()) : failure;
   }
-  if (status.types().contains(vlnLOAD_NO_WRAPPER)) return "it has no entry for its direction";
-  if (status.types().contains(vlnLOAD_NO_LIBRARY_OBJECT)) return "its entry gives no translator";
-  if (status.types().contains(vlnLOAD_ENCODING_FAILED)) return "a text that it gives of itself cannot be converted";
+  if (status.types().contains(vlnLOAD_NO_WRAPPER)) return vel_text(velMSG_WHY_NO_ENTRY);
+  if (status.types().contains(vlnLOAD_NO_LIBRARY_OBJECT)) return vel_text(velMSG_WHY_NO_OBJECT);
+  if (status.types().contains(vlnLOAD_ENCODING_FAILED)) return vel_text(velMSG_WHY_NO_CONVERSION);
   // The library was opened well, so it failed while it described itself.
-  return "it failed while describing itself";
+  return vel_text(velMSG_WHY_NO_DESCRIPTION);
 }
 
 std::vector<velDiscovery::Record> velDiscovery::read_cache(const std::string& cache_file, bool& intact) const {

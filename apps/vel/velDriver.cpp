@@ -3,7 +3,7 @@
 #include "v2vVel2vel.h"
 #include "velInterrupt.h"
 #include "velLoader.h"
-#include "velText.h"
+#include "velMessages.h"
 #include "velValidator.h"
 #include "vlnTranslatorDllsIT.h"
 
@@ -35,15 +35,13 @@ void velDriver::load() {
   if (is_cache_damaged()) warn_of_damaged_cache();
   if (inputs().count() + outputs().count() > 0) return;
   const std::size_t failed = discovery_.failures(inputs(), outputs()).size();
-  const std::string found = failed == 0 ? "no translator libraries"
-                                        : "no usable translator among " + vel_counted(failed, "library", "libraries");
-  console_.warning(discovery_.library_directory() + ": there is " + found + "; `vel list` says more.");
+  const std::string directory = discovery_.library_directory();
+  console_.warning(failed == 0 ? vel_text(velMSG_NO_LIBRARIES, {directory})
+                               : vel_text(velMSG_NO_USABLE_LIBRARY, {directory, vel_counted(failed, velMSG_LIBRARY)}));
 }
 
 void velDriver::warn_of_damaged_cache() const {
-  console_.warning(installation_.cache_file() +
-                   ": this cache of translators is damaged, so every library that it does not name was opened. Run "
-                   "`vel cache refresh` to mend it.");
+  console_.warning(vel_text(velMSG_CACHE_DAMAGED, {installation_.cache_file()}));
 }
 
 bool velDriver::is_any_opened() const {

@@ -1,5 +1,7 @@
 #include "velFormatOptions.h"
 
+#include "velMessages.h"
+#include "velOptionNames.h"
 #include "velResourceFile.h"
 #include "velText.h"
 #include "velValidator.h"
@@ -52,7 +54,8 @@ void velFormatOptions::add(const utString& key, const utString& description, con
   options_.push_back({key, name_of(*type), std::move(allowed), type->as_string(resource).str(), description.str()});
 }
 
-const velFormatOptions::Option* velFormatOptions::find(const utString& key) const {
+const velFormatOptions::Option* velFormatOptions::find(const utString& name) const {
+  const utString key = vel_option_key(name);
   for (const Option& option : options_) {
     if (option.key.case_compare(key)) return &option;
   }
@@ -64,8 +67,8 @@ std::string velFormatOptions::refusal(const Option& option, const utString& valu
   const vlnResourceHandler handler(&validator, option.key);
   velTableInstance table;
   if (handler.validate(value) && table.add_resource(option.key, value)) return "";
-  if (option.type == "whole") return "a whole number is expected";
-  if (option.type == "real") return "a number is expected, with a decimal point";
-  if (option.type == "text") return "this text is not accepted";
-  return "allowed are " + vel_joined(option.allowed);
+  if (option.type == "whole") return vel_text(velMSG_TAKES_WHOLE);
+  if (option.type == "real") return vel_text(velMSG_TAKES_REAL);
+  if (option.type == "text") return vel_text(velMSG_TAKES_OTHER_TEXT);
+  return vel_text(velMSG_TAKES_ONE_OF, {vel_joined(option.allowed)});
 }

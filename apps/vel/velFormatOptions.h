@@ -27,8 +27,8 @@ class velFormatOptions {
   // What is wrong with that file: "FILE, line N: reason".
   const std::vector<std::string>& problems() const { return problems_; }
 
-  // Null when the format has no such key; case plays no part.
-  const Option* find(const utString& key) const;
+  // By key or by name, case aside. Null when the format has no such option.
+  const Option* find(const utString& name) const;
 
   // Empty when the value is one that the option takes, else what it takes.
   static std::string refusal(const Option& option, const utString& value);

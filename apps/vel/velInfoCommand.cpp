@@ -5,7 +5,9 @@
 #include "velInputCheck.h"
 #include "velInterrupt.h"
 #include "velJson.h"
+#include "velMessages.h"
 #include "velText.h"
+#include "velUnits.h"
 #include "vluFileTypeFinder.h"
 #include "vluFileTypeInfo.h"
 
@@ -17,7 +19,8 @@ struct Info {
   std::string translator;
   std::string library;  // full path
   std::string library_name;
-  std::string unit;
+  std::string unit;       // of the bounding box
+  std::string unit_text;  // the same for people
   annStatistics statistics;
 };
 
@@ -56,13 +59,36 @@ void print_table(const Info& info, velConsole& console) {
   console.print(vel_columns({{"file", info.file},
                              {"file type", info.file_type},
                              {"translator", info.translator + " (" + info.library_name + ")"},
-                             {"unit", info.unit},
+                             {"unit", info.unit_text},
                              {"parts", std::to_string(counts.parts)},
                              {"faces", std::to_string(counts.faces)},
                              {"triangles", std::to_string(counts.triangles)},
                              {"vertices", std::to_string(counts.vertices)},
                              {"smallest x y z", counts.box ? text_of(counts.box->min) : "none"},
                              {"largest x y z", counts.box ? text_of(counts.box->max) : "none"}}));
+}
+
+void convert(annVector& point, velLengthUnit from, velLengthUnit to, const unitsService& units) {
+  for (double* coordinate : {&point.x, &point.y, &point.z}) *coordinate = units.convert_length(*coordinate, from, to);
+}
+
+// Shows lengths in another unit; where that is not possible, says why and leaves them as they are.
+void convert(Info& info, velLengthUnit from, velLengthUnit to, velInstallation& installation, velConsole& console) {
+  if (from == velLENGTH_UNSPECIFIED) {
+    console.warning(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file}));
+    return;
+  }
+  velUnits library(installation);
+  const unitsService* units = library.service();
+  if (!units) {
+    console.warning(library.complaint(vel_text(velMSG_UNIT_OF_FILE_SHOWN, {info.unit})));
+    return;
+  }
+  info.unit = units->length_name(to);
+  info.unit_text = vel_text(velMSG_UNIT_CONVERTED, {info.unit, units->length_name(from)});
+  if (!info.statistics.box) return;
+  convert(info.statistics.box->min, from, to, *units);
+  convert(info.statistics.box->max, from, to, *units);
 }
 
 }  // namespace
@@ -76,24 +102,27 @@ velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
   if (const velExitCode code = vel_check_input_translators({request.file}, driver, console)) return code;
 
   const bool done = driver.read(request.file);
-  console.clear_progress();
+  console.end_progress();
   if (!done && vel_interrupted()) {
-    console.error(request.file + ": cancelled.");
+    console.error(vel_text(velMSG_CANCELLED, {request.file}));
     return velEXIT_FAILED;
   }
   if (!done) {
-    vel_tell_errors(driver.errors(), request.file, "The file is damaged.", console);
+    vel_tell_errors(driver.errors(), request.file, "", console);
     return velEXIT_BAD_INPUT;
   }
 
   const vlnTranslatorInfo* reader = driver.inputs().translator_for_file(request.file);
-  const Info info{request.file,
-                  vluFileTypeInfo::name(vluFileTypeFinder::find_file_type(request.file)).str(),
-                  reader->format_name().ut_string().str(),
-                  reader->file_ut().str(),
-                  reader->file_name_ut().str(),
-                  co_value_to_text(driver.document().unit).str(),
-                  ann_statistics(driver.document())};
+  const std::string unit = co_value_to_text(driver.document().unit).str();
+  Info info{request.file,
+            vluFileTypeInfo::name(vluFileTypeFinder::find_file_type(request.file)).str(),
+            reader->format_name().ut_string().str(),
+            reader->file_ut().str(),
+            reader->file_name_ut().str(),
+            unit,
+            unit,
+            ann_statistics(driver.document())};
+  if (request.unit) convert(info, driver.document().unit, *request.unit, installation, console);
   request.json ? print_json(info, console) : print_table(info, console);
   return velEXIT_DONE;
 }

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "velMessages.h"
 #include "velText.h"
 #include "velTranslators.h"
 #include "vluFileTypeFinder.h"
@@ -16,18 +17,27 @@ namespace {
 
 // Empty when the file can be read.
 std::string complaint_about(const std::string& file) {
+  const std::string shown = file.empty() ? vel_text(velMSG_EMPTY_NAME) : file;
   struct stat state = {};
-  if (stat(file.c_str(), &state) != 0) return std::string(std::strerror(errno)) + ". Check its name.";
-  if (S_ISDIR(state.st_mode)) return "this is a directory. Name a file.";
-  if (!S_ISREG(state.st_mode)) {
-    return "this is no regular file (a pipe, socket or device). Save what it gives to a file and name that.";
-  }
+  if (stat(file.c_str(), &state) != 0) return vel_text(velMSG_INPUT_MISSING, {shown, std::strerror(errno)});
+  if (S_ISDIR(state.st_mode)) return vel_text(velMSG_INPUT_IS_DIRECTORY, {shown});
+  if (!S_ISREG(state.st_mode)) return vel_text(velMSG_INPUT_IS_SPECIAL, {shown});
   // Opened rather than asked for its permissions: only that tells for every kind of user and file system.
   const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor < 0) return std::string("it cannot be opened: ") + std::strerror(errno) + ".";
+  if (descriptor < 0) return vel_text(velMSG_INPUT_UNREADABLE, {shown, std::strerror(errno)});
   close(descriptor);
-  if (state.st_size == 0) return "this file is empty. Ask for a fresh copy.";
-  return "";
+  return state.st_size == 0 ? vel_text(velMSG_INPUT_EMPTY, {shown}) : "";
+}
+
+// Empty when there is a translator for it that can be used.
+std::string complaint_about_translator(const std::string& file, const velDriver& driver) {
+  if (const vlnTranslatorInfo* info = driver.inputs().translator_for_file(file)) {
+    return vel_library_complaint(driver, *info, file);
+  }
+  const vluFileType type = vluFileTypeFinder::find_file_type(file);
+  const std::string formats = vel_format_names(driver.inputs());
+  if (type == vluUNKNOWN) return vel_text(velMSG_CONTENT_UNKNOWN, {file, formats});
+  return vel_text(velMSG_NO_READER, {file, vluFileTypeInfo::name(type).str(), formats});
 }
 
 }  // namespace
@@ -37,7 +47,7 @@ velExitCode vel_check_input_files(const std::vector<std::string>& files, velCons
   for (const std::string& file : files) {
     const std::string complaint = complaint_about(file);
     if (complaint.empty()) continue;
-    console.error((file.empty() ? "(empty name)" : file) + ": " + complaint);
+    console.error(complaint);
     code = velEXIT_BAD_INPUT;
   }
   return code;
@@ -47,26 +57,16 @@ velExitCode vel_check_input_translators(const std::vector<std::string>& files, c
                                         velConsole& console) {
   velExitCode code = velEXIT_DONE;
   for (const std::string& file : files) {
-    std::string complaint;
-    if (const vlnTranslatorInfo* info = driver.inputs().translator_for_file(file)) {
-      complaint = vel_library_complaint(driver, *info);
-    } else {
-      const vluFileType type = vluFileTypeFinder::find_file_type(file);
-      const std::string found = type == vluUNKNOWN ? "its content is of no known type"
-                                                   : "this is a file of type " + vluFileTypeInfo::name(type).str() +
-                                                         ", and no translator here reads it";
-      complaint = found + ". Formats that can be read: " + vel_format_names(driver.inputs()) + ".";
-    }
+    const std::string complaint = complaint_about_translator(file, driver);
     if (complaint.empty()) continue;
-    console.error(file + ": " + complaint);
+    console.error(complaint);
     code = velEXIT_NO_TRANSLATOR;
   }
   return code;
 }
 
-std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info) {
+std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info, const std::string& file) {
   const std::string failure = driver.discovery().failure_to_load(info);
   if (failure.empty()) return "";
-  return "its translator " + info.file_ut().str() + " cannot be used: " + vel_sentence(failure) +
-         " Run `vel cache refresh` if that library was replaced.";
+  return vel_text(velMSG_TRANSLATOR_UNUSABLE, {file, info.file_ut().view(), vel_sentence(failure)});
 }

@@ -17,5 +17,5 @@ velExitCode vel_check_input_files(const std::vector<std::string>& files, velCons
 velExitCode vel_check_input_translators(const std::vector<std::string>& files, const velDriver& driver,
                                         velConsole& console);
 
-// The complaint about a translator whose library cannot be opened; empty when it can.
-std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info);
+// The complaint about the translator of a file whose library cannot be opened; empty when it can.
+std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info, const std::string& file);

@@ -9,6 +9,8 @@
 #include <cstring>
 
 #include "apEnvironmentVariables.h"
+#include "velFiles.h"
+#include "velMessages.h"
 #include "velText.h"
 
 namespace {
@@ -34,8 +36,9 @@ std::string executable_directory() {
   char path[PATH_MAX];
   const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
   if (length <= 0) return "";
-  const std::string_view whole(path, static_cast<std::size_t>(length));
-  return std::string(whole.substr(0, whole.rfind('/') + 1));
+  const vlnFile program = vel_file(std::string(path, static_cast<std::size_t>(length)));
+  const std::string directory = program.get_path_element(vlnFileDirectory).str();
+  return directory.ends_with('/') ? directory : directory + "/";
 }
 
 std::string config_directory() {
@@ -63,12 +66,11 @@ bool is_private_directory(const std::string& path) {
 velInstallation::velInstallation(velConsole& console) : app_info_("velbase", VEL_VERSION, "vel", user_name(), "UTF-8") {
   const std::string directory = executable_directory();
   if (directory.empty()) {
-    console.error(std::string("/proc/self/exe: ") + std::strerror(errno) +
-                  ". The program cannot tell where it is installed; make /proc available.");
+    console.error(vel_text(velMSG_PROGRAM_NOT_FOUND, {std::strerror(errno)}));
     return;
   }
   if (directory.size() > longest_directory) {
-    console.error(directory + ": the name of this directory is too long. Install the program in a higher place.");
+    console.error(vel_text(velMSG_PLACE_TOO_DEEP, {directory}));
     return;
   }
   find_directories(directory, console);
@@ -93,17 +95,15 @@ void velInstallation::find_directories(const std::string& executable_directory, 
     for (const std::string& base : {wish, config_directory(), temporary_directory()}) {
       if (!base.empty()) tried.push_back(base);
     }
-    console.warning("no application data directory could be made (tried " + vel_joined(tried) +
-                    "); going on without a cache and without resource files of your own. Set QRM_HOME to a "
-                    "directory that you may write.");
+    console.warning(vel_text(velMSG_NO_APP_DATA, {vel_joined(tried)}));
     return;
   }
   if (wish.empty()) return;
   bool several = false;
   const apPathName used = directories_->get_dir(vlnDIRECTORY_APP_DATA).directory_path(several);
   if (used == path(wish).combine(path("velbase"))) return;
-  console.warning(wish + ": QRM_HOME names a directory that cannot be used. Going on with " +
-                  app_info_.ut_encoding()->to_utString(used.string()).str() + " instead.");
+  const utString instead = app_info_.ut_encoding()->to_utString(used.string());
+  console.warning(vel_text(velMSG_QRM_HOME_UNUSABLE, {wish, instead.view()}));
 }
 
 std::string velInstallation::user_cache_file() const {

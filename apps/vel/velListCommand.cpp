@@ -4,6 +4,7 @@
 
 #include "velDriver.h"
 #include "velJson.h"
+#include "velMessages.h"
 #include "velText.h"
 #include "velTranslators.h"
 
@@ -44,8 +45,8 @@ void print_table(const Listing& listing, velConsole& console) {
   if (listing.translators.empty()) {
     std::error_code unreadable;
     const bool exists = std::filesystem::is_directory(listing.library_directory, unreadable);
-    console.print("No translators: " + vel_printable(listing.library_directory) +
-                  (exists ? " holds no usable library.\n" : " is no directory.\n"));
+    console.print_line(
+        vel_text(exists ? velMSG_LIST_NO_LIBRARY : velMSG_LIST_NO_DIRECTORY, {listing.library_directory}));
   } else {
     std::vector<std::vector<std::string>> lines{
         {"FORMAT", "DIRECTION", "EXTENSIONS", "FILE TYPES", "CATEGORY", "LIBRARY", "CACHE"}};

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "velFormatOptions.h"
+#include "velMessages.h"
+#include "velOptionNames.h"
 #include "velText.h"
 
 namespace {
@@ -17,7 +19,7 @@ class Checker {
       names_.push_back(std::move(name));
       formats_.emplace_back(driver, *format);
       for (const std::string& problem : formats_.back().problems()) {
-        console.warning(vel_sentence(problem) + " This line was passed over.");
+        console.warning(vel_text(velMSG_LINE_PASSED_OVER, {vel_sentence(problem)}));
       }
     }
   }
@@ -28,27 +30,26 @@ class Checker {
       if ((option = format.find(key))) break;
     }
     if (!option) {
-      console_.error(std::string(side) + " " + key.str() + ": " + vel_joined(names_, " and ") +
-                     " has no such option. " + known_keys());
+      console_.error(vel_text(velMSG_UNKNOWN_KEY, {side, key.view(), vel_joined(names_, " and "), known_names()}));
       return false;
     }
     key = option->key;
     const std::string refusal = velFormatOptions::refusal(*option, value);
     if (refusal.empty()) return true;
-    console_.error(std::string(side) + " " + key.str() + ": the value \"" + value.str() + "\" is not valid; " +
-                   vel_sentence(refusal));
+    console_.error(vel_text(velMSG_BAD_VALUE, {side, vel_option_name(key).view(), value.view(), refusal}));
     return false;
   }
 
  private:
-  std::string known_keys() const {
-    std::vector<std::string> keys;
+  std::string known_names() const {
+    std::vector<std::string> known;
     for (const velFormatOptions& format : formats_) {
       for (const auto& option : format.options()) {
-        if (std::find(keys.begin(), keys.end(), option.key.str()) == keys.end()) keys.push_back(option.key.str());
+        std::string name = vel_option_name(option.key).str();
+        if (std::find(known.begin(), known.end(), name) == known.end()) known.push_back(std::move(name));
       }
     }
-    return keys.empty() ? "It has none." : "Known are " + vel_joined(keys) + ".";
+    return known.empty() ? vel_text(velMSG_NO_KEYS) : vel_text(velMSG_KNOWN_KEYS, {vel_joined(known)});
   }
 
   velConsole& console_;

@@ -2,8 +2,11 @@
 
 #include <set>
 
+#include "velFiles.h"
 #include "velFormatOptions.h"
 #include "velJson.h"
+#include "velMessages.h"
+#include "velOptionNames.h"
 #include "velText.h"
 #include "velTranslators.h"
 #include "vlnTranslatorDllsIT.h"
@@ -23,6 +26,7 @@ void print_json(const std::string& format, const velFormatOptions& options, velC
   velJson list = velJson::array();
   for (const auto& option : options.options()) {
     list.push_back({{"key", option.key.str()},
+                    {"name", vel_option_name(option.key).str()},
                     {"type", option.type},
                     {"allowed", option.allowed},
                     {"default", option.default_value},
@@ -33,15 +37,17 @@ void print_json(const std::string& format, const velFormatOptions& options, velC
 
 void print_text(const std::string& format, const velFormatOptions& options, velConsole& console) {
   if (options.options().empty()) {
-    console.print(vel_printable(format) + " has no options.\n");
+    console.print_line(vel_text(velMSG_NO_OPTIONS, {format}));
     return;
   }
+  const std::string file = vel_last_component(options.file());
   std::string text;
   for (const auto& option : options.options()) {
     const std::string takes = option.allowed.empty() ? option.type : option.type + ": " + vel_joined(option.allowed);
     if (!text.empty()) text += "\n";
-    text += vel_wrapped(option.key.str() + " = " + option.default_value, 0) + vel_wrapped(takes, 4) +
-            vel_wrapped(option.description, 4);
+    text += vel_wrapped(vel_option_name(option.key).str() + " = " + option.default_value, 0) + vel_wrapped(takes, 4) +
+            vel_wrapped(option.description, 4) +
+            vel_wrapped(vel_text(velMSG_IN_RESOURCE_FILE, {file, option.key.view(), option.default_value}), 4);
   }
   console.print(text);
 }
@@ -57,12 +63,12 @@ velExitCode vel_options(const velOptionsRequest& request, velConsole& console) {
   const vlnTranslatorInfo* info = driver.inputs().translator_for_format(request.format);
   if (!info) info = driver.outputs().translator_for_format(request.format);
   if (!info) {
-    console.error(request.format + ": no translator knows this format. Formats: " + all_format_names(driver) + ".");
+    console.error(vel_text(velMSG_UNKNOWN_FORMAT, {request.format, all_format_names(driver)}));
     return velEXIT_NO_TRANSLATOR;
   }
   const velFormatOptions options(driver, *info);
   for (const std::string& problem : options.problems()) {
-    console.warning(vel_sentence(problem) + " This line was passed over.");
+    console.warning(vel_text(velMSG_LINE_PASSED_OVER, {vel_sentence(problem)}));
   }
   const std::string format = info->format_name().ut_string().str();
   request.json ? print_json(format, options, console) : print_text(format, options, console);

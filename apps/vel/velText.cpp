@@ -19,10 +19,6 @@ std::string vel_printable(std::string_view text) {
   return printable;
 }
 
-std::string vel_counted(std::size_t count, std::string_view singular, std::string_view plural) {
-  return std::to_string(count).append(" ").append(count == 1 ? singular : plural);
-}
-
 std::string vel_joined(const std::vector<std::string>& texts, std::string_view separator) {
   std::string joined;
   for (const std::string& text : texts) {

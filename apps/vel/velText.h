@@ -11,9 +11,6 @@
 // terminal. All other bytes pass, also those that are no UTF-8.
 std::string vel_printable(std::string_view text);
 
-// "1 part", "3 parts".
-std::string vel_counted(std::size_t count, std::string_view singular, std::string_view plural);
-
 std::string vel_joined(const std::vector<std::string>& texts, std::string_view separator = ", ");
 
 // The text, with a full stop behind it unless it ends in one.

@@ -1,18 +1,17 @@
 #include "velTranslateCommand.h"
 
 #include "velDriver.h"
+#include "velFiles.h"
 #include "velInputCheck.h"
 #include "velInterrupt.h"
 #include "velJson.h"
+#include "velMessages.h"
 #include "velOptionCheck.h"
+#include "velOutputCheck.h"
 #include "velText.h"
 #include "velTranslators.h"
 
 namespace {
-
-std::string last_component(const std::string& path) {
-  return path.substr(path.rfind('/') + 1);
-}
 
 // One request: checked, carried out and told of.
 class Translation {
@@ -36,6 +35,7 @@ class Translation {
     if (const velExitCode code = vel_check_input_translators(request_.inputs, *driver_, console_)) return code;
     if (const velExitCode code = choose_output()) return code;
     if (const velExitCode code = set_options()) return code;
+    if (const velExitCode code = vel_check_output(request_.output, request_.inputs, console_)) return code;
     return carry_out();
   }
 
@@ -44,17 +44,15 @@ class Translation {
     writer_ = request_.format.empty() ? writers.translator_for_file(request_.output)
                                       : writers.translator_for_format(request_.format);
     if (!writer_) {
-      const std::string missing = request_.format.empty()
-                                      ? request_.output + ": no format is written under this extension"
-                                      : request_.format + ": no translator writes this format";
-      console_.error(missing + ". Formats that can be written: " + vel_format_names(writers) +
-                     "; choose one with --to.");
+      const std::string formats = vel_format_names(writers);
+      console_.error(request_.format.empty() ? vel_text(velMSG_NO_FORMAT_FOR_NAME, {request_.output, formats})
+                                             : vel_text(velMSG_NO_WRITER, {request_.format, formats}));
       return velEXIT_NO_TRANSLATOR;
     }
     format_ = writer_->format_name().ut_string().str();
-    const std::string complaint = vel_library_complaint(*driver_, *writer_);
+    const std::string complaint = vel_library_complaint(*driver_, *writer_, request_.output);
     if (complaint.empty()) return velEXIT_DONE;
-    console_.error(request_.output + ": " + complaint);
+    console_.error(complaint);
     return velEXIT_NO_TRANSLATOR;
   }
 
@@ -75,39 +73,29 @@ class Translation {
     driver_->set_input_file_list(itIterator<utString>(inputs));
     driver_->output_file_and_format(request_.output, format_);
     const bool done = driver_->run();
-    console_.clear_progress();
+    console_.end_progress();
     if (!done) return tell_failure();
     statistics_ = ann_statistics(driver_->document());
-    if (!request_.quiet && !request_.json) console_.print(vel_printable(summary()) + "\n");
+    if (!request_.quiet && !request_.json) console_.print_line(summary());
     return velEXIT_DONE;
   }
 
   velExitCode tell_failure() {
     if (vel_interrupted()) {
-      console_.error(request_.output + ": cancelled; nothing was written.");
+      console_.error(vel_text(velMSG_CANCELLED_NOT_WRITTEN, {request_.output}));
       return velEXIT_FAILED;
     }
-    const std::vector<std::string> errors = driver_->errors();
-    const int failed = is_about_output(errors) ? 0 : driver_->num_failed();
-    const std::string outcome = failed == 0   ? "Nothing was written."
-                                : failed == 1 ? "The file is damaged; nothing was written."
-                                              : "The files are damaged; nothing was written.";
-    vel_tell_errors(errors, request_.output, outcome, console_);
-    return failed == 0 ? velEXIT_FAILED : velEXIT_BAD_INPUT;
-  }
-
-  // Whether the request was refused for the sake of its output: all inputs then count as failed although none was read.
-  bool is_about_output(const std::vector<std::string>& errors) const {
-    return !errors.empty() && errors.front().starts_with(request_.output + ": ");
+    vel_tell_errors(driver_->errors(), request_.output, vel_text(velMSG_NOTHING_WRITTEN), console_);
+    return driver_->num_failed() == 0 ? velEXIT_FAILED : velEXIT_BAD_INPUT;
   }
 
   std::string summary() const {
     std::vector<std::string> sources;
-    for (const std::string& input : request_.inputs) sources.push_back(last_component(input));
-    return request_.output + ": " + vel_counted(statistics_->parts, "part", "parts") + ", " +
-           vel_counted(statistics_->faces, "face", "faces") + ", " +
-           vel_counted(statistics_->vertices, "vertex", "vertices") + " (" + format_ + ", from " + vel_joined(sources) +
-           ")";
+    for (const std::string& input : request_.inputs) sources.push_back(vel_last_component(input));
+    return vel_text(
+        velMSG_TRANSLATED,
+        {request_.output, vel_counted(statistics_->parts, velMSG_PART), vel_counted(statistics_->faces, velMSG_FACE),
+         vel_counted(statistics_->vertices, velMSG_VERTEX), format_, vel_joined(sources)});
   }
 
   void print_json(velExitCode code) const {

@@ -108,6 +108,12 @@ void Installation::add_library(const std::string& file) const {
   fs::copy_file(file, library(fs::path(file).filename()));
 }
 
+void Installation::add_units() const {
+  fs::create_directories(fs::path(units_library()).parent_path());
+  fs::copy_file(fs::path(VEL_BUILT_ROOT) / "sys/exec/services/unitssvc.dll", units_library(),
+                fs::copy_options::overwrite_existing);
+}
+
 void Installation::add_fixture(const std::string& name) const {
   for (const std::string& file : {std::string(VEL_FIXTURES "/") + name, std::string(VEL_OWN_FIXTURES "/") + name}) {
     if (fs::exists(file)) return add_library(file);

@@ -44,7 +44,11 @@ class Installation {
   void add_library(const std::string& file) const;
   void add_fixture(const std::string& name) const;
 
+  // Puts the service for units in its place.
+  void add_units() const;
+
   std::string library(const std::string& name) const { return root_ / ("sys/exec/lib/" + name); }
+  std::string units_library() const { return root_ / "sys/exec/services/unitssvc.dll"; }
   std::string program() const { return root_ / "sys/exec/vel"; }
   std::string cache_file() const { return home_ / "velbase/translators/translators.lst"; }
   const TemporaryDirectory& root() const { return root_; }

@@ -17,7 +17,14 @@ const std::vector<Case> cases{
     {{"translate", "--help"}, 0, "KEY=VALUE", ""},
     {{}, 2, "", "vel --help"},
     {{"translat"}, 2, "", "translat"},
-    {{"list", "--bogus"}, 2, "", "--bogus"},
+    {{"--bogus"}, 2, "", "no option \"--bogus\". Try `vel --help`"},
+    {{"list", "--bogus"}, 2, "", "no option \"--bogus\". Try `vel list --help`"},
+    {{"info", "--bogus"}, 2, "", "no option \"--bogus\""},
+    {{"--log"}, 2, "", "--log"},
+    {{"--log", "a.log", "bogus"}, 2, "", "no command \"bogus\""},
+    {{"--log", "/no/such/file", "list"}, 1, "", "/no/such/file: no log"},
+    {{"info", "a.stl", "--unit", "furlong"}, 2, "", "\"furlong\". Units: micrometre, "},
+    {{"info", "a.stl", "--unit", "unspecified"}, 2, "", "Units: micrometre, "},
     {{"translate", "a.stl"}, 2, "", "vel translate --help"},
     {{"translate", "-o", "b.obj"}, 2, "", "IN"},
     {{"translate", "a.stl", "-o", ""}, 2, "", "empty"},
@@ -57,6 +64,27 @@ TEST(CommandLine, StrangeNamesAreNames) {
     EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 1) << outcome.out;
     EXPECT_EQ(installation.run({"info", "--json", "--", name}).code, 0) << name;
   }
+}
+
+TEST(CommandLine, ALogHoldsEveryMessageAndNothingElse) {
+  const Installation installation;
+  installation.work().write("a.stl", tetrahedron_stl);
+  installation.work().write("part.log", "before\n");
+  EXPECT_EQ(installation.run({"translate", "a.stl", "a.stl", "-o", "b.stl", "--quiet", "--log", "part.log"}).err, "");
+  const Outcome missing = installation.run({"--log=part.log", "info", "missing"});
+  const std::string log = TemporaryDirectory::read(installation.work() / "part.log");
+  EXPECT_TRUE(log.starts_with("before\nvel: note: b.stl: ")) << log;
+  EXPECT_TRUE(log.ends_with("\n" + missing.err)) << log;
+  EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 3) << log;
+
+  // A log that is an input, or the output, would spoil it.
+  std::filesystem::create_symlink("a.stl", installation.work() / "link");
+  for (const char* name : {"a.stl", "./a.stl", "link", "new.stl"}) {
+    EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "new.stl", "--log", name}).code, 2) << name;
+  }
+  EXPECT_EQ(TemporaryDirectory::read(installation.work() / "a.stl"), tetrahedron_stl);
+  const Outcome full = installation.run({"info", "missing", "--log", "/dev/full"});
+  EXPECT_NE(full.err.find("/dev/full: the log is incomplete"), std::string::npos) << full.err;
 }
 
 TEST(CommandLine, ResultsThatCannotBeWrittenAreAFailure) {

@@ -64,7 +64,7 @@ TEST(Directories, ApplicationDataIsLookedForInOrder) {
     if (!c.data.empty()) continue;
 
     // Without it everything else works, what the installation carries included.
-    EXPECT_NE(run({"options", "STL"}).out.find("WELD_POINTS"), std::string::npos);
+    EXPECT_NE(run({"options", "STL"}).out.find("weld-points"), std::string::npos);
     EXPECT_EQ(run({"cache", "refresh"}).code, 1);
     EXPECT_EQ(run({"cache", "clear"}).code, 0);
     EXPECT_EQ(run({"list"}).code, 0);

@@ -65,10 +65,11 @@ TEST(List, OptionsShowKeysTypesAndDefaults) {
   EXPECT_EQ(by_key["WELD_POINTS"]["allowed"], json({"False", "True"}));
   EXPECT_EQ(by_key["FILE_FORMAT"]["default"], "binary");
   EXPECT_NE(by_key["FILE_FORMAT"]["description"], "");
+  EXPECT_EQ(by_key["FILE_FORMAT"]["name"], "file-format");
 
   // The user's file sets a default and does not hide the keys that it leaves out.
   installation.home().write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\n");
   const Outcome own = installation.run({"options", "STL"});
-  EXPECT_NE(own.out.find("FILE_FORMAT = ascii\n    one of: binary, ascii\n"), std::string::npos) << own.out;
-  EXPECT_NE(own.out.find("SCALE = 1\n    real\n"), std::string::npos) << own.out;
+  EXPECT_NE(own.out.find("file-format = ascii\n    one of: binary, ascii\n"), std::string::npos) << own.out;
+  EXPECT_NE(own.out.find("scale = 1\n    real\n"), std::string::npos) << own.out;
 }

@@ -47,22 +47,23 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"directory", "-o", "old.obj"}, 4, {"directory: ", "Name a file"}},
       {{"pipe.stl", "-o", "old.obj"}, 4, {"pipe.stl", "no regular file"}},
       {{"empty.stl", "-o", "old.obj"}, 4, {"empty.stl", "is empty"}},
-      {{"cut.stl", "-o", "old.obj"}, 4, {"cut.stl", "nothing was written"}},
-      {{"typo.stl", "-o", "old.obj"}, 4, {"typo.stl", "line 6", "nothing was written"}},
+      {{"cut.stl", "-o", "old.obj"}, 4, {"cut.stl", "Nothing was written"}},
+      {{"typo.stl", "-o", "old.obj"}, 4, {"typo.stl", "line 6", "Nothing was written"}},
       {{"good.stl", "typo.stl", "-o", "old.obj"}, 4, {"typo.stl"}},
       {{"garbage.stl", "-o", "old.obj"}, 3, {"garbage.stl", "no known type", "OBJ, STL"}},
       {{"off.off", "-o", "old.obj"}, 3, {"off.off", "OFF", "OBJ, STL"}},
       {{"good.stl", "-o", "out.xyz"}, 3, {"out.xyz", "OBJ, STL", "--to"}},
       {{"good.stl", "-o", "out"}, 3, {"OBJ, STL"}},
       {{"good.stl", "-o", "old.obj", "--to", "XYZ"}, 3, {"XYZ", "OBJ, STL"}},
-      {{"good.stl", "-o", "old.obj", "--in", "NO_SUCH=1"}, 2, {"--in NO_SUCH", "WELD_POINTS"}},
+      {{"good.stl", "-o", "old.obj", "--in", "NO_SUCH=1"}, 2, {"--in NO_SUCH", "weld-points"}},
       {{"good.stl", "-o", "old.obj", "--out", "WELD_POINTS=1"}, 2, {"WELD_POINTS", "OBJ"}},
-      {{"good.stl", "-o", "old.obj", "--in", "SCALE=nan"}, 2, {"SCALE", "\"nan\"", "number"}},
-      {{"good.stl", "-o", "old.obj", "--out", "DIGITS=1.5"}, 2, {"DIGITS", "\"1.5\"", "whole"}},
-      {{"good.stl", "-o", "old.obj", "--in", "weld_points=maybe"}, 2, {"WELD_POINTS", "\"maybe\"", "False, True"}},
+      {{"good.stl", "-o", "old.obj", "--in", "SCALE=nan"}, 2, {"scale", "\"nan\"", "number"}},
+      {{"good.stl", "-o", "old.obj", "--out", "DIGITS=1.5"}, 2, {"digits", "\"1.5\"", "whole"}},
+      {{"good.stl", "-o", "old.obj", "--in", "weld_points=maybe"}, 2, {"weld-points", "\"maybe\"", "False, True"}},
       {{"good.stl", "-o", "none/out.obj"}, 1, {"none/", "does not exist"}},
-      {{"good.stl", "-o", "file/out.obj"}, 1, {"file/out.obj"}},
-      {{"good.stl", "-o", "directory", "--to", "OBJ"}, 1, {"directory: "}},
+      {{"good.stl", "-o", "file/out.obj"}, 1, {"file/out.obj", "below a file"}},
+      {{"good.stl", "-o", "new.obj/", "--to", "OBJ"}, 1, {"new.obj/", "directory"}},
+      {{"good.stl", "-o", "directory", "--to", "OBJ"}, 1, {"directory: ", "name a file in it"}},
       {{"good.stl", "-o", "/dev/full", "--to", "OBJ"}, 1, {"/dev/full", "No space"}},
       {{"good.stl", "-o", "good.stl"}, 1, {"good.stl", "input"}},
       {{"good.stl", "-o", "link.stl"}, 1, {"link.stl", "input"}},
@@ -96,8 +97,10 @@ TEST(Translate, WritesAndTellsWhat) {
   EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "named", "--to", "obj", "--quiet"}).out, "");
   EXPECT_TRUE(fs::exists(work / "named"));
 
-  // Options reach the translators, whatever the case of their keys.
-  installation.run({"translate", "a.stl", "-o", "text.stl", "--in", "scale=10", "--out", "File_Format=ASCII"});
+  // Options reach the translators by key and by name, in any case.
+  installation.run({"translate", "a.stl", "-o", "text.stl", "--out", "File_Format=ASCII"});
+  EXPECT_TRUE(work.read(work / "text.stl").starts_with("solid"));
+  installation.run({"translate", "a.stl", "-o", "text.stl", "--in", "scale=10", "--out", "File-Format=ASCII"});
   EXPECT_TRUE(work.read(work / "text.stl").starts_with("solid"));
   const json info = json::parse(installation.run({"info", "text.stl", "--json"}).out);
   EXPECT_EQ(info["bounding_box"]["max"], json({10, 10, 20}));
@@ -162,19 +165,21 @@ TEST(Translate, CtrlCLeavesTheOldOutputAndNothingElse) {
   EXPECT_EQ(installation.files(), (std::vector<std::string>{"old.stl", "slow.off"}));
 }
 
-TEST(Translate, ProgressIsDrawnOnATerminalAndCleared) {
+TEST(Translate, ProgressGrowsOnATerminalAndEndsItsLine) {
   const Installation installation;
   installation.add_fixture("slow_input.dll");
   installation.work().write("slow.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
   for (const bool quiet : {false, true}) {
-    std::vector<std::string> words{"translate", "slow.off", "-o", "out.stl"};
+    std::vector<std::string> words{"translate", "slow.off", "-o", "out.stl", "--log", "log"};
     if (quiet) words.push_back("--quiet");
     Running running = installation.start(words, "", true);
-    ASSERT_TRUE(running.wait_for_error(quiet ? "half-way" : "%"));
+    // Half of the reading, which is half of the work; then a dot for each second without news.
+    ASSERT_TRUE(running.wait_for_error(quiet ? "half-way" : "half-way\r\n%30%."));
     running.signal(SIGINT);
     const Outcome outcome = running.finish();
-    EXPECT_EQ(outcome.err.find(" %") == std::string::npos, quiet) << outcome.err;
-    EXPECT_TRUE(outcome.err.ends_with("vel: error: out.stl: cancelled; nothing was written.\r\n")) << outcome.err;
+    EXPECT_EQ(outcome.err.find('%') == std::string::npos, quiet) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with("\r\nvel: error: out.stl: cancelled; nothing was written.\r\n")) << outcome.err;
     EXPECT_EQ(outcome.err.find('\033'), std::string::npos);
   }
+  EXPECT_EQ(TemporaryDirectory::read(installation.work() / "log").find_first_of("%"), std::string::npos);
 }

@@ -1,0 +1,167 @@
+#include "velMessages.h"
+
+#include "vlnStringTable.h"
+
+namespace {
+
+constexpr char table_name[] = "vel_messages";
+
+struct Text {
+  velMessage message;
+  const char* text;
+};
+
+constexpr Text texts[] = {
+    {velMSG_NO_MEMORY, "there is not enough memory for this. Nothing was written."},
+    {velMSG_UNEXPECTED, "this should not have happened: %1. Please report it."},
+    {velMSG_RESULTS_NOT_WRITTEN, "the standard output: %1. The results are incomplete; write them somewhere else."},
+    {velMSG_CANNOT_BE_WRITTEN, "it cannot be written"},
+    {velMSG_LOG_NOT_OPENED, "%1: no log can be written there. Name another file with --log."},
+    {velMSG_LOG_IS_NAMED, "%1: the log is an input or the output too. Name another file with --log."},
+    {velMSG_LOG_NOT_WRITTEN, "%1: the log is incomplete: the file cannot be written. Name another one with --log."},
+    {velMSG_NO_REASON, "%1: it failed and no reason was given."},
+    {velMSG_NOTHING_WRITTEN, "Nothing was written."},
+
+    {velMSG_TRY_HELP, "%1. Try `%2 --help`."},
+    {velMSG_NO_COMMAND, "a command is missing"},
+    {velMSG_UNKNOWN_COMMAND, "there is no command \"%1\""},
+    {velMSG_UNKNOWN_OPTION, "there is no option \"%1\""},
+    {velMSG_NOT_KEY_VALUE, "\"%1\" is not of the form KEY=VALUE"},
+    {velMSG_STANDARD_STREAM, "the standard streams are not supported; name a file"},
+    {velMSG_OUTPUT_WITHOUT_NAME, "the name of the output is empty"},
+    {velMSG_UNKNOWN_UNIT, "there is no unit \"%1\". Units: %2"},
+
+    {velMSG_PROGRAM_NOT_FOUND,
+     "/proc/self/exe: %1. The program cannot tell where it is installed; make /proc available."},
+    {velMSG_PLACE_TOO_DEEP, "%1: the name of this directory is too long. Install the program in a higher place."},
+    {velMSG_NO_APP_DATA,
+     "no application data directory could be made (tried %1); going on without a cache and without resource files of "
+     "your own. Set QRM_HOME to a directory that you may write."},
+    {velMSG_QRM_HOME_UNUSABLE, "%1: QRM_HOME names a directory that cannot be used. Going on with %2 instead."},
+
+    {velMSG_NO_LIBRARIES, "%1: there are no translator libraries; `vel list` says more."},
+    {velMSG_NO_USABLE_LIBRARY, "%1: there is no usable translator among %2; `vel list` says more."},
+    {velMSG_CACHE_DAMAGED,
+     "%1: this cache of translators is damaged, so every library that it does not name was opened. Run `vel cache "
+     "refresh` to mend it."},
+    {velMSG_TRANSLATOR_UNUSABLE,
+     "%1: its translator %2 cannot be used: %3 Run `vel cache refresh` if that library was replaced."},
+    {velMSG_LIST_NO_LIBRARY, "No translators: %1 holds no usable library."},
+    {velMSG_LIST_NO_DIRECTORY, "No translators: %1 is no directory."},
+    {velMSG_WHY_NO_ENTRY, "it has no entry for its direction"},
+    {velMSG_WHY_NO_OBJECT, "its entry gives no translator"},
+    {velMSG_WHY_NO_CONVERSION, "a text that it gives of itself cannot be converted"},
+    {velMSG_WHY_NO_DESCRIPTION, "it failed while describing itself"},
+
+    {velMSG_INPUT_MISSING, "%1: %2. Check its name."},
+    {velMSG_INPUT_IS_DIRECTORY, "%1: this is a directory. Name a file."},
+    {velMSG_INPUT_IS_SPECIAL,
+     "%1: this is no regular file (a pipe, socket or device). Save what it gives to a file and name that."},
+    {velMSG_INPUT_UNREADABLE, "%1: it cannot be opened: %2."},
+    {velMSG_INPUT_EMPTY, "%1: this file is empty. Ask for a fresh copy."},
+    {velMSG_EMPTY_NAME, "(empty name)"},
+    {velMSG_CONTENT_UNKNOWN, "%1: its content is of no known type. Formats that can be read: %2."},
+    {velMSG_NO_READER, "%1: this is a file of type %2, and no translator here reads it. Formats that can be read: %3."},
+
+    {velMSG_NO_FORMAT_FOR_NAME,
+     "%1: no format is written under this extension. Formats that can be written: %2; choose one with --to."},
+    {velMSG_NO_WRITER, "%1: no translator writes this format. Formats that can be written: %2; choose one with --to."},
+    {velMSG_OUTPUT_IS_INPUT, "%1: it is an input too; name another output. Nothing was written."},
+    {velMSG_OUTPUT_IS_DIRECTORY, "%1: it is a directory; name a file in it. Nothing was written."},
+    {velMSG_OUTPUT_READ_ONLY, "%1: it may not be written to; name another output. Nothing was written."},
+    {velMSG_OUTPUT_NO_DIRECTORY, "%1: its directory does not exist; make it first. Nothing was written."},
+    {velMSG_OUTPUT_BELOW_FILE, "%1: it lies below a file; name another output. Nothing was written."},
+    {velMSG_OUTPUT_DIRECTORY_CLOSED,
+     "%1: its directory may not be written to; name another output. Nothing was written."},
+    {velMSG_CANCELLED, "%1: cancelled."},
+    {velMSG_CANCELLED_NOT_WRITTEN, "%1: cancelled; nothing was written."},
+    {velMSG_TRANSLATED, "%1: %2, %3, %4 (%5, from %6)"},
+
+    {velMSG_UNKNOWN_KEY, "%1 %2: %3 has no such option. %4"},
+    {velMSG_KNOWN_KEYS, "Known are %1."},
+    {velMSG_NO_KEYS, "It has none."},
+    {velMSG_BAD_VALUE, "%1 %2: the value \"%3\" is not valid; %4."},
+    {velMSG_TAKES_WHOLE, "a whole number is expected"},
+    {velMSG_TAKES_REAL, "a number is expected, with a decimal point"},
+    {velMSG_TAKES_OTHER_TEXT, "this text is not accepted"},
+    {velMSG_TAKES_ONE_OF, "allowed are %1"},
+    {velMSG_LINE_PASSED_OVER, "%1 This line was passed over."},
+    {velMSG_UNKNOWN_FORMAT, "%1: no translator knows this format. Formats: %2."},
+    {velMSG_NO_OPTIONS, "%1 has no options."},
+    {velMSG_IN_RESOURCE_FILE, "In %1: %2 = %3"},
+
+    {velMSG_CACHE_NO_PLACE,
+     "there is no application data directory to keep the cache in. Set QRM_HOME to a directory that you may write."},
+    {velMSG_CACHE_KEPT, "%1: %2. The cache is as it was."},
+    {velMSG_CACHE_NO_DIRECTORY, "%1: this directory cannot be made. The cache is as it was."},
+    {velMSG_CACHE_TEXT_UNFIT,
+     "%1: left out of the cache: a text that it gives of itself does not fit there. It is opened at every start."},
+    {velMSG_CACHE_LEFT_OUT, "%1: left out of the cache: %2"},
+    {velMSG_CACHE_WRITTEN, "%1: %2 written."},
+    {velMSG_CACHE_NONE, "No cache: every library is opened at every start. `vel cache refresh` makes one."},
+    {velMSG_CACHE_OWN, "%1 (yours): %2"},
+    {velMSG_CACHE_INSTALLED, "%1 (the installation's): %2"},
+    {velMSG_CACHE_RECORD_UNUSABLE, "passed over: no such library, or damaged"},
+    {velMSG_CACHE_TO_MEND, "%1: this file is damaged. Run `vel cache refresh` to mend it."},
+    {velMSG_CACHE_NO_APP_DATA, "Nothing to clear: there is no application data directory."},
+    {velMSG_CACHE_REMOVED, "%1: removed."},
+    {velMSG_CACHE_NOT_THERE, "Nothing to clear: there is no %1."},
+    {velMSG_CACHE_NOT_REMOVED, "%1: it cannot be removed: %2."},
+    {velMSG_CACHE_OTHER_IN_FORCE, "The installation's own cache, %1, is in force."},
+
+    {velMSG_FILE_WITHOUT_UNIT, "%1: the file names no unit of length; its numbers are shown as they are."},
+    {velMSG_UNIT_CONVERTED, "%1 (the file's is %2)"},
+    {velMSG_SERVICE_MISSING, "%1: this service library is missing; it was looked for in %2. %3"},
+    {velMSG_SERVICE_UNUSABLE, "%1: this service library cannot be used. %2"},
+    {velMSG_UNIT_OF_FILE_SHOWN, "Lengths are shown in the file's unit, %1."},
+
+    {velMSG_PART, "part"},
+    {velMSG_PARTS, "parts"},
+    {velMSG_FACE, "face"},
+    {velMSG_FACES, "faces"},
+    {velMSG_VERTEX, "vertex"},
+    {velMSG_VERTICES, "vertices"},
+    {velMSG_RECORD, "record"},
+    {velMSG_RECORDS, "records"},
+    {velMSG_LIBRARY, "library"},
+    {velMSG_LIBRARIES, "libraries"},
+};
+
+vlnStringTable* make_table() {
+  auto* table = new vlnStringTable(table_name);
+  for (const auto& [message, text] : texts) table->add_string(message, text);
+  return table;
+}
+
+// The text behind a placeholder of `text` at `at`, or null when none stands there.
+const std::string_view* value_at(std::string_view text, std::size_t at,
+                                 std::initializer_list<std::string_view> values) {
+  if (text[at] != '%' || at + 1 == text.size()) return nullptr;
+  const auto index = static_cast<std::size_t>(text[at + 1] - '1');
+  return index < values.size() ? values.begin() + index : nullptr;
+}
+
+}  // namespace
+
+std::string vel_text(velMessage message, std::initializer_list<std::string_view> values) {
+  // Made once; found by its name, so that a table that took its place is the one that speaks.
+  static const vlnStringTable* const made = make_table();
+  static_cast<void>(made);
+  const utString found = vlnStringTable::find_string(table_name, message);
+  const std::string_view text = found.view();
+  std::string filled;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (const std::string_view* value = value_at(text, i, values)) {
+      filled += *value;
+      ++i;
+    } else {
+      filled += text[i];
+    }
+  }
+  return filled;
+}
+
+std::string vel_counted(std::size_t count, velMessage noun) {
+  const auto several = static_cast<velMessage>(noun + 1);
+  return std::to_string(count) + " " + vel_text(count == 1 ? noun : several);
+}

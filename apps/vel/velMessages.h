@@ -1,0 +1,121 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+// The texts in which the program speaks to its user, by number. They stand in one table of the process, "vel_messages",
+// so that another language, or a host, may put its own in place. "%1" to "%9" stand for the values of one use. Numbers
+// are never given to another text.
+enum velMessage : unsigned int {
+  velMSG_NO_MEMORY = 1,
+  velMSG_UNEXPECTED,           // reason
+  velMSG_RESULTS_NOT_WRITTEN,  // reason
+  velMSG_CANNOT_BE_WRITTEN,    // a reason
+  velMSG_LOG_NOT_OPENED,       // file
+  velMSG_LOG_IS_NAMED,         // file
+  velMSG_LOG_NOT_WRITTEN,      // file
+  velMSG_NO_REASON,            // subject
+  velMSG_NOTHING_WRITTEN,
+
+  velMSG_TRY_HELP = 20,  // complaint, command
+  velMSG_NO_COMMAND,
+  velMSG_UNKNOWN_COMMAND,  // word
+  velMSG_UNKNOWN_OPTION,   // word
+  velMSG_NOT_KEY_VALUE,    // word
+  velMSG_STANDARD_STREAM,
+  velMSG_OUTPUT_WITHOUT_NAME,
+  velMSG_UNKNOWN_UNIT,  // word, units
+
+  velMSG_PROGRAM_NOT_FOUND = 40,  // reason
+  velMSG_PLACE_TOO_DEEP,          // directory
+  velMSG_NO_APP_DATA,             // directories
+  velMSG_QRM_HOME_UNUSABLE,       // directory, directory in its place
+
+  velMSG_NO_LIBRARIES = 60,    // directory
+  velMSG_NO_USABLE_LIBRARY,    // directory, counted libraries
+  velMSG_CACHE_DAMAGED,        // file
+  velMSG_TRANSLATOR_UNUSABLE,  // file, library, reason
+  velMSG_LIST_NO_LIBRARY,      // directory
+  velMSG_LIST_NO_DIRECTORY,    // directory
+  velMSG_WHY_NO_ENTRY,
+  velMSG_WHY_NO_OBJECT,
+  velMSG_WHY_NO_CONVERSION,
+  velMSG_WHY_NO_DESCRIPTION,
+
+  velMSG_INPUT_MISSING = 80,  // file, reason
+  velMSG_INPUT_IS_DIRECTORY,  // file
+  velMSG_INPUT_IS_SPECIAL,    // file
+  velMSG_INPUT_UNREADABLE,    // file, reason
+  velMSG_INPUT_EMPTY,         // file
+  velMSG_EMPTY_NAME,
+  velMSG_CONTENT_UNKNOWN,  // file, formats
+  velMSG_NO_READER,        // file, file type, formats
+
+  velMSG_NO_FORMAT_FOR_NAME = 100,  // file, formats
+  velMSG_NO_WRITER,                 // format, formats
+  velMSG_OUTPUT_IS_INPUT,           // file
+  velMSG_OUTPUT_IS_DIRECTORY,       // file
+  velMSG_OUTPUT_READ_ONLY,          // file
+  velMSG_OUTPUT_NO_DIRECTORY,       // file
+  velMSG_OUTPUT_BELOW_FILE,         // file
+  velMSG_OUTPUT_DIRECTORY_CLOSED,   // file
+  velMSG_CANCELLED,                 // file
+  velMSG_CANCELLED_NOT_WRITTEN,     // file
+  velMSG_TRANSLATED,                // file, parts, faces, vertices, format, inputs
+
+  velMSG_UNKNOWN_KEY = 120,  // side, key, formats, known keys
+  velMSG_KNOWN_KEYS,         // keys
+  velMSG_NO_KEYS,
+  velMSG_BAD_VALUE,  // side, key, value, what it takes
+  velMSG_TAKES_WHOLE,
+  velMSG_TAKES_REAL,
+  velMSG_TAKES_OTHER_TEXT,
+  velMSG_TAKES_ONE_OF,      // values
+  velMSG_LINE_PASSED_OVER,  // file, line and reason
+  velMSG_UNKNOWN_FORMAT,    // format, formats
+  velMSG_NO_OPTIONS,        // format
+  velMSG_IN_RESOURCE_FILE,  // file, key, value
+
+  velMSG_CACHE_NO_PLACE = 140,
+  velMSG_CACHE_KEPT,          // file, reason
+  velMSG_CACHE_NO_DIRECTORY,  // directory
+  velMSG_CACHE_TEXT_UNFIT,    // library
+  velMSG_CACHE_LEFT_OUT,      // library, reason
+  velMSG_CACHE_WRITTEN,       // file, counted records
+  velMSG_CACHE_NONE,
+  velMSG_CACHE_OWN,        // file, counted records
+  velMSG_CACHE_INSTALLED,  // file, counted records
+  velMSG_CACHE_RECORD_UNUSABLE,
+  velMSG_CACHE_TO_MEND,  // file
+  velMSG_CACHE_NO_APP_DATA,
+  velMSG_CACHE_REMOVED,         // file
+  velMSG_CACHE_NOT_THERE,       // file
+  velMSG_CACHE_NOT_REMOVED,     // file, reason
+  velMSG_CACHE_OTHER_IN_FORCE,  // file
+
+  velMSG_FILE_WITHOUT_UNIT = 180,  // file
+  velMSG_UNIT_CONVERTED,           // unit, the file's unit
+  velMSG_SERVICE_MISSING,          // library, directories, what is left out
+  velMSG_SERVICE_UNUSABLE,         // library, what is left out
+  velMSG_UNIT_OF_FILE_SHOWN,       // unit
+
+  // A word for one thing, and behind it for several.
+  velMSG_PART = 200,
+  velMSG_PARTS,
+  velMSG_FACE,
+  velMSG_FACES,
+  velMSG_VERTEX,
+  velMSG_VERTICES,
+  velMSG_RECORD,
+  velMSG_RECORDS,
+  velMSG_LIBRARY,
+  velMSG_LIBRARIES,
+};
+
+// The text with its values filled in. A placeholder without a value stays as it stands; what a value holds is not
+// looked at again.
+std::string vel_text(velMessage message, std::initializer_list<std::string_view> values = {});
+
+// "1 part", "3 parts": `noun` is the word for one, the number behind it the word for several.
+std::string vel_counted(std::size_t count, velMessage noun);

@@ -1,0 +1,55 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "Program.h"
+
+using nlohmann::json;
+
+namespace {
+
+json box_of(const Outcome& outcome) {
+  return json::parse(outcome.out)["bounding_box"]["max"];
+}
+
+}  // namespace
+
+TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
+  const Installation installation;
+  installation.add_units();
+  installation.work().write("a.stl", tetrahedron_stl);
+  installation.home().write("velbase/resources/STL.rsc", "LENGTH_UNIT = inch\n");
+  const Outcome converted = installation.run({"info", "a.stl", "--json", "--unit", "MilliMetre"});
+  EXPECT_EQ(converted.err, "");
+  EXPECT_EQ(json::parse(converted.out)["unit"], "millimetre");
+  EXPECT_EQ(box_of(converted), json({25.4, 25.4, 50.8}));
+  const Outcome table = installation.run({"info", "a.stl", "--unit", "millimetre"});
+  EXPECT_NE(table.out.find("millimetre (the file's is inch)\n"), std::string::npos) << table.out;
+  EXPECT_NE(table.out.find("25.4 25.4 50.8\n"), std::string::npos) << table.out;
+
+  // Without a unit there is nothing to convert.
+  installation.home().write("velbase/resources/STL.rsc", "");
+  const Outcome unitless = installation.run({"info", "a.stl", "--json", "--unit", "mile"});
+  EXPECT_NE(unitless.err.find("a.stl: the file names no unit"), std::string::npos) << unitless.err;
+  EXPECT_EQ(json::parse(unitless.out)["unit"], "unspecified");
+  EXPECT_EQ(box_of(unitless), json({1, 1, 2}));
+}
+
+TEST(Units, WithoutTheirServiceEverythingElseWorks) {
+  const Installation installation;
+  installation.work().write("a.stl", tetrahedron_stl);
+  installation.home().write("velbase/resources/STL.rsc", "LENGTH_UNIT = inch\n");
+  const auto expect_file_unit = [&](const std::string& complaint) {
+    const Outcome asked = installation.run({"info", "a.stl", "--json", "--unit", "mile"});
+    EXPECT_EQ(asked.code, 0);
+    EXPECT_NE(asked.err.find(complaint), std::string::npos) << asked.err;
+    EXPECT_EQ(json::parse(asked.out)["unit"], "inch");
+    EXPECT_EQ(box_of(asked), json({1, 1, 2}));
+    // Nobody else looks for it.
+    EXPECT_EQ(installation.run({"info", "a.stl"}).err, "");
+  };
+  expect_file_unit("unitssvc.dll: this service library is missing; it was looked for in " +
+                   installation.root().path().string() + "/sys/exec/services");
+  installation.root().write("sys/exec/services/unitssvc.dll", "no library");
+  expect_file_unit(installation.units_library() + ": this service library cannot be used");
+}
