@@ -1,5 +1,6 @@
 #include "velDriver.h"
 
+#include "v2vTranslationElements.h"
 #include "v2vVel2vel.h"
 #include "velInterrupt.h"
 #include "velLoader.h"
@@ -62,6 +63,22 @@ bool velDriver::is_cache_damaged() const {
   bool intact = true;
   discovery_.read_cache(cache_file, intact);
   return !intact;
+}
+
+bool velDriver::translate_input_files() {
+  input_tables_.clear();
+  v2vTranslatorElementscoPageArr inputs;
+  for (int i = 0; i < num_input_files(); ++i) {
+    const v2vTranslatorElements made = input_elements(resolve_input_file(input_file(i)));
+    if (made.invalid()) return false;
+    // The next input fills the table of this one again.
+    const velTableInstance& own = input_tables_.emplace_back(*made.resources());
+    inputs.append({made.file(), &own, made.library(), made.is_viewer(), made.format()});
+  }
+  const v2vTranslationElements request(inputs, output_elements(output_file(), output_format()));
+  get_thread_comm()->register_translation(request);
+  return v2vVel2vel().translate(app_info(), *get_thread_comm(), libraries_, request, primary_output(),
+                                secondary_output()) != 0;
 }
 
 bool velDriver::read(const utString& file) {

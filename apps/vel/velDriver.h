@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
@@ -51,6 +52,8 @@ class velDriver : public vlnTranslator {
   std::unique_ptr<vlnDLLLoader> create_dll_loader() override;
   // A file is named as its user named it.
   utString resolve_input_file(const utString& name) override { return name; }
+  // Each input has resources of its own, so that what one format's file says does not reach another format.
+  bool translate_input_files() override;
 
  private:
   bool is_any_opened() const;
@@ -61,4 +64,5 @@ class velDriver : public vlnTranslator {
   velDiscovery discovery_;
   v2vTranslatorLoader libraries_;
   std::shared_ptr<annDocument> document_;
+  std::deque<velTableInstance> input_tables_;  // of the last request; the engine keeps their addresses
 };

@@ -110,6 +110,15 @@ TEST(Translate, WritesAndTellsWhat) {
   const Outcome own = installation.run({"translate", "b.obj", "-o", "own.stl"});
   EXPECT_TRUE(work.read(work / "own.stl").starts_with("solid"));
   EXPECT_NE(own.err.find("STL.rsc, line 2"), std::string::npos) << own.err;
+
+  // They reach the inputs of their own format only, whatever stands first.
+  installation.home().write("velbase/resources/STL.rsc", "SCALE = 10\n");
+  for (const bool stl_first : {true, false}) {
+    installation.run({"translate", stl_first ? "a.stl" : "b.obj", stl_first ? "b.obj" : "a.stl", "-o", "both.obj"});
+    const std::string both = work.read(work / "both.obj");
+    EXPECT_NE(both.find("v 10 0 0\n"), std::string::npos) << both;
+    EXPECT_NE(both.find("v 1 0 0\n"), std::string::npos) << both;
+  }
 }
 
 TEST(Translate, JsonHoldsTheCountsOrTheReason) {
