@@ -59,7 +59,8 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   const bool deep = std::any_of(top.begin(), top.end(), [](const auto& node) { return !node->children.empty(); });
   note(!carries.parts && bodies.size() > 1,
        "holds one body: the " + std::to_string(bodies.size()) + " parts are written as one, without their names");
-  note(carries.parts && !carries.tree && deep, "holds no assemblies: the parts are written side by side");
+  note(carries.parts && !carries.tree && deep && bodies.size() > 1,
+       "holds no assemblies: the parts are written side by side");
   note(!carries.colours &&
            any_body([](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); }),
        "holds no colours in this form: they are not written");
