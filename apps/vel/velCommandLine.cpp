@@ -1,6 +1,8 @@
 #include "velCommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <utility>
 
 #include "velCacheCommand.h"
 #include "velDirsCommand.h"
@@ -61,8 +63,8 @@ void add_translate(CLI::App& program, Parsed& parsed) {
       ->expected(1)
       ->take_all()
       ->allow_extra_args(false);
-  app->add_flag("--quiet", words->request.quiet, "Say nothing but warnings and errors");
-  app->add_flag("--json", words->request.json, json_help);
+  app->add_flag("--quiet", words->request.quiet, "Say nothing but warnings and errors")->disable_flag_override();
+  app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
   app->callback([words, &parsed] {
     velTranslateRequest& request = words->request;
     for (const std::string& input : request.inputs) refuse_standard_streams(input);
@@ -93,7 +95,7 @@ void add_info(CLI::App& program, Parsed& parsed) {
   auto unit = std::make_shared<std::string>();
   CLI::Option* option = app->add_option("--unit", *unit, "The unit of length to show, as `vel options` names units");
   option->type_name("UNIT");
-  app->add_flag("--json", request->json, json_help);
+  app->add_flag("--json", request->json, json_help)->disable_flag_override();
   app->callback([request, unit, option, &parsed] {
     refuse_standard_streams(request->file);
     if (option->count() > 0) request->unit = unit_named(*unit);
@@ -105,7 +107,7 @@ void add_info(CLI::App& program, Parsed& parsed) {
 void add_list(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velListRequest>();
   CLI::App* app = program.add_subcommand("list", "List the translators, and the libraries that failed");
-  app->add_flag("--json", request->json, json_help);
+  app->add_flag("--json", request->json, json_help)->disable_flag_override();
   app->callback(
       [request, &parsed] { parsed.command = [request](velConsole& console) { return vel_list(*request, console); }; });
 }
@@ -114,7 +116,7 @@ void add_options(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velOptionsRequest>();
   CLI::App* app = program.add_subcommand("options", "List the options of a format");
   app->add_option("FORMAT", request->format, "The format, as `vel list` names it")->required()->type_name("");
-  app->add_flag("--json", request->json, json_help);
+  app->add_flag("--json", request->json, json_help)->disable_flag_override();
   app->callback([request, &parsed] {
     parsed.command = [request](velConsole& console) { return vel_options(*request, console); };
   });
@@ -134,24 +136,37 @@ void add_cache(CLI::App& program, Parsed& parsed) {
 void add_dirs(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velDirsRequest>();
   CLI::App* app = program.add_subcommand("dirs", "Tell where everything is");
-  app->add_flag("--json", request->json, json_help);
+  app->add_flag("--json", request->json, json_help)->disable_flag_override();
   app->callback(
       [request, &parsed] { parsed.command = [request](velConsole& console) { return vel_dirs(*request, console); }; });
 }
 
 // The words behind the program's name, last one first as the parser takes them. It would read a word in square brackets
-// as a list, so such a file goes by another of its names.
-std::vector<std::string> reversed_words(int count, char** words) {
+// as a list, and behind "--" it takes options and commands for what they are once a file stood before: such files go by
+// another of their names.
+std::vector<std::string> reversed_words(const CLI::App& program, int count, char** words) {
   std::vector<std::string> reversed;
-  for (int i = count - 1; i > 0; --i) {
+  bool only_files = false;
+  for (int i = 1; i < count; ++i) {
     const std::string word = words[i];
-    reversed.push_back(word.starts_with('[') && word.ends_with(']') ? "./" + word : word);
+    if (word == "--" && !std::exchange(only_files, true)) continue;
+    const auto is_it = [&](const CLI::App* command) { return command->check_name(word); };
+    const bool looks_otherwise =
+        only_files && ((word.starts_with('-') && word != "-") || !program.get_subcommands(is_it).empty());
+    const bool looks_like_list = word.starts_with('[') && word.ends_with(']');
+    reversed.push_back(looks_otherwise || looks_like_list ? "./" + word : word);
   }
+  std::reverse(reversed.begin(), reversed.end());
   return reversed;
 }
 
-// What stands where a command should, or an option that nobody knows; empty when all is right with them. The parser's
-// own complaint would be about what is missing because of them.
+std::string unknown_option(const std::string& word) {
+  const bool looks_like_file = word.find('.') != std::string::npos;
+  return vel_text(looks_like_file ? velMSG_UNKNOWN_OPTION_OR_FILE : velMSG_UNKNOWN_OPTION, {word});
+}
+
+// What stands where a command should, or an option that nobody knows, or a word that nobody takes; empty when all is
+// right with them. The parser's own complaint would be about what is missing because of them.
 std::string complaint_about_words(const CLI::App& program, const std::vector<std::string>& reversed) {
   const auto any = [](const CLI::App*) { return true; };
   const CLI::App* app = &program;
@@ -159,17 +174,19 @@ std::string complaint_about_words(const CLI::App& program, const std::vector<std
     if (word == reversed.rend()) return vel_text(velMSG_NO_COMMAND);
     if (word->starts_with('-')) {
       const CLI::Option* option = program.get_option_no_throw(word->substr(0, word->find('=')));
-      if (!option) return vel_text(velMSG_UNKNOWN_OPTION, {*word});
+      if (!option) return unknown_option(*word);
       const bool has_value_behind = option->get_items_expected_max() > 0 && word->find('=') == std::string::npos;
       if (has_value_behind && ++word == reversed.rend()) return "";
       continue;
     }
     const auto named = app->get_subcommands([&](const CLI::App* command) { return command->check_name(*word); });
-    if (named.empty()) return vel_text(velMSG_UNKNOWN_COMMAND, {*word});
+    if (named.empty()) {
+      return vel_text(app == &program ? velMSG_NO_COMMAND_BUT_TRANSLATE : velMSG_UNKNOWN_COMMAND, {*word});
+    }
     app = named.front();
   }
   for (const std::string& word : program.remaining(true)) {
-    if (word.size() > 1 && word.starts_with('-')) return vel_text(velMSG_UNKNOWN_OPTION, {word});
+    return word.starts_with('-') ? unknown_option(word) : vel_text(velMSG_WORD_TOO_MANY, {word});
   }
   return "";
 }
@@ -189,6 +206,36 @@ Reached innermost(const CLI::App& program) {
     reached = {reached.whole_name(), chosen.front()};
   }
   return reached;
+}
+
+// An option as one types it.
+std::string shown(const CLI::Option& option) {
+  if (option.get_positional()) return option.get_name();
+  const std::string name = option.get_snames().empty() ? option.get_name() : "-" + option.get_snames().front();
+  return name + " " + option.get_type_name();
+}
+
+// What the parser found wrong, in the program's words.
+std::string complaint_about(const CLI::ParseError& error, const CLI::App& command) {
+  if (dynamic_cast<const CLI::RequiredError*>(&error)) {
+    for (const CLI::Option* option : command.get_options()) {
+      if (option->get_required() && option->count() == 0) return vel_text(velMSG_WORD_IS_MISSING, {shown(*option)});
+    }
+  }
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
+    // Its text begins with the option's name, that of a flag without its dashes.
+    const std::string text = error.what();
+    const std::string name = text.substr(0, text.find_first_of(": "));
+    const CLI::Option* option = nullptr;
+    for (const CLI::App* app = &command; app && !option; app = app->get_parent()) {
+      option = app->get_option_no_throw(name.starts_with('-') ? name : "--" + name);
+    }
+    if (!option) return text;
+    if (option->get_items_expected_max() == 0) return vel_text(velMSG_TAKES_NO_VALUE, {option->get_name()});
+    if (option->count() > 1) return vel_text(velMSG_GIVEN_TWICE, {name});
+    return vel_text(velMSG_VALUE_IS_MISSING, {name, option->get_type_name()});
+  }
+  return error.what();
 }
 
 velExitCode open_log(const Parsed& parsed, velConsole& console) {
@@ -223,7 +270,7 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
 
   exit_code = velEXIT_DONE;
   try {
-    std::vector<std::string> reversed = reversed_words(count, words);
+    std::vector<std::string> reversed = reversed_words(program, count, words);
     program.parse(reversed);
   } catch (const CLI::CallForHelp&) {
     const Reached reached = innermost(program);
@@ -233,9 +280,10 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
     console.print(std::string(version.what()) + "\n");
     return nullptr;
   } catch (const CLI::ParseError& error) {
-    const std::string complaint = complaint_about_words(program, reversed_words(count, words));
-    console.error(
-        vel_text(velMSG_TRY_HELP, {complaint.empty() ? error.what() : complaint, innermost(program).whole_name()}));
+    const Reached reached = innermost(program);
+    std::string complaint = complaint_about_words(program, reversed_words(program, count, words));
+    if (complaint.empty()) complaint = complaint_about(error, *reached.app);
+    console.error(vel_text(velMSG_TRY_HELP, {complaint, reached.whole_name()}));
     exit_code = velEXIT_USAGE;
     return nullptr;
   }

@@ -13,7 +13,7 @@ class velFormatOptions {
  public:
   struct Option {
     utString key;
-    std::string type;                  // "text", "real", "whole", "yes/no" or "one of"
+    std::string type;                  // "text", "real", "whole", "true/false" or "one of"
     std::vector<std::string> allowed;  // nothing for the first three types
     std::string default_value;
     std::string description;
@@ -29,6 +29,10 @@ class velFormatOptions {
 
   // By key or by name, case aside. Null when the format has no such option.
   const Option* find(const utString& name) const;
+
+  // True when the description says "(reading)", or "(writing)", of the option.
+  static bool is_for_reading_only(const Option& option);
+  static bool is_for_writing_only(const Option& option);
 
   // Empty when the value is one that the option takes, else what it takes.
   static std::string refusal(const Option& option, const utString& value);

@@ -25,7 +25,14 @@ enum velMessage : unsigned int {
   velMSG_NOT_KEY_VALUE,    // word
   velMSG_STANDARD_STREAM,
   velMSG_OUTPUT_WITHOUT_NAME,
-  velMSG_UNKNOWN_UNIT,  // word, units
+  velMSG_UNKNOWN_UNIT,              // word, units
+  velMSG_NO_COMMAND_BUT_TRANSLATE,  // word
+  velMSG_WORD_IS_MISSING,           // what stands for it
+  velMSG_VALUE_IS_MISSING,          // option, what stands for its value
+  velMSG_TAKES_NO_VALUE,            // option
+  velMSG_GIVEN_TWICE,               // option
+  velMSG_UNKNOWN_OPTION_OR_FILE,    // word
+  velMSG_WORD_TOO_MANY,             // word
 
   velMSG_PROGRAM_NOT_FOUND = 40,  // reason
   velMSG_PLACE_TOO_DEEP,          // directory
@@ -63,6 +70,7 @@ enum velMessage : unsigned int {
   velMSG_CANCELLED,                 // file
   velMSG_CANCELLED_NOT_WRITTEN,     // file
   velMSG_TRANSLATED,                // file, parts, faces, vertices, format, inputs
+  velMSG_OUTPUT_WITHOUT_EXTENSION,  // file, formats
 
   velMSG_UNKNOWN_KEY = 120,  // side, key, formats, known keys
   velMSG_KNOWN_KEYS,         // keys
@@ -76,6 +84,12 @@ enum velMessage : unsigned int {
   velMSG_UNKNOWN_FORMAT,    // format, formats
   velMSG_NO_OPTIONS,        // format
   velMSG_IN_RESOURCE_FILE,  // file, key, value
+  velMSG_TAKES_ABOVE_ZERO,
+  velMSG_TAKES_FROM_ZERO,
+  velMSG_TAKES_DIGITS,
+  velMSG_TAKES_DEGREES,
+  velMSG_FOR_READING_ONLY,  // side, key
+  velMSG_FOR_WRITING_ONLY,  // side, key
 
   velMSG_CACHE_NO_PLACE = 140,
   velMSG_CACHE_KEPT,          // file, reason

@@ -1,6 +1,7 @@
 #include "velOptionCheck.h"
 
 #include <algorithm>
+#include <set>
 
 #include "velFormatOptions.h"
 #include "velMessages.h"
@@ -24,7 +25,7 @@ class Checker {
     }
   }
 
-  bool check(const char* side, utString& key, const utString& value) const {
+  bool check(const char* side, utString& key, const utString& value) {
     const velFormatOptions::Option* option = nullptr;
     for (const velFormatOptions& format : formats_) {
       if ((option = format.find(key))) break;
@@ -35,12 +36,30 @@ class Checker {
     }
     key = option->key;
     const std::string refusal = velFormatOptions::refusal(*option, value);
-    if (refusal.empty()) return true;
+    if (refusal.empty()) {
+      warn_if_without_effect(side, key);
+      return true;
+    }
     console_.error(vel_text(velMSG_BAD_VALUE, {side, vel_option_name(key).view(), value.view(), refusal}));
     return false;
   }
 
  private:
+  // Some of the formats may take it in this direction.
+  void warn_if_without_effect(std::string_view side, const utString& key) {
+    if (!seen_.insert(key).second) return;
+    const bool reads = side == "--in";
+    for (const velFormatOptions& format : formats_) {
+      const velFormatOptions::Option* option = format.find(key);
+      if (!option) continue;
+      const bool is_for_other_side =
+          reads ? velFormatOptions::is_for_writing_only(*option) : velFormatOptions::is_for_reading_only(*option);
+      if (!is_for_other_side) return;
+    }
+    console_.warning(
+        vel_text(reads ? velMSG_FOR_WRITING_ONLY : velMSG_FOR_READING_ONLY, {side, vel_option_name(key).view()}));
+  }
+
   std::string known_names() const {
     std::vector<std::string> known;
     for (const velFormatOptions& format : formats_) {
@@ -55,13 +74,14 @@ class Checker {
   velConsole& console_;
   std::vector<std::string> names_;
   std::vector<velFormatOptions> formats_;
+  std::set<utString> seen_;  // keys with a good value
 };
 
 }  // namespace
 
 bool vel_check_options(velDriver& driver, const std::vector<const vlnTranslatorInfo*>& formats, const char* side,
                        vlnTranslator::Resources& options, velConsole& console) {
-  const Checker checker(driver, formats, console);
+  Checker checker(driver, formats, console);
   bool all_good = true;
   for (auto& [key, value] : options) all_good = checker.check(side, key, value) && all_good;
   return all_good;

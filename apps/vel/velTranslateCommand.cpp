@@ -44,9 +44,8 @@ class Translation {
     writer_ = request_.format.empty() ? writers.translator_for_file(request_.output)
                                       : writers.translator_for_format(request_.format);
     if (!writer_) {
-      const std::string formats = vel_format_names(writers);
-      console_.error(request_.format.empty() ? vel_text(velMSG_NO_FORMAT_FOR_NAME, {request_.output, formats})
-                                             : vel_text(velMSG_NO_WRITER, {request_.format, formats}));
+      const std::string& subject = request_.format.empty() ? request_.output : request_.format;
+      console_.error(vel_text(complaint_about_format(), {subject, vel_format_names(writers)}));
       return velEXIT_NO_TRANSLATOR;
     }
     format_ = writer_->format_name().ut_string().str();
@@ -54,6 +53,14 @@ class Translation {
     if (complaint.empty()) return velEXIT_DONE;
     console_.error(complaint);
     return velEXIT_NO_TRANSLATOR;
+  }
+
+  // Why there is no writer.
+  velMessage complaint_about_format() const {
+    if (!request_.format.empty()) return velMSG_NO_WRITER;
+    if (vel_names_directory(request_.output)) return velMSG_OUTPUT_IS_DIRECTORY;
+    const std::size_t dot = vel_last_component(request_.output).find('.');
+    return dot == std::string::npos ? velMSG_OUTPUT_WITHOUT_EXTENSION : velMSG_NO_FORMAT_FOR_NAME;
   }
 
   velExitCode set_options() {

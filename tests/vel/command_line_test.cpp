@@ -16,7 +16,7 @@ const std::vector<Case> cases{
     {{"--help"}, 0, "translate", ""},
     {{"translate", "--help"}, 0, "KEY=VALUE", ""},
     {{}, 2, "", "vel --help"},
-    {{"translat"}, 2, "", "translat"},
+    {{"a.stl", "-o", "b.obj"}, 2, "", "no command \"a.stl\"; files are translated with `vel translate "},
     {{"--bogus"}, 2, "", "no option \"--bogus\". Try `vel --help`"},
     {{"list", "--bogus"}, 2, "", "no option \"--bogus\". Try `vel list --help`"},
     {{"info", "--bogus"}, 2, "", "no option \"--bogus\""},
@@ -26,13 +26,17 @@ const std::vector<Case> cases{
     {{"info", "a.stl", "--unit", "furlong"}, 2, "", "\"furlong\". Units: micrometre, "},
     {{"info", "a.stl", "--unit", "unspecified"}, 2, "", "Units: micrometre, "},
     {{"translate", "a.stl"}, 2, "", "vel translate --help"},
-    {{"translate", "-o", "b.obj"}, 2, "", "IN"},
+    {{"translate", "-o", "b.obj"}, 2, "", "error: IN is missing"},
+    {{"translate", "a.stl", "-o"}, 2, "", "the OUT behind it"},
+    {{"translate", "a.stl", "--to", "a", "--to", "b"}, 2, "", "--to is given more than once"},
+    {{"translate", "a.stl", "--json=x"}, 2, "", "--json takes no value"},
+    {{"translate", "-a.stl", "-o", "b.obj"}, 2, "", "no option \"-a.stl\"; a file of that name goes behind `--`"},
     {{"translate", "a.stl", "-o", ""}, 2, "", "empty"},
     {{"translate", "a.stl", "-o", "b.obj", "--in", "nothing"}, 2, "", "KEY=VALUE"},
     {{"translate", "a.stl", "-o", "b.obj", "--out", "=1"}, 2, "", "KEY=VALUE"},
     {{"translate", "-", "-o", "b.obj"}, 2, "", "name a file"},
     {{"translate", "a.stl", "-o", "-"}, 2, "", "name a file"},
-    {{"info", "a.stl", "b.stl"}, 2, "", "b.stl"},
+    {{"info", "a.stl", "b.stl"}, 2, "", "\"b.stl\" is a word too many"},
     {{"cache"}, 2, "", "vel cache --help"},
     {{"options"}, 2, "", "FORMAT"},
     {{"options", "nonsense"}, 3, "", "OBJ, STL"},
@@ -56,10 +60,11 @@ TEST(CommandLine, TellsWrongUsageFromRight) {
 
 TEST(CommandLine, StrangeNamesAreNames) {
   const Installation installation;
+  installation.work().write("a.stl", tetrahedron_stl);
   // Names that look like an option, a command, a list, and one that is no UTF-8.
   for (const std::string name : {"-x.stl", "list", "[a,b]", "b\xff.stl", "two\nlines.stl"}) {
     installation.work().write(name, tetrahedron_stl);
-    const Outcome outcome = installation.run({"translate", "-o", "out.obj", "--", name});
+    const Outcome outcome = installation.run({"translate", "a.stl", "-o", "out.obj", "--", name});
     EXPECT_EQ(outcome.code, 0) << name << outcome.err;
     EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 1) << outcome.out;
     EXPECT_EQ(installation.run({"info", "--json", "--", name}).code, 0) << name;

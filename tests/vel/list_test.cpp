@@ -62,7 +62,7 @@ TEST(List, OptionsShowKeysTypesAndDefaults) {
   EXPECT_EQ(by_key["SCALE"]["type"], "real");
   EXPECT_EQ(by_key["DIGITS"]["type"], "whole");
   EXPECT_EQ(by_key["SOLID_NAME"]["type"], "text");
-  EXPECT_EQ(by_key["WELD_POINTS"]["allowed"], json({"False", "True"}));
+  EXPECT_EQ(by_key["WELD_POINTS"]["allowed"], json({"False", "True", "0", "1"}));
   EXPECT_EQ(by_key["FILE_FORMAT"]["default"], "binary");
   EXPECT_NE(by_key["FILE_FORMAT"]["description"], "");
   EXPECT_EQ(by_key["FILE_FORMAT"]["name"], "file-format");

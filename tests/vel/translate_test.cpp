@@ -53,13 +53,16 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"garbage.stl", "-o", "old.obj"}, 3, {"garbage.stl", "no known type", "OBJ, STL"}},
       {{"off.off", "-o", "old.obj"}, 3, {"off.off", "OFF", "OBJ, STL"}},
       {{"good.stl", "-o", "out.xyz"}, 3, {"out.xyz", "OBJ, STL", "--to"}},
-      {{"good.stl", "-o", "out"}, 3, {"OBJ, STL"}},
+      {{"good.stl", "-o", "out"}, 3, {"no extension", "OBJ, STL", "--to"}},
+      {{"good.stl", "-o", "directory"}, 3, {"directory: ", "name a file in it"}},
       {{"good.stl", "-o", "old.obj", "--to", "XYZ"}, 3, {"XYZ", "OBJ, STL"}},
       {{"good.stl", "-o", "old.obj", "--in", "NO_SUCH=1"}, 2, {"--in NO_SUCH", "weld-points"}},
       {{"good.stl", "-o", "old.obj", "--out", "WELD_POINTS=1"}, 2, {"WELD_POINTS", "OBJ"}},
       {{"good.stl", "-o", "old.obj", "--in", "SCALE=nan"}, 2, {"scale", "\"nan\"", "number"}},
       {{"good.stl", "-o", "old.obj", "--out", "DIGITS=1.5"}, 2, {"digits", "\"1.5\"", "whole"}},
-      {{"good.stl", "-o", "old.obj", "--in", "weld_points=maybe"}, 2, {"weld-points", "\"maybe\"", "False, True"}},
+      {{"good.stl", "-o", "old.obj", "--in", "weld_points=maybe"}, 2, {"weld-points", "\"maybe\"", "True, 0, 1"}},
+      {{"good.stl", "-o", "old.obj", "--in", "scale=0"}, 2, {"--in scale", "\"0\"", "greater than 0"}},
+      {{"good.stl", "-o", "old.obj", "--out", "digits=18"}, 2, {"--out digits", "from 0 to 17"}},
       {{"good.stl", "-o", "none/out.obj"}, 1, {"none/", "does not exist"}},
       {{"good.stl", "-o", "file/out.obj"}, 1, {"file/out.obj", "below a file"}},
       {{"good.stl", "-o", "new.obj/", "--to", "OBJ"}, 1, {"new.obj/", "directory"}},
@@ -105,11 +108,16 @@ TEST(Translate, WritesAndTellsWhat) {
   const json info = json::parse(installation.run({"info", "text.stl", "--json"}).out);
   EXPECT_EQ(info["bounding_box"]["max"], json({10, 10, 20}));
 
-  // So do the user's own defaults; a fault in them costs its line and is told.
-  installation.home().write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\nNONSENSE = 1\n");
+  // One that has no effect is told once.
+  const Outcome idle = installation.run({"translate", "a.stl", "-o", "b2.obj", "--in", "digits=3", "--in", "DIGITS=4"});
+  EXPECT_EQ(idle.err.find("--in digits: "), idle.err.rfind("--in ")) << idle.err;
+  EXPECT_EQ(idle.code, 0);
+
+  // So do the user's own defaults; a fault in them costs its line and is told, in the order of the lines.
+  installation.home().write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\nNONSENSE = 1\nno equals\n");
   const Outcome own = installation.run({"translate", "b.obj", "-o", "own.stl"});
   EXPECT_TRUE(work.read(work / "own.stl").starts_with("solid"));
-  EXPECT_NE(own.err.find("STL.rsc, line 2"), std::string::npos) << own.err;
+  EXPECT_LT(own.err.find("STL.rsc, line 2"), own.err.find("STL.rsc, line 3")) << own.err;
 
   // They reach the inputs of their own format only, whatever stands first.
   installation.home().write("velbase/resources/STL.rsc", "SCALE = 10\n");
