@@ -46,7 +46,7 @@ class VLN_API vlnAppDirMap : public vlnIAppDirMap {
   bool search_config_path(apPathName& path);
   bool search_system_temp_path(apPathName& path);
 
-  // The name and extension of a path.
+  // The name of a path, with "." and the extension when there is one: "x" for "d/x.", ".txt" for "d/.txt".
   utString extract_file(const utString& path) const;
 
   // Sets `search_path` from a variable with ";" between directories, "<exe_dir>" replaced; left alone when the variable

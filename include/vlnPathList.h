@@ -9,7 +9,8 @@
 
 // The older list of directories, on character strings: duplicates and empty entries are dropped, a leading "~" becomes
 // the value of HOME, and each candidate is tested for what it is. Strings that it returns as `char*` are allocated with
-// malloc and belong to the caller, who frees them with free; a null pointer means not found. Not for several threads.
+// malloc and belong to the caller, who frees them with free; a null pointer means not found. Only the
+// constructor takes a null list. Not for several threads.
 class VLN_API vlnPathList {
  public:
   // Directories with ";" between them.

@@ -59,20 +59,24 @@ class vlnOptionResourceType : public vlnFiniteResourceType {
   }
 };
 
-using vlnResourceType_velAngularUnit = vlnOptionResourceType<velAngularUnit, velAngularUnit_strings>;
-using vlnResourceType_velLengthUnit = vlnOptionResourceType<velLengthUnit, velLengthUnit_strings>;
-using vlnResourceType_velMultipleFileOption =
-    vlnOptionResourceType<velMultipleFileOption, velMultipleFileOption_strings>;
-using vlnResourceType_velTrimOption = vlnOptionResourceType<velTrimOption, velTrimOption_strings>;
-using vlnResourceType_velDisplayOption = vlnOptionResourceType<velDisplayOption, velDisplayOption_strings>;
-using vlnResourceType_velProcessingOption = vlnOptionResourceType<velProcessingOption, velProcessingOption_strings>;
-using vlnResourceType_velFileFormat = vlnOptionResourceType<velFileFormat, velFileFormat_strings>;
-using vlnResourceType_velStepAPOption = vlnOptionResourceType<velStepAPOption, velStepAPOption_strings>;
-using vlnResourceType_velTypeOption = vlnOptionResourceType<velTypeOption, velTypeOption_strings>;
-using vlnResourceType_velSolidworksReadOption =
-    vlnOptionResourceType<velSolidworksReadOption, velSolidworksReadOption_strings>;
-using vlnResourceType_velLintorVersion = vlnOptionResourceType<velLintorVersion, velLintorVersion_strings>;
-using vlnResourceType_velRepresentationOption =
-    vlnOptionResourceType<velRepresentationOption, velRepresentationOption_strings>;
-using vlnResourceType_velLintorWideCurveOption =
-    vlnOptionResourceType<velLintorWideCurveOption, velLintorWideCurveOption_strings>;
+class VLN_API vlnResourceType_velAngularUnit : public vlnOptionResourceType<velAngularUnit, velAngularUnit_strings> {};
+class VLN_API vlnResourceType_velLengthUnit : public vlnOptionResourceType<velLengthUnit, velLengthUnit_strings> {};
+class VLN_API vlnResourceType_velMultipleFileOption
+    : public vlnOptionResourceType<velMultipleFileOption, velMultipleFileOption_strings> {};
+class VLN_API vlnResourceType_velTrimOption : public vlnOptionResourceType<velTrimOption, velTrimOption_strings> {};
+class VLN_API vlnResourceType_velDisplayOption
+    : public vlnOptionResourceType<velDisplayOption, velDisplayOption_strings> {};
+class VLN_API vlnResourceType_velProcessingOption
+    : public vlnOptionResourceType<velProcessingOption, velProcessingOption_strings> {};
+class VLN_API vlnResourceType_velFileFormat : public vlnOptionResourceType<velFileFormat, velFileFormat_strings> {};
+class VLN_API vlnResourceType_velStepAPOption : public vlnOptionResourceType<velStepAPOption, velStepAPOption_strings> {
+};
+class VLN_API vlnResourceType_velTypeOption : public vlnOptionResourceType<velTypeOption, velTypeOption_strings> {};
+class VLN_API vlnResourceType_velSolidworksReadOption
+    : public vlnOptionResourceType<velSolidworksReadOption, velSolidworksReadOption_strings> {};
+class VLN_API vlnResourceType_velLintorVersion
+    : public vlnOptionResourceType<velLintorVersion, velLintorVersion_strings> {};
+class VLN_API vlnResourceType_velRepresentationOption
+    : public vlnOptionResourceType<velRepresentationOption, velRepresentationOption_strings> {};
+class VLN_API vlnResourceType_velLintorWideCurveOption
+    : public vlnOptionResourceType<velLintorWideCurveOption, velLintorWideCurveOption_strings> {};

@@ -16,7 +16,7 @@ class VLN_API vlnSearchPath {
  public:
   // Not set: `invalid`, without directories.
   vlnSearchPath() = default;
-  explicit vlnSearchPath(apPathName directory);
+  vlnSearchPath(apPathName directory);
   // Directories with ";" between them. "a;;b" has three entries, "a;b;" two, "" none; each of them is set.
   explicit vlnSearchPath(apString path);
   vlnSearchPath(const vlnSearchPath&) = default;

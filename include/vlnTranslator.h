@@ -26,7 +26,8 @@
 
 // One request at a time: input files, each read by the translator that suits its content, into one output file of a
 // named format. An application derives from it, calls `initialise` once, names files and resources, and runs; `run` may
-// be called again.
+// be called again. One table of resource values serves all input files: it starts afresh for each, and the engine reads
+// after the last one, so an application whose values differ between formats overrides `translate_input_files`.
 //
 //   driver.set_input_file("bracket.stl");
 //   driver.output_file_and_format("bracket.obj", "OBJ");

@@ -22,7 +22,7 @@ class vlnLibraryIndex;
 // Reads "translators.lst" (vlnTranslatorCacheWriter says how it looks) and turns each record back into a description
 // that is marked as from the cache. A record that cannot be parsed, or whose library is no longer on the search path,
 // is dropped without a word: discovery then describes that library afresh. A line may hold at most 1023 characters; a
-// longer one, or an empty one, ends the reading. Nothing that is passed by pointer is owned.
+// longer one, or an empty one, ends the reading for good. Nothing that is passed by pointer is owned.
 class VLN_API vlnTranslatorCacheReader {
  public:
   // Reads the file whole into the two sets. `result` is 1 when at least one record gave a description, else 0.
@@ -60,7 +60,9 @@ class VLN_API vlnTranslatorCacheReader {
   static int extract_list(utString& text, utStringcoDList& values);
 
  private:
-  void join_lines(std::string_view file);
+  bool read_lines(const utString& path);
+  // Joins the whole lines at the front of `unjoined` and leaves the rest in it; false when the reading ends here.
+  bool join_lines(std::string& unjoined, bool is_last);
   bool make_info(std::string_view record, std::unique_ptr<vlnSecureTranslatorInfo>& info) const;
   apPathName find_library(std::string_view recorded) const;
   bool take_file_types(std::string_view& record, vlnTranslatorInfo& info) const;

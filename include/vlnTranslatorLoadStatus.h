@@ -28,6 +28,7 @@ class VLN_API vlnTranslatorLoadStatus {
 
   // Takes over every failure of `other`: no longer `ok` when `other` is not, its failed files behind the ones here
   // (duplicates stay), its types among the ones here. `invalid` keeps the value with which this status was made.
+  // Merging a status into itself changes nothing.
   void merge_status(const vlnTranslatorLoadStatus& other);
 
   bool ok() const { return ok_; }

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <utility>
 
+#include "apRegularFile.h"
 #include "apStringCompareInsensitive.h"
 #include "apStringEncodingChooser.h"
 #include "vlnLibraryIndex.h"
@@ -15,19 +14,6 @@
 #include "vluFileTypeInfo.h"
 
 namespace {
-
-bool read_whole_file(const utString& path, std::string& text) {
-  // Opening a pipe would block.
-  std::error_code unknown;
-  if (!std::filesystem::is_regular_file(path.str(), unknown)) return false;
-  std::ifstream stream(path.str(), std::ios::binary);
-  const std::uintmax_t size = std::filesystem::file_size(path.str(), unknown);
-  if (!stream.is_open() || unknown) return false;
-  text.resize(size);
-  stream.read(text.data(), static_cast<std::streamsize>(size));
-  text.resize(static_cast<std::size_t>(stream.gcount()));
-  return !stream.bad();
-}
 
 // The same library may have gained or lost the prefix "lib" since the record was written.
 std::wstring other_form(const std::wstring& name) {
@@ -73,10 +59,7 @@ vlnTranslatorCacheReader::vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vl
       file_name_encoding_(app_info ? app_info->ut_encoding() : encoding),
       library_extension_(vln_shared_library_extension()) {
   const utString path = apStringEncodingChooser().ut_encoding()->to_utString(cache_file.string());
-  std::string file;
-  readable_ = read_whole_file(path, file);
-  any_text_ = !file.empty();
-  join_lines(file);
+  readable_ = read_lines(path);
   result = read_cache_file();
 }
 
@@ -116,19 +99,44 @@ int vlnTranslatorCacheReader::read_next_dll(std::unique_ptr<vlnSecureTranslatorI
   return 1;
 }
 
-void vlnTranslatorCacheReader::join_lines(std::string_view file) {
+bool vlnTranslatorCacheReader::read_lines(const utString& path) {
+  constexpr std::size_t block = std::size_t{64} << 10;
+  apStatus status;
+  const apRegularFile file(path, status);
+  if (!file.good()) return false;
+  any_text_ = file.size() > 0;
+
+  // In blocks, so that a file that is no cache costs no more than its first line.
+  std::string unjoined;
+  std::uint64_t place = 0;
+  for (std::size_t got = block; got == block && status.ok();) {
+    const std::size_t kept = unjoined.size();
+    unjoined.resize(kept + block);
+    got = file.read_at(place, unjoined.data() + kept, block, status);
+    unjoined.resize(kept + got);
+    place += got;
+    if (!join_lines(unjoined, got < block)) break;
+  }
+  return status.ok();
+}
+
+bool vlnTranslatorCacheReader::join_lines(std::string& unjoined, bool is_last) {
   constexpr std::size_t longest_line = 1023;
-  text_.reserve(file.size());
-  while (!file.empty()) {
-    const std::size_t end = std::min(file.find('\n'), file.size());
-    std::string_view line = file.substr(0, end);
-    file.remove_prefix(std::min(end + 1, file.size()));
-    if (end > longest_line) line_too_long_ = true;
+  std::string_view rest = unjoined;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    line_too_long_ = end > longest_line;
+    if (line_too_long_) return false;
+    if (end == rest.size() && !is_last) break;
+    std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
     while (line.ends_with('\r')) line.remove_suffix(1);
-    if (line.empty() || line_too_long_) break;
+    if (line.empty()) return false;
     text_ += line;
     line_ends_.push_back(text_.size());
   }
+  unjoined.erase(0, unjoined.size() - rest.size());
+  return true;
 }
 
 int vlnTranslatorCacheReader::make_info_from_string(const utString& record,
@@ -237,7 +245,9 @@ int vlnTranslatorCacheReader::extract_int(utString& text, int& value) {
 
 int vlnTranslatorCacheReader::extract_list(utString& text, utStringcoDList& values) {
   std::string_view rest = text.view();
-  if (!vln_take_list(rest, [&](std::string_view value) { values.append(utString(value)); })) return 0;
+  utStringcoDList taken;
+  if (!vln_take_list(rest, [&](std::string_view value) { taken.append(utString(value)); })) return 0;
+  for (const utString& value : taken) values.append(value);
   text = utString(rest);
   return 1;
 }

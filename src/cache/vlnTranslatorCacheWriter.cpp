@@ -80,7 +80,12 @@ Record record_of(const vlnTranslatorInfo& info, const apIStringEncoding& encodin
   intcoDList types;
   info.get_file_types(types);
   record.begin_set();
-  for (int type : types) record.add_element(vluFileTypeInfo::name(static_cast<vluFileType>(type)).view());
+  for (int type : types) {
+    const utString name = vluFileTypeInfo::name(static_cast<vluFileType>(type));
+    // A number that has no name would come back as the unknown type, which every strange file has.
+    if (type != vluUNKNOWN && name == vluFileTypeInfo::name(vluUNKNOWN)) record.spoil();
+    record.add_element(name.view());
+  }
   record.end_set();
 
   auto extensions = info.get_extensions();

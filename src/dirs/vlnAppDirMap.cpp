@@ -147,7 +147,9 @@ int vlnAppDirMap::copy_files(const utString& from_dirs, const utString& to_dir, 
 
 utString vlnAppDirMap::extract_file(const utString& path) const {
   const apSplitPath parts{apPathName(encoding()->to_apString(path))};
-  return encoding()->to_utString(parts.name() + parts.extension());
+  // A lone dot at the end says nothing; a name that is all extension keeps it.
+  const bool extension = parts.extension().length() > 1;
+  return encoding()->to_utString(extension ? parts.name() + parts.extension() : parts.name());
 }
 
 void vlnAppDirMap::path_from_env_var(const apString& name, vlnSearchPath& search_path,

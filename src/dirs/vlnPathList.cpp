@@ -50,6 +50,11 @@ vlnPathListError error_of(int code) {
   }
 }
 
+bool is_regular_file(const char* path) {
+  struct stat status {};
+  return stat(path, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 bool is_passing(int code) {
   return code == EINTR || code == ENXIO || code == ENODEV || code == EMFILE;
 }
@@ -144,7 +149,7 @@ void vlnPathList::search_by_extension(utStringcoDynArr& found, const char* exten
       const utString name = encoding->to_utString(entries.file_name().string());
       const bool matches = *extension ? name.view().ends_with(ending) : name.find(".") == utString::npos;
       const utString path = directory + "/" + name;
-      if (!matches || seen.contains(name.str()) || check_access(path.c_str()) != vlnPathIsFile) continue;
+      if (!matches || seen.contains(name.str()) || !is_regular_file(path.c_str())) continue;
       seen.insert(name.str());
       found.append(path);
     }

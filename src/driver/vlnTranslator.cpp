@@ -56,12 +56,13 @@ bool vlnTranslator::run() {
 }
 
 int vlnTranslator::num_passed() {
+  if (!thread_comm_) return 0;
   const v2vTranslationDetails details = thread_comm_->current_translation_details();
   return details.num_processed() - details.num_failed();
 }
 
 int vlnTranslator::num_failed() {
-  return thread_comm_->current_translation_details().num_failed();
+  return thread_comm_ ? thread_comm_->current_translation_details().num_failed() : 0;
 }
 
 utString vlnTranslator::input_file(int index) {

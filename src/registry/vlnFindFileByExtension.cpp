@@ -5,8 +5,12 @@
 #include <utility>
 
 #include "apFileFinderEx.h"
+#include "apFrustrumChooser.h"
 
 vlnIFindByExtension::~vlnIFindByExtension() = default;
+
+vlnFindFileByExtension::vlnFindFileByExtension(const apIFileOperations* files, const apIStringCompare* compare)
+    : files_(files ? files : apFrustrumChooser().file_operations()), compare_(compare) {}
 
 void vlnFindFileByExtension::find_by_extension(apPathName directory, apString extension, std::vector<apPathName>& files,
                                                bool& directory_missing) const {

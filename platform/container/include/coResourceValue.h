@@ -10,7 +10,8 @@
 
 VELPLATFORM_API bool co_value_from_text(const utString& text, utString& value);
 // Whole numbers and real numbers follow the locale that is in force for this thread: the decimal point is the point
-// unless a locale-numbers object is alive. Not-a-number and infinity are refused.
+// unless the thread has a locale of its own, as a locale-numbers object gives it. Not-a-number and infinity are
+// refused.
 VELPLATFORM_API bool co_value_from_text(const utString& text, double& value);
 VELPLATFORM_API bool co_value_from_text(const utString& text, int& value);
 // "0" and "1", "false" and "true" in any case.

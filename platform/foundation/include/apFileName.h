@@ -10,7 +10,7 @@
 class VELPLATFORM_API apFileName {
  public:
   apFileName() = default;
-  explicit apFileName(apString name) : name_(std::move(name)) {}
+  apFileName(apString name) : name_(std::move(name)) {}
 
   const apString& string() const { return name_; }
   bool empty() const { return name_.empty(); }

@@ -7,7 +7,8 @@
 #include "apStatus.h"
 
 // The bytes of a file, mapped for one pass from front to back. Only regular files are opened, so a pipe or a device
-// never blocks. An empty file maps to empty bytes.
+// never blocks. An empty file maps to empty bytes. A file that somebody cuts short while it is mapped ends the process
+// where the missing bytes are looked at, as the system has it.
 class VELPLATFORM_API apMappedFile {
  public:
   // Null, and a status that names the reason, when the file cannot be opened. `path` is the name as the system takes

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <vector>
 
 // A walk over a sequence that somebody else owns, handed out by value. It stands before the first element:
@@ -13,8 +14,9 @@ class itIterator {
  public:
   itIterator() = default;
   itIterator(const T* begin, const T* end) : next_(begin), end_(end) {}
-  explicit itIterator(const std::vector<T>& sequence)
-      : itIterator(sequence.data(), sequence.data() + sequence.size()) {}
+  itIterator(typename std::vector<T>::const_iterator begin, typename std::vector<T>::const_iterator end)
+      : itIterator(std::to_address(begin), std::to_address(end)) {}
+  itIterator(const std::vector<T>& sequence) : itIterator(sequence.data(), sequence.data() + sequence.size()) {}
 
   // Moves to the next element; 1 while there is one, 0 at the end and ever after.
   int operator++() {

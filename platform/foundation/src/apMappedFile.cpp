@@ -1,23 +1,14 @@
 #include "apMappedFile.h"
 
-#include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
 
-namespace {
+#include "apRegularFile.h"
 
-// Closes on every way out; the mapping does not need the descriptor.
-struct Descriptor {
-  int number;
-  ~Descriptor() {
-    if (number >= 0) ::close(number);
-  }
-};
+namespace {
 
 utString system_reason(int error) {
   return std::generic_category().message(error);
@@ -28,24 +19,12 @@ constexpr std::size_t release_step = std::size_t{8} << 20;
 }  // namespace
 
 std::unique_ptr<apMappedFile> apMappedFile::open(const utString& path, apStatus& status) {
-  if (path.view().find('\0') != std::string_view::npos) {
-    status.set_failure("the name holds a null character");
-    return nullptr;
-  }
-  const Descriptor file{::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)};
-  struct stat info;
-  if (file.number < 0 || fstat(file.number, &info) != 0) {
-    status.set_failure(system_reason(errno));
-    return nullptr;
-  }
-  if (!S_ISREG(info.st_mode)) {
-    status.set_failure(S_ISDIR(info.st_mode) ? "it is a directory" : "it is not a regular file");
-    return nullptr;
-  }
-  if (info.st_size == 0) return std::unique_ptr<apMappedFile>(new apMappedFile({}));
+  const apRegularFile file(path, status);
+  if (!file.good()) return nullptr;
+  if (file.size() == 0) return std::unique_ptr<apMappedFile>(new apMappedFile({}));
 
-  const auto size = static_cast<std::size_t>(info.st_size);
-  void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.number, 0);
+  const auto size = static_cast<std::size_t>(file.size());
+  void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0);
   if (start == MAP_FAILED) {
     status.set_failure(system_reason(errno));
     return nullptr;

@@ -1,4 +1,5 @@
 #include <dlfcn.h>
+#include <sys/stat.h>
 
 #include <string>
 
@@ -24,6 +25,12 @@ class SystemLibraries : public apILibraryLoaderOperations {
     // The system would look for a relative name in places of its own.
     if (name.empty() || name.front() != '/') {
       status.set_failure("the path of a library must be absolute");
+      return library;
+    }
+    // The system's loader would wait for whoever writes to a pipe.
+    struct stat info {};
+    if (stat(name.c_str(), &info) == 0 && !S_ISREG(info.st_mode)) {
+      status.set_failure(S_ISDIR(info.st_mode) ? "it is a directory" : "it is not a regular file");
       return library;
     }
     const int flags = RTLD_NOW | RTLD_LOCAL | (lifetime == Lifetime::keep_mapped ? RTLD_NODELETE : 0);

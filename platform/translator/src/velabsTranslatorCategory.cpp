@@ -1,20 +1,32 @@
 #include "velabsTranslatorCategory.h"
 
 #include <climits>
+#include <mutex>
 #include <vector>
 
-coPrf<velabsTranslatorCategory> velabsTranslatorCategory::find(const utString& name) {
-  using Categories = std::vector<coPrf<velabsTranslatorCategory>>;
-  // Never destroyed: descriptions hold references until the process ends.
-  static const auto* known = new Categories{
+namespace {
+
+// Every category that was ever asked for. Never destroyed: descriptions hold references until the process ends.
+struct Categories {
+  std::mutex lock;
+  std::vector<coPrf<velabsTranslatorCategory>> known{
       std::make_shared<velabsTranslatorCategory>("Mesh", 1),
       std::make_shared<velabsTranslatorCategory>("Exact", 2),
       std::make_shared<velabsTranslatorCategory>("Exchange", 3),
       std::make_shared<velabsTranslatorCategory>("Native", 4),
       std::make_shared<velabsTranslatorCategory>("View", 5),
   };
-  for (const auto& category : *known) {
+};
+
+}  // namespace
+
+coPrf<velabsTranslatorCategory> velabsTranslatorCategory::find(const utString& name) {
+  static auto* categories = new Categories;
+  const std::lock_guard guard(categories->lock);
+  for (const auto& category : categories->known) {
     if (category->category_name() == name) return category;
   }
-  return std::make_shared<velabsTranslatorCategory>(name.is_null() ? utString("") : name, INT_MAX);
+  const utString shown = name.is_null() ? utString("") : name;
+  categories->known.push_back(std::make_shared<velabsTranslatorCategory>(shown, INT_MAX));
+  return categories->known.back();
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "apRegularFile.h"
 #include "utString.h"
 
 // What the recognisers may see of a file: its size, a bounded head, and a bounded tail, which is read when somebody
@@ -15,13 +16,12 @@ class vluFileSample {
 
   // None for what is no regular file with at least one byte, or cannot be read. Never blocks.
   static std::optional<vluFileSample> take(const utString& path);
-  ~vluFileSample();
   vluFileSample(vluFileSample&& other) noexcept;
   vluFileSample& operator=(vluFileSample&&) = delete;
 
-  std::uint64_t size() const { return size_; }
+  std::uint64_t size() const { return file_.size(); }
   std::string_view head() const { return head_; }
-  bool head_is_all() const { return head_.size() == size_; }
+  bool head_is_all() const { return head_.size() == size(); }
 
   // The end of the file; all of it when it is no longer than the bound.
   std::string_view tail() const;
@@ -30,10 +30,9 @@ class vluFileSample {
   std::string_view text() const { return text_; }
 
  private:
-  vluFileSample(int file, std::uint64_t size, std::string head);
+  vluFileSample(apRegularFile file, std::string head);
 
-  int file_;
-  std::uint64_t size_;
+  apRegularFile file_;
   std::string head_;
   std::string_view text_;
   mutable std::optional<std::string> tail_;
