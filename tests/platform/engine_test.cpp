@@ -3,11 +3,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <mutex>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include "TemporaryDirectory.h"
 #include "v2vVel2vel.h"
@@ -106,16 +103,14 @@ TEST_F(Engine, AnInputThatFailsLeavesTheOldOutput) {
   const std::string file = directory_ / "b.script: ";
   struct Case {
     const char *script, *message;
-  } cases[] = {
-      {"fail line 3: no", "line 3: no"},
-      {"fail_silently", "it could not be read"},
-      {"throw over the wall", "it stopped on an error of its own: over the wall"},
-      {"throw_number", "it stopped on an error of its own"},
-      {"no_memory", "there is not enough memory"},
-      {"note nothing here", "it holds nothing that could be translated"},
-      {"bad_corner", "the reader gave an invalid mesh: a face names a vertex that is not there"},
-      {"bad_point", "the reader gave an invalid mesh: a coordinate is not a finite number"},
-  };
+  } cases[] = {{"fail line 3: no", "line 3: no"},
+               {"fail_silently", "it could not be read"},
+               {"throw over the wall", "it stopped on an error of its own: over the wall"},
+               {"throw_number", "it stopped on an error of its own"},
+               {"no_memory", "there is not enough memory"},
+               {"note nothing here", "it holds nothing that could be translated"},
+               {"bad_corner", "the reader gave an invalid mesh: a face names a vertex that is not there"},
+               {"bad_point", "the reader gave an invalid mesh: a coordinate is not a finite number"}};
   for (const Case& c : cases) {
     EXPECT_EQ(translate({"node", c.script, "node"}), 0) << c.script;
     EXPECT_EQ(last_message(), file + c.message);
@@ -181,15 +176,13 @@ TEST_F(Engine, RequestsThatCannotWorkAreRefusedBeforeAnythingIsRead) {
   inputs.append({directory_ / "other_name", nullptr, reader_, 0, "Script"});
   struct Case {
     std::string target, part;
-  } cases[] = {
-      {target_, "it is an input too"},
-      {directory_ / "d/../a.script", "it is an input too"},
-      {directory_ / "d", "it is a directory"},
-      {directory_ / "new/", "it is a directory"},
-      {directory_ / "no/out", "its directory does not exist"},
-      {directory_ / "a.script/out", "does not exist"},
-      {"", "has no name"},
-  };
+  } cases[] = {{target_, "it is an input too"},
+               {directory_ / "d/../a.script", "it is an input too"},
+               {directory_ / "d", "it is a directory"},
+               {directory_ / "new/", "it is a directory"},
+               {directory_ / "no/out", "its directory does not exist"},
+               {directory_ / "a.script/out", "does not exist"},
+               {"", "has no name"}};
   for (const Case& c : cases) {
     target_ = c.target;
     EXPECT_EQ(run(inputs), 0);
@@ -206,16 +199,14 @@ TEST_F(Engine, RequestsThatCannotWorkAreRefusedBeforeAnythingIsRead) {
 TEST_F(Engine, LibrariesThatDoNotServeAreNamed) {
   struct Case {
     std::string reader, writer, part;
-  } cases[] = {
-      {fixture("no_object"), writer_, "a.script: its translator gave no reader"},
-      {writer_, writer_, "reads nothing"},
-      {fixture("wrong_interface"), writer_, "cannot be used: built for interface 3, this program speaks 1"},
-      {"", writer_, "a.script: no translator reads it"},
-      {reader_, fixture("no_object"), "its translator gave no writer"},
-      {reader_, reader_, "writes nothing"},
-      {reader_, "", "no translator writes this format"},
-      {reader_, "/no/such.dll", "/no/such.dll"},
-  };
+  } cases[] = {{fixture("no_object"), writer_, "a.script: its translator gave no reader"},
+               {writer_, writer_, "reads nothing"},
+               {fixture("wrong_interface"), writer_, "cannot be used: built for interface 3, this program speaks 1"},
+               {"", writer_, "a.script: no translator reads it"},
+               {reader_, fixture("no_object"), "its translator gave no writer"},
+               {reader_, reader_, "writes nothing"},
+               {reader_, "", "no translator writes this format"},
+               {reader_, "/no/such.dll", "/no/such.dll"}};
   for (const Case& c : cases) {
     reader_ = c.reader;
     writer_ = c.writer;

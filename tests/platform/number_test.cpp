@@ -8,46 +8,31 @@
 
 TEST(Numbers, RealNumbersAsCadFilesHoldThem) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
-  struct Case {
-    std::string text;
+  const std::string nines(400, '9'), tiny = "0." + std::string(400, '0') + "1";
+  const struct {
     double value;
-    std::string rest;
+    std::vector<std::pair<std::string, const char*>> texts;  // each with what is left behind the number
   } cases[] = {
-      {"1", 1, ""},
-      {"-0.5,", -0.5, ","},
-      {"+3", 3, ""},
-      {"1.", 1, ""},
-      {".5", .5, ""},
-      {"-.5 ", -.5, " "},
-      {"1.e3", 1000, ""},
-      {"2.5E-1x", .25, "x"},
-      {"1d3", 1000, ""},
-      {"1.5D+02)", 150, ")"},
-      {"+1.D-1", .1, ""},
-      {"1d", 1, "d"},
-      {"1dx", 1, "dx"},
-      {"1e5d2", 1e5, "d2"},
-      {"1e", 1, "e"},
-      {"inf", infinity, ""},
-      {"-INF", -infinity, ""},
-      {"1e400", infinity, ""},
-      {"-1e400", -infinity, ""},
-      {"1e-400", 0, ""},
-      {"0.00001e-320", 0, ""},
-      {"1e99999999999999999999", infinity, ""},
-      {"1e-99999999999999999999", 0, ""},
-      {std::string(400, '9'), infinity, ""},
-      {"0." + std::string(400, '0') + "1", 0, ""},
-      {"0x10", 0, "x10"},
-      {"1,5", 1, ",5"},
-      {"9007199254740993", 9007199254740992.0, ""},
-  };
-  for (const Case& c : cases) {
-    std::string_view text = c.text;
-    double value = 7;
-    EXPECT_TRUE(ap_take_double(text, value)) << c.text;
-    EXPECT_EQ(value, c.value) << c.text;
-    EXPECT_EQ(text, c.rest) << c.text;
+      {1, {{"1", ""}, {"1.", ""}, {"1d", "d"}, {"1dx", "dx"}, {"1e", "e"}, {"1,5", ",5"}}},
+      {-.5, {{"-0.5,", ","}, {"-.5 ", " "}}},
+      {.5, {{".5", ""}, {"+.5", ""}}},
+      {1000, {{"1.e3", ""}, {"1d3", ""}}},
+      {150, {{"1.5D+02)", ")"}}},
+      {.1, {{"+1.D-1", ""}}},
+      {.25, {{"2.5E-1x", "x"}}},
+      {1e5, {{"1e5d2", "d2"}}},
+      {infinity, {{"inf", ""}, {"1e400", ""}, {"1e99999999999999999999", ""}, {nines, ""}}},
+      {-infinity, {{"-INF", ""}, {"-1e400", ""}}},
+      {0, {{"1e-400", ""}, {"0.00001e-320", ""}, {"1e-99999999999999999999", ""}, {tiny, ""}, {"0x10", "x10"}}},
+      {9007199254740992.0, {{"9007199254740993", ""}}}};
+  for (const auto& c : cases) {
+    for (const auto& [given, rest] : c.texts) {
+      std::string_view text = given;
+      double value = 7;
+      EXPECT_TRUE(ap_take_double(text, value)) << given;
+      EXPECT_EQ(value, c.value) << given;
+      EXPECT_EQ(text, rest) << given;
+    }
   }
   for (const char* none : {"", "+", "-", "+-1", "-+1", ".", "e5", " 1", "x", "d3", "++1"}) {
     std::string_view text = none;

@@ -1,15 +1,10 @@
 #include <gtest/gtest.h>
 #include <locale.h>
 
-#include <cstdlib>
-#include <string>
-
 #include "TemporaryDirectory.h"
 #include "coPageArr.h"
 #include "coResourceTableMaker.h"
-#include "coSet.h"
 #include "velFileFormat.h"
-#include "velLengthUnit.h"
 #include "velResourceFile.h"
 #include "velResourceTable.h"
 #include "velTableInstance.h"
@@ -30,53 +25,27 @@ TEST(PageArray, AddressesStayAndTheWalkCoversAll) {
   EXPECT_EQ(expected, 200);
 }
 
-TEST(Sets, HandOutInTheOrderOfAdding) {
-  utStringcoSet set(4, 50);
-  for (const char* text : {"b", "a", "b", "c"}) set.add(text);
-  std::string all;
-  for (auto each = set.iterator(); ++each;) all += each().str();
-  EXPECT_EQ(all, "bac");
-}
-
 TEST(ResourceValues, TakeTheirOwnTextsOnly) {
-  struct Case {
-    const char *key, *text;
-    int error;
-    const char* shown;
-  } cases[] = {
-      {"SCALE", "2.50", 0, "2.5"},
-      {"SCALE", "1e400", 2, ""},
-      {"SCALE", "nan", 2, ""},
-      {"SCALE", "2,5", 2, ""},
-      {"SCALE", "", 2, ""},
-      {"SCALE", "1 2", 2, ""},
-      {"DIGITS", "7", 0, "7"},
-      {"DIGITS", "7.0", 2, ""},
-      {"DIGITS", "3000000000", 2, ""},
-      {"WELD_POINTS", "FALSE", 0, "0"},
-      {"WELD_POINTS", "1", 0, "1"},
-      {"WELD_POINTS", "yes", 2, ""},
-      {"LENGTH_UNIT", "INCH", 0, "inch"},
-      {"LENGTH_UNIT", "8", 2, ""},
-      {"FILE_FORMAT", "Ascii", 0, "ascii"},
-      {"SOLID_NAME", "", 0, ""},
-      {"NO_SUCH_KEY", "1", 1, ""},
-      {"scale", "1", 1, ""},
-  };
   const coResourceTableMaker maker(vel_resource_table_inquire());
-  for (const Case& c : cases) {
+  // What comes of "key=text": the error, or how the value is shown.
+  auto made = [&](const std::string& entry) {
+    const auto equals = entry.find('=');
+    const std::string key = entry.substr(0, equals);
     coResourceTable table;
-    EXPECT_EQ(maker.create_entry(c.key, c.text, table), c.error) << c.key << " " << c.text;
-    EXPECT_EQ(table.count(), c.error ? 0u : 1u);
-    EXPECT_EQ(c.error ? utString("") : table.find(c.key)->text(), c.shown);
+    const int error = maker.create_entry(key, entry.substr(equals + 1), table);
+    EXPECT_EQ(table.count(), error ? 0u : 1u) << entry;
+    return error ? "error " + std::to_string(error) : table.find(key)->text().str();
+  };
+  const std::pair<const char*, const char*> good[] = {{"SCALE=2.50", "2.5"},        {"DIGITS=7", "7"},
+                                                      {"WELD_POINTS=FALSE", "0"},   {"WELD_POINTS=1", "1"},
+                                                      {"LENGTH_UNIT=INCH", "inch"}, {"FILE_FORMAT=Ascii", "ascii"},
+                                                      {"SOLID_NAME=", ""}};
+  for (const auto& [entry, shown] : good) EXPECT_EQ(made(entry), shown) << entry;
+  for (const char* entry : {"NO_SUCH_KEY=1", "scale=1"}) EXPECT_EQ(made(entry), "error 1") << entry;
+  for (const char* entry : {"SCALE=1e400", "SCALE=nan", "SCALE=2,5", "SCALE=", "SCALE=1 2", "DIGITS=7.0",
+                            "DIGITS=3000000000", "WELD_POINTS=yes", "LENGTH_UNIT=8"}) {
+    EXPECT_EQ(made(entry), "error 2") << entry;
   }
-}
-
-TEST(LengthUnits, RatiosAreRoundedOnce) {
-  EXPECT_EQ(vel_length_ratio(velLENGTH_FOOT, velLENGTH_INCH), 12);
-  EXPECT_EQ(vel_length_ratio(velLENGTH_MIL, velLENGTH_MICROMETRE), 25.4);
-  EXPECT_EQ(vel_length_ratio(velLENGTH_UNSPECIFIED, velLENGTH_MILE), 1);
-  EXPECT_EQ(vel_metres(velLENGTH_INCH), 0.0254);
 }
 
 TEST(ResourceFile, BrokenLinesCostThemselvesOnly) {
@@ -150,6 +119,9 @@ class LocaleNumbers : public testing::Test {
     double value = 0;
     return co_value_from_text(utString(text), value) && value == 2.5;
   }
+  static bool holds(const char* right, const char* wrong) {
+    return reads(right) && !reads(wrong) && co_value_to_text(2.5) == right;
+  }
   TemporaryDirectory directory_;
 };
 
@@ -159,22 +131,16 @@ TEST_F(LocaleNumbers, HoldForTheirLifetimeAndNest) {
   {
     velnlsLocaleNumbers outer;
     const locale_t during = uselocale(nullptr);
-    EXPECT_TRUE(reads("2,5"));
-    EXPECT_FALSE(reads("2.5"));
-    EXPECT_FALSE(reads(" 2,5"));
-    EXPECT_EQ(co_value_to_text(2.5), "2,5");
+    EXPECT_TRUE(holds("2,5", "2.5") && !reads(" 2,5"));
     { velnlsLocaleNumbers inner; }
     EXPECT_EQ(uselocale(nullptr), during);
   }
   EXPECT_EQ(uselocale(nullptr), before);
-  EXPECT_TRUE(reads("2.5"));
-  EXPECT_FALSE(reads("2,5"));
-  EXPECT_EQ(co_value_to_text(2.5), "2.5");
+  EXPECT_TRUE(holds("2.5", "2,5"));
 
   // A host's own setlocale changes nothing.
   ASSERT_NE(setlocale(LC_ALL, ""), nullptr);
-  EXPECT_TRUE(reads("2.5"));
-  EXPECT_EQ(co_value_to_text(2.5), "2.5");
+  EXPECT_TRUE(holds("2.5", "2,5"));
   setlocale(LC_ALL, "C");
 }
 
