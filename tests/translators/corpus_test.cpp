@@ -2,8 +2,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <filesystem>
-#include <map>
 #include <sstream>
 
 #include "TemporaryDirectory.h"
@@ -29,37 +27,23 @@ std::vector<fs::path> files(const char* extension, bool malformed) {
   return result;
 }
 
-// Triangles of a file, counted without understanding it.
+// Lines that begin with a word, counted without understanding the file.
+std::size_t lines_of(const std::string& bytes, const char* wanted) {
+  std::size_t count = 0;
+  std::istringstream lines(bytes);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string word;
+    count += words >> word && utString(word).case_compare(wanted);
+  }
+  return count;
+}
+
 std::size_t stl_triangles(const std::string& bytes) {
   std::uint32_t count = 0;
   if (bytes.size() >= 84) std::memcpy(&count, bytes.data() + 80, 4);
   const std::size_t size = 84 + std::size_t{50} * count;
-  if (bytes.size() == size || bytes.size() == size + 1) return count;
-  std::size_t facets = 0;
-  std::istringstream lines(bytes);
-  for (std::string line; std::getline(lines, line);) {
-    std::istringstream words(line);
-    std::string word;
-    facets += words >> word && utString(word).case_compare("facet");
-  }
-  return facets;
-}
-
-struct ObjCounts {
-  std::size_t vertices = 0, faces = 0;
-};
-
-ObjCounts obj_counts(const std::string& bytes) {
-  ObjCounts counts;
-  std::istringstream lines(bytes);
-  for (std::string line; std::getline(lines, line);) {
-    std::istringstream words(line);
-    std::string word;
-    if (!(words >> word)) continue;
-    counts.vertices += word == "v";
-    counts.faces += word == "f";
-  }
-  return counts;
+  return bytes.size() == size || bytes.size() == size + 1 ? count : lines_of(bytes, "facet");
 }
 
 // What must survive: the corners that triangles use, their box, and how many there are.
@@ -140,26 +124,22 @@ TEST_F(Corpus, EveryObjFileIsReadWholeAndTranslated) {
   for (const fs::path& file : files(".obj", false)) {
     const Reading reading = obj_reader.read(file.string());
     ASSERT_EQ(reading.result, velabsDONE) << file << reading.messages.errors;
-    const ObjCounts counts = obj_counts(TemporaryDirectory::read(file.string()));
-    EXPECT_EQ(reading.statistics().vertices, counts.vertices) << file;
-    EXPECT_EQ(reading.statistics().faces, counts.faces) << file;
-    if (counts.faces > 0) translate(reading, file.filename().string());
+    const std::string bytes = TemporaryDirectory::read(file.string());
+    EXPECT_EQ(reading.statistics().vertices, lines_of(bytes, "v")) << file;
+    EXPECT_EQ(reading.statistics().faces, lines_of(bytes, "f")) << file;
+    if (reading.statistics().faces > 0) translate(reading, file.filename().string());
   }
 }
 
 TEST_F(Corpus, BrokenFilesGiveAReasonOrTheirGeometry) {
-  for (const auto& [reader, extension] : {std::pair<const Translator&, const char*>(stl_reader, ".stl"),
-                                          {obj_reader, ".obj"},
-                                          {obj_reader, ".ply"},
-                                          {stl_reader, ".ply"},
-                                          {stl_reader, ""},
-                                          {obj_reader, ".glb"},
-                                          {stl_reader, ".3mf"}}) {
+  const std::pair<const Translator&, const char*> ways[] = {
+      {stl_reader, ".stl"}, {obj_reader, ".obj"}, {obj_reader, ".ply"}, {stl_reader, ".ply"},
+      {stl_reader, ""},     {obj_reader, ".glb"}, {stl_reader, ".3mf"}};
+  for (const auto& [reader, extension] : ways) {
     for (const fs::path& file : files(extension, true)) {
       const Reading reading = reader.read(file.string());
       EXPECT_FALSE(reading.fault()) << file;
-      if (reading.result != velabsDONE) continue;
-      EXPECT_GT(reading.statistics().triangles, 0u) << file;
+      EXPECT_TRUE(reading.result != velabsDONE || reading.statistics().triangles > 0) << file;
     }
   }
 }

@@ -69,34 +69,31 @@ TEST(ObjReader, ReadsFacesInAllTheirSpellings) {
       {"lines only", square + "g a\nl 1 2\nl 2 3\ng b\np 1", "a:0:0", "line 6: line elements are left out (2 times)"},
       {"normals that are not there", square + "f 1//0 2//-1 3/7/9", ":1:3", "line 5: a corner names a normal"},
       {"unknown statements", square + "f 1 2 3\ncurv 0 1\ncurv 0 2\ns off", ":1:3",
-       "line 6: statement \"curv\" is not known"},
-  };
+       "line 6: statement \"curv\" is not known"}};
   for (const Case& c : cases) check(c, directory);
 }
 
 TEST(ObjReader, RefusesWhatCannotBeMeant) {
   TemporaryDirectory directory;
-  const Case cases[] = {
-      {"index 0", square + "f 1 2 0", "!line 5: there is no vertex \"0\", 4 came before"},
-      {"too large", square + "f 1 2 5\n", "!line 5: there is no vertex 5, the file has 4"},
-      {"before the first", square + "f -5 1 2", "!line 5: there is no vertex \"-5\""},
-      {"odd corner", square + "f 1/a 2 3", "!line 5: the corner \"1/a\""},
-      {"odd normal", square + "f 1//a 2 3", "!line 5: the corner \"1//a\""},
-      {"absurd", square + "f 1 2 99999999999", "!line 5"},
-      {"beyond whole numbers", square + "f 1 2 99999999999999999999", "!line 5"},
-      {"not an index", square + "f 1 2 a", "!line 5: the corner \"a\""},
-      {"half an index", square + "f 1 2 3.5", "!line 5: the corner \"3.5\""},
-      {"NaN", square + "v 0 nan 0\n", "!line 5: a coordinate is no finite number"},
-      {"NaN of some programs", square + "v 0 1.#QNAN 0\n", "!line 5: the coordinate \"1.#QNAN\""},
-      {"too large a number", square + "v 0 1e999 0\n", "!line 5"},
-      {"two coordinates", square + "v 0 1\n", "!line 5: a vertex needs three"},
-      {"no usable face", square + "f 1\nf 2 3\n", "!no face of the file has three corners"},
-      {"nothing known", "hello\nworld\n", "!holds no geometry"},
-      {"comments only", "# hello\n", "!holds no geometry"},
-      {"empty", "", "!empty"},
-      {"UTF-16", std::string("\xFE\xFF\0v", 4), "!UTF-16"},
-      {"bytes", std::string(1000, '\0'), "!holds no geometry"},
-  };
+  const Case cases[] = {{"index 0", square + "f 1 2 0", "!line 5: there is no vertex \"0\", 4 came before"},
+                        {"too large", square + "f 1 2 5\n", "!line 5: there is no vertex 5, the file has 4"},
+                        {"before the first", square + "f -5 1 2", "!line 5: there is no vertex \"-5\""},
+                        {"odd corner", square + "f 1/a 2 3", "!line 5: the corner \"1/a\""},
+                        {"odd normal", square + "f 1//a 2 3", "!line 5: the corner \"1//a\""},
+                        {"absurd", square + "f 1 2 99999999999", "!line 5"},
+                        {"beyond whole numbers", square + "f 1 2 99999999999999999999", "!line 5"},
+                        {"not an index", square + "f 1 2 a", "!line 5: the corner \"a\""},
+                        {"half an index", square + "f 1 2 3.5", "!line 5: the corner \"3.5\""},
+                        {"NaN", square + "v 0 nan 0\n", "!line 5: a coordinate is no finite number"},
+                        {"NaN of some programs", square + "v 0 1.#QNAN 0\n", "!line 5: the coordinate \"1.#QNAN\""},
+                        {"too large a number", square + "v 0 1e999 0\n", "!line 5"},
+                        {"two coordinates", square + "v 0 1\n", "!line 5: a vertex needs three"},
+                        {"no usable face", square + "f 1\nf 2 3\n", "!no face of the file has three corners"},
+                        {"nothing known", "hello\nworld\n", "!holds no geometry"},
+                        {"comments only", "# hello\n", "!holds no geometry"},
+                        {"empty", "", "!empty"},
+                        {"UTF-16", std::string("\xFE\xFF\0v", 4), "!UTF-16"},
+                        {"bytes", std::string(1000, '\0'), "!holds no geometry"}};
   for (const Case& c : cases) check(c, directory);
 }
 
@@ -108,8 +105,7 @@ TEST(ObjReader, MakesNodesOfObjectsAndGroups) {
       {"before any group", square + f + "g a\n" + f, ":1:3 a:1:3"},
       {"opened again", square + "g a\n" + f + "g b\n" + f + "g a\n" + q, "a:2:7 b:1:3"},
       {"empty ones", square + "o x\ng y\ng z\n" + f + "o w\n", "x/z:1:3"},
-      {"same group in two objects", square + "o x\ng a\n" + f + "o y\n" + f + "g a\n" + q, "x/a:1:3 y:1:3 y/a:1:4"},
-  };
+      {"same group in two objects", square + "o x\ng a\n" + f + "o y\n" + f + "g a\n" + q, "x/a:1:3 y:1:3 y/a:1:4"}};
   for (const Case& c : cases) check(c, directory);
   const Reading reading = reader.read(directory.write("a.obj", square + "g a\n" + f + "g b\n" + q + "v 9 9 9\n"));
   EXPECT_EQ(reading.mesh(0).vertices, reading.mesh(1).vertices);
@@ -127,14 +123,13 @@ TEST(ObjReader, FindsMaterialsBesideTheFileOnly) {
     const char* statements;
     annColour colour;
     const char* message;
-  } cases[] = {
-      {"mtllib a b.mtl\nusemtl red", red, ""},
-      {"mtllib none.mtl c.mtl\nusemtl half", {0.5F, 0.5F, 0.5F, 0.75F}, "\"none.mtl\" is not there"},
-      {"mtllib C:\\x\\c.mtl\nusemtl tr", {0, 0, 0, 0.75F}, "only colour and opacity"},
-      {"mtllib ../secret.mtl\nusemtl red", grey, "\"../secret.mtl\" is not there"},
-      {"mtllib link.mtl\nusemtl red", grey, "\"link.mtl\" is not there"},
-      {"mtllib a b.mtl\nusemtl blue", grey, "material \"blue\" is defined nowhere"},
-  };
+  } cases[] = {{"mtllib a b.mtl\nusemtl red", red, ""},
+               {"mtllib none.mtl c.mtl\nusemtl half", {0.5F, 0.5F, 0.5F, 0.75F}, "\"none.mtl\" is not there"},
+               {"mtllib C:\\x\\c.mtl\nusemtl tr", {0, 0, 0, 0.75F}, "only colour and opacity"},
+               {"newmtl red\nmtllib a.obj\nusemtl red", grey, "\"a.obj\" is not there"},
+               {"mtllib ../secret.mtl\nusemtl red", grey, "\"../secret.mtl\" is not there"},
+               {"mtllib link.mtl\nusemtl red", grey, "\"link.mtl\" is not there"},
+               {"mtllib a b.mtl\nusemtl blue", grey, "defined nowhere becomes grey, the first is \"blue\""}};
   for (const auto& c : cases) {
     const std::string file = directory.write("sub/a.obj", square + "f 1 2 3\n" + c.statements + "\nf 1 2 3 4");
     const Reading reading = reader.read(file);
@@ -155,13 +150,11 @@ TEST(ObjReader, KeepsNormalsThatBelongToVertices) {
     const char* what;
     const char* faces;
     bool kept;
-  } cases[] = {
-      {"one each", "f 1//1 2//2 3//1\nf 1//1 3//3 4//1", true},
-      {"two for a vertex", "f 1//1 2//1 3//1\nf 1//2 3//1 4//1", false},
-      {"some without", "f 1//1 2//1 3//1\nf 1 3 4", false},
-      {"without before", "f 1 3 4\nf 1//1 2//1 3//1", false},
-      {"without direction", "f 1//4 2//4 3//4", false},
-  };
+  } cases[] = {{"one each", "f 1//1 2//2 3//1\nf 1//1 3//3 4//1", true},
+               {"two for a vertex", "f 1//1 2//1 3//1\nf 1//2 3//1 4//1", false},
+               {"some without", "f 1//1 2//1 3//1\nf 1 3 4", false},
+               {"without before", "f 1 3 4\nf 1//1 2//1 3//1", false},
+               {"without direction", "f 1//4 2//4 3//4", false}};
   for (const auto& c : cases) {
     const Reading reading =
         reader.read(directory.write("a.obj", square + "vn 0 0 2\nvn 1 0 0\nvn 0 0 1\nvn 0 0 0\n" + c.faces));

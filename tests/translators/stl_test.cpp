@@ -87,8 +87,7 @@ TEST(StlReader, ReadsTextInAllItsSpellings) {
       {"empty among full", "solid a\n" + facet() + "endsolid a\nsolid b\nendsolid b\nsolid\nendsolid", 1, "a|b"},
       {"only empty ones", "solid a\nendsolid a\n", 0, "a", "holds no facets"},
       {"numbers of all kinds", "solid a\n" + facet("vertex +1. .5 -1E+2 vertex 1d0 0 0 vertex 0 0 1e-400") + "endsolid",
-       1, "a"},
-  };
+       1, "a"}};
   for (const Case& c : cases) check(c, directory);
 }
 
@@ -106,8 +105,7 @@ TEST(StlReader, RefusesBrokenTextWithTheLine) {
       {"text behind", "solid a\n" + facet() + "endsolid\njunk", 0, "", "line 4: there is \"junk\""},
       {"UTF-16", std::string("\xFF\xFEs\0o\0", 6), 0, "", "UTF-16"},
       {"empty file", "", 0, "", "empty"},
-      {"short", "sol", 0, "", "3 bytes"},
-  };
+      {"short", "sol", 0, "", "3 bytes"}};
   for (const Case& c : cases) check(c, directory);
 }
 
@@ -116,19 +114,18 @@ TEST(StlReader, TellsBinaryFromTextAndCountsFromBytes) {
   const std::vector<Record> two(2);
   Record infinite;
   infinite.numbers[5] = std::numeric_limits<float>::infinity();
-  const Case cases[] = {
-      {"as usual", binary("made by x", 2, two), 2, ""},
-      {"named", binary("solid REAR CASE", 2, two), 2, "REAR CASE"},
-      {"named, stray byte", binary("solid test", 2, two) + '\n', 2, "test", "1 bytes behind"},
-      {"not UTF-8", binary("solid \xFF", 2, two), 2, "\xFF"},
-      {"more bytes than counted", binary("", 1, two), 1, "", "byte 134: 50 bytes behind"},
-      {"fewer bytes than counted", binary("", 3, two), 0, "", "3 triangles, the file holds 2"},
-      {"absurd count", binary("solid", 0xFFFFFFFF, two), 0, "", "4294967295 triangles"},
-      {"count not filled in", binary("", 0, two), 2, "", "says 0 triangles"},
-      {"no count, odd bytes", binary("", 0, two) + "x", 0, "", "101 bytes"},
-      {"no triangles", binary("", 0, {}), 0, "", "no triangles"},
-      {"infinite", binary("", 3, {{}, {}, infinite}), 0, "", "triangle 3 at byte 184"},
-  };
+  const Case cases[] = {{"as usual", binary("made by x", 2, two), 2, ""},
+                        {"named", binary("solid REAR CASE", 2, two), 2, "REAR CASE"},
+                        {"named, stray byte", binary("solid test", 2, two) + '\n', 2, "test", "1 bytes behind"},
+                        {"not UTF-8", binary("solid \xFF", 2, two), 2, "\xFF"},
+                        {"more bytes than counted", binary("", 1, two), 1, "", "byte 134: 50 bytes behind"},
+                        {"fewer bytes than counted", binary("", 3, two), 0, "", "3 triangles, the file holds 2"},
+                        {"absurd count", binary("solid", 0xFFFFFFFF, two), 0, "", "4294967295 triangles"},
+                        {"count not filled in", binary("", 0, two), 2, "", "says 0 triangles"},
+                        {"no count, odd bytes", binary("", 0, two) + "x", 0, "", "101 bytes"},
+                        {"remarks like a mark of UTF-16", binary("\xFF\xFE", 1, {{}}), 1, ""},
+                        {"no triangles", binary("", 0, {}), 0, "", "no triangles"},
+                        {"infinite", binary("", 3, {{}, {}, infinite}), 0, "", "triangle 3 at byte 184"}};
   for (const Case& c : cases) check(c, directory);
 }
 
@@ -172,13 +169,11 @@ TEST(StlReader, TakesColoursOfBothConventions) {
     const char* what;
     std::string content;
     std::vector<annColour> colours;  // of the faces; red -1 for none
-  } cases[] = {
-      {"bit 15 set", binary("", 3, records({0xFC00, 0, 0x801F})), {{1, 0, 0, 1}, {-1}, {0, 0, 1, 1}}},
-      {"nothing", binary("", 2, records({0, 0})), {{-1}, {-1}}},
-      {"other use", binary("", 2, records({7, 0})), {{-1}, {-1}}},
-      {"colour of the whole", binary(whole, 2, records({0x001F, 0xFFFF})), {{1, 0, 0, 1}, {-1}}},
-      {"whole only", binary(whole, 2, records({0, 0})), {{-1}, {-1}}},
-  };
+  } cases[] = {{"bit 15 set", binary("", 3, records({0xFC00, 0, 0x801F})), {{1, 0, 0, 1}, {-1}, {0, 0, 1, 1}}},
+               {"nothing", binary("", 2, records({0, 0})), {{-1}, {-1}}},
+               {"other use", binary("", 2, records({7, 0})), {{-1}, {-1}}},
+               {"colour of the whole", binary(whole, 2, records({0x001F, 0xFFFF})), {{1, 0, 0, 1}, {-1}}},
+               {"whole only", binary(whole, 2, records({0, 0})), {{-1}, {-1}}}};
   for (const auto& c : cases) {
     const Reading reading = reader.read(directory.write("a.stl", c.content));
     const annMesh& mesh = reading.mesh();
