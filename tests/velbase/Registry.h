@@ -1,10 +1,9 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
-#include <string>
 #include <vector>
 
+#include "TemporaryDirectory.h"
 #include "apFrustrumChooser.h"
 #include "apILibraryLoaderOperations.h"
 #include "apStringCompareInsensitive.h"

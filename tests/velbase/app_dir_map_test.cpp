@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 #include "Registry.h"
-#include "TemporaryDirectory.h"
 #include "vlnAppDirMap.h"
 
 namespace {
@@ -105,18 +104,14 @@ TEST_F(AppDirMapTest, TheFirstUsableBaseHoldsTheApplicationData) {
 }
 
 TEST_F(AppDirMapTest, CopiesFilesOfOneExtension) {
-  dir.write("from/a.rsc", "a");
-  dir.write("from/b.txt", "b");
-  dir.write("more/a.rsc", "hidden");
-  dir.write("to/a.rsc", "old");
-  dir.write("from/bare", "bare");
+  for (const char* name : {"from/a.rsc", "from/b.txt", "more/a.rsc", "to/a.rsc", "from/bare"}) dir.write(name, name);
   initialise("/i/sys/exec");
   const utString from = dir / "from" + ";" + (dir / "more");
   EXPECT_EQ(map.copy_files(from, dir / "to", "rsc"), 1);
-  EXPECT_EQ(TemporaryDirectory::read(dir / "to/a.rsc"), "a");
+  EXPECT_EQ(TemporaryDirectory::read(dir / "to/a.rsc"), "from/a.rsc");
   EXPECT_FALSE(std::filesystem::exists(dir / "to/b.txt"));
   EXPECT_EQ(map.copy_files(from, dir / "made", ""), 1);
-  EXPECT_EQ(TemporaryDirectory::read(dir / "made/bare"), "bare");
+  EXPECT_EQ(TemporaryDirectory::read(dir / "made/bare"), "from/bare");
   EXPECT_EQ(map.copy_files(from, dir / "no/such", "rsc"), 0);
   EXPECT_EQ(map.copy_files(from, dir / "from/b.txt", "rsc"), 0) << "a file is in the way";
 }

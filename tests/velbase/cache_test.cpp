@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "Registry.h"
-#include "TemporaryDirectory.h"
 #include "apStringEncodings.h"
 #include "vlnTranslatorCacheReader.h"
 #include "vlnTranslatorCacheWriter.h"
@@ -17,13 +16,14 @@ class CacheTest : public testing::Test {
     dir.write("lib/UPPER.DLL", "");
   }
 
-  int read(const std::string& cache) {
+  int read(const std::string& cache) { return read_file(dir.write("translators.lst", cache)); }
+  int read_file(const std::string& file) {
     inputs = registry.sets.empty_dlls();
     outputs = registry.sets.empty_dlls();
     int result = -1;
-    const vlnTranslatorCacheReader reader(*inputs, *outputs, registry.path(dir.write("translators.lst", cache)),
-                                          registry.search_path(dir / "lib"), &registry.descriptions, registry.encoding,
-                                          &registry.compare, &registry.app_info, result);
+    const vlnTranslatorCacheReader reader(*inputs, *outputs, registry.path(file), registry.search_path(dir / "lib"),
+                                          &registry.descriptions, registry.encoding, &registry.compare,
+                                          &registry.app_info, result);
     intact = reader.intact();
     return result;
   }
@@ -36,7 +36,9 @@ class CacheTest : public testing::Test {
 
   TemporaryDirectory dir;
   Registry registry;
-  std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
+  std::unique_ptr<vlnTranslatorDlls> inputs = registry.sets.empty_dlls(), outputs = registry.sets.empty_dlls();
+  vlnTranslatorLoadStatus status{vlnLOAD_OK};
+  int written = -1;
   bool intact = false;
 };
 
@@ -109,76 +111,52 @@ TEST_F(CacheTest, LibrariesAreFoundInEitherFormAndAnyCase) {
 }
 
 TEST_F(CacheTest, DamageIsToldFromEmptyAndStale) {
-  EXPECT_EQ(read(""), 0);
-  EXPECT_TRUE(intact);
-  EXPECT_EQ(read(record("gone.dll", "input", "X")), 0);
-  EXPECT_TRUE(intact);
+  for (const std::string& sound : {std::string(), record("gone.dll", "input", "X")}) {
+    EXPECT_EQ(read(sound), 0);
+    EXPECT_TRUE(intact) << sound;
+  }
   EXPECT_EQ(read("rubbish\n"), 0);
   EXPECT_FALSE(intact);
-  EXPECT_EQ(read(record("step.dll", "input", "A") + std::string(1024, 'x') + "\n" + record("step.dll", "input", "B")),
-            1);
+  EXPECT_EQ(read_file(dir / "lib"), 0);
+  EXPECT_FALSE(intact);
+  const std::string one = record("step.dll", "input", "A");
+  EXPECT_EQ(read(one + std::string(1024, 'x') + "\n" + one), 1);
   EXPECT_EQ(inputs->count(), 1U) << "a line of more than 1023 characters ends the reading";
   EXPECT_FALSE(intact);
-
-  int result = -1;
-  const vlnTranslatorCacheReader directory(*inputs, *outputs, registry.path(dir / "lib"),
-                                           registry.search_path(dir / "lib"), &registry.descriptions, registry.encoding,
-                                           &registry.compare, &registry.app_info, result);
-  EXPECT_FALSE(directory.intact());
-  EXPECT_EQ(result, 0);
 }
 
 TEST(CacheFields, AreTakenFromTheFront) {
-  utString text = "a{b{c}}d", value, set = vlnTranslatorCacheReader::extract_set_string(text);
-  EXPECT_EQ(set, "b{c}");
+  using Reader = vlnTranslatorCacheReader;
+  utString text = "a{b{c}}d", value;
+  EXPECT_EQ(Reader::extract_set_string(text), "b{c}");
   EXPECT_EQ(text, "d");
-  for (const char* none : {"", "{", "{a", "}{a}"}) {
-    text = none;
-    EXPECT_TRUE(vlnTranslatorCacheReader::extract_set_string(text).is_null()) << none;
-    EXPECT_EQ(text, none);
-  }
-
   text = " , \"v\"rest";
-  EXPECT_TRUE(vlnTranslatorCacheReader::extract_string(text, value));
-  EXPECT_EQ(value, "v");
-  EXPECT_EQ(text, "rest");
+  EXPECT_TRUE(Reader::extract_string(text, value) && value == "v" && text == "rest");
   text = "\"\",";
-  EXPECT_TRUE(vlnTranslatorCacheReader::extract_string(text, value)) << "an empty text is a value";
-  EXPECT_FALSE(value.is_null());
-  for (const char* none : {"", "\"", "\"open", "bare"}) {
-    text = none;
-    EXPECT_FALSE(vlnTranslatorCacheReader::extract_string(text, value)) << none;
-    EXPECT_TRUE(value.is_null());
-    EXPECT_EQ(text, none);
-  }
-
+  EXPECT_TRUE(Reader::extract_string(text, value) && !value.is_null()) << "an empty text is a value";
   int number = 0;
   text = " , -12,x";
-  EXPECT_TRUE(vlnTranslatorCacheReader::extract_int(text, number));
-  EXPECT_EQ(number, -12);
-  EXPECT_EQ(text, ",x");
+  EXPECT_TRUE(Reader::extract_int(text, number) && number == -12 && text == ",x");
   text = "5";
-  EXPECT_TRUE(vlnTranslatorCacheReader::extract_int(text, number)) << "ends at the end of the text";
-  for (const char* none : {"", "x}", ",", "99999999999"}) {
-    text = none;
-    EXPECT_FALSE(vlnTranslatorCacheReader::extract_int(text, number)) << none;
-  }
-
+  EXPECT_TRUE(Reader::extract_int(text, number)) << "ends at the end of the text";
   utStringcoDList list;
   text = " {} {\"a\", \"b\"}";
-  EXPECT_TRUE(vlnTranslatorCacheReader::extract_list(text, list));
-  EXPECT_EQ(list.count(), 0U);
-  EXPECT_TRUE(vlnTranslatorCacheReader::extract_list(text, list));
-  EXPECT_EQ(list.count(), 2U);
+  EXPECT_TRUE(Reader::extract_list(text, list) && list.count() == 0);
+  EXPECT_TRUE(Reader::extract_list(text, list) && list.count() == 2);
+
   text = "{\"a\" b}";
-  EXPECT_FALSE(vlnTranslatorCacheReader::extract_list(text, list));
+  EXPECT_FALSE(Reader::extract_list(text, list));
+  for (const char* none : {"", "{", "{a", "}{a}", "\"", "\"open", "bare", "x}", ",", "99999999999"}) {
+    text = none;
+    EXPECT_TRUE(Reader::extract_set_string(text).is_null()) << none;
+    EXPECT_FALSE(Reader::extract_string(text, value)) << none;
+    EXPECT_TRUE(value.is_null());
+    EXPECT_EQ(text, none);
+    EXPECT_FALSE(Reader::extract_int(text, number)) << none;
+  }
 }
 
-TEST(CacheWriter, WritesEachRecordWholeOrNotAtAll) {
-  const TemporaryDirectory dir;
-  const Registry registry;
-  auto inputs = registry.sets.empty_dlls();
-  auto outputs = registry.sets.empty_dlls();
+TEST_F(CacheTest, WritesEachRecordWholeOrNotAtAll) {
   auto plain = registry.info("STEP", vlnTRANSLATOR_INPUT, "/l/stepreader.dll");
   plain->add_file_type(vluSTEP);
   plain->add_extension(L"stp");
@@ -187,15 +165,13 @@ TEST(CacheWriter, WritesEachRecordWholeOrNotAtAll) {
   plain->set_translator_category(velabsTranslatorCategory::find("Exchange"));
   plain->set_further("more", -1);
   inputs->add_translator(std::move(plain));
-  inputs->add_translator(registry.info("quote\"", vlnTRANSLATOR_INPUT));
-  inputs->add_translator(registry.info("brace}", vlnTRANSLATOR_INPUT));
-  inputs->add_translator(registry.info(std::string(1020, 'x'), vlnTRANSLATOR_INPUT));
-  inputs->add_translator(registry.info("L\xC3\xB6", vlnTRANSLATOR_INPUT));  // not ASCII
+  for (const std::string& unwritable :
+       {std::string("quote\""), std::string("brace}"), std::string(1020, 'x'), std::string("not ASCII: \xC3\xB6")}) {
+    inputs->add_translator(registry.info(unwritable, vlnTRANSLATOR_INPUT));
+  }
   outputs->add_translator(registry.info("odd", static_cast<vlnTranslatorType>(2), "/l/odd.dll"));
 
   const apAsciiEncoding ascii;
-  int written = -1;
-  vlnTranslatorLoadStatus status(vlnLOAD_OK);
   const std::string file = dir / "translators.lst";
   { const vlnTranslatorCacheWriter writer(file, *inputs, *outputs, &ascii, written, status); }
   EXPECT_EQ(written, 2);
@@ -206,13 +182,7 @@ TEST(CacheWriter, WritesEachRecordWholeOrNotAtAll) {
             "{\n  \"odd.dll\",\n  \"odd\",\n  {},\n  {},\n  \"\",\n  \"\",\n  \"\",\n  0\n}\n");
 }
 
-TEST(CacheWriter, AnEmptyRegistryMakesAnEmptyFileAndAFullDiskIsTold) {
-  const TemporaryDirectory dir;
-  const Registry registry;
-  auto inputs = registry.sets.empty_dlls();
-  auto outputs = registry.sets.empty_dlls();
-  int written = -1;
-  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+TEST_F(CacheTest, AnEmptyRegistryMakesAnEmptyFileAndAFullDiskIsTold) {
   const std::string file = dir.write("translators.lst", "old");
   { const vlnTranslatorCacheWriter writer(file, *inputs, *outputs, registry.encoding, written, status); }
   EXPECT_EQ(TemporaryDirectory::read(file), "");
@@ -227,34 +197,26 @@ TEST(CacheWriter, AnEmptyRegistryMakesAnEmptyFileAndAFullDiskIsTold) {
   }
 }
 
-TEST(CacheWriter, WhatItWritesReadsBackTheSame) {
-  const TemporaryDirectory dir;
+TEST_F(CacheTest, WhatIsWrittenReadsBackTheSame) {
+  std::filesystem::remove_all(dir / "lib");
   for (const char* fixture : {"good_input", "good_output", "no_filter", "viewer", "unwritable_name"}) {
     copy_fixture(fixture, dir.path() / "lib");
   }
-  const Registry registry;
-  const auto search_path = registry.search_path(dir / "lib");
-  std::unique_ptr<vlnTranslatorDlls> inputs, outputs, cached_inputs, cached_outputs;
-  registry.sets.create_translator_dlls(apPathName(), search_path, "", &registry.app_info, inputs, outputs);
-  int written = 0, result = 0;
-  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  registry.sets.create_translator_dlls(apPathName(), registry.search_path(dir / "lib"), "", &registry.app_info, inputs,
+                                       outputs);
   const std::string file = dir / "translators.lst";
   vlnTranslatorCacheWriter writer(file, *inputs, *outputs, registry.encoding, written, status);
   EXPECT_EQ(written, 4) << "all but the one whose name no record can hold";
-
-  cached_inputs = registry.sets.empty_dlls();
-  cached_outputs = registry.sets.empty_dlls();
-  const vlnTranslatorCacheReader reader(*cached_inputs, *cached_outputs, registry.path(file), search_path,
-                                        &registry.descriptions, registry.encoding, &registry.compare,
-                                        &registry.app_info, result);
-  EXPECT_EQ(registry.formats(*cached_inputs), (std::vector<std::string>{"A / B X", "Fixture"}));
-  EXPECT_EQ(registry.formats(*cached_outputs), registry.formats(*outputs));
-  const vlnTranslatorInfo* info = cached_inputs->translator_for_format("a / b x");
-  EXPECT_EQ(info->further_text(), "kept");
-  EXPECT_EQ(info->filter_string(), inputs->translator_for_format("a / b x")->filter_string());
-  EXPECT_EQ(info->change_extension(apPathName(L"x")), apPathName(L"x.fix")) << "the default extension stays first";
-
   const std::string once = TemporaryDirectory::read(file);
   EXPECT_EQ(writer.make_cache_file(status), 4);
   EXPECT_EQ(TemporaryDirectory::read(file), once + once) << "a further pass doubles the records";
+
+  const std::vector<std::string> formats = registry.formats(*outputs);
+  read(once);
+  EXPECT_EQ(registry.formats(*inputs), (std::vector<std::string>{"A / B X", "Fixture"}));
+  EXPECT_EQ(registry.formats(*outputs), formats);
+  const vlnTranslatorInfo* info = inputs->translator_for_format("a / b x");
+  EXPECT_EQ(info->further_text(), "kept");
+  EXPECT_EQ(info->filter_string(), "Fixture Files (*.fix)|*.fix");
+  EXPECT_EQ(info->change_extension(apPathName(L"x")), apPathName(L"x.fix")) << "the default extension stays first";
 }

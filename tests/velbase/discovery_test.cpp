@@ -1,20 +1,14 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
-#include <fstream>
 #include <map>
-#include <string>
 
 #include "Registry.h"
-#include "TemporaryDirectory.h"
 #include "vlnTranslatorCacheWriter.h"
 
-namespace {
-
-std::map<std::string, int> listings;
-
-}  // namespace
+static std::map<std::string, int> listings;
 
 // Stands before the C library's, so that every listing of a directory in this process is counted.
 extern "C" __attribute__((visibility("default"))) DIR* opendir(const char* name) {
@@ -66,13 +60,10 @@ TEST_F(DiscoveryTest, AnEmptySearchPathEndsItAtOnce) {
 }
 
 TEST_F(DiscoveryTest, OpensNothingAndListsOnceWhenTheCacheIsWhole) {
-  for (int i = 0; i < 40; ++i) {
-    const std::string number = std::to_string(i);
-    copy_fixture(i % 2 ? "good_input" : "good_output", dir.path() / "lib", "t" + number + ".dll");
-  }
   std::string cache;
   for (int i = 0; i < 40; ++i) {
     const std::string number = std::to_string(i);
+    copy_fixture(i % 2 ? "good_input" : "good_output", dir.path() / "lib", "t" + number + ".dll");
     cache += "{\n  \"t" + number + ".dll\",\n  \"" + (i % 2 ? "input" : "output") + "\",\n  \"F" + number +
              "\",\n  {\"STL\"},\n  {\"stl\"},\n  \"\",\n  \"Mesh\",\n  \"\",\n  0\n}\n";
   }
@@ -115,6 +106,7 @@ TEST_F(DiscoveryTest, EqualNamesInTwoDirectoriesAreBothAdded) {
   copy_fixture("good_input", dir.path() / "one", "same.dll");
   copy_fixture("good_input", dir.path() / "two", "same.dll");
   std::filesystem::create_directories(dir.path() / "one/directory.dll");
+  ASSERT_EQ(mkfifo((dir / "one/pipe.dll").c_str(), 0600), 0) << "and it does not wait for somebody to write";
   const vlnTranslatorLoadStatus status = discover(dir / "one" + ";" + (dir / "two"));
   EXPECT_EQ(inputs->count(), 2U);
   EXPECT_EQ(inputs->translator_for_format("A / B X")->file_ut(), dir / "one/same.dll");

@@ -36,8 +36,7 @@ TEST(File, APathIsTakenApart) {
   } cases[] = {
       {"/d/part.stl", "/d", "part", "stl"}, {"/d/part", "/d", "part", ""}, {"/d/a.tar.gz", "/d", "a.tar", "gz"},
       {"/d/.hidden", "/d", "", "hidden"},   {"/d/dot.", "/d", "dot", ""},  {"/x", "/", "x", ""},
-      {"/d.e/x", "/d.e", "x", ""},          {"/a/../b.c", "/", "b", "c"},  {"/d/b\xff.stl", "/d", "b\xff", "stl"},
-  };
+      {"/d.e/x", "/d.e", "x", ""},          {"/a/../b.c", "/", "b", "c"},  {"/d/b\xff.stl", "/d", "b\xff", "stl"}};
   for (const auto& c : cases) {
     const vlnFile file = factory.file(c.path);
     EXPECT_EQ(file.get_path_element(vlnFileDirectory), c.directory) << c.path;

@@ -2,8 +2,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
-
 #include "TemporaryDirectory.h"
 #include "vlnPathList.h"
 

@@ -20,14 +20,12 @@ TEST(Process, PutenvSetsBothViewsOfTheEnvironment) {
     const char* assignment;
     int good;
     const char* value;
-  } cases[] = {
-      {"VEL_TEST_VARIABLE=", 1, ""},
-      {"VEL_TEST_VARIABLE=b\xff", 1, "b\xff"},
-      {"VEL_TEST_VARIABLE", 1, ""},
-      {"=VEL_TEST_VARIABLE", 0, ""},
-      {"", 0, ""},
-      {nullptr, 0, ""},
-  };
+  } cases[] = {{"VEL_TEST_VARIABLE=", 1, ""},
+               {"VEL_TEST_VARIABLE=b\xff", 1, "b\xff"},
+               {"VEL_TEST_VARIABLE", 1, ""},
+               {"=VEL_TEST_VARIABLE", 0, ""},
+               {"", 0, ""},
+               {nullptr, 0, ""}};
   for (const auto& c : cases) {
     EXPECT_EQ(vln_putenv(c.assignment) != 0, c.good != 0) << (c.assignment ? c.assignment : "null");
     EXPECT_STREQ(std::getenv("VEL_TEST_VARIABLE"), c.value);

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "Registry.h"
-#include "TemporaryDirectory.h"
 #include "vlnAppDirMap.h"
 
 namespace {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "Registry.h"
-#include "TemporaryDirectory.h"
 #include "vlnExtensionIT.h"
 #include "vlnSearchPath.h"
 
@@ -27,14 +26,12 @@ TEST(SearchPath, SplitsAndJoins) {
     const char* text;
     Strings directories;
     const char* joined;
-  } cases[] = {
-      {"", {}, ""},
-      {"a;b;", {"a", "b"}, "a;b"},
-      {"a;;b", {"a", "", "b"}, "a;;b"},
-      {";a", {"", "a"}, ";a"},
-      {"/x y:z", {"/x y:z"}, "/x y:z"},
-      {";", {""}, ""},
-  };
+  } cases[] = {{"", {}, ""},
+               {"a;b;", {"a", "b"}, "a;b"},
+               {"a;;b", {"a", "", "b"}, "a;;b"},
+               {";a", {"", "a"}, ";a"},
+               {"/x y:z", {"/x y:z"}, "/x y:z"},
+               {";", {""}, ""}};
   for (const auto& c : cases) {
     const vlnSearchPath path = path_of(c.text);
     EXPECT_FALSE(path.invalid());
@@ -48,18 +45,14 @@ TEST(SearchPath, SplitsAndJoins) {
 TEST(SearchPath, AppendsComparesAndGivesASingleDirectory) {
   const vlnSearchPath joined = path_of("a").append(path_of("a;b"));
   EXPECT_EQ(entries(joined), (Strings{"a", "a", "b"}));
-  EXPECT_FALSE(joined.invalid());
-  EXPECT_TRUE(path_of("a").append(vlnSearchPath()).invalid());
-  EXPECT_FALSE(path_of("a;b").compare(path_of("b;a")));
-  EXPECT_FALSE(path_of("a").compare(path_of("a/")));
+  EXPECT_TRUE(path_of("a").append(vlnSearchPath()).invalid() && !joined.invalid());
+  EXPECT_FALSE(path_of("a;b").compare(path_of("b;a")) || path_of("a").compare(path_of("a/")));
 
   bool not_single = true;
-  EXPECT_EQ(path_of("a").directory_path(not_single), apPathName(L"a"));
-  EXPECT_FALSE(not_single);
-  EXPECT_TRUE(joined.directory_path(not_single).invalid());
-  EXPECT_TRUE(not_single);
-  EXPECT_TRUE(path_of("").directory_path(not_single).invalid());
-  EXPECT_TRUE(not_single);
+  EXPECT_TRUE(path_of("a").directory_path(not_single) == apPathName(L"a") && !not_single);
+  EXPECT_TRUE(joined.directory_path(not_single).invalid() && not_single);
+  not_single = false;
+  EXPECT_TRUE(path_of("").directory_path(not_single).invalid() && not_single);
 }
 
 TEST(SearchPath, Substitutes) {
@@ -72,10 +65,8 @@ TEST(SearchPath, Substitutes) {
 
 TEST(SearchPath, TheFirstDirectoryThatListsANameWins) {
   const TemporaryDirectory dir;
-  dir.write("two/name.txt", "");
-  dir.write("two/sub/inner.txt", "");
-  dir.write("three/Name.TXT", "");
-  dir.write("three/name.txt", "");
+  for (const char* name : {"two/name.txt", "two/sub/inner.txt", "three/Name.TXT", "three/name.txt"})
+    dir.write(name, "");
   const vlnSearchPath path = path_of(dir / "one" + ";" + (dir / "two") + ";" + (dir / "three"));
   const auto found = [&](const wchar_t* name) {
     return Registry().encoding->to_utString(path.search(apFileName(name)).string()).str();
@@ -83,9 +74,7 @@ TEST(SearchPath, TheFirstDirectoryThatListsANameWins) {
   EXPECT_EQ(found(L"name.txt"), dir / "two/name.txt");
   EXPECT_EQ(found(L"NAME.txt"), dir / "two/name.txt") << "the spelling on disk";
   EXPECT_EQ(found(L"sub"), dir / "two/sub") << "directories are found too";
-  EXPECT_EQ(found(L"sub/inner.txt"), "");
-  EXPECT_EQ(found(L"../two/name.txt"), "");
-  EXPECT_EQ(found(L"missing"), "");
+  for (const wchar_t* none : {L"sub/inner.txt", L"../two/name.txt", L"missing"}) EXPECT_EQ(found(none), "");
   const vlnSearchPath third = path_of(dir / "three");
   EXPECT_EQ(third.search(apFileName(L"Name.TXT")).basename().string(), apString(L"Name.TXT"));
   EXPECT_EQ(third.search(apFileName(L"name.txt")).basename().string(), apString(L"name.txt"));
@@ -93,11 +82,7 @@ TEST(SearchPath, TheFirstDirectoryThatListsANameWins) {
 
 TEST(TranslatorSearchPath, ListsOneExtensionAndTellsMissingDirectories) {
   const TemporaryDirectory dir;
-  dir.write("a/b.DLL", "");
-  dir.write("a/a.dll", "");
-  dir.write("a/c.so", "");
-  dir.write("c/dll", "");
-  dir.write("c/.dll", "");
+  for (const char* name : {"a/b.DLL", "a/a.dll", "a/c.so", "c/dll", "c/.dll"}) dir.write(name, "");
   const Registry registry;
   bool missing = false;
   const auto files =

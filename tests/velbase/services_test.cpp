@@ -167,7 +167,6 @@ TEST_F(Services, UnitsAreConvertedAndNamed) {
     EXPECT_EQ(angles[i], units->angle_name(static_cast<velAngularUnit>(i)));
     EXPECT_NE(*units->angle_symbol(static_cast<velAngularUnit>(i)), '\0');
   }
-  // The values behind the last units.
   const auto no_length = static_cast<velLengthUnit>(velLENGTH_MILE + 1);
   const auto no_angle = static_cast<velAngularUnit>(velANGLE_TURN + 1);
   EXPECT_STREQ(units->length_name(no_length), "");
@@ -179,16 +178,11 @@ TEST_F(Services, UnitsAreConvertedAndNamed) {
     double result;
   };
   const Length cases[] = {
-      {2, velLENGTH_INCH, velLENGTH_MILLIMETRE, 50.8},
-      {25.4, velLENGTH_MILLIMETRE, velLENGTH_INCH, 1},
-      {0.3, velLENGTH_METRE, velLENGTH_MILLIMETRE, 300},
-      {3, velLENGTH_FOOT, velLENGTH_YARD, 1},
-      {7, no_length, velLENGTH_INCH, 7},
-      {7, velLENGTH_UNSPECIFIED, velLENGTH_INCH, 7},
-      {7, velLENGTH_INCH, velLENGTH_UNSPECIFIED, 7},
-      {-1609.344, velLENGTH_METRE, velLENGTH_MILE, -1},
-      {7, velLENGTH_INCH, velLENGTH_INCH, 7},
-  };
+      {2, velLENGTH_INCH, velLENGTH_MILLIMETRE, 50.8},  {25.4, velLENGTH_MILLIMETRE, velLENGTH_INCH, 1},
+      {1, velLENGTH_MIL, velLENGTH_MICROMETRE, 25.4},   {0.3, velLENGTH_METRE, velLENGTH_MILLIMETRE, 300},
+      {3, velLENGTH_FOOT, velLENGTH_YARD, 1},           {7, no_length, velLENGTH_INCH, 7},
+      {7, velLENGTH_UNSPECIFIED, velLENGTH_INCH, 7},    {7, velLENGTH_INCH, velLENGTH_UNSPECIFIED, 7},
+      {-1609.344, velLENGTH_METRE, velLENGTH_MILE, -1}, {7, velLENGTH_INCH, velLENGTH_INCH, 7}};
   for (const Length& c : cases) EXPECT_EQ(units->convert_length(c.value, c.from, c.to), c.result) << c.result;
 
   EXPECT_EQ(units->convert_angle(180, velANGLE_DEGREE, velANGLE_RADIAN), std::numbers::pi);

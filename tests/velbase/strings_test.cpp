@@ -22,14 +22,9 @@ TEST(StringTable, IsFoundByItsName) {
 
 TEST(StringPairs, TranslateBothWaysByTheLatestPair) {
   vlnOrderedStringPairs pairs;
-  pairs.add_pair("a", "x");
-  pairs.add_pair("b", "x");
-  pairs.add_pair("a", "y");
-  EXPECT_EQ(pairs.string1("x"), "b");
-  EXPECT_EQ(pairs.string1("y"), "a");
-  EXPECT_EQ(pairs.string2("a"), "y");
-  EXPECT_EQ(pairs.string2("b"), "x");
-  EXPECT_EQ(pairs.string2("x"), "");
+  for (const auto& [one, two] : {std::pair("a", "x"), {"b", "x"}, {"a", "y"}}) pairs.add_pair(one, two);
+  EXPECT_TRUE(pairs.string1("x") == "b" && pairs.string1("y") == "a");
+  EXPECT_TRUE(pairs.string2("a") == "y" && pairs.string2("b") == "x" && pairs.string2("x") == "");
   EXPECT_EQ(&pairs.string1("none"), &pairs.string2("none"));
 
   // Answers stay where they are however many pairs follow.
@@ -44,10 +39,9 @@ TEST(StringPairs, TranslateBothWaysByTheLatestPair) {
 }
 
 TEST(StringPair, IsInvalidWhileAHalfIsMissing) {
-  EXPECT_TRUE(vlnStringPair().invalid());
-  EXPECT_TRUE(vlnStringPair("a", utString()).invalid());
-  EXPECT_FALSE(vlnStringPair("", "").invalid());
-  vlnStringPair pair("a", "b");
+  EXPECT_TRUE(vlnStringPair().invalid() && vlnStringPair("a", utString()).invalid());
+  vlnStringPair pair("", "");
+  EXPECT_FALSE(pair.invalid());
   pair.set_strings(utString(), "b");
   EXPECT_TRUE(pair.invalid());
 }

@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 
 #include "Registry.h"
-#include "TemporaryDirectory.h"
 
 namespace {
 
@@ -92,12 +91,13 @@ TEST(TranslatorSet, ViewersAreListedButNeverOfferedAsAFormat) {
   auto set = registry.sets.empty_dlls();
   set->add_translator(writer(registry, "Viewer", L"v"));
   set->add_translator(writer(registry, "A", L"a"));
-  int formats = 0, filters = 0, resources = 0;
-  for (auto it = set->formats(); ++it;) ++formats;
-  for (auto it = set->filter_elements(); ++it;) ++filters;
-  for (auto it = set->resource_file_names(); ++it;) ++resources;
-  EXPECT_EQ(formats, 1);
-  EXPECT_EQ(filters, 2);
-  EXPECT_EQ(resources, 2);
+  auto count = [](auto walk) {
+    int result = 0;
+    while (++walk) ++result;
+    return result;
+  };
+  EXPECT_EQ(count(set->formats()), 1);
+  EXPECT_EQ(count(set->filter_elements()), 2);
+  EXPECT_EQ(count(set->resource_file_names()), 2);
   EXPECT_EQ(registry.formats(*set), (std::vector<std::string>{"Viewer", "A"}));
 }
