@@ -251,8 +251,8 @@ TEST(StlWriter, SpellsTextExactly) {
             "endfacet\nendsolid a\n");
   EXPECT_EQ(messages.notes + messages.warnings, "");
 
-  ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", "Solid b"}}), velabsDONE);
-  EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 12), std::string("STL Solid b\0", 12));
+  ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", "Solid COLOR=b"}}), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 18), std::string("STL Solid COLOR b\0", 18));
 }
 
 TEST(StlWriter, SaysWhyItCannotWrite) {

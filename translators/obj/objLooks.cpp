@@ -30,6 +30,14 @@ std::string one_word(const annMaterial& material) {
   return name.empty() ? name_of_colour(material.colour) : name;
 }
 
+// Both in one text; a name is one line.
+std::string key_of(const std::string& name, const annColour& colour) {
+  std::array<float, 4> parts{colour.red, colour.green, colour.blue, colour.opacity};
+  for (float& part : parts) part += 0.0F;  // equal numbers get equal bytes: there is a negative zero
+  std::string key = name + '\n';
+  return key.append(reinterpret_cast<const char*>(parts.data()), sizeof parts);
+}
+
 }  // namespace
 
 objLooks::objLooks(const std::vector<vltPlacedMesh>& bodies) : plain_(none) {
@@ -55,12 +63,9 @@ std::size_t objLooks::number_of(const vltPlacedMesh& body, std::size_t face) {
 
 std::size_t objLooks::look_of(const annMaterial& material) {
   const std::string name = one_word(material);
-  for (auto [entry, end] = by_name_.equal_range(name); entry != end; ++entry) {
-    if (looks_[entry->second].colour == material.colour) return entry->second;
-  }
-  by_name_.emplace(name, looks_.size());
-  looks_.push_back({names_.unique(name), material.colour});
-  return looks_.size() - 1;
+  const auto [known, is_new] = by_name_and_colour_.try_emplace(key_of(name, material.colour), looks_.size());
+  if (is_new) looks_.push_back({names_.unique(name), material.colour});
+  return known->second;
 }
 
 const std::string& objLooks::name_for(const vltPlacedMesh& body, std::size_t face) {

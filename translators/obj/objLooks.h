@@ -35,7 +35,7 @@ class objLooks {
 
   std::vector<Look> looks_;
   vltUniqueNames names_;
-  std::unordered_multimap<std::string, std::size_t> by_name_;
+  std::unordered_map<std::string, std::size_t> by_name_and_colour_;
   std::unordered_map<const annMesh*, std::vector<std::size_t>> of_mesh_;
   std::size_t plain_;
   bool coloured_ = false;

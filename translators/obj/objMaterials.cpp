@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr std::size_t most_names = 1000;
+constexpr std::size_t cancel_step = 4096;
 constexpr annColour undefined_colour{0.8F, 0.8F, 0.8F, 1};
 
 // The file that a name means, when it is there and inside the directory; else empty. Of a name that leads elsewhere, as
@@ -49,18 +51,20 @@ float unit_range(double value) {
 
 }  // namespace
 
-objMaterials::objMaterials(const utString& file, vltOnce& findings)
-    : directory_(std::filesystem::path(file.str()).parent_path().string()), findings_(findings) {
+objMaterials::objMaterials(const utString& file, vltOnce& findings, const velabsOutput& output)
+    : directory_(std::filesystem::path(file.str()).parent_path().string()), findings_(findings), output_(output) {
   if (directory_.empty()) directory_ = ".";
+  std::error_code error;
+  own_path_ = std::filesystem::canonical(file.str(), error).string();
 }
 
-void objMaterials::load(std::string_view names, std::size_t line) {
+bool objMaterials::load(std::string_view names, std::size_t line) {
   const std::string_view whole = vlt_name_on_line(names);
-  if (load_file(whole)) return;
+  if (load_file(whole, line)) return !output_.cancelled();
   std::vector<std::string_view> missing;
   std::size_t loaded = 0;
   for (std::string_view rest = whole, word = vlt_take_word(rest); !word.empty(); word = vlt_take_word(rest)) {
-    if (load_file(word)) {
+    if (load_file(word, line)) {
       ++loaded;
     } else {
       missing.push_back(word);
@@ -71,14 +75,26 @@ void objMaterials::load(std::string_view names, std::size_t line) {
   for (std::string_view name : missing) {
     findings_.count(velabsWARNING, "the material file " + vlt_quoted(name) + " is not there or cannot be read", line);
   }
+  return !output_.cancelled();
 }
 
-bool objMaterials::load_file(std::string_view name) {
+bool objMaterials::load_file(std::string_view name, std::size_t line) {
+  if (const auto known = tried_.find(std::string(name)); known != tried_.end()) return known->second;
+  if (tried_.size() == most_names) {
+    findings_.count(velabsWARNING, "more than 1000 material files are named, the further ones are not read", line);
+    return true;
+  }
+  return tried_[std::string(name)] = find_and_read(name);
+}
+
+bool objMaterials::find_and_read(std::string_view name) {
   const std::string path = companion_path(directory_, name);
-  if (path.empty()) return false;
+  if (path.empty() || path == own_path_) return false;
+  if (paths_read_.contains(path)) return true;
   apStatus status;
   const auto file = apMappedFile::open(utString(path), status);
   if (!file) return false;
+  paths_read_.insert(path);
   read(file->bytes());
   return true;
 }
@@ -86,7 +102,10 @@ bool objMaterials::load_file(std::string_view name) {
 void objMaterials::read(std::string_view text) {
   vltLines lines(text);
   Material* current = nullptr;
-  for (std::string_view line; lines.next(line);) statement(line, current);
+  for (std::string_view line; lines.next(line);) {
+    if (lines.line() % cancel_step == 0 && output_.cancelled()) return;
+    statement(line, current);
+  }
 }
 
 void objMaterials::statement(std::string_view line, Material*& current) {
@@ -152,9 +171,11 @@ std::uint32_t objMaterials::number_of(std::string_view name, std::size_t line) {
 const annMaterial& objMaterials::use(std::uint32_t number) {
   Material& known = materials_[number];
   if (!known.defined && !known.missing_told) {
-    findings_.count(velabsWARNING,
-                    "the material " + vlt_quoted(known.look.name.view()) + " is defined nowhere and becomes grey",
-                    known.first_line);
+    if (undefined_.empty()) {
+      undefined_ =
+          "a material that is defined nowhere becomes grey, the first is " + vlt_quoted(known.look.name.view());
+    }
+    findings_.count(velabsWARNING, undefined_, known.first_line);
     known.missing_told = true;
   }
   return known.look;

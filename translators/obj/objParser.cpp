@@ -23,12 +23,12 @@ objParser::objParser(const utString& name, apMappedFile& file, const velTableIns
       lines_(file.bytes()),
       vertices_(factor, findings_, output),
       parts_(document, vertices_.shared()),
-      materials_(name, findings_) {}
+      materials_(name, findings_, output) {}
 
 velabsResult objParser::read() {
   vltProgress progress(output_, file_.bytes().size(), progress_step, &file_);
   for (std::string_view line; lines_.next(line);) {
-    if (!statement(line)) return velabsFAILED;
+    if (!statement(line)) return output_.cancelled() ? velabsCANCELLED : velabsFAILED;
     if (!progress.reached(lines_.offset())) return velabsCANCELLED;
   }
   return finish() ? velabsDONE : velabsFAILED;
@@ -50,7 +50,7 @@ bool objParser::statement(std::string_view line) {
     const std::string_view name = vlt_name_on_line(line);
     material_ = read_materials_ && !name.empty() ? materials_.number_of(name, lines_.line()) : annMesh::no_material;
   } else if (keyword == "mtllib") {
-    if (read_materials_) materials_.load(line, lines_.line());
+    return !read_materials_ || materials_.load(line, lines_.line());
   } else {
     other_statement(keyword);
   }

@@ -22,6 +22,8 @@ constexpr std::size_t progress_step = std::size_t{1} << 16;
 std::string head(const utString& name, std::uint32_t count) {
   std::string remarks = name.empty() ? "binary STL" : vlt_one_line(name);
   if (remarks.size() >= 5 && vlt_same_word(std::string_view(remarks).substr(0, 5), "solid")) remarks = "STL " + remarks;
+  // No name may look like the colour of the whole.
+  for (std::size_t at = 0; (at = remarks.find("COLOR=", at)) != remarks.npos;) remarks[remarks.find('=', at)] = ' ';
   remarks.resize(stl_remark_size);
   return remarks.append(reinterpret_cast<const char*>(&count), sizeof count);
 }

@@ -37,9 +37,11 @@ velabsResult stlReader::read(const utString& file, const velTableInstance& resou
   const std::optional<double> factor = vlt_input_scale(resources, document, output);
   if (!factor) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
-  if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
-  if (!has_size_of_binary(mapped->bytes()) && looks_like_text(mapped->bytes())) {
-    return stlTextReader(*mapped, resources, document, output).read(*factor);
+  if (!mapped) return velabsFAILED;
+  // The remarks of a binary file may begin with any bytes, so its exact size decides first.
+  if (!has_size_of_binary(mapped->bytes())) {
+    if (!vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
+    if (looks_like_text(mapped->bytes())) return stlTextReader(*mapped, resources, document, output).read(*factor);
   }
   return stlBinaryReader(*mapped, resources, document, output).read(*factor);
 }

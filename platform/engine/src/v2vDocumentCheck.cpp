@@ -11,6 +11,10 @@ bool is_finite(const annVector& v) {
   return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
+bool is_finite_colour(const annColour& c) {
+  return std::isfinite(c.red) && std::isfinite(c.green) && std::isfinite(c.blue) && std::isfinite(c.opacity);
+}
+
 const char* fault_of(const annVertices& vertices) {
   if (!std::all_of(vertices.points.begin(), vertices.points.end(), is_finite)) {
     return "a coordinate is not a finite number";
@@ -18,6 +22,12 @@ const char* fault_of(const annVertices& vertices) {
   auto fits = [&](std::size_t count) { return count == 0 || count == vertices.points.size(); };
   if (!fits(vertices.normals.size())) return "not every vertex has a normal";
   if (!fits(vertices.colours.size())) return "not every vertex has a colour";
+  if (!std::all_of(vertices.normals.begin(), vertices.normals.end(), is_finite)) {
+    return "a normal is not of finite numbers";
+  }
+  if (!std::all_of(vertices.colours.begin(), vertices.colours.end(), is_finite_colour)) {
+    return "a vertex colour is not of finite numbers";
+  }
   return nullptr;
 }
 
@@ -37,6 +47,11 @@ const char* fault_of(const annMesh& mesh) {
     return "a face names a vertex that is not there";
   }
   if (mesh.all_triangles() ? mesh.corners.size() % 3 != 0 : !starts_are_sound(mesh)) return "its faces do not fit";
+
+  auto has_colour = [](const annMaterial& material) { return is_finite_colour(material.colour); };
+  if (!std::all_of(mesh.materials.begin(), mesh.materials.end(), has_colour)) {
+    return "the colour of a material is not of finite numbers";
+  }
 
   const auto& looks = mesh.face_materials;
   if (!looks.empty() && looks.size() != mesh.face_count()) return "not every face has a material";
@@ -58,6 +73,7 @@ utString v2v_fault_of(const annDocument& document) {
     for (double number : node.transform.m) {
       if (!std::isfinite(number)) return "the reader gave an invalid placement";
     }
+    if (node.colour && !is_finite_colour(*node.colour)) return "the reader gave an invalid colour";
     if (const annMesh* mesh = node.body.mesh.get(); mesh && seen.insert(mesh).second) {
       const char* fault = fault_of(*mesh);
       if (!fault && seen.insert(mesh->vertices.get()).second) fault = fault_of(*mesh->vertices);
