@@ -87,6 +87,19 @@ TEST(OfStream, LinksStayLinks) {
   }
 }
 
+TEST(OfStream, WhatLeadsToADescriptorIsWrittenWhereItStands) {
+  TemporaryDirectory directory;
+  const int file = open((directory / "log").c_str(), O_WRONLY | O_CREAT, 0600);
+  ASSERT_EQ(write(file, "before ", 7), 7);
+  velabsOfStream stream("/dev/fd/" + std::to_string(file));
+  stream.write("new");
+  EXPECT_FALSE(stream.has_room_beside());
+  EXPECT_TRUE(stream.commit());
+  ASSERT_EQ(write(file, " behind", 7), 7);
+  close(file);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "log"), "before new behind");
+}
+
 TEST(OfStream, FailuresAreToldOnceAndForAll) {
   TemporaryDirectory directory;
   const std::string pipe = directory / "pipe";
@@ -150,6 +163,14 @@ TEST(OfStream, CompanionsComeWithTheFileOrNotAtAll) {
   EXPECT_FALSE(stream.commit());
   EXPECT_EQ(TemporaryDirectory::read(directory / "a.b/other.mtl"), "old companion");
   EXPECT_EQ(std::distance(fs::directory_iterator(directory / "a.b"), {}), 4);
+
+  // The companion of a file that is not there is somebody else's.
+  velabsOfStream fresh(directory / "a.b/fresh.obj");
+  directory.write("a.b/fresh.mtl", "of another");
+  fresh.companion("mtl").write("own");
+  EXPECT_TRUE(fresh.commit());
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.b/fresh.mtl"), "of another");
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.b/fresh_1.mtl"), "own");
 
   velabsOfStream clash(target);
   clash.companion("obj").write("lost");

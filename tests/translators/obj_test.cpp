@@ -250,6 +250,11 @@ TEST(ObjWriter, KeepsMaterialsThroughACompanionFile) {
   ASSERT_EQ(writer.write(first.document, directory / "bare.obj", messages, {{"WRITE_MATERIALS", "0"}}), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "bare.obj").find("mtl"), std::string::npos);
 
+  Messages odd_name;
+  ASSERT_EQ(writer.write(first.document, directory / "a #b.obj", odd_name), velabsDONE);
+  EXPECT_NE(odd_name.warnings.find("no materials are written"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(directory / "a #b.mtl"));
+
   Messages at_device;
   ASSERT_EQ(writer.write(first.document, "/dev/null", at_device), velabsDONE);
   EXPECT_NE(at_device.notes.find("no colours"), std::string::npos);

@@ -6,6 +6,7 @@
 #include "objFormat.h"
 #include "objLooks.h"
 #include "objMeshWriter.h"
+#include "vltNames.h"
 #include "vltScale.h"
 
 VELABS_OUTPUT_LIBRARY(objWriter)
@@ -18,11 +19,11 @@ bool flag(const velTableInstance& resources, const char* key) {
   return resources.value<utBool>(key, utTRUE) == utTRUE;
 }
 
-// A pipe or a device has no place for a companion file beside it.
-bool has_room_beside(const velabsOfStream& stream) {
-  std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(stream.target().str(), error);
-  return !std::filesystem::exists(status) || std::filesystem::is_regular_file(status);
+// Whether a reader would take the companion's name from its line as it is.
+bool can_be_referred_to(const velabsOfStream& stream) {
+  const std::string name = std::filesystem::path(stream.target().str()).stem().string() + ".mtl";
+  return name == vlt_one_line(name) && name.front() != '#' && name.find(" #") == name.npos &&
+         name.find('\\') == name.npos;
 }
 
 // Vertices, each as often as it is written, and faces.
@@ -50,8 +51,12 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
   const auto bodies = vlt_placed_meshes(document, resources, *factor, output);
   if (!bodies) return velabsFAILED;
 
-  const bool room = has_room_beside(stream_);
+  const bool room = stream_.has_room_beside();
   objLooks looks(room && flag(resources, "WRITE_MATERIALS") ? *bodies : std::vector<vltPlacedMesh>());
+  if (!looks.empty() && !can_be_referred_to(stream_)) {
+    output.message(velabsWARNING, "no materials are written: OBJ cannot refer to a file of the name it would have");
+    looks = objLooks({});
+  }
   const vltCarries carries{
       .format = "OBJ", .parts = true, .colours = room, .vertex_normals = true, .vertex_colours = true};
   vlt_tell_losses(document, *bodies, carries, unit, output);

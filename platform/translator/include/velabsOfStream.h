@@ -13,9 +13,9 @@ class velabsReplacementFile;
 // An output file that appears only when it is complete. Bytes go to a new file, mode 0600, in the directory of the
 // target, opened exclusively on the first write; `commit` puts it in the target's place in one step, with the target's
 // old permissions or those that the user's mask leaves. Never committed, nothing is left. Where the file system can do
-// it the new file has no name while it is written, so that not even a kill leaves one. A target that is a device or a
-// pipe is written directly and has no companions: what is written to them is lost. One that is a link keeps being one,
-// and one that the user may not write to is refused.
+// it the new file has no name while it is written, so that not even a kill leaves one. A target that is a device, a
+// pipe or, as /dev/stdout, an open descriptor is written directly and has no companions: what is written to them is
+// lost. One that is a link keeps being one, and one that the user may not write to is refused.
 //
 // The first failure ends the writing: later calls do nothing and `good()` stays false.
 class VELPLATFORM_API velabsOfStream {
@@ -36,8 +36,13 @@ class VELPLATFORM_API velabsOfStream {
   char* reserve(std::size_t size);
   void advance(std::size_t used) { used_ += used; }
 
-  // A further file beside this one, in place of the target's extension, "mtl" for instance; committed with this one.
+  // A further file beside this one, in place of the target's extension, "mtl" for instance; committed with this one. A
+  // file of that name belongs to the target only when there is a target to replace; else it is left alone and the
+  // companion is called "out_1.mtl", "out_2.mtl" and so on.
   velabsOfStream& companion(const utString& extension);
+
+  // False when the target is a device, a pipe or an open descriptor.
+  bool has_room_beside() const;
 
   bool good() const { return failure_.is_null(); }
   // Why the writing failed, for people; null while all is well.
@@ -62,4 +67,5 @@ class VELPLATFORM_API velabsOfStream {
   bool committed_ = false;
   std::unique_ptr<velabsReplacementFile> file_;
   std::vector<std::unique_ptr<velabsOfStream>> companions_;
+  utString extension_;  // of a companion, as asked for
 };

@@ -2,18 +2,35 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
+#include <string>
 #include <utility>
 
 #include "velabsReplacementFile.h"
 
 namespace {
 
-utString with_extension(const utString& target, const utString& extension) {
+bool is_there(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::not_found;
+}
+
+utString with_extension(const utString& target, const utString& extension, const std::string& suffix = "") {
   const std::string& path = target.str();
   const std::size_t name = path.rfind('/') + 1;
   const std::size_t dot = path.rfind('.');
   const bool has_extension = dot != path.npos && dot > name;
-  return path.substr(0, has_extension ? dot : path.npos) + "." + extension.str();
+  return path.substr(0, has_extension ? dot : path.npos) + suffix + "." + extension.str();
+}
+
+// A file of the name that is wished for is replaced along with the target or not at all.
+utString companion_name(const utString& target, const utString& extension) {
+  utString name = with_extension(target, extension);
+  if (name == target || is_there(target.str())) return name;
+  for (unsigned number = 1; is_there(name.str()); ++number) {
+    name = with_extension(target, extension, "_" + std::to_string(number));
+  }
+  return name;
 }
 
 }  // namespace
@@ -53,15 +70,20 @@ char* velabsOfStream::reserve(std::size_t size) {
 }
 
 velabsOfStream& velabsOfStream::companion(const utString& extension) {
-  const utString name = with_extension(target_, extension);
   for (const auto& companion : companions_) {
-    if (companion->target_ == name) return *companion;
+    if (companion->extension_ == extension) return *companion;
   }
+  const utString name = companion_name(target_, extension);
   auto& companion = *companions_.emplace_back(std::make_unique<velabsOfStream>(name));
+  companion.extension_ = extension;
   if (name == target_) companion.failure_ = "a file beside the output would have its name";
   // What goes to a device or a pipe has nothing beside it.
-  companion.discards_ = velabsReplacementFile::is_written_directly(target_);
+  companion.discards_ = !has_room_beside();
   return companion;
+}
+
+bool velabsOfStream::has_room_beside() const {
+  return !velabsReplacementFile::is_written_directly(target_);
 }
 
 bool velabsOfStream::finish() {

@@ -10,6 +10,7 @@
 #include <climits>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -54,6 +55,26 @@ std::string behind_links(std::string path) {
     path += next;
   }
   return path;
+}
+
+// For a link of the directory in which the system shows a process's open descriptors, the number of the descriptor when
+// the process is this one, else -1; none when the path leads through no such link.
+std::optional<int> descriptor_behind(std::string path) {
+  for (int links = 0; links < 40; ++links) {
+    char directory[PATH_MAX];
+    char to[PATH_MAX];
+    if (realpath(directory_of(path).c_str(), directory) == nullptr) return std::nullopt;
+    const std::string_view place(directory);
+    if (place.starts_with("/proc/") && place.ends_with("/fd")) {
+      const bool own = place.starts_with("/proc/" + std::to_string(getpid()) + "/");
+      return own ? std::atoi(path.c_str() + path.rfind('/') + 1) : -1;
+    }
+    const ssize_t length = readlink(path.c_str(), to, sizeof to);
+    if (length <= 0 || length == static_cast<ssize_t>(sizeof to)) return std::nullopt;
+    const std::string next(to, static_cast<std::size_t>(length));
+    path = next.front() == '/' ? next : path.substr(0, path.rfind('/') + 1) + next;
+  }
+  return std::nullopt;
 }
 
 std::string descriptor_path(int file) {
@@ -115,18 +136,24 @@ velabsReplacementFile::velabsReplacementFile(int file, std::string target, std::
 
 bool velabsReplacementFile::is_written_directly(const utString& target) {
   struct stat status;
-  return stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+  if (stat(target.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) return false;
+  return !S_ISREG(status.st_mode) || descriptor_behind(target.str());
 }
 
 std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open_directly(const std::string& target,
                                                                             utString& failure) {
-  const int file = ::open(target.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  // Of a common file the descriptor itself, so that what others write to it comes before and behind.
+  struct stat status;
+  const bool is_common = stat(target.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  const int own = is_common ? descriptor_behind(target).value_or(-1) : -1;
+  const int file = own >= 0 ? fcntl(own, F_DUPFD_CLOEXEC, 0)
+                            : ::open(target.c_str(), O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   if (file < 0) {
     failure = errno == ENXIO ? utString("nobody reads from it") : reason_of(errno);
     return nullptr;
   }
   // Only the opening must not wait.
-  fcntl(file, F_SETFL, fcntl(file, F_GETFL) & ~O_NONBLOCK);
+  if (own < 0) fcntl(file, F_SETFL, fcntl(file, F_GETFL) & ~O_NONBLOCK);
   return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, "", "", 0));
 }
 
@@ -167,7 +194,13 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utStrin
 velabsReplacementFile::~velabsReplacementFile() {
   undo();
   if (!name_.empty()) unlink(name_.c_str());
-  close(file_);
+  close_file();
+}
+
+// An interrupted close is one.
+bool velabsReplacementFile::close_file() {
+  const int file = std::exchange(file_, -1);
+  return file < 0 || close(file) == 0 || errno == EINTR;
 }
 
 bool velabsReplacementFile::write(std::string_view bytes, utString& failure) {
@@ -183,7 +216,15 @@ bool velabsReplacementFile::write(std::string_view bytes, utString& failure) {
 }
 
 bool velabsReplacementFile::settle(utString& failure) {
-  if (target_.empty()) return true;
+  if (target_.empty()) {
+    const bool closed = close_file();
+    if (!closed) failure = reason_of(errno);
+    return closed;
+  }
+  struct stat old;
+  if (stat(target_.c_str(), &old) == 0 && fchown(file_, old.st_uid, old.st_gid) != 0) {
+    [[maybe_unused]] const int group_at_least = fchown(file_, static_cast<uid_t>(-1), old.st_gid);
+  }
   bool done = fchmod(file_, mode_) == 0;
   for (int attempt = 0; done && name_.empty() && attempt < 8; ++attempt) {
     const std::string name = name_beside(target_);
@@ -193,8 +234,9 @@ bool velabsReplacementFile::settle(utString& failure) {
       done = errno == EEXIST;
     }
   }
-  if (!done || name_.empty()) failure = reason_of(errno);
-  return done && !name_.empty();
+  done = done && !name_.empty() && close_file();
+  if (!done) failure = reason_of(errno);
+  return done;
 }
 
 bool velabsReplacementFile::replace(utString& failure) {

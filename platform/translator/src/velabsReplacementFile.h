@@ -9,8 +9,8 @@
 #include "utString.h"
 
 // A new file that takes the place of its target when it is whole. Until it has a name the file goes with the process;
-// a target that is a device or a pipe is written directly and has nothing to take the place of. Every operation that
-// fails says why.
+// a target that is a device, a pipe or an open descriptor (/dev/stdout) is written directly and has nothing to take the
+// place of. Every operation that fails says why.
 //
 // The steps, each at most once: write, settle, replace, then keep or undo. Destroyed before `keep`, it leaves the
 // target as it was, where the file system can exchange two files, and nothing beside it.
@@ -19,7 +19,7 @@ class velabsReplacementFile {
   // Null when the file cannot be made.
   static std::unique_ptr<velabsReplacementFile> open(const utString& target, utString& failure);
 
-  // True for a device or a pipe.
+  // True for a device, a pipe, and what leads to an open descriptor even of a common file: others write there too.
   static bool is_written_directly(const utString& target);
 
   ~velabsReplacementFile();
@@ -28,8 +28,9 @@ class velabsReplacementFile {
 
   bool write(std::string_view bytes, utString& failure);
 
-  // Gives the file its permissions and a name beside the target, so that what may fail is behind us before the first
-  // target is touched.
+  // Gives the file its permissions, its old owner where that is allowed, and a name beside the target, so that what may
+  // fail is behind us before the first target is touched. Closes the file, since some file systems find only then that
+  // there is no space.
   bool settle(utString& failure);
 
   bool replace(utString& failure);
@@ -39,10 +40,11 @@ class velabsReplacementFile {
 
  private:
   velabsReplacementFile(int file, std::string target, std::string name, mode_t mode);
+  bool close_file();
 
   static std::unique_ptr<velabsReplacementFile> open_directly(const std::string& target, utString& failure);
 
-  int file_;
+  int file_;            // negative once closed
   std::string target_;  // behind links; empty for what is written directly
   std::string name_;    // beside the target; empty while the file has no name
   mode_t mode_;
