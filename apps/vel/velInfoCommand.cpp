@@ -74,15 +74,17 @@ void convert(annVector& point, velLengthUnit from, velLengthUnit to, const units
 
 // Shows lengths in another unit; where that is not possible, says why and leaves them as they are.
 void convert(Info& info, velLengthUnit from, velLengthUnit to, velInstallation& installation, velConsole& console) {
-  if (from == velLENGTH_UNSPECIFIED) {
-    console.warning(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file}));
-    return;
-  }
   velUnits library(installation);
   const unitsService* units = library.service();
   if (!units) {
     console.warning(library.complaint(vel_text(velMSG_UNIT_OF_FILE_SHOWN, {info.unit})));
     return;
+  }
+  // What nearly every file without a unit is in.
+  constexpr velLengthUnit usual = velLENGTH_MILLIMETRE;
+  if (from == velLENGTH_UNSPECIFIED) {
+    from = usual;
+    console.warning(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file, units->length_name(from)}));
   }
   info.unit = units->length_name(to);
   info.unit_text = vel_text(velMSG_UNIT_CONVERTED, {info.unit, units->length_name(from)});

@@ -125,8 +125,10 @@ constexpr Text texts[] = {
     {velMSG_CACHE_NOT_REMOVED, "%1: it cannot be removed: %2."},
     {velMSG_CACHE_OTHER_IN_FORCE, "The installation's own cache, %1, is in force."},
 
-    {velMSG_FILE_WITHOUT_UNIT, "%1: the file names no unit of length; its numbers are shown as they are."},
-    {velMSG_UNIT_CONVERTED, "%1 (the file's is %2)"},
+    {velMSG_FILE_WITHOUT_UNIT,
+     "%1: the file names no unit of length; its numbers are taken as %2. "
+     "LENGTH_UNIT in a resource file of your own says another one."},
+    {velMSG_UNIT_CONVERTED, "%1 (from %2)"},
     {velMSG_SERVICE_MISSING, "%1: this service library is missing; it was looked for in %2. %3"},
     {velMSG_SERVICE_UNUSABLE, "%1: this service library cannot be used. %2"},
     {velMSG_UNIT_OF_FILE_SHOWN, "Lengths are shown in the file's unit, %1."},

@@ -24,15 +24,17 @@ TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
   EXPECT_EQ(json::parse(converted.out)["unit"], "millimetre");
   EXPECT_EQ(box_of(converted), json({25.4, 25.4, 50.8}));
   const Outcome table = installation.run({"info", "a.stl", "--unit", "millimetre"});
-  EXPECT_NE(table.out.find("millimetre (the file's is inch)\n"), std::string::npos) << table.out;
+  EXPECT_NE(table.out.find("millimetre (from inch)\n"), std::string::npos) << table.out;
   EXPECT_NE(table.out.find("25.4 25.4 50.8\n"), std::string::npos) << table.out;
 
-  // Without a unit there is nothing to convert.
+  // Without a unit the usual one is taken, and that is said.
   installation.home().write("velbase/resources/STL.rsc", "");
-  const Outcome unitless = installation.run({"info", "a.stl", "--json", "--unit", "mile"});
-  EXPECT_NE(unitless.err.find("a.stl: the file names no unit"), std::string::npos) << unitless.err;
-  EXPECT_EQ(json::parse(unitless.out)["unit"], "unspecified");
-  EXPECT_EQ(box_of(unitless), json({1, 1, 2}));
+  const Outcome unitless = installation.run({"info", "a.stl", "--json", "--unit", "inch"});
+  EXPECT_NE(unitless.err.find("a.stl: the file names no unit of length; its numbers are taken as millimetre."),
+            std::string::npos)
+      << unitless.err;
+  EXPECT_EQ(json::parse(unitless.out)["unit"], "inch");
+  EXPECT_EQ(box_of(unitless), json({1 / 25.4, 1 / 25.4, 2 / 25.4}));
 }
 
 TEST(Units, WithoutTheirServiceEverythingElseWorks) {
