@@ -32,7 +32,7 @@ void tell_losses(const std::vector<annPlacedBody>& bodies, velLengthUnit unit, v
   if (bodies.size() > 1) output.message(velabsNOTE, "TRI holds no parts: their triangles stand one after another");
   if (coloured) output.message(velabsNOTE, "TRI holds no colours: they are not written");
   if (unit != velLENGTH_UNSPECIFIED) {
-    output.message(velabsNOTE, utString("TRI holds no unit: the numbers are in ") + co_value_to_text(unit));
+    output.message(velabsNOTE, utString("TRI holds no unit: that of the numbers is ") + co_value_to_text(unit));
   }
 }
 

@@ -116,7 +116,7 @@ TEST(StlReader, TellsBinaryFromTextAndCountsFromBytes) {
   infinite.numbers[5] = std::numeric_limits<float>::infinity();
   const Case cases[] = {{"as usual", binary("made by x", 2, two), 2, ""},
                         {"named", binary("solid REAR CASE", 2, two), 2, "REAR CASE"},
-                        {"named, stray byte", binary("solid test", 2, two) + '\n', 2, "test", "1 bytes behind"},
+                        {"named, stray byte", binary("solid test", 2, two) + '\n', 2, "test", "1 byte behind"},
                         {"not UTF-8", binary("solid \xFF", 2, two), 2, "\xFF"},
                         {"more bytes than counted", binary("", 1, two), 1, "", "byte 134: 50 bytes behind"},
                         {"fewer bytes than counted", binary("", 3, two), 0, "", "3 triangles, the file holds 2"},
@@ -219,7 +219,7 @@ TEST(StlWriter, WritesWhatItReads) {
     ASSERT_EQ(writer.write(document, directory / "a.stl", messages,
                            {{"FILE_FORMAT", form}, {"LENGTH_UNIT", "inch"}, {"SCALE", "25.4"}}),
               velabsDONE);
-    EXPECT_NE(messages.notes.find("numbers are in inch"), std::string::npos);
+    EXPECT_NE(messages.notes.find("of the numbers is inch"), std::string::npos);
     const Reading reading = reader.read(directory / "a.stl");
     ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
     const bool binary = std::string(form) == "binary";

@@ -73,8 +73,9 @@ bool stlBinaryReader::count_triangles() {
                                           " bytes follow that are no whole number of triangles"));
     return false;
   } else if (const std::size_t stray = body - said * stl_record_size; stray > 0) {
-    output_.message(velabsWARNING, utString("byte " + std::to_string(bytes_.size() - stray) + ": " +
-                                            std::to_string(stray) + " bytes behind the last triangle are passed over"));
+    output_.message(velabsWARNING,
+                    utString("byte " + std::to_string(bytes_.size() - stray) + ": " + std::to_string(stray) +
+                             (stray == 1 ? " byte" : " bytes") + " behind the last triangle: passed over"));
   }
   return true;
 }

@@ -71,5 +71,5 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
        "holds no vertex colours: they are left out");
   note(written_unit != velLENGTH_UNSPECIFIED,
-       utString("holds no length unit: the numbers are in ") + co_value_to_text(written_unit));
+       utString("holds no length unit: that of the numbers is ") + co_value_to_text(written_unit));
 }
