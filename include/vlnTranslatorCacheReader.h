@@ -80,8 +80,9 @@ class VLN_API vlnTranslatorCacheReader {
   std::vector<std::size_t> line_ends_;  // where each line ends in it
   std::size_t next_line_ = 0;
   std::size_t position_ = 0;
-  mutable std::wstring library_name_;  // kept for its room
-  std::string pending_;                // the lines of the record that is being read
+  mutable velabsTranslatorCategorycoPrf category_;  // of the last record
+  mutable std::wstring library_name_;               // kept for its room
+  std::string pending_;                             // the lines of the record that is being read
   bool readable_ = false;
   bool any_text_ = false;
   bool line_too_long_ = false;

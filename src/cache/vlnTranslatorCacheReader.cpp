@@ -105,6 +105,8 @@ bool vlnTranslatorCacheReader::read_lines(const utString& path) {
   const apRegularFile file(path, status);
   if (!file.good()) return false;
   any_text_ = file.size() > 0;
+  constexpr std::uint64_t room_at_first = std::uint64_t{8} << 20;
+  text_.reserve(static_cast<std::size_t>(std::min(file.size(), room_at_first)));
 
   // In blocks, so that a file that is no cache costs no more than its first line.
   std::string unjoined;
@@ -125,14 +127,20 @@ bool vlnTranslatorCacheReader::join_lines(std::string& unjoined, bool is_last) {
   std::string_view rest = unjoined;
   while (!rest.empty()) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
-    line_too_long_ = end > longest_line;
-    if (line_too_long_) return false;
-    if (end == rest.size() && !is_last) break;
+    const bool is_whole = end < rest.size() || is_last;
+    if (!is_whole && end <= longest_line) break;
     std::string_view line = rest.substr(0, end);
     rest.remove_prefix(std::min(end + 1, rest.size()));
     while (line.ends_with('\r')) line.remove_suffix(1);
-    if (line.empty()) return false;
+
+    // Looked at after the copy: a copy that is known to be short is compiled to an instruction that is slow to start.
+    const std::size_t joined = text_.size();
     text_ += line;
+    line_too_long_ = end > longest_line;
+    if (line_too_long_ || line.empty()) {
+      text_.resize(joined);
+      return false;
+    }
     line_ends_.push_back(text_.size());
   }
   unjoined.erase(0, unjoined.size() - rest.size());
@@ -176,7 +184,11 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
   fields.set_format_name(vlnFormatName(std::move(format), encoding_, compare_));
   fields.set_filter(utString(filter));
   fields.set_from_cache(1);
-  fields.set_translator_category(velabsTranslatorCategory::find(utString(category)));
+  // Neighbouring records are mostly of one category.
+  if (!category_ || category_->category_name().view() != category) {
+    category_ = velabsTranslatorCategory::find(utString(category));
+  }
+  fields.set_translator_category(category_);
   fields.set_further(utString(further_text), further_number);
   info = std::move(made);
   return true;

@@ -1,27 +1,37 @@
 #include <sys/random.h>
 
+#include <array>
 #include <random>
+#include <string>
+#include <string_view>
 
 #include "vluFileHelpers.h"
 
 namespace {
 
-unsigned char random_byte() {
-  unsigned char byte;
-  if (getrandom(&byte, 1, 0) == 1) return byte;
-  static thread_local std::random_device device;
-  return static_cast<unsigned char>(device());
+// More than one text needs, nearly always; asking the system costs more than the bytes.
+using Bytes = std::array<unsigned char, 32>;
+
+Bytes random_bytes() {
+  Bytes bytes;
+  if (getrandom(bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size())) return bytes;
+  std::random_device device;
+  for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(device());
+  return bytes;
 }
 
 }  // namespace
 
 utString vlu_random_text() {
   constexpr std::string_view characters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+  constexpr std::size_t length = 16;
   std::string text;
-  while (text.size() < 16) {
-    // Bytes behind the end are thrown again, so that each character is equally likely.
-    const std::size_t choice = random_byte() & 0x3F;
-    if (choice < characters.size()) text += characters[choice];
+  while (text.size() < length) {
+    for (const unsigned char byte : random_bytes()) {
+      // Numbers behind the end are thrown again, so that each character is equally likely.
+      const std::size_t choice = byte & 0x3F;
+      if (choice < characters.size() && text.size() < length) text += characters[choice];
+    }
   }
   return text;
 }
