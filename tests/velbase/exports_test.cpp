@@ -14,7 +14,7 @@ TEST(Exports, FreeFunctionsAndConstantsLink) {
   char text[8];
   EXPECT_EQ(vln::sprintf(text, "%d", 12), 2);
   EXPECT_EQ(vln_putenv(""), 0);
-  EXPECT_EQ(vln_get_product_attribute("a b"), "ab");
+  EXPECT_EQ(vln_get_product_attribute("A B  C\t"), "ABC\t");
   EXPECT_EQ(vln_exception_handler(velabsAppInfo("", "", "", "", "")), 1);
   EXPECT_EQ(vln_shared_library_extension(), apString(L"dll"));
   EXPECT_EQ(vln_schema_name(vlnSchemaTranslators), "translators");

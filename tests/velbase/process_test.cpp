@@ -5,7 +5,6 @@
 #include "apAssertionReporter.h"
 #include "apEnvironmentVariables.h"
 #include "vln_exception_handler.h"
-#include "vln_get_product_attribute.h"
 #include "vln_putenv.h"
 
 TEST(Process, PutenvSetsBothViewsOfTheEnvironment) {
@@ -31,12 +30,6 @@ TEST(Process, PutenvSetsBothViewsOfTheEnvironment) {
     EXPECT_STREQ(std::getenv("VEL_TEST_VARIABLE"), c.value);
   }
   unsetenv("VEL_TEST_VARIABLE");
-}
-
-TEST(Process, ProductAttributesLoseTheirBlanks) {
-  EXPECT_EQ(vln_get_product_attribute("A B  C"), "ABC");
-  EXPECT_EQ(vln_get_product_attribute(" \tA\t "), "\tA\t");
-  EXPECT_EQ(vln_get_product_attribute("   "), "");
 }
 
 TEST(Process, TheExceptionHandlerReportsOnlyToDevelopers) {

@@ -67,10 +67,3 @@ TEST(ResourceHandler, StoresTheValueAsGiven) {
   vlnResourceHandler(&validator, "SCALE").add_resource(&scale, table);
   EXPECT_EQ(table.value<double>("SCALE"), 2.5);
 }
-
-TEST(ResourceHandler, ListsWhatAFiniteTypeAllows) {
-  utStringcoDList booleans, texts;
-  vlnResourceHandler(nullptr, "WELD_POINTS").valid_strings(booleans);
-  vlnResourceHandler(nullptr, "SOLID_NAME").valid_strings(texts);
-  EXPECT_TRUE(booleans.count() == 2 && booleans[1] == "True" && texts.count() == 0);
-}

@@ -37,11 +37,3 @@ TEST(StringPairs, TranslateBothWaysByTheLatestPair) {
   for (int i = 0; i < 4 && ++all; ++i) walk += all().string1().str() + all().string2().str() + " ";
   EXPECT_EQ(walk, "ax bx ay 0n0 ");
 }
-
-TEST(StringPair, IsInvalidWhileAHalfIsMissing) {
-  EXPECT_TRUE(vlnStringPair().invalid() && vlnStringPair("a", utString()).invalid());
-  vlnStringPair pair("", "");
-  EXPECT_FALSE(pair.invalid());
-  pair.set_strings(utString(), "b");
-  EXPECT_TRUE(pair.invalid());
-}

@@ -9,7 +9,6 @@
 #include "vlnHtmlRequest.h"
 #include "vlnOstream.h"
 #include "vlnOstreamDisplayer.h"
-#include "vln_sprintf.h"
 
 namespace {
 
@@ -176,10 +175,4 @@ TEST(HtmlRequest, DecodingCopiesWhatIsNotEncoded) {
   vlnHtmlRequest request;
   request.add_field("all", bytes);
   EXPECT_EQ(OpenRequest::uncode(request.get_field("all")), utString(bytes));
-}
-
-TEST(Sprintf, MeansWhatTheStandardOneMeans) {
-  char text[64];
-  EXPECT_EQ(vln::sprintf(text, "%03d|%-4s|%.2f%%", 7, "ab", 1.5), 14);
-  EXPECT_STREQ(text, "007|ab  |1.50%");
 }
