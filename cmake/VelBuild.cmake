@@ -33,8 +33,9 @@ set(VEL_SCHEMA_DIR sys/schemas)
 
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
-# Everything that the program needs to run.
+# Everything that the program needs to run, and the translators among it.
 add_custom_target(program)
+add_custom_target(translator_libraries)
 
 # vel_place(TARGET DIRECTORY): the target's file goes into DIRECTORY below the root, in the build and in an installation,
 # and finds the shared libraries from there.
@@ -54,6 +55,7 @@ function(vel_add_translator name)
   target_link_libraries(${name} PRIVATE velplatform)
   set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ".dll")
   vel_place(${name} ${VEL_TRANSLATOR_DIR})
+  add_dependencies(translator_libraries ${name})
 endfunction()
 
 # vel_add_service(KEY SOURCE...): the service library KEYsvc.dll.

@@ -57,8 +57,13 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
     output.message(velabsWARNING, "no materials are written: OBJ cannot refer to a file of the name it would have");
     looks = objLooks({});
   }
-  const vltCarries carries{
-      .format = "OBJ", .parts = true, .colours = room, .vertex_normals = true, .vertex_colours = true};
+  const vltCarries carries{.format = "OBJ",
+                           .polygons = true,
+                           .parts = true,
+                           .colours = room,
+                           .material_names = true,
+                           .vertex_normals = true,
+                           .vertex_colours = true};
   vlt_tell_losses(document, *bodies, carries, unit, output);
   if (!looks.empty()) {
     velabsOfStream& companion = stream_.companion("mtl");

@@ -55,6 +55,10 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   };
   auto any_body = [&](auto test) { return std::any_of(bodies.begin(), bodies.end(), test); };
 
+  note(any_body([](const vltPlacedMesh& body) { return body.node->body.shape != nullptr; }),
+       "holds no exact shapes: their facets are written");
+  note(!carries.polygons && any_body([](const vltPlacedMesh& body) { return !body.mesh->all_triangles(); }),
+       "holds triangles only: faces of more corners are split");
   const auto& top = document.root.children;
   const bool deep = std::any_of(top.begin(), top.end(), [](const auto& node) { return !node->children.empty(); });
   note(!carries.parts && bodies.size() > 1,
@@ -64,6 +68,11 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   note(!carries.colours &&
            any_body([](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); }),
        "holds no colours in this form: they are not written");
+  note(carries.colours && !carries.material_names && any_body([](const vltPlacedMesh& body) {
+         auto has_name = [](const annMaterial& material) { return !material.name.empty(); };
+         return std::any_of(body.mesh->materials.begin(), body.mesh->materials.end(), has_name);
+       }),
+       "holds no names of materials: their colours are written without");
   note(!carries.vertex_normals &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
        "holds no vertex normals: they are left out");

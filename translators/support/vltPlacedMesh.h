@@ -32,17 +32,19 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
                                                             const velTableInstance& resources, double factor,
                                                             velabsOutput& output);
 
-// What a format can hold of a document beside the shapes.
+// What a format can hold of a document beside triangles.
 struct vltCarries {
   const char* format;
-  bool parts = false;  // several bodies with their names
-  bool tree = false;   // their arrangement in assemblies
-  bool colours = false;
+  bool polygons = false;        // faces of more than three corners
+  bool parts = false;           // several bodies with their names
+  bool tree = false;            // their arrangement in assemblies
+  bool colours = false;         // of parts and faces
+  bool material_names = false;  // how a colour is called
   bool vertex_normals = false;
   bool vertex_colours = false;
 };
 
 // Says in one note for each kind what the document has and the format does not hold. Formats of bare numbers hold no
-// length unit: the note names the one that the numbers are in.
+// length unit: the note names the one that the numbers are in. Formats with a unit of their own give none here.
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
                      velLengthUnit written_unit, velabsOutput& output);
