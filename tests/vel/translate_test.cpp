@@ -153,7 +153,7 @@ TEST(Translate, InfoTellsWhatAFileHolds) {
   json info = json::parse(installation.run({"info", "b.obj", "--json"}).out);
   info.erase("library");
   EXPECT_EQ(info, json::parse(R"({"file": "b.obj", "file_type": "OBJ", "translator": "OBJ", "unit": "unspecified",
-                                  "parts": 1, "faces": 1, "triangles": 2, "vertices": 4,
+                                  "parts": 1, "solids": 0, "faces": 1, "triangles": 2, "vertices": 4,
                                   "bounding_box": {"min": [0, 0, 0], "max": [2, 3, 0]}})"));
   const Outcome table = installation.run({"info", "b.obj"});
   EXPECT_NE(table.out.find("triangles       2\n"), std::string::npos) << table.out;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "annBox.h"
 #include "annNode.h"
 #include "apExport.h"
 #include "velLengthUnit.h"
@@ -26,15 +27,12 @@ struct annPlacedBody {
 // tree is safe.
 VELPLATFORM_API std::vector<annPlacedBody> ann_placed_bodies(const annDocument& document);
 
-struct annBox {
-  annVector min;
-  annVector max;
-};
-
-// What a person asks of a model first. Vertices that several meshes share count once for each place that they stand in;
-// unused vertices count, and take part in the box. No box without vertices.
+// What a person asks of a model first, everything counted once for each place that it stands in. Faces are those of the
+// exact shape where a body has one, else of its mesh; triangles and vertices are those of meshes. Vertices that several
+// meshes share in one place count once; unused ones count, and take part in the box. No box without any geometry.
 struct annStatistics {
   std::size_t parts = 0;
+  std::size_t solids = 0;  // of exact shapes
   std::size_t faces = 0;
   std::size_t triangles = 0;
   std::size_t vertices = 0;

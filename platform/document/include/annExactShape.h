@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "annBox.h"
 #include "annMesh.h"
+#include "annTransform.h"
 #include "apExport.h"
 #include "apStatus.h"
 #include "utString.h"
@@ -15,6 +19,12 @@ struct annTolerance {
   double angle = 0;
 };
 
+// What a shape is made of.
+struct annShapeContent {
+  std::size_t solids = 0;
+  std::size_t faces = 0;
+};
+
 // The exact form of a body, known to the document by what it can do and not by how it is held.
 class VELPLATFORM_API annExactShape {
  public:
@@ -22,6 +32,12 @@ class VELPLATFORM_API annExactShape {
 
   // Facets that approximate the shape; null and a failed status when it cannot be done.
   virtual std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status) const = 0;
+
+  virtual annShapeContent content() const = 0;
+
+  // The box around the shape where a placement puts it; none when that is not known without facets or there is nothing
+  // to enclose.
+  virtual std::optional<annBox> box(const annTransform& placement) const = 0;
 
   // The kind of bytes that `save` writes, "brep" for instance.
   virtual utString kind() const = 0;

@@ -1,19 +1,17 @@
 #include "annDocument.h"
 
-#include <algorithm>
-
 #include "annPlacedVertices.h"
 
 namespace {
 
+void extend(std::optional<annBox>& box, annVector point) {
+  if (!box) box = annBox{point, point};
+  box->include(point);
+}
+
 void extend(std::optional<annBox>& box, const annVertices& vertices, const annTransform& placement) {
   const bool identity = placement.is_identity();
-  for (const annVector& point : vertices.points) {
-    const annVector p = identity ? point : placement.point(point);
-    if (!box) box = annBox{p, p};
-    box->min = {std::min(box->min.x, p.x), std::min(box->min.y, p.y), std::min(box->min.z, p.z)};
-    box->max = {std::max(box->max.x, p.x), std::max(box->max.y, p.y), std::max(box->max.z, p.z)};
-  }
+  for (const annVector& point : vertices.points) extend(box, identity ? point : placement.point(point));
 }
 
 }  // namespace
@@ -37,16 +35,28 @@ std::vector<annPlacedBody> ann_placed_bodies(const annDocument& document) {
 annStatistics ann_statistics(const annDocument& document) {
   annStatistics result;
   annPlacedVertices seen;
-  for (const annPlacedBody& body : ann_placed_bodies(document)) {
+  for (const annPlacedBody& placed : ann_placed_bodies(document)) {
     ++result.parts;
-    const annMesh* mesh = body.node->body.mesh.get();
-    if (!mesh) continue;
-    result.faces += mesh->face_count();
-    result.triangles += mesh->triangle_count();
+    const annBody& body = placed.node->body;
+    std::optional<annBox> shape_box;
+    if (body.shape) {
+      const annShapeContent content = body.shape->content();
+      result.solids += content.solids;
+      result.faces += content.faces;
+      shape_box = body.shape->box(placed.placement);
+    } else {
+      result.faces += body.mesh->face_count();
+    }
+    if (shape_box) {
+      extend(result.box, shape_box->min);
+      extend(result.box, shape_box->max);
+    }
+    if (!body.mesh) continue;
+    result.triangles += body.mesh->triangle_count();
     const std::size_t known = seen.count();
-    if (seen.number_of(*mesh->vertices, body.placement) < known) continue;
-    result.vertices += mesh->vertices->points.size();
-    extend(result.box, *mesh->vertices, body.placement);
+    if (seen.number_of(*body.mesh->vertices, placed.placement) < known) continue;
+    result.vertices += body.mesh->vertices->points.size();
+    if (!shape_box) extend(result.box, *body.mesh->vertices, placed.placement);
   }
   return result;
 }
