@@ -1,45 +1,17 @@
 #include "vltPlacedMesh.h"
 
 #include <algorithm>
-#include <numbers>
-#include <unordered_map>
 
-namespace {
-
-constexpr double default_chord_in_metres = 1e-4;
-constexpr double default_chord_without_unit = 0.1;
-constexpr double default_angle = 0.35;  // about 20 degrees
-
-annTolerance tolerance(const annDocument& document, const velTableInstance& resources) {
-  annTolerance result{resources.value<double>("CHORD_TOLERANCE", 0),
-                      resources.value<double>("ANGLE_TOLERANCE", 0) * (std::numbers::pi / 180)};
-  const double metres = vel_metres(document.unit);
-  if (!(result.chord > 0)) result.chord = metres > 0 ? default_chord_in_metres / metres : default_chord_without_unit;
-  if (!(result.angle > 0)) result.angle = default_angle;
-  return result;
-}
-
-}  // namespace
+#include "vltFacets.h"
 
 std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& document,
                                                             const velTableInstance& resources, double factor,
                                                             velabsOutput& output) {
   std::vector<vltPlacedMesh> result;
-  std::unordered_map<const annExactShape*, std::shared_ptr<const annMesh>> facets;
+  vltFacets facets(document, resources, output);
   for (const annPlacedBody& placed : ann_placed_bodies(document)) {
-    std::shared_ptr<const annMesh> mesh = placed.node->body.mesh;
-    if (!mesh) {
-      const annExactShape* shape = placed.node->body.shape.get();
-      std::shared_ptr<const annMesh>& made = facets[shape];
-      apStatus status;
-      if (!made) made = shape->facets(tolerance(document, resources), status);
-      if (!made) {
-        output.message(velabsERROR,
-                       utString("no facets for the shape of \"") + placed.node->name + "\": " + status.failure());
-        return std::nullopt;
-      }
-      mesh = made;
-    }
+    std::shared_ptr<const annMesh> mesh = facets.of(*placed.node);
+    if (!mesh) return std::nullopt;
     const annTransform placement = factor == 1 ? placed.placement : annTransform::scaling(factor) * placed.placement;
     result.push_back({placed.node, std::move(mesh), placement, placed.colour});
   }

@@ -24,10 +24,8 @@ struct vltPlacedMesh {
   }
 };
 
-// The bodies of a document in the order of its tree. An exact shape without a mesh is turned into facets once, however
-// often it is shown, as closely as CHORD_TOLERANCE (in the document's unit) and ANGLE_TOLERANCE (in degrees) say. A
-// factor that is not 1 goes into the placements. Nothing, and a message, when there is no body or a shape has no
-// facets to give.
+// The bodies of a document in the order of its tree, as `vltFacets` gives them. A factor that is not 1 goes into the
+// placements. Nothing, and a message, when there is no body or a shape has no facets to give.
 std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& document,
                                                             const velTableInstance& resources, double factor,
                                                             velabsOutput& output);
