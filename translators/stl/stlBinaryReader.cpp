@@ -4,8 +4,8 @@
 #include <bit>
 #include <cstring>
 
-#include "annWelder.h"
 #include "stlColours.h"
+#include "stlCorners.h"
 #include "stlFormat.h"
 #include "vltNames.h"
 #include "vltProgress.h"
@@ -81,17 +81,13 @@ bool stlBinaryReader::count_triangles() {
 }
 
 velabsResult stlBinaryReader::read_triangles(annMesh& mesh, annNode& node, double factor) {
-  std::vector<annVector>& points = mesh.vertices->points;
   const bool weld = resources_.value<utBool>("WELD_POINTS", utTRUE) == utTRUE;
   const bool colours = resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE;
   if (3 * count_ > annMesh::no_material - 1) {
     output_.message(velabsERROR, utString("byte 80: " + with_plural(count_) + " are more than a mesh can number"));
     return velabsFAILED;
   }
-  // A closed surface has half as many points as triangles.
-  points.reserve(weld ? count_ / 2 + count_ / 16 + 16 : 3 * count_);
-  mesh.corners.reserve(3 * count_);
-  annWelder welder(points, weld ? count_ / 2 + 2 : 0);
+  stlCorners corners(mesh, weld, count_);
   stlColourReader colour_reader(colours ? bytes_.substr(0, stl_remark_size) : std::string_view(), mesh);
   node.colour = colour_reader.whole();
   vltProgress progress(output_, bytes_.size(), progress_step, &file_);
@@ -108,21 +104,14 @@ velabsResult stlBinaryReader::read_triangles(annMesh& mesh, annNode& node, doubl
                                             ": a coordinate is no finite number"));
       return velabsFAILED;
     }
-    // An open surface gets its room at once instead of in steps that hold everything twice.
-    if (points.capacity() - points.size() < 3) points.reserve(3 * count_);
     for (std::size_t corner = 0; corner < 9; corner += 3) {
-      const annVector point = annVector{c[corner], c[corner + 1], c[corner + 2]} * factor;
-      if (weld) {
-        mesh.corners.push_back(welder.number_of(point));
-      } else {
-        mesh.corners.push_back(mesh.vertices->count());
-        points.push_back(point);
-      }
+      corners.add(annVector{c[corner], c[corner + 1], c[corner + 2]} * factor);
     }
     std::uint16_t attribute = 0;
     std::memcpy(&attribute, bytes_.data() + at + stl_attribute_in_record, sizeof attribute);
-    if (colours) colour_reader.take(attribute);
+    if (colours) colour_reader.take(i, attribute);
   }
+  corners.finish();
   if (colour_reader.finish()) {
     output_.message(velabsNOTE, "the attribute bytes of the triangles are no colours and are left out");
   }

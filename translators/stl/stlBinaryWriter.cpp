@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstring>
 #include <limits>
 
@@ -17,8 +16,6 @@ static_assert(std::endian::native == std::endian::little);
 
 namespace {
 
-constexpr std::size_t progress_step = std::size_t{1} << 16;
-
 std::string head(const utString& name, std::uint32_t count) {
   std::string remarks = name.empty() ? "binary STL" : vlt_one_line(name);
   if (remarks.size() >= 5 && vlt_same_word(std::string_view(remarks).substr(0, 5), "solid")) remarks = "STL " + remarks;
@@ -29,54 +26,72 @@ std::string head(const utString& name, std::uint32_t count) {
 }
 
 // Nine floats of points behind three of the normal; false when a coordinate is too large for a float.
-bool fill(char* record, const std::array<annVector, 3>& triangle) {
-  const annVector n = stl_normal(triangle);
-  std::array<float, 12> numbers{static_cast<float>(n.x), static_cast<float>(n.y), static_cast<float>(n.z)};
-  bool fits = true;
-  std::size_t i = 3;
-  for (const annVector& p : triangle) {
-    for (double value : {p.x, p.y, p.z}) {
-      fits = fits && std::fabs(value) <= std::numeric_limits<float>::max();
-      numbers[i++] = static_cast<float>(value);
-    }
-  }
+bool fill(char* record, const std::array<annVector, 3>& t) {
+  const annVector n = stl_normal(t);
+  const std::array<float, 12> numbers{
+      static_cast<float>(n.x),    static_cast<float>(n.y),    static_cast<float>(n.z),    static_cast<float>(t[0].x),
+      static_cast<float>(t[0].y), static_cast<float>(t[0].z), static_cast<float>(t[1].x), static_cast<float>(t[1].y),
+      static_cast<float>(t[1].z), static_cast<float>(t[2].x), static_cast<float>(t[2].y), static_cast<float>(t[2].z)};
   std::memcpy(record, numbers.data(), sizeof numbers);
-  return fits;
+  float sum = 0;  // 0 times infinity is no number
+  for (float number : numbers) sum += 0 * number;
+  return sum == 0;
 }
 
+// Records of triangles, handed to the stream in blocks.
 class TriangleWriter {
  public:
   TriangleWriter(velabsOfStream& stream, velabsOutput& output, std::size_t count, bool colours)
-      : stream_(stream), output_(output), progress_(output, count, progress_step), colours_(colours) {}
+      : stream_(stream), output_(output), progress_(output, count, records_in_block), colours_(colours) {}
 
   bool write(const vltPlacedMesh& body) {
     const bool coloured = colours_ && (body.colour || !body.mesh->face_materials.empty());
-    return stl_for_each_triangle(body, [&](std::size_t face, const std::array<annVector, 3>& triangle) {
-      char* record = stream_.reserve(stl_record_size);
+    const bool done = stl_for_each_triangle(body, [&](std::size_t face, const std::array<annVector, 3>& triangle) {
+      if (free_ == 0) begin_block();
       const std::optional<annColour> colour = coloured ? body.face_colour(face) : std::nullopt;
       const std::uint16_t attribute = colour ? stl_attribute(*colour) : std::uint16_t{0};
-      std::memcpy(record + stl_attribute_in_record, &attribute, sizeof attribute);
-      if (!fill(record, triangle)) {
+      std::memcpy(record_ + stl_attribute_in_record, &attribute, sizeof attribute);
+      if (!fill(record_, triangle)) {
         output_.message(velabsERROR,
                         "a coordinate is too large for the numbers of binary STL; FILE_FORMAT ascii or a "
                         "smaller SCALE can hold it");
         return false;
       }
-      stream_.advance(stl_record_size);
-      cancelled_ = !progress_.reached(++done_);
-      return !cancelled_ && stream_.good();
+      record_ += stl_record_size;
+      return --free_ > 0 || end_block();
     });
+    return done && end_block();
   }
 
   velabsResult result() const { return cancelled_ ? velabsCANCELLED : velabsFAILED; }
 
  private:
+  static constexpr std::size_t records_in_block = 1024;
+
+  void begin_block() {
+    block_ = record_ = stream_.reserve(records_in_block * stl_record_size);
+    free_ = records_in_block;
+  }
+
+  // False when the writing has to stop.
+  bool end_block() {
+    stream_.advance(static_cast<std::size_t>(record_ - block_));
+    done_ += static_cast<std::size_t>(record_ - block_) / stl_record_size;
+    block_ = record_;
+    free_ = 0;
+    cancelled_ = !progress_.reached(done_);
+    return !cancelled_ && stream_.good();
+  }
+
   velabsOfStream& stream_;
   velabsOutput& output_;
   vltProgress progress_;
   bool colours_;
   bool cancelled_ = false;
   std::size_t done_ = 0;
+  char* block_ = nullptr;
+  char* record_ = nullptr;
+  std::size_t free_ = 0;
 };
 
 }  // namespace

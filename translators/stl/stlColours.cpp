@@ -26,7 +26,7 @@ std::optional<annColour> colour_of_whole(std::string_view remarks) {
 stlColourReader::stlColourReader(std::string_view remarks, annMesh& mesh)
     : mesh_(mesh), whole_(colour_of_whole(remarks)) {}
 
-void stlColourReader::take_colour(std::uint16_t attribute) {
+void stlColourReader::take_colour(std::size_t triangle, std::uint16_t attribute) {
   any_attribute_ = any_attribute_ || attribute != 0;
   const bool own = ((attribute & high_bit) != 0) != whole_.has_value();
   if (!own) return;
@@ -39,9 +39,8 @@ void stlColourReader::take_colour(std::uint16_t attribute) {
     if (whole_) std::swap(colour.red, colour.blue);
     mesh_.materials.push_back({{}, colour});
   }
-  const std::size_t face = mesh_.face_count() - 1;
   if (mesh_.face_materials.empty()) mesh_.face_materials.reserve(mesh_.corners.capacity() / 3);
-  mesh_.face_materials.resize(face, annMesh::no_material);
+  mesh_.face_materials.resize(triangle, annMesh::no_material);
   mesh_.face_materials.push_back(material);
 }
 

@@ -19,22 +19,23 @@
 // Attribute bytes that are all 0 say nothing in either. Others without a single colour are somebody's own use.
 class stlColourReader {
  public:
-  // `mesh` gets the materials; it must have no faces yet.
+  // `mesh` gets the materials; what its corners are plays no part before the end.
   stlColourReader(std::string_view remarks, annMesh& mesh);
 
   // The colour of the whole, where the remarks hold one.
   std::optional<annColour> whole() const { return whole_; }
 
-  // To be called for each triangle, after it was added.
-  void take(std::uint16_t attribute) {
-    if (attribute != 0 || whole_) take_colour(attribute);
+  // To be called for each triangle in turn.
+  void take(std::size_t triangle, std::uint16_t attribute) {
+    if (attribute != 0 || whole_) take_colour(triangle, attribute);
   }
 
-  // After the last triangle: drops what turned out to be no colours. True when attribute bytes were passed over.
+  // When the mesh has all its triangles: drops what turned out to be no colours. True when attribute bytes were passed
+  // over.
   bool finish();
 
  private:
-  void take_colour(std::uint16_t attribute);
+  void take_colour(std::size_t triangle, std::uint16_t attribute);
 
   annMesh& mesh_;
   std::optional<annColour> whole_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "apNumberText.h"
 #include "vltInput.h"
 #include "vltNames.h"
 
@@ -40,12 +39,12 @@ velabsResult stlTextReader::read_solid() {
   const std::string_view name = vlt_name_on_line(words_.rest_of_line());
   annNode& node = document_.root.add_child(name.empty() ? utString() : utString(name));
   auto mesh = std::make_shared<annMesh>();
-  annWelder welder(mesh->vertices->points);
+  stlCorners corners(*mesh, weld_);
   while (true) {
     if (!progress_.reached(words_.offset())) return velabsCANCELLED;
     const std::string_view word = words_.next();
     if (vlt_same_word(word, "facet")) {
-      if (!read_facet(*mesh, welder)) return velabsFAILED;
+      if (!read_facet(corners)) return velabsFAILED;
     } else if (vlt_same_word(word, "endsolid")) {
       words_.rest_of_line();
       break;
@@ -57,23 +56,17 @@ velabsResult stlTextReader::read_solid() {
       return velabsFAILED;
     }
   }
+  corners.finish();
   if (mesh->face_count() > 0) node.body.mesh = std::move(mesh);
   return velabsDONE;
 }
 
-bool stlTextReader::read_facet(annMesh& mesh, annWelder& welder) {
+bool stlTextReader::read_facet(stlCorners& corners) {
   if (!skip_normal() || !expect("loop")) return false;
   for (int corner = 0; corner < 3; ++corner) {
     annVector point;
     if (!expect("vertex") || !read_point(point)) return false;
-    std::vector<annVector>& points = mesh.vertices->points;
-    if (points.size() >= annMesh::no_material - 1) return fail("more points than a mesh can number");
-    if (weld_) {
-      mesh.corners.push_back(welder.number_of(point));
-    } else {
-      mesh.corners.push_back(mesh.vertices->count());
-      points.push_back(point);
-    }
+    if (!corners.add(point)) return fail("more points than a mesh can number");
   }
   return expect("endloop") && expect("endfacet");
 }
@@ -90,11 +83,9 @@ bool stlTextReader::skip_normal() {
 
 bool stlTextReader::read_point(annVector& point) {
   for (double* coordinate : {&point.x, &point.y, &point.z}) {
-    const std::string_view word = words_.next();
-    std::string_view rest = word;
-    if (!ap_take_double(rest, *coordinate) || !rest.empty()) return fail_expecting(word, "a number");
+    if (!words_.next_number(*coordinate)) return fail_expecting(words_.next(), "a number");
     *coordinate *= factor_;
-    if (!std::isfinite(*coordinate)) return fail("the coordinate " + vlt_quoted(word) + " is no finite number");
+    if (!std::isfinite(*coordinate)) return fail("a coordinate is no finite number");
   }
   return true;
 }

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "annDocument.h"
-#include "annWelder.h"
 #include "apMappedFile.h"
+#include "stlCorners.h"
 #include "velTableInstance.h"
 #include "velabsOutput.h"
 #include "velabsResult.h"
@@ -24,7 +24,7 @@ class stlTextReader {
 
  private:
   velabsResult read_solid();
-  bool read_facet(annMesh& mesh, annWelder& welder);
+  bool read_facet(stlCorners& corners);
   bool read_point(annVector& point);
   bool skip_normal();
   bool expect(std::string_view lower);

@@ -33,10 +33,21 @@ std::string_view vltLines::take_line() {
   // The next LF is kept, so that a text without any is not searched to its end for each CR.
   if (next_feed_ < at_ || lines_taken_ == 0) next_feed_ = std::min(text_.find('\n', at_), text_.size());
   const std::size_t begin = at_;
-  const std::size_t end = std::min(text_.substr(0, next_feed_).find('\r', begin), next_feed_);
+  const std::size_t end = next_return(next_feed_);
   at_ = end;
   if (text_.substr(at_).starts_with("\r\n")) ++at_;
   if (at_ < text_.size()) ++at_;
   ++lines_taken_;
   return text_.substr(begin, end - begin);
+}
+
+std::size_t vltLines::next_return(std::size_t limit) {
+  constexpr std::size_t block = std::size_t{1} << 14;
+  no_return_before_ = std::max(no_return_before_, at_);
+  while (no_return_before_ < limit) {
+    const std::size_t found = text_.substr(no_return_before_, block).find('\r');
+    no_return_before_ += std::min(found, block);
+    if (found != text_.npos) break;
+  }
+  return std::min(no_return_before_, limit);
 }

@@ -22,10 +22,13 @@ class vltLines {
 
  private:
   std::string_view take_line();
+  // Where the next CR stands, `limit` when none comes before it. Many lines are searched at once.
+  std::size_t next_return(std::size_t limit);
 
   std::string_view text_;
   std::size_t at_ = 0;
   std::size_t next_feed_ = 0;
+  std::size_t no_return_before_ = 0;  // from `at_` on
   std::size_t lines_taken_ = 0;
   std::size_t first_line_ = 0;
   std::string joined_;

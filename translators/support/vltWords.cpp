@@ -1,11 +1,28 @@
 #include "vltWords.h"
 
 #include <algorithm>
+#include <array>
+
+#include "apNumberText.h"
 
 namespace {
 
-bool ends_line(char c) {
-  return c == '\n' || c == '\r';
+enum Kind : unsigned char { of_word, blank, line_end, comment };
+
+constexpr std::array<Kind, 256> kinds = [] {
+  std::array<Kind, 256> table{};
+  for (unsigned char c : {' ', '\t', '\v', '\f'}) table[c] = blank;
+  for (unsigned char c : {'\n', '\r'}) table[c] = line_end;
+  table['#'] = comment;
+  return table;
+}();
+
+Kind kind(char c) {
+  return kinds[static_cast<unsigned char>(c)];
+}
+
+bool ends_word(char c) {
+  return kind(c) == blank || kind(c) == line_end;
 }
 
 }  // namespace
@@ -32,26 +49,46 @@ std::string_view vlt_without_mark(std::string_view text) {
 vltWords::vltWords(std::string_view text) : text_(text), at_(text.size() - vlt_without_mark(text).size()) {}
 
 std::string_view vltWords::next() {
+  if (!go_to_word()) return {};
+  const std::size_t begin = at_;
+  std::size_t end = begin + 1;
+  while (end < text_.size() && !ends_word(text_[end])) ++end;
+  at_ = end;
+  return text_.substr(begin, end - begin);
+}
+
+bool vltWords::next_number(double& value) {
+  if (!go_to_word()) return false;
+  std::string_view rest = text_.substr(at_);
+  double number = 0;
+  if (!ap_take_double(rest, number) || (!rest.empty() && !ends_word(rest.front()))) return false;
+  at_ = text_.size() - rest.size();
+  value = number;
+  return true;
+}
+
+bool vltWords::go_to_word() {
   while (at_ < text_.size()) {
-    const char c = text_[at_];
-    if (ends_line(c)) {
-      end_line();
-    } else if (vlt_is_blank(c)) {
-      ++at_;
-    } else if (c == '#') {
-      rest_of_line();
-    } else {
-      const std::size_t begin = at_;
-      while (at_ < text_.size() && !vlt_is_blank(text_[at_]) && !ends_line(text_[at_])) ++at_;
-      return text_.substr(begin, at_ - begin);
+    switch (kind(text_[at_])) {
+      case of_word:
+        return true;
+      case blank:
+        ++at_;
+        break;
+      case line_end:
+        end_line();
+        break;
+      case comment:
+        rest_of_line();
+        break;
     }
   }
-  return {};
+  return false;
 }
 
 std::string_view vltWords::rest_of_line() {
   const std::size_t begin = at_;
-  while (at_ < text_.size() && !ends_line(text_[at_])) ++at_;
+  while (at_ < text_.size() && kind(text_[at_]) != line_end) ++at_;
   return text_.substr(begin, at_ - begin);
 }
 

@@ -24,6 +24,9 @@ class vltWords {
   // The next word; empty at the end of the text.
   std::string_view next();
 
+  // The next word as a number; false, and nothing taken, when it is none as a whole.
+  bool next_number(double& value);
+
   // What is left of the current line, without its end.
   std::string_view rest_of_line();
 
@@ -33,6 +36,7 @@ class vltWords {
   std::size_t offset() const { return at_; }
 
  private:
+  bool go_to_word();
   void end_line();
 
   std::string_view text_;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "annVector.h"
@@ -17,8 +18,12 @@ class VELPLATFORM_API annWelder {
 
   std::uint32_t number_of(const annVector& point);
 
+  // The numbers of many points, in their order. Far quicker than one by one where the table is larger than the cache:
+  // the memory that a few dozen points need is asked for before it is looked at.
+  void numbers_of(std::span<const annVector> points, std::uint32_t* numbers);
+
  private:
-  std::size_t slot_of(const annVector& point) const;
+  std::uint32_t number_at(std::size_t hash, const annVector& point);
   void resize(std::size_t slot_count);
 
   std::vector<annVector>& points_;

@@ -8,6 +8,7 @@
 #include "apExport.h"
 #include "utString.h"
 
+class velabsBackgroundWriter;
 class velabsReplacementFile;
 
 // An output file that appears only when it is complete. Bytes go to a new file, mode 0600, in the directory of the
@@ -17,7 +18,8 @@ class velabsReplacementFile;
 // pipe or, as /dev/stdout, an open descriptor is written directly and has no companions: what is written to them is
 // lost. One that is a link keeps being one, and one that the user may not write to is refused.
 //
-// The first failure ends the writing: later calls do nothing and `good()` stays false.
+// Full buffers are written by a thread while the caller fills the next one, so a failure may show one buffer late. The
+// first failure ends the writing: later calls do nothing and `good()` stays false.
 class VELPLATFORM_API velabsOfStream {
  public:
   explicit velabsOfStream(utString target);
@@ -55,8 +57,8 @@ class VELPLATFORM_API velabsOfStream {
 
  private:
   void open();
+  void hand_over();
   void put(std::string_view bytes);
-  void flush();
   bool finish();
 
   utString target_;
@@ -66,6 +68,7 @@ class VELPLATFORM_API velabsOfStream {
   bool discards_ = false;
   bool committed_ = false;
   std::unique_ptr<velabsReplacementFile> file_;
+  std::unique_ptr<velabsBackgroundWriter> writer_;  // from the first full buffer on; goes before the file
   std::vector<std::unique_ptr<velabsOfStream>> companions_;
   utString extension_;  // of a companion, as asked for
 };

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "velabsBackgroundWriter.h"
 #include "velabsReplacementFile.h"
 
 namespace {
@@ -44,19 +45,23 @@ void velabsOfStream::open() {
   if (!file_ && !discards_ && good()) file_ = velabsReplacementFile::open(target_, failure_);
 }
 
-void velabsOfStream::put(std::string_view bytes) {
-  if (file_ && good()) file_->write(bytes, failure_);
+void velabsOfStream::hand_over() {
+  if (file_ && good()) {
+    if (!writer_) writer_ = std::make_unique<velabsBackgroundWriter>(*file_);
+    writer_->write(buffer_, used_, buffer_size, failure_);
+  }
+  used_ = 0;
 }
 
-void velabsOfStream::flush() {
-  put({buffer_.get(), used_});
-  used_ = 0;
+void velabsOfStream::put(std::string_view bytes) {
+  if (writer_) writer_->wait(failure_);
+  if (file_ && good()) file_->write(bytes, failure_);
 }
 
 void velabsOfStream::write(std::string_view bytes) {
   if (bytes.empty() || !good()) return;
   if (!buffer_) open();
-  if (bytes.size() > buffer_size - used_) flush();
+  if (bytes.size() > buffer_size - used_) hand_over();
   if (bytes.size() >= buffer_size) return put(bytes);
   std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
   used_ += bytes.size();
@@ -65,7 +70,7 @@ void velabsOfStream::write(std::string_view bytes) {
 char* velabsOfStream::reserve(std::size_t size) {
   if (!buffer_) open();
   if (!good()) used_ = 0;
-  if (size > buffer_size - used_) flush();
+  if (size > buffer_size - used_) hand_over();
   return buffer_.get() + used_;
 }
 
@@ -88,7 +93,9 @@ bool velabsOfStream::has_room_beside() const {
 
 bool velabsOfStream::finish() {
   open();
-  flush();
+  put({buffer_.get(), used_});
+  used_ = 0;
+  writer_.reset();
   if (good() && file_) file_->settle(failure_);
   return good();
 }
@@ -104,7 +111,10 @@ bool velabsOfStream::commit() {
   // All that is likely to fail comes before the first target is touched.
   auto fail = [&](const velabsOfStream& stream) {
     if (good()) failure_ = stream.target_ + ": " + stream.failure_;
-    for (velabsOfStream* each : all) each->file_.reset();
+    for (velabsOfStream* each : all) {
+      each->writer_.reset();
+      each->file_.reset();
+    }
     return false;
   };
   for (velabsOfStream* stream : all) {

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+
+#include "annMesh.h"
+#include "annWelder.h"
+
+// Collects the corners of triangles into a mesh, welded or each with a point of its own. They reach the mesh in blocks;
+// the last one by `finish`.
+class stlCorners {
+ public:
+  // A closed surface of that many triangles fits without growing.
+  stlCorners(annMesh& mesh, bool weld, std::size_t expected_triangles = 0);
+
+  // False when the mesh can number no more.
+  bool add(const annVector& point) {
+    pending_[count_++] = point;
+    return count_ < pending_.size() || flush();
+  }
+  bool finish() { return flush(); }
+
+  // Corners taken so far.
+  std::size_t count() const { return mesh_.corners.size() + count_; }
+
+ private:
+  bool flush();
+
+  annMesh& mesh_;
+  bool weld_;
+  std::size_t expected_corners_;
+  annWelder welder_;
+  std::array<annVector, 192> pending_;
+  std::size_t count_ = 0;
+};
