@@ -1,0 +1,25 @@
+#include "plyReader.h"
+
+#include "plyBody.h"
+#include "plyFormat.h"
+#include "vltInput.h"
+#include "vltScale.h"
+
+VELABS_INPUT_LIBRARY(plyReader)
+
+plyReader::plyReader() : vltDescribed(ply_format, "Reads polygon meshes from PLY files, binary and ASCII.") {}
+
+velabsResult plyReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
+                             velabsOutput& output) {
+  const std::optional<double> factor = vlt_input_scale(resources, document, output);
+  if (!factor) return velabsFAILED;
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
+  plyHead head;
+  if (!head.read(mapped->bytes(), output)) return velabsFAILED;
+  const bool materials = resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE;
+  plyBody body(*mapped, head, materials, *factor, output);
+  const velabsResult result = body.read();
+  if (result == velabsDONE) document.root.add_child("").body.mesh = body.mesh();
+  return result;
+}
