@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "vltVertexLists.h"
+
+// All bodies of a document as the one mesh that some formats hold, seen before it is written: how many vertices and
+// faces it has, and what is known of all of them. Holds on to nothing: the bodies must outlive it.
+class vltOneMesh {
+ public:
+  // What the format and the resources WRITE_NORMALS, WRITE_VERTEX_COLOURS and WRITE_MATERIALS let through.
+  vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableInstance& resources);
+
+  // Looks at every coordinate. False, and a message, when one cannot be written.
+  bool check(velabsOutput& output);
+  // Says what is lost where parts with normals or vertex colours stand beside others without.
+  void tell_mixture(velabsOutput& output) const;
+
+  const std::vector<vltPlacedMesh>& bodies() const { return bodies_; }
+  const vltVertexLists& lists() const { return lists_; }
+  std::size_t face_count() const { return faces_; }
+  std::size_t largest_face() const { return largest_face_; }
+
+  // Every vertex has a normal. With normals on some parts only, none is written: nobody can make up the others.
+  bool normals() const { return normals_ == Spread::all; }
+  // Some vertex has a colour; the others are white.
+  bool vertex_colours() const { return colours_ != Spread::none; }
+  // All components of vertex colours, or of the colours of faces, are whole numbers divided by 255.
+  bool vertex_colours_are_bytes() const { return bytes_; }
+
+  // Some face has a colour.
+  bool face_colours() const { return face_colours_; }
+  // Every face has one.
+  bool all_faces_coloured() const { return face_colours_ && all_coloured_; }
+
+  // After `check`: every coordinate, where it is placed, is a float exactly.
+  bool floats_suffice() const { return floats_suffice_; }
+
+ private:
+  enum class Spread { none, some, all };
+  void look_at_faces(const vltPlacedMesh& body);
+
+  const std::vector<vltPlacedMesh>& bodies_;
+  vltVertexLists lists_;
+  std::size_t faces_ = 0;
+  std::size_t largest_face_ = 0;
+  Spread normals_ = Spread::none, colours_ = Spread::none;
+  bool bytes_ = true;
+  bool face_colours_ = false, all_coloured_ = true;
+  bool floats_suffice_ = true;
+};
+
+// A colour as four numbers from 0 to 255; what lies outside the range from 0 to 1 is brought to its ends.
+std::array<std::uint8_t, 4> vlt_bytes_of(const annColour& colour);
+// True when nothing is lost by it.
+bool vlt_is_of_bytes(const annColour& colour);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "vltPlacedMesh.h"
+
+// Vertices in one place, and how many vertices of other lists stand before them.
+struct vltVertexList {
+  const annVertices* vertices;
+  annTransform placement;
+  std::size_t first;
+};
+
+// The vertices of several bodies as one row: lists that bodies share in one place stand there once, where the first of
+// them needs them. Holds on to nothing: the bodies must outlive it.
+class vltVertexLists {
+ public:
+  explicit vltVertexLists(const std::vector<vltPlacedMesh>& bodies);
+
+  const std::vector<vltVertexList>& all() const { return lists_; }
+  // The number of the list that a body uses.
+  std::size_t number_of(std::size_t body) const { return list_of_[body]; }
+  const vltVertexList& of(std::size_t body) const { return lists_[list_of_[body]]; }
+  // Of all lists.
+  std::size_t vertex_count() const { return count_; }
+
+ private:
+  std::vector<vltVertexList> lists_;
+  std::vector<std::size_t> list_of_;
+  std::size_t count_ = 0;
+};
