@@ -1,0 +1,34 @@
+# Options of the PLY translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Unit of the numbers in the file (reading and writing).
+# Reading: PLY files hold no unit; this says which one theirs is.
+# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+LENGTH_UNIT = unspecified
+
+# Factor for all coordinates, greater than 0 (reading and writing).
+SCALE = 1
+
+# Take colours of faces (reading).
+READ_MATERIALS = 1
+
+# Form of the file: binary or ascii (writing; reading tells by itself). Binary is little-endian.
+FILE_FORMAT = binary
+
+# Write colours of faces, where the model has them (writing). Faces without one beside others become light grey.
+WRITE_MATERIALS = 1
+
+# Write the normals of vertices, where the model has them (writing).
+WRITE_NORMALS = 1
+
+# Write the colours of vertices, where the model has them (writing).
+WRITE_VERTEX_COLOURS = 1
+
+# Significant digits of coordinates, ASCII only (writing). 0: as many as it takes to read back the same number.
+DIGITS = 0
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

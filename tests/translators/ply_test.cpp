@@ -1,0 +1,347 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+
+namespace {
+
+const Translator reader("plyreader");
+const Translator writer("plywriter");
+
+const std::string xyz = "property float x\nproperty float y\nproperty float z\n";
+const std::string vertices = "element vertex 4\n" + xyz;
+const std::string list = "property list uchar int vertex_indices\n";
+const std::string square = "0 0 0\n1 0 0\n1 1 0\n0 1 0\n";
+
+std::string ascii(const std::string& elements, const std::string& body) {
+  return "ply\nformat ascii 1.0\n" + elements + "end_header\n" + body;
+}
+std::string faces(int count, const std::string& properties = list) {
+  return "element face " + std::to_string(count) + "\n" + properties;
+}
+
+struct Case {
+  const char* what;
+  std::string content;
+  std::string expected;      // the corners of all faces, "0 1 2|0 2 3", or part of the error after "!"
+  const char* message = "";  // part of the warnings and notes; none allowed when empty
+};
+
+std::string outline(const annMesh& mesh) {
+  std::string result;
+  for (std::size_t i = 0; i < mesh.face_count(); ++i) {
+    if (i > 0) result += "|";
+    for (std::uint32_t corner : mesh.face(i))
+      result += (result.empty() || result.back() == '|' ? "" : " ") + std::to_string(corner);
+  }
+  return result;
+}
+
+void check(const Case& c, const TemporaryDirectory& directory) {
+  const Reading reading = reader.read(directory.write("case.ply", c.content));
+  EXPECT_FALSE(reading.fault()) << c.what;
+  if (c.expected.starts_with('!')) {
+    EXPECT_NE(reading.messages.errors.find(c.expected.substr(1)), std::string::npos)
+        << c.what << ": " << reading.messages.errors;
+    return;
+  }
+  ASSERT_EQ(reading.result, velabsDONE) << c.what << ": " << reading.messages.errors;
+  EXPECT_EQ(outline(reading.mesh()), c.expected) << c.what;
+  const std::string said = reading.messages.warnings + reading.messages.notes;
+  EXPECT_NE(said.find(c.message), said.npos) << c.what << ": " << said;
+  EXPECT_EQ(said.empty(), !*c.message) << c.what << ": " << said;
+}
+
+std::string with_breaks(std::string text, const char* line_break) {
+  for (std::size_t at = 0; (at = text.find('\n', at)) != text.npos; at += std::strlen(line_break)) {
+    text.replace(at, 1, line_break);
+  }
+  return text;
+}
+
+// Numbers as the binary forms hold them.
+class Bytes {
+ public:
+  explicit Bytes(bool big) : big_(big) {}
+  template <typename... T>
+  Bytes& operator()(T... values) {
+    (put(values), ...);
+    return *this;
+  }
+  std::string file(const std::string& elements) const {
+    return "ply\nformat binary_" + std::string(big_ ? "big" : "little") + "_endian 1.0\n" + elements + "end_header\n" +
+           text_;
+  }
+
+ private:
+  template <typename T>
+  void put(T value) {
+    std::string bytes(reinterpret_cast<const char*>(&value), sizeof value);
+    if (big_) std::reverse(bytes.begin(), bytes.end());
+    text_ += bytes;
+  }
+  bool big_;
+  std::string text_;
+};
+
+using u8 = std::uint8_t;
+
+TEST(PlyReader, ReadsAllFormsOfText) {
+  TemporaryDirectory directory;
+  const std::string plain = ascii(vertices + faces(2), square + "3 0 1 2\n4 0 1 2 3\n");
+  const Case cases[] = {
+      {"LF", plain, "0 1 2|0 1 2 3"},
+      {"CR LF", with_breaks(plain, "\r\n"), "0 1 2|0 1 2 3"},
+      {"CR", with_breaks(plain, "\r"), "0 1 2|0 1 2 3"},
+      {"mark, no line end", "\xEF\xBB\xBF" + plain.substr(0, plain.size() - 1), "0 1 2|0 1 2 3"},
+      {"faces first", ascii(faces(1) + vertices, "3 3 2 1\n" + square), "3 2 1"},
+      {"other name, other types",
+       ascii("obj_info x\n" + vertices + faces(1, "property list int16 float64 vertex_index\n"),
+             square + "3 0 1 2.0\n"),
+       "0 1 2"},
+      {"remarks and blank lines",
+       ascii("comment\n\n" + vertices + faces(1),
+             "comment 1 2 3\n0 0 0\nobj_info\n\n" + square.substr(6) + "# x\n3 0 1 2 # y\n"),
+       "0 1 2"},
+      {"on several lines", ascii(vertices + faces(1), "0 0\n0\n" + square.substr(6) + "3\n0 1\n2\n"), "0 1 2"},
+      {"too much on a line", ascii(vertices + faces(1), "0 0 0 7\n" + square.substr(6) + "3 0 1 2\n"), "0 1 2",
+       "line 10: more stands on the line"},
+      {"list at a vertex",
+       ascii("element vertex 3\n" + xyz + list + faces(1), "0 0 0 2 8 9\n1 0 0 0\n1 1 0\n3 0 1 2\n"), "0 1 2",
+       "line 13: a list is missing"},
+      {"unknown",
+       ascii("element edge 2\nproperty int a\n" + vertices + "property int q\n" + faces(1) +
+                 "property list uchar float uv\n",
+             "1\n2\n0 0 0 1\n1 0 0 1\n1 1 0 1\n0 1 0 1\n3 0 1 2 2 0.5 0.5\n"),
+       "0 1 2",
+       "line 3: the element \"edge\" is left out\nthe property \"q\" of the element \"vertex\" is left out\nthe "
+       "property \"uv\""},
+      {"few corners", ascii(vertices + faces(3), square + "2 0 1\n0\n3 0 1 2\n"), "0 1 2",
+       "faces with fewer than three corners are left out (2 times)"},
+      {"strips",
+       ascii(vertices + "element tristrips 1\nproperty list int int vertex_indices\n",
+             square + "10 0 1 2 3 -1 0 1 1 2 3\n"),
+       "0 1 2|2 1 3|1 2 3"},
+      {"points", ascii(vertices, square), "", "no faces"},
+      {"element of nothing", ascii("element void 99999999999999\n" + vertices + faces(1), square + "3 0 1 2\n"),
+       "0 1 2", "\"void\""},
+      {"behind the end", ascii(vertices + faces(1), square + "3 0 1 2\n3 0 1 3\n"), "0 1 2", "line 15: more follows"}};
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(PlyReader, RefusesWhatCannotBeMeant) {
+  TemporaryDirectory directory;
+  const float nan = std::nanf("");
+  const Bytes corners = Bytes(false)(0.F, 0.F, 0.F, 1.F, 0.F, 0.F, 1.F, 1.F, 0.F);
+  const std::string three = "element vertex 3\n" + xyz;
+  auto body = [&](const std::string& properties, int count, auto... values) {
+    return Bytes(corners)(values...).file(three + faces(count, properties));
+  };
+  const Case cases[] = {
+      {"no head end", "ply\nformat ascii 1.0\n" + vertices, "!the file ends before its head does"},
+      {"no format", "ply\n" + vertices + "end_header\n" + square, "!without a statement \"format\""},
+      {"format", "ply\nformat text 1.0\n", "!line 2: the format \"text\" is not known"},
+      {"type", ascii("element vertex 1\nproperty real x\n", "1\n"), "!line 4: the type \"real\" is not known"},
+      {"count", ascii("element vertex -1\n" + xyz, "1\n"), "!line 3: an element needs"},
+      {"statement", ascii("elements vertex 3\n", ""), "!line 3: \"elements\" is no statement"},
+      {"property first", ascii(xyz, ""), "!line 3: a property stands before"},
+      {"no coordinates", ascii("element vertex 1\nproperty float x\n", "1\n"), "!no vertex element with x, y and z"},
+      {"lying", ascii("element vertex 99999999999\n" + xyz, square),
+       "!line 3: 99999999999 entries of the element \"vertex\" need more"},
+      {"lying a little", ascii("element vertex 5\n" + xyz, square + std::string(20, ' ')),
+       "!entry 5 of 5 of the element \"vertex\": the file ends here"},
+      {"word", ascii(vertices, "0 0 a\n" + square),
+       "!line 8: entry 1 of 4 of the element \"vertex\": \"a\" is not the number"},
+      {"not finite", ascii(vertices, "0 0 nan\n" + square),
+       "!line 8: entry 1 of 4 of the element \"vertex\": a coordinate is no finite"},
+      {"index", ascii(vertices + faces(1), square + "3 0 1 4\n"),
+       "!line 14: entry 1 of 1 of the element \"face\": there is no vertex 4: the file has 4"},
+      {"negative index", ascii(vertices + faces(1), square + "3 0 -1 2\n"), "!there is no vertex -1"},
+      {"half an index", ascii(vertices + faces(1), square + "3 0 1.5 2\n"), "!\"1.5\" is not the number"},
+      {"long list", ascii(vertices + faces(1), square + "4000000000 0 1 2\n"),
+       "!a list of 4000000000 items does not fit"},
+      {"no corners", ascii(vertices + faces(1), square + "2 0 1\n"), "!no face of the file has three corners"},
+      {"binary: long list", body("property list uint int vertex_index\n", 1, 4000000000U, 0, 1, 2),
+       "!a list of 4000000000 items does not fit"},
+      {"binary: negative list", body("property list char int vertex_index\n", 1, std::int8_t{-3}, 0, 1, 2),
+       "!a list of -3 items"},
+      {"binary: index in a run", body(list, 2, u8{3}, 0, 1, 2, u8{3}, 0, 1, 3),
+       "!entry 2 of 2 of the element \"face\": there is no vertex 3"},
+      {"binary: not finite", Bytes(false)(0.F, 0.F, 0.F, 0.F, nan, 0.F).file("element vertex 2\n" + xyz),
+       "!entry 2 of 2 of the element \"vertex\": a coordinate"},
+      {"binary: index beyond", body("property list uchar float vertex_index\n", 1, u8{3}, 0.F, 1.F, 1e30F),
+       "!a corner is no whole number"}};
+  for (const Case& c : cases) check(c, directory);
+}
+
+TEST(PlyReader, ReadsBothOrdersOfBytes) {
+  TemporaryDirectory directory;
+  for (bool big : {false, true}) {
+    const std::string head =
+        "element vertex 3\nproperty uchar skipped\nproperty double x\nproperty short y\nproperty float z\n";
+    const Bytes points =
+        Bytes(big)(u8{1}, 0.5, short{-2}, 1.F, u8{1}, 1.5, short{0}, 1.F, u8{1}, 1.0, short{300}, -1.F);
+    // The body begins with the byte of a line feed, behind lines that end with CR alone.
+    const std::string cr = with_breaks("ply\nformat binary_" + std::string(big ? "big" : "little") +
+                                           "_endian 1.0\n"
+                                           "element flag 1\nproperty uchar f\n" +
+                                           head + "end_header\n",
+                                       "\r") +
+                           "\n";
+    const std::string body = points.file("").substr(points.file("").find("end_header\n") + 11);
+    for (const std::string& content :
+         {Bytes(points)(u8{3}, 0, 1, 2, u8{3}, 2, 1, 0).file(head + faces(2)), cr + body}) {
+      const Reading reading = reader.read(directory.write("a.ply", content));
+      ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+      const std::vector<annVector> expected{{0.5, -2, 1}, {1.5, 0, 1}, {1, 300, -1}};
+      EXPECT_EQ(reading.mesh().vertices->points, expected);
+      if (reading.mesh().face_count() > 0) {
+        EXPECT_EQ(outline(reading.mesh()), "0 1 2|2 1 0");
+      }
+    }
+    check({"mixed runs",
+           Bytes(big)(0.F, 0.F, 0.F, 1.F, 0.F, 0.F, 1.F, 1.F, 0.F)(u8{3}, 0, 1, 2, u8{2}, 0, 1, u8{3}, 1, 2, 0, u8{4},
+                                                                   0, 1, 2, 1, u8{3}, 2, 0, 1)
+               .file("element vertex 3\n" + xyz + faces(5)),
+           "0 1 2|1 2 0|0 1 2 1|2 0 1", "fewer than three"},
+          directory);
+  }
+}
+
+TEST(PlyReader, ReadsColoursOfAllRangesAndNormals) {
+  TemporaryDirectory directory;
+  const struct {
+    std::string type, prefix, values;
+  } ranges[] = {{"uchar", "", "255 51 0"},
+                {"ushort", "diffuse_", "65535 13107 0"},
+                {"float", "", "1 0.2 0"},
+                {"double", "", "255.0 51 0"},
+                {"int", "", "255 51 -7"}};
+  for (const auto& range : ranges) {
+    std::string colour;
+    for (const char* name : {"red", "green", "blue"})
+      colour += "property " + range.type + " " + range.prefix + name + "\n";
+    const std::string v = range.values + "\n";
+    const std::string file = directory.write(
+        "a.ply", ascii("element vertex 3\n" + xyz + colour + faces(2, list + colour),
+                       "0 0 0 " + v + "1 0 0 " + v + "1 1 0 " + v + "3 0 1 2 " + v + "3 0 1 2 0 0 0\n"));
+    const Reading reading = reader.read(file);
+    ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+    EXPECT_EQ(reading.messages.notes + reading.messages.warnings, "");
+    const annMesh& mesh = reading.mesh();
+    EXPECT_EQ(mesh.vertices->colours.at(1), (annColour{1, 0.2F, 0, 1})) << range.type;
+    EXPECT_EQ(mesh.materials.at(mesh.face_material(0)).colour, (annColour{1, 0.2F, 0, 1})) << range.type;
+    EXPECT_EQ(mesh.materials.at(mesh.face_material(1)).colour, (annColour{0, 0, 0, 1})) << range.type;
+    EXPECT_TRUE(reader.read(file, {{"READ_MATERIALS", "0"}}).mesh().materials.empty());
+  }
+  const std::string normals = "property float nx\nproperty float ny\nproperty float nz\n";
+  for (const char* last : {"0 0 0", "0 0 nan"}) {
+    const Reading reading = reader.read(directory.write(
+        "n.ply", ascii("element vertex 2\n" + xyz + normals, "0 0 0 0 0 2\n0 0 1 " + std::string(last) + "\n")));
+    const std::vector<annVector> expected{{0, 0, 1}, {0, 0, 0}};
+    EXPECT_EQ(reading.mesh().vertices->normals, last == std::string("0 0 0") ? expected : std::vector<annVector>());
+    EXPECT_EQ(reading.messages.warnings.find("normals are left out") == std::string::npos,
+              last == std::string("0 0 0"));
+  }
+}
+
+// Two parts that share vertices, one of them mirrored; colours, normals and polygons.
+annDocument two_parts() {
+  annDocument document;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, 0, 0}, {0.5, 0, 0}, {0.5, 1, 0}, {0, 1, 0}};
+  mesh->vertices->normals.assign(4, {0, 0.6, 0.8});
+  mesh->vertices->colours.assign(4, {1, 0.2F, 0, 1});
+  mesh->add_face(std::array{0U, 1U, 2U});
+  mesh->add_face(std::array{0U, 1U, 2U, 3U});
+  mesh->materials = {{"", {1, 0, 0, 0.2F}}};
+  mesh->set_face_material(1, 0);
+  document.root.add_child("a").body.mesh = mesh;
+  document.root.add_child("b").body.mesh = mesh;
+  annNode& mirrored = document.root.add_child("c");
+  mirrored.body.mesh = mesh;
+  mirrored.transform.m[10] = -1;
+  return document;
+}
+
+TEST(PlyWriter, WritesOneMeshOfAllParts) {
+  TemporaryDirectory directory;
+  Messages messages;
+  ASSERT_EQ(writer.write(two_parts(), directory / "a.ply", messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE);
+  const std::string text = TemporaryDirectory::read(directory / "a.ply");
+  EXPECT_EQ(text.substr(text.find("element vertex"), 16), "element vertex 8");
+  EXPECT_EQ(text.substr(text.find("end_header\n")),
+            "end_header\n0 0 0 0 0.6 0.8 255 51 0 255\n0.5 0 0 0 0.6 0.8 255 51 0 255\n0.5 1 0 0 0.6 0.8 255 51 0 255\n"
+            "0 1 0 0 0.6 0.8 255 51 0 255\n0 0 0 0 0.6 -0.8 255 51 0 255\n0.5 0 0 0 0.6 -0.8 255 51 0 255\n"
+            "0.5 1 0 0 0.6 -0.8 255 51 0 255\n0 1 0 0 0.6 -0.8 255 51 0 255\n"
+            "3 0 1 2 204 204 204 255\n4 0 1 2 3 255 0 0 51\n3 0 1 2 204 204 204 255\n4 0 1 2 3 255 0 0 51\n"
+            "3 4 6 5 204 204 204 255\n4 4 7 6 5 255 0 0 51\n");
+  EXPECT_NE(messages.notes.find("light grey"), std::string::npos);
+  EXPECT_NE(messages.notes.find("3 parts are written as one"), std::string::npos);
+}
+
+TEST(PlyWriter, WritesWhatItReadByteForByte) {
+  TemporaryDirectory directory;
+  auto changed = [](auto change) {
+    annDocument document = two_parts();
+    auto mesh = std::make_shared<annMesh>(*document.root.children[0]->body.mesh);
+    mesh->vertices = std::make_shared<annVertices>(*mesh->vertices);
+    change(*mesh);
+    for (const auto& child : document.root.children) child->body.mesh = mesh;
+    return document;
+  };
+  annDocument documents[] = {two_parts(), changed([](annMesh& m) { m.vertices->points[0].x = 0.1; }),
+                             changed([](annMesh& m) {
+                               m.vertices->colours[0].red = 0.3F;
+                               m.vertices->normals = {};
+                             }),
+                             changed([](annMesh& m) {
+                               m.face_materials = {};
+                               m.vertices->colours = {};
+                             }),
+                             changed([](annMesh& m) { m.add_face(std::vector<std::uint32_t>(70000, 1)); })};
+  for (const char* form : {"binary", "ascii"}) {
+    for (const annDocument& document : documents) {
+      Messages messages;
+      ASSERT_EQ(writer.write(document, directory / "a.ply", messages, {{"FILE_FORMAT", form}}), velabsDONE);
+      const Reading reading = reader.read(directory / "a.ply");
+      ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+      EXPECT_EQ(reading.messages.notes + reading.messages.warnings, "");
+      EXPECT_EQ(reading.statistics().faces, ann_statistics(document).faces);
+      ASSERT_EQ(writer.write(reading.document, directory / "b.ply", messages, {{"FILE_FORMAT", form}}), velabsDONE);
+      EXPECT_TRUE(TemporaryDirectory::read(directory / "a.ply") == TemporaryDirectory::read(directory / "b.ply"));
+    }
+  }
+  Messages messages;
+  const Options bare{{"WRITE_NORMALS", "0"},   {"WRITE_VERTEX_COLOURS", "0"}, {"WRITE_MATERIALS", "0"},
+                     {"FILE_FORMAT", "ascii"}, {"SCALE", "3.33333"},          {"DIGITS", "3"}};
+  ASSERT_EQ(writer.write(two_parts(), directory / "a.ply", messages, bare), velabsDONE);
+  const std::string text = TemporaryDirectory::read(directory / "a.ply");
+  EXPECT_EQ(text.substr(text.find("end_header"), 26), "end_header\n0 0 0\n1.67 0 0\n");
+}
+
+TEST(PlyReader, NeverTakesHalfAFileForAWhole) {
+  TemporaryDirectory directory;
+  Messages messages;
+  ASSERT_EQ(writer.write(two_parts(), directory / "le.ply", messages), velabsDONE);
+  ASSERT_EQ(writer.write(two_parts(), directory / "text.ply", messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE);
+  Bytes big(true);
+  for (int i = 0; i < 30; ++i) big(float(i), 0.F, 0.F);
+  for (int i = 2; i < 30; ++i) big(u8{3}, i, i - 1, i - 2);
+  directory.write("be.ply", big.file("element vertex 30\n" + xyz + faces(28)));
+  for (const char* name : {"le.ply", "be.ply", "text.ply"}) {
+    const std::string whole = TemporaryDirectory::read(directory / name);
+    ASSERT_EQ(reader.read(directory / name).result, velabsDONE);
+    for (std::size_t tenth = 0; tenth < 10; ++tenth) {
+      const Reading reading = reader.read(directory.write("cut.ply", whole.substr(0, whole.size() * tenth / 10)));
+      EXPECT_EQ(reading.result, velabsFAILED) << name << tenth;
+      EXPECT_FALSE(reading.fault()) << name << tenth;
+    }
+  }
+}
+
+}  // namespace
