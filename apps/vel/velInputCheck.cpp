@@ -37,7 +37,10 @@ std::string complaint_about_translator(const std::string& file, const velDriver&
   const vluFileType type = vluFileTypeFinder::find_file_type(file);
   const std::string formats = vel_format_names(driver.inputs());
   if (type == vluUNKNOWN) return vel_text(velMSG_CONTENT_UNKNOWN, {file, formats});
-  return vel_text(velMSG_NO_READER, {file, vluFileTypeInfo::name(type).str(), formats});
+  const std::string name = vluFileTypeInfo::name(type).str();
+  const std::string packages = vel_packages_for_format(name);
+  if (!packages.empty()) return vel_text(velMSG_READER_NOT_BUILT, {file, name, packages});
+  return vel_text(velMSG_NO_READER, {file, name, formats});
 }
 
 }  // namespace

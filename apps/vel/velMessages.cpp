@@ -70,9 +70,13 @@ constexpr Text texts[] = {
     {velMSG_EMPTY_NAME, "(empty name)"},
     {velMSG_CONTENT_UNKNOWN, "%1: its content is of no known type. Formats that can be read: %2."},
     {velMSG_NO_READER, "%1: this is a file of type %2, and no translator here reads it. Formats that can be read: %3."},
+    {velMSG_READER_NOT_BUILT,
+     "%1: this is a file of type %2, which this installation was built without. Install %3 and build it anew."},
 
     {velMSG_NO_FORMAT_FOR_NAME,
      "%1: no format is written under this extension. Formats that can be written: %2; choose one with --to."},
+    {velMSG_WRITER_NOT_BUILT,
+     "%1: this format was left out when this installation was built. Install %2 and build it anew."},
     {velMSG_NO_WRITER, "%1: no translator writes this format. Formats that can be written: %2; choose one with --to."},
     {velMSG_OUTPUT_IS_INPUT, "%1: it is an input too; name another output. Nothing was written."},
     {velMSG_OUTPUT_IS_DIRECTORY, "%1: it is a directory; name a file in it. Nothing was written."},

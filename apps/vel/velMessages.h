@@ -56,10 +56,12 @@ enum velMessage : unsigned int {
   velMSG_INPUT_UNREADABLE,    // file, reason
   velMSG_INPUT_EMPTY,         // file
   velMSG_EMPTY_NAME,
-  velMSG_CONTENT_UNKNOWN,  // file, formats
-  velMSG_NO_READER,        // file, file type, formats
+  velMSG_CONTENT_UNKNOWN,   // file, formats
+  velMSG_NO_READER,         // file, file type, formats
+  velMSG_READER_NOT_BUILT,  // file, file type, packages
 
   velMSG_NO_FORMAT_FOR_NAME = 100,  // file, formats
+  velMSG_WRITER_NOT_BUILT,          // file or format, packages
   velMSG_NO_WRITER,                 // format, formats
   velMSG_OUTPUT_IS_INPUT,           // file
   velMSG_OUTPUT_IS_DIRECTORY,       // file

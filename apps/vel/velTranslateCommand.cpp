@@ -45,7 +45,10 @@ class Translation {
                                       : writers.translator_for_format(request_.format);
     if (!writer_) {
       const std::string& subject = request_.format.empty() ? request_.output : request_.format;
-      console_.error(vel_text(complaint_about_format(), {subject, vel_format_names(writers)}));
+      const std::string packages = request_.format.empty() ? vel_packages_for_file(vel_last_component(subject))
+                                                           : vel_packages_for_format(subject);
+      console_.error(packages.empty() ? vel_text(complaint_about_format(), {subject, vel_format_names(writers)})
+                                      : vel_text(velMSG_WRITER_NOT_BUILT, {subject, packages}));
       return velEXIT_NO_TRANSLATOR;
     }
     format_ = writer_->format_name().ut_string().str();

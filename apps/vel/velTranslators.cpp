@@ -1,5 +1,7 @@
 #include "velTranslators.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <set>
 #include <tuple>
@@ -50,4 +52,43 @@ std::string vel_format_names(const vlnTranslatorDlls& set) {
   auto formats = set.formats();
   while (++formats) names.insert(formats().ut_string().str());
   return names.empty() ? "none" : vel_joined({names.begin(), names.end()});
+}
+
+namespace {
+
+struct NeedyFormat {
+  const char* format;
+  std::vector<const char*> extensions;
+  const char* packages;
+};
+
+const std::vector<NeedyFormat>& needy_formats() {
+  static const std::vector<NeedyFormat> formats{{"STEP", {"step", "stp"}, "libocct-data-exchange-dev"},
+                                                {"IGES", {"iges", "igs"}, "libocct-data-exchange-dev"},
+                                                {"BREP", {"brep", "brp"}, "libocct-data-exchange-dev"}};
+  return formats;
+}
+
+bool is_same(const std::string& a, const std::string& b) {
+  return strcasecmp(a.c_str(), b.c_str()) == 0;
+}
+
+}  // namespace
+
+std::string vel_packages_for_format(const std::string& format) {
+  for (const NeedyFormat& needy : needy_formats()) {
+    if (is_same(needy.format, format)) return needy.packages;
+  }
+  return "";
+}
+
+std::string vel_packages_for_file(const std::string& file) {
+  const std::size_t dot = file.rfind('.');
+  if (dot == std::string::npos) return "";
+  for (const NeedyFormat& needy : needy_formats()) {
+    for (const char* extension : needy.extensions) {
+      if (is_same(extension, file.substr(dot + 1))) return needy.packages;
+    }
+  }
+  return "";
 }

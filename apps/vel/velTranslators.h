@@ -27,3 +27,8 @@ std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& input
 
 // The names of the formats of a set, each once and sorted, with ", " between them; "none" when there is none.
 std::string vel_format_names(const vlnTranslatorDlls& set);
+
+// The packages without which the translators of a format are left out of the build, by the format's name or by a file
+// name with one of its extensions; empty for formats that need none.
+std::string vel_packages_for_format(const std::string& format);
+std::string vel_packages_for_file(const std::string& file);

@@ -1,0 +1,37 @@
+# Options of the BREP translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Unit of the numbers in the file (reading and writing).
+# Reading: BREP files hold no unit; this says which one theirs is.
+# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+LENGTH_UNIT = unspecified
+
+# Factor for all coordinates, greater than 0 (reading and writing).
+SCALE = 1
+
+# Kinds of shapes to take: all, solids or surfaces (reading). Surfaces are faces that belong to no solid.
+# Curves and points are never taken.
+ENTITY_TYPES = all
+
+# Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.
+ALLOW_GAPS = 0
+
+# Form of the file: binary or ascii (writing; reading tells by itself).
+FILE_FORMAT = ascii
+
+# What meshes and exact shapes become: as-is, exact or facets (writing).
+# "as is": exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
+# facets: exact shapes become planar faces too, as close as the tolerances say.
+REPRESENTATION = as is
+
+# Meshes: the largest number of planar faces that a part may become, greater than 0 (writing).
+FACET_LIMIT = 20000
+
+# One file, or one for each part: the further ones stand beside the first (writing).
+MULTIPLE_FILES = one file
+
+# Exact shapes as facets: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a two thousandth of the part's size, the diagonal of its box.
+CHORD_TOLERANCE = 0
+
+# Exact shapes as facets: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

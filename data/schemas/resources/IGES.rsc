@@ -1,0 +1,44 @@
+# Options of the IGES translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Unit of the numbers in the file (writing; reading takes it from the file).
+# Numbers are converted from the model's unit; "unspecified" keeps the model's, millimetres without one.
+LENGTH_UNIT = unspecified
+
+# Factor for all coordinates, greater than 0 (reading and writing).
+SCALE = 1
+
+# Take colours of products and faces (reading).
+READ_MATERIALS = 1
+
+# Kinds of shapes to take: all, solids or surfaces (reading). Surfaces are faces that belong to no solid.
+# Curves and points are never taken. Writing: "surfaces" writes the faces of solids as loose trimmed surfaces, which
+# older programs read; anything else writes solids as solids.
+ENTITY_TYPES = all
+
+# Which curves bound a face where a file gives both: as preferred (by the file), model space or parameter space
+# (reading).
+TRIM = as preferred
+
+# Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.
+ALLOW_GAPS = 0
+
+# What meshes and exact shapes become: as-is, exact or facets (writing).
+# "as is": exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
+# facets: exact shapes become planar faces too, as close as the tolerances say.
+REPRESENTATION = as is
+
+# Meshes: the largest number of planar faces that a part may become, greater than 0 (writing).
+FACET_LIMIT = 20000
+
+# One file, or one for each part: the further ones stand beside the first (writing).
+MULTIPLE_FILES = one file
+
+# Write colours of products and faces (writing).
+WRITE_MATERIALS = 1
+
+# Exact shapes as facets: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a two thousandth of the part's size, the diagonal of its box.
+CHORD_TOLERANCE = 0
+
+# Exact shapes as facets: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

@@ -1,0 +1,36 @@
+#include "brepReader.h"
+
+#include <TopExp_Explorer.hxx>
+
+#include "brepFormat.h"
+#include "brepTree.h"
+#include "exaSession.h"
+#include "exaShape.h"
+#include "vltInput.h"
+#include "vltScale.h"
+
+VELABS_INPUT_LIBRARY(brepReader)
+
+brepReader::brepReader() : vltDescribed(brep_format, "Reads exact shapes from BREP files, text and binary.") {}
+
+velabsResult brepReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
+                              velabsOutput& output) {
+  const std::optional<double> factor = vlt_input_scale(resources, document, output);
+  if (!factor) return velabsFAILED;
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped) return velabsFAILED;
+  exaSession session(output);
+  apStatus status;
+  const std::shared_ptr<const exaShape> shape = exa_parse(mapped->bytes(), status);
+  if (!shape) {
+    output.message(velabsERROR, utString("it is no whole BREP file" + session.reason()));
+    return velabsFAILED;
+  }
+  if (output.cancelled()) return velabsCANCELLED;
+  session.tell_complaints();
+  brepTree tree(exa_read_options(resources), output);
+  const bool read = session.guarded("it cannot be read", [&] { return tree.read(*shape, document.root); });
+  if (!read) return velabsFAILED;
+  for (const auto& node : document.root.children) node->transform = annTransform::scaling(*factor) * node->transform;
+  return velabsDONE;
+}

@@ -1,0 +1,97 @@
+#include "brepTree.h"
+
+#include <BRep_Builder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
+#include <algorithm>
+
+#include "exaPlacement.h"
+
+namespace {
+
+constexpr std::size_t most_nodes = 2'000'000;
+
+bool has_faces(const TopoDS_Shape& shape) {
+  return TopExp_Explorer(shape, TopAbs_FACE).More();
+}
+
+bool is_part(const TopoDS_Shape& shape) {
+  return shape.ShapeType() <= TopAbs_SOLID;
+}
+
+// A compound of other compounds or of several solids; any other one is a part of loose faces.
+bool is_assembly(const TopoDS_Shape& shape) {
+  if (shape.ShapeType() != TopAbs_COMPOUND) return false;
+  std::size_t solids = 0;
+  for (TopoDS_Iterator it(shape); it.More(); it.Next()) {
+    if (it.Value().ShapeType() == TopAbs_COMPOUND && has_faces(it.Value())) return true;
+    if (is_part(it.Value())) ++solids;
+  }
+  return solids > 1;
+}
+
+}  // namespace
+
+bool brepTree::read(const exaShape& shape, annNode& root) {
+  std::vector<Open> open{{shape.shape(), &root}};
+  std::size_t nodes = 0;
+  while (!open.empty()) {
+    const Open current = open.back();
+    open.pop_back();
+    if (++nodes > most_nodes) {
+      output_.message(velabsERROR, utString("its compounds hold more than " + std::to_string(most_nodes) + " parts"));
+      return false;
+    }
+    add(current, open);
+  }
+  if (left_out_ > 0) output_.message(velabsNOTE, "curves and points without a surface are left out");
+  if (!bodies_.IsEmpty()) return true;
+  output_.message(velabsERROR, options_.types == velTYPE_ALL
+                                   ? "it holds no solid, shell or face"
+                                   : "it holds nothing of the kinds that ENTITY_TYPES asks for");
+  return false;
+}
+
+bool brepTree::is_wanted(const TopoDS_Shape& shape) const {
+  const bool solid = TopExp_Explorer(shape, TopAbs_SOLID).More();
+  return options_.types == velTYPE_ALL || options_.types == (solid ? velTYPE_SOLIDS : velTYPE_SURFACES);
+}
+
+void brepTree::add(const Open& current, std::vector<Open>& open) {
+  if (!has_faces(current.shape)) {
+    ++left_out_;
+    return;
+  }
+  const bool assembly = is_assembly(current.shape);
+  if (!assembly && !is_wanted(current.shape)) return;
+  annNode& node = current.parent->add_child("");
+  node.transform = exa_transform(current.shape.Location().Transformation());
+  const TopoDS_Shape here = current.shape.Located(TopLoc_Location(), false);
+  if (!assembly) {
+    add_body(here, node);
+    return;
+  }
+
+  // Loose faces beside parts are a part of their own.
+  TopoDS_Compound loose;
+  BRep_Builder builder;
+  builder.MakeCompound(loose);
+  const std::size_t first = open.size();
+  for (TopoDS_Iterator it(here); it.More(); it.Next()) {
+    if (is_part(it.Value())) {
+      open.push_back({it.Value(), &node});
+    } else {
+      builder.Add(loose, it.Value());
+    }
+  }
+  if (has_faces(loose)) open.push_back({loose, &node});
+  // The last one is taken first.
+  std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
+}
+
+void brepTree::add_body(const TopoDS_Shape& shape, annNode& node) {
+  if (!bodies_.IsBound(shape))
+    bodies_.Bind(shape, std::make_shared<exaShape>(shape, exaFaceColours(), options_.allow_gaps));
+  node.body.shape = bodies_.Find(shape);
+}

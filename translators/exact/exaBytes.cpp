@@ -1,0 +1,53 @@
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
+#include <BinTools.hxx>
+#include <istream>
+#include <sstream>
+
+#include "exaSession.h"
+#include "exaShape.h"
+#include "exaStreams.h"
+
+// Shapes as bytes of the kind "brep".
+
+std::string exaShape::save(apStatus& status) const {
+  std::ostringstream bytes;
+  bytes.imbue(std::locale::classic());
+  const std::string failure = exa_failure_of(
+      [&] { BinTools::Write(shape_, bytes, false, false, BinTools_FormatVersion_CURRENT, Message_ProgressRange()); });
+  if (!failure.empty() || !bytes) {
+    status.set_failure(failure.empty() ? "the shape cannot be written" : failure);
+    return {};
+  }
+  return std::move(bytes).str() + colours_.text();
+}
+
+std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& status) {
+  exaInputBuffer buffer(bytes);
+  std::istream stream(&buffer);
+  stream.imbue(std::locale::classic());
+  TopoDS_Shape shape;
+  const std::string failure = exa_failure_of([&] {
+    if (bytes.substr(0, 64).find("Open CASCADE Topology") != bytes.npos) {
+      BinTools::Read(shape, stream);
+    } else {
+      BRepTools::Read(shape, stream, BRep_Builder());
+    }
+  });
+  if (!failure.empty() || shape.IsNull()) {
+    status.set_failure("the bytes of the shape are not whole" + (failure.empty() ? "" : ": " + failure));
+    return nullptr;
+  }
+  const exaShape plain(shape);
+  return std::make_shared<exaShape>(shape, exaFaceColours::from_text(bytes, plain.content().faces));
+}
+
+std::shared_ptr<const exaShape> exa_shape_of(const std::shared_ptr<const annExactShape>& shape, apStatus& status) {
+  if (auto own = std::dynamic_pointer_cast<const exaShape>(shape)) return own;
+  if (shape->kind() != "brep") {
+    status.set_failure(utString("exact shapes of the kind \"") + shape->kind() + "\" are not known here");
+    return nullptr;
+  }
+  const std::string bytes = shape->save(status);
+  return status.ok() ? exa_parse(bytes, status) : nullptr;
+}

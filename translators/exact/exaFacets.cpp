@@ -1,0 +1,93 @@
+#include "exaFacets.h"
+
+#include <BRepBuilderAPI_Copy.hxx>
+#include <BRepMesh_IncrementalMesh.hxx>
+#include <BRep_Tool.hxx>
+#include <IMeshTools_Parameters.hxx>
+#include <Poly_Triangulation.hxx>
+#include <Precision.hxx>
+#include <Standard_Failure.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
+#include <TopoDS_Face.hxx>
+#include <algorithm>
+#include <cmath>
+
+#include "annWelder.h"
+
+namespace {
+
+// From here on several threads are worth while for one shape. Smaller ones are meshed beside each other.
+constexpr std::size_t faces_for_threads = 64;
+
+class FacetMaker {
+ public:
+  explicit FacetMaker(annMesh& mesh) : mesh_(mesh), welder_(mesh.vertices->points) {}
+
+  // False when the face has no triangles.
+  bool add(const TopoDS_Face& face) {
+    TopLoc_Location location;
+    const Handle(Poly_Triangulation)& triangulation = BRep_Tool::Triangulation(face, location);
+    if (triangulation.IsNull() || triangulation->NbTriangles() == 0) return false;
+    number_nodes(*triangulation, location);
+    const bool turned = face.Orientation() == TopAbs_REVERSED;
+    for (int i = 1; i <= triangulation->NbTriangles(); ++i) {
+      int a = 0, b = 0, c = 0;
+      triangulation->Triangle(i).Get(a, b, c);
+      if (turned) std::swap(b, c);
+      const std::uint32_t corners[] = {number(a), number(b), number(c)};
+      // At the poles of a surface several nodes are one point.
+      if (corners[0] == corners[1] || corners[1] == corners[2] || corners[2] == corners[0]) continue;
+      mesh_.corners.insert(mesh_.corners.end(), std::begin(corners), std::end(corners));
+    }
+    return true;
+  }
+
+ private:
+  void number_nodes(const Poly_Triangulation& triangulation, const TopLoc_Location& location) {
+    numbers_.clear();
+    const bool placed = !location.IsIdentity();
+    const gp_Trsf trsf = location.Transformation();
+    for (int i = 1; i <= triangulation.NbNodes(); ++i) {
+      gp_Pnt point = triangulation.Node(i);
+      if (placed) point.Transform(trsf);
+      const annVector corner{point.X(), point.Y(), point.Z()};
+      if (!std::isfinite(corner.x) || !std::isfinite(corner.y) || !std::isfinite(corner.z)) {
+        throw Standard_Failure("a point of a facet is not a finite number");
+      }
+      numbers_.push_back(welder_.number_of(corner));
+    }
+  }
+  std::uint32_t number(int node) const { return numbers_[static_cast<std::size_t>(node - 1)]; }
+
+  annMesh& mesh_;
+  annWelder welder_;
+  std::vector<std::uint32_t> numbers_;
+};
+
+}  // namespace
+
+std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,
+                                          const annTolerance& tolerance, std::size_t& missing) {
+  const TopoDS_Shape copy = BRepBuilderAPI_Copy(shape, false, false).Shape();
+  std::vector<TopoDS_Face> faces;
+  for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next()) {
+    faces.push_back(TopoDS::Face(explorer.Current()));
+  }
+
+  IMeshTools_Parameters parameters;
+  parameters.Deflection = std::max(tolerance.chord, 10 * Precision::Confusion());
+  parameters.Angle = tolerance.angle;
+  parameters.InParallel = faces.size() >= faces_for_threads;
+  BRepMesh_IncrementalMesh(copy, parameters);
+
+  auto mesh = std::make_shared<annMesh>();
+  for (const annColour& colour : colours.colours) mesh->materials.push_back({{}, colour});
+  FacetMaker maker(*mesh);
+  missing = 0;
+  for (std::size_t face = 0; face < faces.size(); ++face) {
+    if (!maker.add(faces[face])) ++missing;
+    if (!colours.empty()) mesh->face_materials.resize(mesh->corners.size() / 3, colours.of_face[face]);
+  }
+  return mesh;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <TopoDS_Shape.hxx>
+#include <memory>
+
+#include "annExactShape.h"
+#include "exaFaceColours.h"
+
+// Triangles on the faces of a shape, with both tolerances greater than 0. Points that neighbouring faces share are one,
+// so a solid gives a closed mesh. `missing` receives how many faces got none. The shape stays as it is. What the kernel
+// throws passes through.
+std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,
+                                          const annTolerance& tolerance, std::size_t& missing);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "exaExport.h"
+#include "velTableInstance.h"
+#include "velTypeOption.h"
+
+// What is wanted of a file of exact shapes.
+struct exaReadOptions {
+  bool colours = true;
+  bool allow_gaps = false;
+  velTypeOption types = velTYPE_ALL;
+};
+
+// From the resources READ_MATERIALS, ALLOW_GAPS and ENTITY_TYPES.
+VELEXACT_API exaReadOptions exa_read_options(const velTableInstance& resources);

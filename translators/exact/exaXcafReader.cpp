@@ -1,0 +1,285 @@
+#include "exaXcafReader.h"
+
+#include <BRep_Builder.hxx>
+#include <NCollection_DataMap.hxx>
+#include <Quantity_ColorRGBA.hxx>
+#include <TDF_LabelSequence.hxx>
+#include <TDF_Tool.hxx>
+#include <TDataStd_Name.hxx>
+#include <TopExp.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
+#include <TopTools_ShapeMapHasher.hxx>
+#include <TopoDS_Compound.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "exaPlacement.h"
+
+namespace {
+
+// A tree of more nodes than this is taken for one that was made to fill the memory.
+constexpr std::size_t most_nodes = 2'000'000;
+
+std::string entry(const TDF_Label& label) {
+  TCollection_AsciiString text;
+  TDF_Tool::Entry(label, text);
+  return text.ToCString();
+}
+
+utString name_of(const TDF_Label& label) {
+  Handle(TDataStd_Name) name;
+  if (!label.FindAttribute(TDataStd_Name::GetID(), name)) return {};
+  std::string text(static_cast<std::size_t>(name->Get().LengthOfCString()) + 1, '\0');
+  Standard_PCharacter bytes = text.data();
+  name->Get().ToUTF8CString(bytes);
+  text.resize(text.find('\0'));
+  return utString(text);
+}
+
+// The kernel calls a component that has no name of its own after the label that it stands for.
+bool is_made_up(const utString& name) {
+  return name.empty() || name.str().starts_with("=>[");
+}
+
+// It calls a shape without a product after its kind.
+bool is_kind(const utString& name) {
+  constexpr std::array kinds{"COMPOUND", "COMPSOLID", "SOLID", "SHELL", "FACE", "WIRE", "EDGE", "VERTEX"};
+  return std::any_of(kinds.begin(), kinds.end(), [&](const char* kind) { return name == kind; });
+}
+
+annColour colour_from(const Quantity_ColorRGBA& source) {
+  double red = 0, green = 0, blue = 0;
+  source.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
+  // The kernel keeps another scale of brightness in floats: the last digits are its own.
+  auto rounded = [](double part) { return static_cast<float>(std::round(std::clamp(part, 0.0, 1.0) * 1e5) / 1e5); };
+  return {rounded(red), rounded(green), rounded(blue), rounded(static_cast<double>(source.Alpha()))};
+}
+
+using ColourOfFace = NCollection_DataMap<TopoDS_Shape, annColour, TopTools_ShapeMapHasher>;
+
+// A shape whose faces all have one colour has that colour itself.
+std::optional<annColour> only_colour(const exaFaceColours& colours) {
+  const bool all = colours.colours.size() == 1 && std::all_of(colours.of_face.begin(), colours.of_face.end(),
+                                                              [](std::uint32_t number) { return number == 0; });
+  return all ? std::optional(colours.colours[0]) : std::nullopt;
+}
+
+}  // namespace
+
+exaXcafReader::exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options,
+                             velabsOutput& output)
+    : shapes_(XCAFDoc_DocumentTool::ShapeTool(source->Main())),
+      colours_(XCAFDoc_DocumentTool::ColorTool(source->Main())),
+      options_(options),
+      output_(output),
+      findings_(output) {}
+
+bool exaXcafReader::read(annDocument& document) {
+  TDF_LabelSequence free;
+  shapes_->GetFreeShapes(free);
+  std::vector<Component> top;
+  for (const TDF_Label& label : free) top.push_back({define(label), {}, {}, {}});
+  for (std::size_t i = 0; i < definitions_.size(); ++i) add_components(i);
+  settle_all();
+  std::erase_if(top, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
+  findings_.tell();
+  if (!top.empty()) return expand(document, top);
+  output_.message(velabsERROR, options_.types == velTYPE_ALL
+                                   ? "it holds no solid, shell or face"
+                                   : "it holds nothing of the kinds that ENTITY_TYPES asks for");
+  return false;
+}
+
+std::size_t exaXcafReader::define(const TDF_Label& label) {
+  const auto [known, is_new] = numbers_.try_emplace(entry(label), definitions_.size());
+  if (is_new) {
+    definitions_.push_back(std::make_unique<Definition>());
+    definitions_.back()->label = label;
+  }
+  return known->second;
+}
+
+void exaXcafReader::add_components(std::size_t number) {
+  Definition& definition = *definitions_[number];
+  definition.name = name_of(definition.label);
+  definition.colour = colour_of(definition.label);
+  if (!XCAFDoc_ShapeTool::IsAssembly(definition.label)) return;
+  TDF_LabelSequence components;
+  XCAFDoc_ShapeTool::GetComponents(definition.label, components);
+  for (const TDF_Label& label : components) {
+    TDF_Label referred;
+    if (!XCAFDoc_ShapeTool::GetReferredShape(label, referred)) continue;
+    const gp_Trsf location = XCAFDoc_ShapeTool::GetLocation(label).Transformation();
+    definition.components.push_back({define(referred), exa_transform(location), name_of(label), colour_of(label)});
+  }
+}
+
+void exaXcafReader::settle_all() {
+  // What stands in an assembly is settled before it.
+  std::vector<std::size_t> next(definitions_.size(), 0);
+  std::vector<std::size_t> open;
+  for (std::size_t start = 0; start < definitions_.size(); ++start) {
+    if (next[start] > 0) continue;
+    open.push_back(start);
+    while (!open.empty()) {
+      Definition& definition = *definitions_[open.back()];
+      const std::size_t at = next[open.back()]++;
+      if (at == definition.components.size()) {
+        settle(definition);
+        open.pop_back();
+      } else if (const std::size_t below = definition.components[at].definition; next[below] == 0) {
+        open.push_back(below);
+      }
+    }
+  }
+}
+
+void exaXcafReader::settle(Definition& definition) {
+  if (!XCAFDoc_ShapeTool::IsAssembly(definition.label)) {
+    make_body(definition);
+    definition.worth_showing = !definition.body.empty();
+    return;
+  }
+  auto& components = definition.components;
+  std::erase_if(components, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
+  definition.worth_showing = !components.empty();
+  const bool are_pieces = std::all_of(components.begin(), components.end(), [&](const Component& it) {
+    return is_made_up(it.name) && !definitions_[it.definition]->body.empty();
+  });
+  if (are_pieces && !components.empty()) merge_pieces(definition);
+}
+
+void exaXcafReader::merge_pieces(Definition& definition) {
+  auto& components = definition.components;
+  const Component& first = components.front();
+  const Definition& piece = *definitions_[first.definition];
+  if (components.size() == 1 && first.location.is_identity()) {
+    definition.body = piece.body;
+    if (!definition.colour) definition.colour = first.colour ? first.colour : piece.colour;
+    components.clear();
+    return;
+  }
+  TopoDS_Compound compound;
+  BRep_Builder builder;
+  builder.MakeCompound(compound);
+  exaFaceColours colours;
+  for (const Component& component : components) {
+    const Definition& part = *definitions_[component.definition];
+    const auto& shape = static_cast<const exaShape&>(*part.body.shape);
+    builder.Add(compound, shape.shape().Moved(TopLoc_Location(exa_trsf(component.location))));
+    const std::optional<annColour> whole = component.colour ? component.colour : part.colour;
+    for (std::size_t face = 0; face < shape.content().faces; ++face) {
+      const annColour* own = component.colour ? nullptr : shape.colours().colour(face);
+      colours.add(own ? own : whole ? &*whole : nullptr);
+    }
+  }
+  colours.settle();
+  if (!definition.colour) definition.colour = only_colour(colours);
+  if (only_colour(colours) == definition.colour) colours = {};
+  definition.body.shape = std::make_shared<exaShape>(compound, std::move(colours), options_.allow_gaps);
+  components.clear();
+}
+
+TopoDS_Shape exaXcafReader::wanted(const TopoDS_Shape& shape) const {
+  if (options_.types == velTYPE_ALL) return shape;
+  TopoDS_Compound compound;
+  BRep_Builder builder;
+  builder.MakeCompound(compound);
+  if (options_.types == velTYPE_SOLIDS) {
+    for (TopExp_Explorer it(shape, TopAbs_SOLID); it.More(); it.Next()) builder.Add(compound, it.Current());
+  } else if (options_.types == velTYPE_SURFACES) {
+    for (TopExp_Explorer it(shape, TopAbs_SHELL, TopAbs_SOLID); it.More(); it.Next()) {
+      builder.Add(compound, it.Current());
+    }
+    for (TopExp_Explorer it(shape, TopAbs_FACE, TopAbs_SHELL); it.More(); it.Next()) {
+      builder.Add(compound, it.Current());
+    }
+  }
+  return compound;
+}
+
+void exaXcafReader::make_body(Definition& definition) {
+  const TopoDS_Shape whole = XCAFDoc_ShapeTool::GetShape(definition.label);
+  if (whole.IsNull()) return;
+  const TopoDS_Shape shape = wanted(whole);
+  if (!TopExp_Explorer(shape, TopAbs_FACE).More()) {
+    if (TopExp_Explorer(whole, TopAbs_FACE).More()) return;
+    if (TopExp_Explorer(whole, TopAbs_VERTEX).More()) {
+      findings_.count(velabsNOTE, "curves and points without a surface are left out");
+    }
+    return;
+  }
+
+  // Colours of pieces hold for all of their faces, those of faces for themselves.
+  ColourOfFace of_piece, of_face;
+  TDF_LabelSequence parts;
+  if (options_.colours) XCAFDoc_ShapeTool::GetSubShapes(definition.label, parts);
+  for (const TDF_Label& label : parts) {
+    const std::optional<annColour> colour = colour_of(label);
+    const TopoDS_Shape part = XCAFDoc_ShapeTool::GetShape(label);
+    if (!colour || part.IsNull()) continue;
+    ColourOfFace& map = part.ShapeType() == TopAbs_FACE ? of_face : of_piece;
+    for (TopExp_Explorer it(part, TopAbs_FACE); it.More(); it.Next()) map.Bind(it.Current(), *colour);
+  }
+  exaFaceColours colours;
+  if (!of_face.IsEmpty() || !of_piece.IsEmpty()) {
+    for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
+      const annColour* colour = of_face.Seek(it.Current());
+      colours.add(colour ? colour : of_piece.Seek(it.Current()));
+    }
+    colours.settle();
+    if (const auto whole_colour = only_colour(colours)) {
+      definition.colour = whole_colour;
+      colours = {};
+    }
+  }
+  definition.body.shape = std::make_shared<exaShape>(shape, std::move(colours), options_.allow_gaps);
+}
+
+std::optional<annColour> exaXcafReader::colour_of(const TDF_Label& label) const {
+  Quantity_ColorRGBA colour;
+  if (!options_.colours) return std::nullopt;
+  for (XCAFDoc_ColorType type : {XCAFDoc_ColorSurf, XCAFDoc_ColorGen}) {
+    if (colours_->GetColor(label, type, colour)) return colour_from(colour);
+  }
+  return std::nullopt;
+}
+
+void exaXcafReader::fill(annNode& node, const Definition& definition) const {
+  node.name = definition.name;
+  node.colour = definition.colour;
+  node.body = definition.body;
+}
+
+bool exaXcafReader::expand(annDocument& document, const std::vector<Component>& top) {
+  struct Open {
+    annNode* node;
+    const std::vector<Component>* components;
+  };
+  std::vector<Open> open{{&document.root, &top}};
+  std::size_t nodes = 0;
+  while (!open.empty()) {
+    const Open current = open.back();
+    open.pop_back();
+    nodes += current.components->size();
+    if (nodes > most_nodes) {
+      output_.message(velabsERROR, utString("its assemblies hold more than " + std::to_string(most_nodes) + " parts"));
+      return false;
+    }
+    for (const Component& component : *current.components) {
+      const Definition& definition = *definitions_[component.definition];
+      annNode& node = current.node->add_child("");
+      fill(node, definition);
+      if (is_made_up(node.name) || (is_kind(node.name) && !is_made_up(component.name))) {
+        node.name = is_made_up(component.name) ? utString("") : component.name;
+      }
+      node.transform = component.location;
+      if (component.colour) node.colour = component.colour;
+      if (!definition.components.empty()) open.push_back({&node, &definition.components});
+    }
+  }
+  return true;
+}

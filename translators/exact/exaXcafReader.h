@@ -1,0 +1,62 @@
+#pragma once
+
+#include <TDF_LabelMapHasher.hxx>
+#include <TDocStd_Document.hxx>
+#include <XCAFDoc_ColorTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "annDocument.h"
+#include "exaReadOptions.h"
+#include "exaShape.h"
+#include "velabsOutput.h"
+#include "vltOnce.h"
+
+// Turns the kernel's document into nodes: a product becomes a node named after it wherever it occurs, its shape one
+// body that all of these share. The pieces that the kernel makes of a part of several representations become one body
+// again. What has no faces is left out, and said so.
+class exaXcafReader {
+ public:
+  exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options, velabsOutput& output);
+
+  // False, and a message, when there is nothing to show or the tree is too big.
+  bool read(annDocument& document);
+
+ private:
+  struct Component {
+    std::size_t definition;
+    annTransform location;
+    utString name;  // null when nobody gave it one
+    std::optional<annColour> colour;
+  };
+  struct Definition {
+    TDF_Label label;
+    utString name;
+    std::optional<annColour> colour;
+    annBody body;
+    std::vector<Component> components;
+    bool worth_showing = false;
+  };
+
+  std::size_t define(const TDF_Label& label);
+  void add_components(std::size_t number);
+  void settle_all();
+  void settle(Definition& definition);
+  void merge_pieces(Definition& definition);
+  void make_body(Definition& definition);
+  TopoDS_Shape wanted(const TopoDS_Shape& shape) const;
+  std::optional<annColour> colour_of(const TDF_Label& label) const;
+  void fill(annNode& node, const Definition& definition) const;
+  bool expand(annDocument& document, const std::vector<Component>& top);
+
+  Handle(XCAFDoc_ShapeTool) shapes_;
+  Handle(XCAFDoc_ColorTool) colours_;
+  exaReadOptions options_;
+  velabsOutput& output_;
+  vltOnce findings_;
+  std::vector<std::unique_ptr<Definition>> definitions_;
+  std::unordered_map<std::string, std::size_t> numbers_;
+};

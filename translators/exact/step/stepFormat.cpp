@@ -1,0 +1,3 @@
+#include "stepFormat.h"
+
+const vltFormat step_format{"STEP", vluSTEP, {"*step", "stp"}, "STEP Files (*.step *.stp)|*.step;*.stp", "Exact"};

@@ -1,0 +1,130 @@
+#include "stepReader.h"
+
+#include <Interface_Static.hxx>
+#include <STEPCAFControl_Reader.hxx>
+#include <StepData_StepModel.hxx>
+#include <TDocStd_Document.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XSControl_WorkSession.hxx>
+#include <istream>
+
+#include "exaProgress.h"
+#include "exaSession.h"
+#include "exaStreams.h"
+#include "exaUnits.h"
+#include "exaXcafReader.h"
+#include "stepFormat.h"
+#include "stepReferences.h"
+#include "stepUnits.h"
+#include "velTrimOption.h"
+#include "vltInput.h"
+#include "vltScale.h"
+
+VELABS_INPUT_LIBRARY(stepReader)
+
+namespace {
+
+constexpr int percent_parsed = 40, percent_made = 90;
+
+// What the kernel keeps for the whole process, so each reading sets all of it.
+void set_parameters(const velTableInstance& resources) {
+  const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
+  // 0 takes curves in the parameters of surfaces as they are, -3 makes them anew from those in space.
+  Interface_Static::SetIVal("read.surfacecurve.mode", trim == velTRIM_MODEL_SPACE ? -3 : 0);
+}
+
+// A file that was cut off often looks whole to the kernel: what is missing is just not there.
+bool has_end(std::string_view bytes) {
+  constexpr std::size_t looked_at = 4096;
+  return bytes.substr(bytes.size() - std::min(bytes.size(), looked_at)).find("END-ISO-10303-21") != bytes.npos;
+}
+
+class Reading {
+ public:
+  Reading(const utString& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)
+      : file_(file), resources_(resources), document_(document), output_(output), session_(output) {}
+
+  velabsResult run(std::string_view bytes) {
+    bool whole = false;
+    const bool done = session_.guarded("it cannot be read", [&] {
+      whole = parse(bytes) && transfer();
+      return true;
+    });
+    if (output_.cancelled()) return velabsCANCELLED;
+    if (!done || !whole) return velabsFAILED;
+    session_.tell_complaints();
+    exaXcafReader reader(target_, exa_read_options(resources_), output_);
+    const bool read = session_.guarded("its products cannot be read", [&] { return reader.read(document_); });
+    return read ? velabsDONE : velabsFAILED;
+  }
+
+ private:
+  bool fail(const std::string& why) {
+    if (!output_.cancelled()) output_.message(velabsERROR, utString(why + session_.reason()));
+    return false;
+  }
+
+  bool parse(std::string_view bytes) {
+    reader_.emplace();
+    set_parameters(resources_);
+    reader_->SetNameMode(true);
+    reader_->SetColorMode(resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE);
+    reader_->SetLayerMode(false);
+    reader_->SetPropsMode(false);
+    reader_->SetSHUOMode(false);
+    reader_->SetGDTMode(false);
+    reader_->SetMatMode(false);
+    reader_->SetViewMode(false);
+    exaInputBuffer buffer(bytes, &output_, percent_parsed);
+    std::istream stream(&buffer);
+    const IFSelect_ReturnStatus status = reader_->ChangeReader().ReadStream(file_.c_str(), stream);
+    if (output_.cancelled()) return false;
+    if (status != IFSelect_RetDone) return fail("it is no whole STEP file");
+    if (!has_end(bytes)) return fail("it is cut off: \"END-ISO-10303-21;\" is missing at its end");
+    return step_settle_references(reader_->ChangeReader(), file_, output_);
+  }
+
+  bool transfer() {
+    const double millimetres = step_unit_of(reader_->Reader().StepModel());
+    document_.unit = exa_unit(millimetres);
+    double unit = exa_millimetres(document_.unit);
+    if (millimetres > 0 && unit == 0) {
+      output_.message(velabsNOTE, "its unit of length is none that is known here: the numbers become millimetres");
+      document_.unit = velLENGTH_MILLIMETRE;
+    }
+    if (unit == 0) unit = 1;
+    target_ = new TDocStd_Document("XmlXCAF");
+    XCAFDoc_DocumentTool::SetLengthUnit(target_, unit, UnitsMethods_LengthUnit_Millimeter);
+    const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
+    const bool done = reader_->Transfer(target_, progress->Start());
+    reader_.reset();
+    return done || fail("its shapes cannot be made");
+  }
+
+  const utString& file_;
+  const velTableInstance& resources_;
+  annDocument& document_;
+  velabsOutput& output_;
+  exaSession session_;
+  std::optional<STEPCAFControl_Reader> reader_;
+  Handle(TDocStd_Document) target_;
+};
+
+}  // namespace
+
+stepReader::stepReader() : vltDescribed(step_format, "Reads assemblies of exact shapes from STEP files.") {}
+
+velabsResult stepReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
+                              velabsOutput& output) {
+  const std::optional<double> factor = vlt_scale(resources, output);
+  if (!factor) return velabsFAILED;
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
+  const velabsResult result = Reading(file, resources, document, output).run(mapped->bytes());
+  if (*factor != 1) {
+    for (const auto& node : document.root.children) {
+      node->transform = annTransform::scaling(*factor) * node->transform;
+    }
+  }
+  return result;
+}
