@@ -1,0 +1,11 @@
+# Options of the HPF translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Exact shapes: keep facets beside each one that has none, so that it is shown and translated everywhere (writing).
+WRITE_FACETS = 1
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+static_assert(std::endian::native == std::endian::little, "words are summed as they lie in memory");
+
+// What `hpfChecksum` comes to.
+struct hpfSum {
+  std::uint64_t first = 0;
+  std::uint64_t second = 0;
+
+  friend bool operator==(const hpfSum&, const hpfSum&) = default;
+};
+
+// The checksum of the HPF format, about as fast as memory is read. A word of 8 bytes goes into one of eight lanes,
+// which take turns, by a bijection of the lane, and so do the lanes into the first sum: two inputs of one length that
+// differ in a single word never have the same. The second sum tells what several words could do to the first.
+class hpfChecksum {
+ public:
+  static constexpr std::size_t stripe = 64;
+
+  // `size` is a multiple of `stripe`.
+  void add(const char* bytes, std::size_t size) {
+    // Kept in registers for the time of the loop.
+    auto [a0, a1, a2, a3, a4, a5, a6, a7] = first_;
+    auto [b0, b1, b2, b3] = second_;
+    for (const char* const end = bytes + size; bytes != end; bytes += stripe) {
+      take(bytes, a0, b0);
+      take(bytes + 8, a1, b1);
+      take(bytes + 16, a2, b2);
+      take(bytes + 24, a3, b3);
+      take(bytes + 32, a4, b0);
+      take(bytes + 40, a5, b1);
+      take(bytes + 48, a6, b2);
+      take(bytes + 56, a7, b3);
+    }
+    first_ = {a0, a1, a2, a3, a4, a5, a6, a7};
+    second_ = {b0, b1, b2, b3};
+    size_ += size;
+  }
+
+  // The sum of all that was added.
+  hpfSum value() const { return {folded(first_), folded(second_)}; }
+
+  static hpfSum of(std::string_view bytes) {
+    hpfChecksum checksum;
+    checksum.add(bytes.data(), bytes.size());
+    return checksum.value();
+  }
+
+ private:
+  static constexpr std::uint64_t step = 0x9E3779B97F4A7C15;
+  static constexpr std::uint64_t spread = 0xD6E8FEB86659FD93;
+
+  static void take(const char* bytes, std::uint64_t& a, std::uint64_t& b) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes, sizeof word);
+    a = (a ^ word) * step;
+    b = std::rotl(b, 23) + a;
+  }
+
+  template <std::size_t Count>
+  std::uint64_t folded(const std::array<std::uint64_t, Count>& lanes) const {
+    std::uint64_t sum = size_;
+    for (std::uint64_t lane : lanes) {
+      sum ^= lane;
+      sum = (sum ^ sum >> 32) * spread;
+      sum = (sum ^ sum >> 29) * spread;
+      sum ^= sum >> 32;
+    }
+    return sum;
+  }
+
+  std::array<std::uint64_t, 8> first_{1 * step, 2 * step, 3 * step, 4 * step, 5 * step, 6 * step, 7 * step, 8 * step};
+  std::array<std::uint64_t, 4> second_{9 * step, 10 * step, 11 * step, 12 * step};
+  std::uint64_t size_ = 0;
+};

@@ -1,0 +1,126 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "hpfChecksum.h"
+
+// An HPF file as it lies on disk; docs/hpf.md describes it for people. Everything is little-endian, every record and
+// every array begins at a multiple of 64 bytes, what is left before the next one is zero.
+
+static_assert(std::endian::native == std::endian::little, "records are read as they lie in memory");
+static_assert(sizeof(double) == 8 && sizeof(float) == 4);
+
+inline constexpr std::string_view hpf_mark("\x89HPF\r\n\x1a\n", 8);
+inline constexpr std::uint32_t hpf_major = 1;
+inline constexpr std::uint32_t hpf_minor = 0;
+
+inline constexpr std::size_t hpf_alignment = 64;
+constexpr std::uint64_t hpf_aligned(std::uint64_t size) {
+  return (size + hpf_alignment - 1) / hpf_alignment * hpf_alignment;
+}
+
+// At the front of the file, in every version. `sum` is that of these 64 bytes with zeros in its own place.
+struct hpfFileHead {
+  std::array<char, 8> mark;
+  std::uint32_t major;
+  std::uint32_t minor;
+  std::uint64_t length;  // of the whole file
+  std::uint64_t spare[3];
+  hpfSum sum;
+};
+
+// Before each chunk; `before` is the sum of what lies between this head and the one before it.
+struct hpfChunkHead {
+  std::array<char, 4> name;
+  std::uint32_t flags;
+  std::uint64_t length;  // of what follows, a multiple of 64
+  std::uint64_t place;   // of this head in the file
+  std::uint64_t spare;
+  hpfSum before;
+  hpfSum sum;
+};
+
+// A reader that does not know the chunk cannot read the file.
+inline constexpr std::uint32_t hpf_critical = 1;
+
+inline constexpr std::array<char, 4> hpf_vertices_chunk{'V', 'E', 'R', 'T'};
+inline constexpr std::array<char, 4> hpf_mesh_chunk{'M', 'E', 'S', 'H'};
+inline constexpr std::array<char, 4> hpf_shape_chunk{'S', 'H', 'A', 'P'};
+inline constexpr std::array<char, 4> hpf_tree_chunk{'T', 'R', 'E', 'E'};
+inline constexpr std::array<char, 4> hpf_end_chunk{'E', 'N', 'D', ' '};
+
+// Points, normals, colours follow.
+struct hpfVerticesHead {
+  std::uint64_t points;
+  std::uint64_t normals;
+  std::uint64_t colours;
+  std::uint64_t spare[5];
+};
+
+// Corners, face starts, materials of faces, materials, names of materials follow.
+struct hpfMeshHead {
+  std::uint64_t vertices;
+  std::uint64_t corners;
+  std::uint64_t face_starts;
+  std::uint64_t face_materials;
+  std::uint64_t materials;
+  std::uint64_t name_bytes;
+  std::uint64_t spare[2];
+};
+
+// The length of a name that was never set.
+inline constexpr std::uint64_t hpf_no_name = ~std::uint64_t{0};
+
+struct hpfMaterial {
+  std::uint64_t name_length;
+  std::array<float, 4> colour;
+};
+
+// The kind and the bytes of the shape follow.
+struct hpfShapeHead {
+  std::uint64_t kind_length;
+  std::uint64_t bytes;
+  std::uint64_t solids;
+  std::uint64_t faces;
+  std::uint64_t has_box;
+  std::array<double, 6> box;
+  std::uint64_t spare[5];
+};
+
+// The nodes and their names follow.
+struct hpfTreeHead {
+  std::uint64_t nodes;
+  std::uint64_t name_bytes;
+  std::uint64_t unit;
+  std::uint64_t spare[5];
+};
+
+// Stands for no parent, no mesh, no shape.
+inline constexpr std::uint32_t hpf_none = ~std::uint32_t{0};
+inline constexpr std::uint32_t hpf_has_colour = 1;
+
+struct hpfNode {
+  std::uint32_t parent;
+  std::uint32_t flags;
+  std::uint32_t mesh;
+  std::uint32_t shape;
+  std::array<double, 12> transform;
+  std::array<float, 4> colour;
+  std::uint64_t name_length;
+};
+
+static_assert(sizeof(hpfFileHead) == 64 && sizeof(hpfChunkHead) == 64 && sizeof(hpfVerticesHead) == 64);
+static_assert(sizeof(hpfMeshHead) == 64 && sizeof(hpfMaterial) == 24 && sizeof(hpfShapeHead) == 128);
+static_assert(sizeof(hpfTreeHead) == 64 && sizeof(hpfNode) == 136);
+
+// The sum that belongs into a head.
+template <typename Head>
+hpfSum hpf_sum_of_head(Head head) {
+  head.sum = {};
+  return hpfChecksum::of({reinterpret_cast<const char*>(&head), sizeof head});
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "hpfPlan.h"
+#include "velabsOfStream.h"
+#include "velabsOutput.h"
+#include "velabsResult.h"
+
+// Writes a whole file: its head, the chunks, each summed while it is written, and the end.
+velabsResult hpf_write_chunks(const std::vector<hpfChunk>& chunks, velabsOfStream& stream, velabsOutput& output);

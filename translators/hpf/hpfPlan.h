@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "annDocument.h"
+#include "hpfLayout.h"
+
+// A chunk about to be written: its records and arrays, each of which begins at a multiple of 64 bytes.
+struct hpfChunk {
+  std::array<char, 4> name;
+  std::vector<std::string_view> pieces;
+
+  std::uint64_t length() const {
+    std::uint64_t sum = 0;
+    for (std::string_view piece : pieces) sum += hpf_aligned(piece.size());
+    return sum;
+  }
+};
+
+// The chunks of a document: what its nodes show, in the order of its first use, each thing behind what it refers to,
+// then the nodes themselves. Arrays stay where they are in the document, which must outlive the plan.
+class hpfPlan {
+ public:
+  // The mesh of a node; null for none.
+  using MeshOf = std::function<std::shared_ptr<const annMesh>(const annNode&)>;
+
+  // False, and why, when a shape cannot be saved.
+  bool make(const annDocument& document, const MeshOf& mesh_of, std::string& failure);
+
+  const std::vector<hpfChunk>& chunks() const { return chunks_; }
+
+ private:
+  using Numbers = std::unordered_map<const void*, std::uint32_t>;
+
+  std::uint32_t number_of(const annVertices& vertices);
+  std::uint32_t number_of(const std::shared_ptr<const annMesh>& mesh);
+  bool number_of(const annExactShape& shape, std::uint32_t& number, std::string& failure);
+
+  hpfChunk& add_chunk(const std::array<char, 4>& name);
+  // Keeps bytes that are not the document's own.
+  std::string_view keep(std::string bytes);
+  template <typename Record>
+  std::string_view keep_record(const Record& record);
+
+  std::vector<hpfChunk> chunks_;
+  std::deque<std::string> kept_;
+  std::vector<std::shared_ptr<const annMesh>> meshes_;
+  Numbers vertices_numbers_, mesh_numbers_, shape_numbers_;
+};

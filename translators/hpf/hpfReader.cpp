@@ -1,0 +1,80 @@
+#include "hpfReader.h"
+
+#include "hpfFormat.h"
+#include "hpfInput.h"
+#include "hpfThings.h"
+#include "hpfTree.h"
+#include "vltInput.h"
+#include "vltNames.h"
+
+VELABS_INPUT_LIBRARY(hpfReader)
+
+namespace {
+
+// The chunks of one file, each to whom it concerns.
+class ChunkReader {
+ public:
+  ChunkReader(hpfInput& input, annDocument& document, velabsOutput& output)
+      : input_(input), document_(document), output_(output) {}
+
+  bool read_all() {
+    if (!input_.begin()) return false;
+    while (input_.next()) {
+      if (!read_chunk()) return false;
+    }
+    if (!input_.good()) return false;
+    if (passed_over_ > 0) {
+      const std::string which = vlt_quoted(first_passed_over_) + (passed_over_ > 1 ? " and others" : "");
+      output_.message(velabsNOTE,
+                      utString("the file was written by a newer version, HPF 1." + std::to_string(input_.minor()) +
+                               ": what its chunk " + which + " holds is left out"));
+    }
+    if (has_tree_ && !(document_.root.children.empty() && document_.root.body.empty())) return true;
+    output_.message(velabsERROR, "the file is whole, but the model in it has no parts");
+    return false;
+  }
+
+ private:
+  bool read_chunk() {
+    const std::string_view name = input_.name();
+    if (is(hpf_vertices_chunk)) return things_.read_vertices(input_);
+    if (is(hpf_mesh_chunk)) return things_.read_mesh(input_);
+    if (is(hpf_shape_chunk)) return things_.read_shape(input_);
+    if (is(hpf_end_chunk)) return true;
+    if (is(hpf_tree_chunk)) {
+      if (has_tree_) return input_.fail("there is a second one");
+      has_tree_ = true;
+      return hpf_read_tree(input_, things_, document_);
+    }
+    if (input_.is_critical()) {
+      return input_.fail(
+          "this program does not know it, and the file cannot be understood without; read it with the "
+          "program that wrote it");
+    }
+    if (passed_over_++ == 0) first_passed_over_ = name;
+    return true;
+  }
+
+  bool is(const std::array<char, 4>& name) const { return input_.name() == std::string_view(name.data(), name.size()); }
+
+  hpfInput& input_;
+  annDocument& document_;
+  velabsOutput& output_;
+  hpfThings things_;
+  bool has_tree_ = false;
+  std::size_t passed_over_ = 0;
+  std::string first_passed_over_;
+};
+
+}  // namespace
+
+hpfReader::hpfReader() : vltDescribed(hpf_format, "Reads whole documents from HPF files.") {}
+
+velabsResult hpfReader::read(const utString& file, const velTableInstance&, annDocument& document,
+                             velabsOutput& output) {
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped) return velabsFAILED;
+  hpfInput input(*mapped, output);
+  if (ChunkReader(input, document, output).read_all()) return velabsDONE;
+  return input.cancelled() ? velabsCANCELLED : velabsFAILED;
+}
