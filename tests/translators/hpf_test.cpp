@@ -1,1 +1,352 @@
+#include <gtest/gtest.h>
 
+#include <cstring>
+#include <functional>
+
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+#include "annStoredShape.h"
+#include "hpfLayout.h"
+
+namespace {
+
+const Translator reader("hpfreader");
+const Translator writer("hpfwriter");
+
+std::shared_ptr<annMesh> triangle() {
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, -0.0, 1e-300}, {1, 0, 0}, {0, 1, 1e300}};
+  mesh->corners = {0, 1, 2};
+  return mesh;
+}
+
+// A shape that makes facets, as one does whose library is there.
+class Shape : public annExactShape {
+ public:
+  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus&) const override {
+    auto mesh = triangle();
+    mesh->vertices->points[0].x = tolerance.chord;
+    return mesh;
+  }
+  annShapeContent content() const override { return {2, 7}; }
+  std::optional<annBox> box(const annTransform& placement) const override {
+    return annBox{placement.point({0, 0, 0}), placement.point({1, 2, 3})};
+  }
+  utString kind() const override { return "brep"; }
+  std::string save(apStatus&) const override { return std::string("bytes\0\xFF of a shape", 18); }
+};
+
+// Everything that a document can hold, and everything that can be shared is.
+annDocument whole_document() {
+  annDocument document;
+  document.unit = velLENGTH_INCH;
+  document.root.name = "root";
+  auto mesh = triangle();
+  mesh->vertices->points.push_back({7, 8, 9});
+  mesh->vertices->normals = {{0, 0, 1}, {0, 1, 0}, {1, 0, 0}, {0, 0, -1}};
+  mesh->vertices->colours = {{0, 0, 0, 1}, {1, 1, 1, 0.5F}, {0.1F, 0.2F, 0.3F, 0.4F}, {}};
+  mesh->add_face(std::array<std::uint32_t, 4>{0, 1, 2, 3});
+  mesh->materials = {{"red", {1, 0, 0, 1}}, {{}, {0, 1, 0, 1}}, {"", {0, 0, 1, 0}}};
+  mesh->set_face_material(1, 2);
+  auto other = std::make_shared<annMesh>();
+  other->vertices = mesh->vertices;
+  other->corners = {3, 2, 1};
+  const auto shape = std::make_shared<Shape>();
+
+  annNode& assembly = document.root.add_child("an assembly\n\xFF");
+  assembly.transform.m = {-1, 0, 0, 5, 0, 0.5, 0, 0, 0, 0, 1, -0.0};
+  assembly.colour = annColour{0.25F, 0.5F, 0.75F, 1};
+  assembly.add_child("first").body.mesh = mesh;
+  assembly.add_child("").body.mesh = other;
+  assembly.add_child({}).body.shape = shape;
+  annNode& again = document.root.add_child("again");
+  again.body = {mesh, shape};
+  again.add_child("below a body").body.shape = shape;
+  document.root.add_child("nothing");
+  return document;
+}
+
+std::string file_of(const TemporaryDirectory& directory, const annDocument& document, Options options = {}) {
+  Messages messages;
+  EXPECT_EQ(writer.write(document, directory / "a.hpf", messages, options), velabsDONE) << messages.errors;
+  return TemporaryDirectory::read(directory / "a.hpf");
+}
+
+TEST(Hpf, KeepsEverythingAndWhatIsShared) {
+  TemporaryDirectory directory;
+  const annDocument document = whole_document();
+  const std::string bytes = file_of(directory, document, {{"CHORD_TOLERANCE", "0.25"}});
+  const Reading reading = reader.read(directory / "a.hpf");
+  ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+  EXPECT_TRUE((reading.messages.notes + reading.messages.warnings).empty());
+  EXPECT_EQ(reading.document.unit, velLENGTH_INCH);
+  EXPECT_EQ(reading.document.root.name, "root");
+  ASSERT_EQ(reading.document.root.children.size(), 3u);
+
+  const annNode& was = *document.root.children[0];
+  const annNode& is = reading.node(0);
+  EXPECT_EQ(is.name, was.name);
+  EXPECT_EQ(is.transform, was.transform);
+  EXPECT_EQ(is.colour, was.colour);
+  EXPECT_FALSE(is.children[1]->name.is_null());
+  EXPECT_TRUE(is.children[2]->name.is_null());
+  EXPECT_EQ(reading.node(1).children[0]->name, "below a body");
+
+  const annMesh& mesh = *is.children[0]->body.mesh;
+  const annMesh& original = *was.children[0]->body.mesh;
+  EXPECT_EQ(mesh.vertices->points, original.vertices->points);
+  EXPECT_EQ(mesh.vertices->normals, original.vertices->normals);
+  EXPECT_EQ(mesh.vertices->colours, original.vertices->colours);
+  EXPECT_EQ(mesh.corners, original.corners);
+  EXPECT_EQ(mesh.face_starts, original.face_starts);
+  EXPECT_EQ(mesh.face_materials, original.face_materials);
+  EXPECT_EQ(mesh.materials, original.materials);
+  EXPECT_TRUE(mesh.materials[1].name.is_null() && !mesh.materials[2].name.is_null());
+  EXPECT_EQ(is.children[1]->body.mesh->vertices, mesh.vertices);
+  EXPECT_EQ(reading.node(1).body.mesh.get(), &mesh);
+
+  // The shape comes as its bytes, its facets as the mesh beside it.
+  const annBody& body = is.children[2]->body;
+  ASSERT_TRUE(body.shape && body.mesh);
+  EXPECT_EQ(body.mesh->vertices->points[0].x, 0.25);
+  EXPECT_EQ(reading.node(1).body.shape, body.shape);
+  EXPECT_EQ(reading.node(1).children[0]->body.mesh, body.mesh);
+  apStatus status;
+  EXPECT_EQ(body.shape->kind(), "brep");
+  EXPECT_EQ(body.shape->save(status), Shape().save(status));
+  EXPECT_EQ(body.shape->content().faces, 7u);
+  EXPECT_TRUE(status.ok());
+  EXPECT_FALSE(body.shape->facets({}, status));
+  EXPECT_NE(status.failure().find("\"brep\" is installed"), utString::npos);
+
+  EXPECT_EQ(file_of(directory, reading.document), bytes);
+}
+
+TEST(Hpf, BoxesOfStoredShapesAreExactOrUnknown) {
+  const annStoredShape shape("k", "", {}, annBox{{0, 0, 0}, {1, 2, 3}});
+  annTransform turned;
+  turned.m = {0, -2, 0, 10, 1, 0, 0, 0, 0, 0, 1, 0};
+  ASSERT_TRUE(shape.box(turned));
+  EXPECT_EQ(shape.box(turned)->min, (annVector{6, 0, 0}));
+  EXPECT_EQ(shape.box(turned)->max, (annVector{10, 1, 3}));
+  turned.m[0] = 0.1;
+  EXPECT_FALSE(shape.box(turned));
+  EXPECT_FALSE(annStoredShape("k", "", {}, std::nullopt).box({}));
+}
+
+TEST(Hpf, KeepsShapesWithoutFacetsAndSaysSo) {
+  TemporaryDirectory directory;
+  const std::string bytes = file_of(directory, whole_document(), {{"WRITE_FACETS", "0"}});
+  const Reading reading = reader.read(directory / "a.hpf");
+  EXPECT_FALSE(reading.node(0).children[2]->body.mesh);
+  Messages messages;
+  ASSERT_EQ(writer.write(reading.document, directory / "b.hpf", messages), velabsDONE);
+  EXPECT_NE(messages.notes.find("one shape kept without facets"), std::string::npos) << messages.notes;
+  EXPECT_EQ(TemporaryDirectory::read(directory / "b.hpf"), bytes);
+}
+
+TEST(Hpf, TellsEveryDamage) {
+  TemporaryDirectory directory;
+  const std::string bytes = file_of(directory, whole_document());
+  auto is_told = [&](const std::string& damaged) {
+    const Reading reading = reader.read(directory.write("d.hpf", damaged));
+    return reading.result == velabsFAILED && !reading.fault();
+  };
+  for (std::size_t place = 0; place < bytes.size(); ++place) {
+    for (int pattern : {0x01, 0x80, 0xFF}) {
+      std::string damaged = bytes;
+      damaged[place] = static_cast<char>(damaged[place] ^ pattern);
+      ASSERT_TRUE(is_told(damaged)) << place << " " << pattern;
+    }
+    ASSERT_TRUE(is_told(bytes.substr(0, place))) << place;
+  }
+  for (std::size_t more : {1, 8, 64, 4096}) EXPECT_TRUE(is_told(bytes + std::string(more, '\0'))) << more;
+}
+
+template <typename Record>
+void change(std::string& bytes, std::size_t place, const std::function<void(Record&)>& how) {
+  Record record;
+  std::memcpy(&record, bytes.data() + place, sizeof record);
+  how(record);
+  std::memcpy(bytes.data() + place, &record, sizeof record);
+}
+
+// Gives a file the places, lengths and sums that belong to it, as a hostile writer would.
+std::string sealed(std::string bytes) {
+  hpfSum before = hpfChecksum().value();
+  for (std::size_t place = 64; place < bytes.size();) {
+    std::uint64_t length = 0;
+    change<hpfChunkHead>(bytes, place, [&](hpfChunkHead& head) {
+      head.place = place;
+      head.before = before;
+      head.sum = hpf_sum_of_head(head);
+      length = std::min<std::uint64_t>(head.length, bytes.size() - place - 64) / 64 * 64;
+    });
+    before = hpfChecksum::of(std::string_view(bytes).substr(place + 64, length));
+    place += 64 + length;
+  }
+  change<hpfFileHead>(bytes, 0, [&](hpfFileHead& head) {
+    head.length = bytes.size();
+    head.sum = hpf_sum_of_head(head);
+  });
+  return bytes;
+}
+
+std::size_t place_of(const std::string& bytes, const std::array<char, 4>& name, std::size_t which = 0) {
+  std::size_t place = 0;
+  do place = bytes.find(std::string_view(name.data(), 4), place + 1);
+  while (which-- > 0);
+  return place + 64;
+}
+
+struct Forgery {
+  const char* what;
+  std::function<void(std::string&)> change;
+  const char* message;  // of the error; "note: ..." when the file can be read all the same
+};
+
+template <typename Record>
+Forgery forged(const char* what, const std::array<char, 4>& chunk, std::size_t offset,
+               const std::function<void(Record&)>& how, const char* message) {
+  return {what, [=](std::string& b) { change<Record>(b, place_of(b, chunk) + offset, how); }, message};
+}
+
+Forgery inserted(const char* what, const std::array<char, 4>& name, std::uint32_t flags, const char* message) {
+  return {what,
+          [=](std::string& bytes) {
+            const hpfChunkHead head{name, flags, 64, 0, 0, {}, {}};
+            std::string chunk(128, '\0');
+            std::memcpy(chunk.data(), &head, sizeof head);
+            bytes.insert(64, chunk);
+            change<hpfFileHead>(bytes, 0, [](hpfFileHead& file) { file.minor = 3; });
+          },
+          message};
+}
+
+TEST(Hpf, ChecksWhatHasTheRightSums) {
+  TemporaryDirectory directory;
+  const std::string bytes = file_of(directory, whole_document());
+  ASSERT_EQ(sealed(bytes), bytes);
+  constexpr auto huge = std::uint64_t{1} << 61;
+  constexpr auto vert = hpf_vertices_chunk, mesh = hpf_mesh_chunk, shap = hpf_shape_chunk, tree = hpf_tree_chunk;
+  using V = hpfVerticesHead;
+  using M = hpfMeshHead;
+  using N = hpfNode;
+  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+  const Forgery forgeries[] = {
+      {"another major", [](auto& b) { b[8] = 2; }, "of HPF version 2.0, this program reads version 1.0"},
+      {"newer minor", [](auto& b) { b[12] = 9; }, "note: "},
+      inserted("unknown chunk", {'N', 'E', 'W', '1'}, 0, "note: HPF 1.3: what its chunk \"NEW1\" holds is left out"),
+      inserted("unknown critical chunk", {'N', 'E', 'W', '1'}, 1, "chunk \"NEW1\": this program does not know it"),
+      inserted("end before the end", hpf_end_chunk, 1, "does not fit into the file"),
+      {"no end", [](auto& b) { b.resize(b.size() - 64); }, "without its last chunk"},
+      {"bytes behind", [](auto& b) { b += std::string(b.substr(b.size() - 64)); }, "behind the end"},
+      {"long chunk", [](auto& b) { change<hpfChunkHead>(b, 64, [](auto& h) { h.length = huge; }); }, "does not fit"},
+      {"no tree", [](auto& b) { b[place_of(b, hpf_tree_chunk) - 60] = 0, b[place_of(b, hpf_tree_chunk) - 64] = 'X'; },
+       "no parts"},
+      {"second tree",
+       [=](auto& b) { b.insert(b.size() - 64, b.substr(place_of(b, tree) - 64)), b.resize(b.size() - 64); },
+       "there is a second one"},
+      forged<V>(
+          "many points", vert, 0, [](V& h) { h.points = h.normals = h.colours = huge; }, "more points"),
+      forged<V>(
+          "too many points", vert, 0, [](V& h) { h.points = h.normals = h.colours = 1000; }, "too short"),
+      forged<V>(
+          "few normals", vert, 0, [](V& h) { h.normals = 3; }, "not every vertex has a normal"),
+      forged<V>(
+          "few colours", vert, 0, [](V& h) { h.colours = 1; }, "not every vertex has a colour"),
+      forged<double>(
+          "point that is none", vert, 64 + 88, [](double& d) { d = nan; }, "a point is not of finite"),
+      forged<double>(
+          "infinite normal", vert, 192, [](double& d) { d = 1 / 0.0; }, "a normal is not of finite"),
+      forged<float>(
+          "colour that is none", vert, 320, [](float& f) { f = nan; }, "a vertex colour is not"),
+      forged<M>(
+          "no such vertices", mesh, 0, [](M& h) { h.vertices = 1; }, "names vertices 1, of which there are 1"),
+      forged<M>(
+          "many corners", mesh, 0, [](M& h) { h.corners = huge; }, "more corners"),
+      forged<M>(
+          "no faces", mesh, 0, [](M& h) { h.face_starts = 0; }, "do not fit its corners"),
+      forged<M>(
+          "fewer materials of faces", mesh, 0, [](M& h) { h.face_materials = 1; }, "not every face has"),
+      forged<M>(
+          "many materials", mesh, 0, [](M& h) { h.materials = huge; }, "too short"),
+      forged<M>(
+          "fewer materials", mesh, 0, [](M& h) { h.materials = 2; }, "names a material that is not there"),
+      forged<M>(
+          "short names", mesh, 0, [](M& h) { h.name_bytes = 2; }, "a name is longer"),
+      forged<M>(
+          "long names", mesh, 0, [](M& h) { h.name_bytes = 4; }, "text behind its names"),
+      forged<std::uint32_t>(
+          "no such vertex", mesh, 64, [](auto& n) { n = 4; }, "a vertex that is not there"),
+      forged<std::uint32_t>(
+          "far vertex", mesh, 64, [](auto& n) { n = 0x80000003; }, "a vertex that is not there"),
+      forged<std::uint32_t>(
+          "two corners", mesh, 132, [](auto& n) { n = 5; }, "do not fit its corners"),
+      forged<std::uint32_t>(
+          "starts late", mesh, 128, [](auto& n) { n = 1; }, "do not fit its corners"),
+      forged<hpfShapeHead>(
+          "long kind", shap, 0, [](auto& h) { h.kind_length = huge; }, "too short"),
+      forged<hpfShapeHead>(
+          "long shape", shap, 0, [](auto& h) { h.bytes = ~std::uint64_t{0}; }, "too short"),
+      forged<hpfShapeHead>(
+          "box that is none", shap, 0, [](auto& h) { h.box[2] = nan; }, "its box is not"),
+      forged<hpfTreeHead>(
+          "many nodes", tree, 0, [](auto& h) { h.nodes = huge; }, "too short"),
+      forged<hpfTreeHead>(
+          "no nodes", tree, 0, [](auto& h) { h.nodes = h.name_bytes = 0; }, "no parts"),
+      forged<hpfTreeHead>(
+          "unit", tree, 0, [](auto& h) { h.unit = 12; }, "length unit 12 is not known"),
+      forged<N>(
+          "root with parent", tree, 64, [](N& n) { n.parent = 0; }, "node 0 does not stand behind its parent"),
+      forged<N>(
+          "circle", tree, 64 + 136, [](N& n) { n.parent = 1; }, "node 1 does not stand behind its parent"),
+      forged<N>(
+          "no such mesh", tree, 64, [](N& n) { n.mesh = 3; }, "a node names mesh 3, of which there are 3"),
+      forged<N>(
+          "no such shape", tree, 64, [](N& n) { n.shape = 1; }, "a node names shape 1, of which"),
+      forged<N>(
+          "placement that is none", tree, 64, [](N& n) { n.transform[5] = nan; }, "a placement is not"),
+      forged<N>(
+          "node's colour that is none", tree, 64 + 136, [](N& n) { n.colour[3] = nan; }, "colour of a node"),
+      forged<N>(
+          "long name", tree, 64, [](N& n) { n.name_length = huge; }, "a name is longer")};
+  for (const Forgery& forgery : forgeries) {
+    std::string file = bytes;
+    forgery.change(file);
+    const Reading reading = reader.read(directory.write("f.hpf", sealed(file)));
+    const bool is_read = std::string(forgery.message).starts_with("note: ");
+    const std::string& said = is_read ? reading.messages.notes : reading.messages.errors;
+    EXPECT_FALSE(reading.fault()) << forgery.what;
+    EXPECT_EQ(reading.result, is_read ? velabsDONE : velabsFAILED) << forgery.what;
+    EXPECT_NE(said.find(forgery.message + (is_read ? 6 : 0)), said.npos) << forgery.what << ": " << said;
+  }
+}
+
+TEST(Hpf, ChecksumIsTheDocumentedOne) {
+  std::string counting(128, '\0');
+  for (std::size_t i = 0; i < counting.size(); ++i) counting[i] = static_cast<char>(i);
+  const struct {
+    std::string bytes;
+    hpfSum sum;
+  } vectors[] = {{"", {0x8F8BF89C9CB58D12, 0x8E31BBD0621E0991}},
+                 {std::string(64, '\0'), {0xF602B35DB9A360C5, 0x214B36270CCA25B1}},
+                 {counting, {0x636456C3547F1BAF, 0x3A972F2E2D923DD4}}};
+  for (const auto& [bytes, sum] : vectors) EXPECT_EQ(hpfChecksum::of(bytes), sum) << bytes.size();
+}
+
+TEST(Hpf, StopsWhenCancelled) {
+  TemporaryDirectory directory;
+  annDocument document;
+  auto mesh = triangle();
+  mesh->vertices->points.resize(400000);
+  document.root.add_child("large").body.mesh = mesh;
+  file_of(directory, document);
+  EXPECT_EQ(reader.read(directory / "a.hpf", {}, true).result, velabsCANCELLED);
+  Messages messages;
+  messages.cancel = true;
+  EXPECT_EQ(writer.write(document, directory / "b.hpf", messages), velabsCANCELLED);
+  EXPECT_FALSE(std::filesystem::exists(directory / "b.hpf"));
+}
+
+}  // namespace

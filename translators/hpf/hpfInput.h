@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apLargePages.h"
 #include "apMappedFile.h"
 #include "hpfLayout.h"
 #include "velabsOutput.h"
@@ -87,7 +88,7 @@ bool hpfInput::record(Record& record) {
 template <typename Element, typename Check>
 bool hpfInput::array(std::vector<Element>& elements, std::uint64_t count, Check check) {
   if (!has(count, sizeof(Element))) return false;
-  elements.reserve(count);
+  ap_reserve_large(elements, count);
   while (elements.size() < count) {
     if (!sum_up(sizeof(Element))) return false;
     const auto* const front = reinterpret_cast<const Element*>(bytes_.data() + at_);

@@ -1,31 +1,40 @@
 #include "v2vDocumentCheck.h"
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
+#include <span>
 #include <unordered_set>
 #include <vector>
 
+#include "apNumberChecks.h"
+
 namespace {
 
-bool is_finite(const annVector& v) {
-  return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+bool are_finite(const std::vector<annVector>& vectors) {
+  static_assert(sizeof(annVector) == 3 * sizeof(double));
+  return ap_all_finite({reinterpret_cast<const double*>(vectors.data()), 3 * vectors.size()});
 }
 
-bool is_finite_colour(const annColour& c) {
-  return std::isfinite(c.red) && std::isfinite(c.green) && std::isfinite(c.blue) && std::isfinite(c.opacity);
+bool are_finite(std::span<const annColour> colours) {
+  static_assert(sizeof(annColour) == 4 * sizeof(float));
+  return ap_all_finite({reinterpret_cast<const float*>(colours.data()), 4 * colours.size()});
+}
+
+bool is_finite_colour(const annColour& colour) {
+  return are_finite({&colour, 1});
 }
 
 const char* fault_of(const annVertices& vertices) {
-  if (!std::all_of(vertices.points.begin(), vertices.points.end(), is_finite)) {
+  if (!are_finite(vertices.points)) {
     return "a coordinate is not a finite number";
   }
   auto fits = [&](std::size_t count) { return count == 0 || count == vertices.points.size(); };
   if (!fits(vertices.normals.size())) return "not every vertex has a normal";
   if (!fits(vertices.colours.size())) return "not every vertex has a colour";
-  if (!std::all_of(vertices.normals.begin(), vertices.normals.end(), is_finite)) {
+  if (!are_finite(vertices.normals)) {
     return "a normal is not of finite numbers";
   }
-  if (!std::all_of(vertices.colours.begin(), vertices.colours.end(), is_finite_colour)) {
+  if (!are_finite(vertices.colours)) {
     return "a vertex colour is not of finite numbers";
   }
   return nullptr;
@@ -40,10 +49,15 @@ bool starts_are_sound(const annMesh& mesh) {
   return true;
 }
 
+bool are_below(const std::vector<std::uint32_t>& numbers, std::size_t bound) {
+  constexpr std::size_t largest = std::numeric_limits<std::uint32_t>::max();
+  if (bound == 0 || bound > largest) return numbers.empty() || bound > 0;
+  return ap_all_at_most(numbers, static_cast<std::uint32_t>(bound - 1));
+}
+
 const char* fault_of(const annMesh& mesh) {
   if (!mesh.vertices) return "it has no vertices";
-  const std::size_t count = mesh.vertices->points.size();
-  if (!std::all_of(mesh.corners.begin(), mesh.corners.end(), [&](std::uint32_t corner) { return corner < count; })) {
+  if (!are_below(mesh.corners, mesh.vertices->points.size())) {
     return "a face names a vertex that is not there";
   }
   if (mesh.all_triangles() ? mesh.corners.size() % 3 != 0 : !starts_are_sound(mesh)) return "its faces do not fit";
@@ -70,9 +84,7 @@ utString v2v_fault_of(const annDocument& document) {
   while (!pending.empty()) {
     const annNode& node = *pending.back();
     pending.pop_back();
-    for (double number : node.transform.m) {
-      if (!std::isfinite(number)) return "the reader gave an invalid placement";
-    }
+    if (!ap_all_finite(node.transform.m)) return "the reader gave an invalid placement";
     if (node.colour && !is_finite_colour(*node.colour)) return "the reader gave an invalid colour";
     if (const annMesh* mesh = node.body.mesh.get(); mesh && seen.insert(mesh).second) {
       const char* fault = fault_of(*mesh);
