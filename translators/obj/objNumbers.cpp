@@ -7,30 +7,48 @@
 #include "vltNames.h"
 #include "vltWords.h"
 
+namespace {
+
+// A word that only begins with a number: that much of it counts.
+bool take_odd_number(std::string_view& rest, double& number, std::size_t line, vltOnce& findings,
+                     std::string_view& wrong) {
+  const std::string_view word = vlt_take_word(rest);
+  std::string_view behind = word;
+  // "1.#QNAN" is how some programs write what is no number.
+  if (!ap_take_double(behind, number) || behind.starts_with('#')) {
+    wrong = word;
+    return false;
+  }
+  findings.count(velabsWARNING,
+                 "odd notation of numbers, the first " + vlt_quoted(word) + " taken as " +
+                     std::string(word.substr(0, word.size() - behind.size())),
+                 line);
+  return true;
+}
+
+}  // namespace
+
 bool obj_take_numbers(std::string_view rest, std::span<double> numbers, std::size_t& count, std::size_t line,
                       vltOnce& findings, std::string_view& wrong) {
   count = 0;
-  for (std::string_view word = vlt_take_word(rest); !word.empty() && word[0] != '#'; word = vlt_take_word(rest)) {
-    std::string_view behind = word;
+  const char* at = rest.data();
+  const char* const end = at + rest.size();
+  while (true) {
+    while (at != end && vlt_is_blank(*at)) ++at;
+    if (at == end || *at == '#') return true;
+    std::string_view behind(at, static_cast<std::size_t>(end - at));
     double number = 0;
-    // "1.#QNAN" is how some programs write what is no number.
-    if (!ap_take_double(behind, number) || behind.starts_with('#')) {
-      wrong = word;
-      return false;
-    }
-    if (!behind.empty()) {
-      const std::string_view taken = word.substr(0, word.size() - behind.size());
-      findings.count(velabsWARNING,
-                     "odd notation of numbers, the first " + vlt_quoted(word) + " taken as " + std::string(taken),
-                     line);
+    if (!ap_take_double(behind, number) || (!behind.empty() && !vlt_is_blank(behind.front()))) {
+      behind = {at, static_cast<std::size_t>(end - at)};
+      if (!take_odd_number(behind, number, line, findings, wrong)) return false;
     }
     if (count == numbers.size()) {
       findings.count(velabsWARNING, "further numbers of a vertex are passed over", line);
       return true;
     }
     numbers[count++] = number;
+    at = behind.data();
   }
-  return true;
 }
 
 bool obj_take_index(std::string_view& text, long long& index) {

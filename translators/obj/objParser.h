@@ -36,8 +36,13 @@ class objParser {
   bool statement(std::string_view line);
   void other_statement(std::string_view keyword);
   bool face(std::string_view rest);
+  void take_plain_corners(std::string_view& rest);
   bool corner(std::string_view word, Corner& corner);
-  bool take_reference(std::string_view& word, std::size_t known, Reach& reach, std::uint32_t& number, bool& exists);
+  // Notes the highest number that the file refers to.
+  void reach(Reach& so_far, std::size_t needed) const {
+    if (needed > so_far.needed) so_far = {needed, lines_.line()};
+  }
+  bool take_reference(std::string_view& word, std::size_t known, Reach& so_far, std::uint32_t& number, bool& exists);
   void add_face();
   bool fail(std::string_view reason) const;
   bool finish();

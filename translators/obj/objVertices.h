@@ -7,14 +7,19 @@
 #include <vector>
 
 #include "annVertices.h"
+#include "apLargePages.h"
 #include "vltOnce.h"
 
 // What the vertex statements of a file say. All meshes of the file share the one list of vertices, exactly as it stands
 // there.
 class objVertices {
  public:
-  objVertices(double factor, vltOnce& findings, velabsOutput& output)
-      : factor_(factor), findings_(findings), output_(output) {}
+  // The file's size bounds the room that is set aside; memory is taken as it fills.
+  objVertices(double factor, std::size_t file_size, vltOnce& findings, velabsOutput& output)
+      : factor_(factor), findings_(findings), output_(output) {
+    constexpr std::size_t usual_line = 20;
+    ap_reserve_large(shared_->points, file_size / usual_line);
+  }
 
   // The statements "v", "vn" and "vt", given what stands behind the keyword. False, and a message, when they are wrong.
   bool position(std::string_view rest, std::size_t line);

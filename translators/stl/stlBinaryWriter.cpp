@@ -25,17 +25,35 @@ std::string head(const utString& name, std::uint32_t count) {
   return remarks.append(reinterpret_cast<const char*>(&count), sizeof count);
 }
 
-// Nine floats of points behind three of the normal; false when a coordinate is too large for a float.
-bool fill(char* record, const std::array<annVector, 3>& t) {
-  const annVector n = stl_normal(t);
-  const std::array<float, 12> numbers{
-      static_cast<float>(n.x),    static_cast<float>(n.y),    static_cast<float>(n.z),    static_cast<float>(t[0].x),
-      static_cast<float>(t[0].y), static_cast<float>(t[0].z), static_cast<float>(t[1].x), static_cast<float>(t[1].y),
-      static_cast<float>(t[1].z), static_cast<float>(t[2].x), static_cast<float>(t[2].y), static_cast<float>(t[2].z)};
-  std::memcpy(record, numbers.data(), sizeof numbers);
-  float sum = 0;  // 0 times infinity is no number
-  for (float number : numbers) sum += 0 * number;
-  return sum == 0;
+// Puts numbers one behind another. Each is stored by itself: what is stored in pieces and loaded as a whole right
+// afterwards makes the processor wait.
+class FloatRecord {
+ public:
+  explicit FloatRecord(char* to) : to_(to) {}
+
+  void put(const annVector& v) {
+    for (double value : {v.x, v.y, v.z}) {
+      const auto number = static_cast<float>(value);
+      std::memcpy(to_, &number, sizeof number);
+      to_ += sizeof number;
+      sum_ += 0 * number;  // infinity gives no number
+    }
+  }
+  bool all_fit() const { return sum_ == 0; }
+
+ private:
+  char* to_;
+  float sum_ = 0;
+};
+
+// Points behind the normal; false when a coordinate is too large for a float.
+bool fill(char* record, const annVector& a, const annVector& b, const annVector& c) {
+  FloatRecord numbers(record);
+  numbers.put(stl_normal(a, b, c));
+  numbers.put(a);
+  numbers.put(b);
+  numbers.put(c);
+  return numbers.all_fit();
 }
 
 // Records of triangles, handed to the stream in blocks.
@@ -46,20 +64,21 @@ class TriangleWriter {
 
   bool write(const vltPlacedMesh& body) {
     const bool coloured = colours_ && (body.colour || !body.mesh->face_materials.empty());
-    const bool done = stl_for_each_triangle(body, [&](std::size_t face, const std::array<annVector, 3>& triangle) {
-      if (free_ == 0) begin_block();
-      const std::optional<annColour> colour = coloured ? body.face_colour(face) : std::nullopt;
-      const std::uint16_t attribute = colour ? stl_attribute(*colour) : std::uint16_t{0};
-      std::memcpy(record_ + stl_attribute_in_record, &attribute, sizeof attribute);
-      if (!fill(record_, triangle)) {
-        output_.message(velabsERROR,
-                        "a coordinate is too large for the numbers of binary STL; FILE_FORMAT ascii or a "
-                        "smaller SCALE can hold it");
-        return false;
-      }
-      record_ += stl_record_size;
-      return --free_ > 0 || end_block();
-    });
+    const bool done =
+        stl_for_each_triangle(body, [&](std::size_t face, const annVector& a, const annVector& b, const annVector& c) {
+          if (free_ == 0) begin_block();
+          const std::optional<annColour> colour = coloured ? body.face_colour(face) : std::nullopt;
+          const std::uint16_t attribute = colour ? stl_attribute(*colour) : std::uint16_t{0};
+          std::memcpy(record_ + stl_attribute_in_record, &attribute, sizeof attribute);
+          if (!fill(record_, a, b, c)) {
+            output_.message(velabsERROR,
+                            "a coordinate is too large for the numbers of binary STL; FILE_FORMAT ascii or a "
+                            "smaller SCALE can hold it");
+            return false;
+          }
+          record_ += stl_record_size;
+          return --free_ > 0 || end_block();
+        });
     return done && end_block();
   }
 

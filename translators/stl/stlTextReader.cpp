@@ -42,20 +42,20 @@ velabsResult stlTextReader::read_solid() {
   stlCorners corners(*mesh, weld_);
   while (true) {
     if (!progress_.reached(words_.offset())) return velabsCANCELLED;
-    const std::string_view word = words_.next();
-    if (vlt_same_word(word, "facet")) {
+    if (words_.next_is("facet")) {
       if (!read_facet(corners)) return velabsFAILED;
-    } else if (vlt_same_word(word, "endsolid")) {
-      words_.rest_of_line();
-      break;
-    } else if (word.empty()) {
+      continue;
+    }
+    const std::string_view word = words_.next();
+    if (vlt_same_word(word, "endsolid")) break;
+    if (word.empty()) {
       fail("the file ends before the \"endsolid\" of the solid that begins in line " + std::to_string(first_line));
-      return velabsFAILED;
     } else {
       fail_expecting(word, "\"facet\" or \"endsolid\"");
-      return velabsFAILED;
     }
+    return velabsFAILED;
   }
+  words_.rest_of_line();
   corners.finish();
   if (mesh->face_count() > 0) node.body.mesh = std::move(mesh);
   return velabsDONE;
@@ -72,13 +72,13 @@ bool stlTextReader::read_facet(stlCorners& corners) {
 }
 
 bool stlTextReader::skip_normal() {
-  std::string_view word = words_.next();
-  if (vlt_same_word(word, "normal")) {
-    // Up to three numbers, however written: those of a facet without area often are "nan" in one spelling or another.
-    word = words_.next();
-    for (int i = 0; i < 3 && !vlt_same_word(word, "outer") && !word.empty(); ++i) word = words_.next();
+  // Up to three numbers, however written: those of a facet without area often are "nan" in one spelling or another.
+  const bool has_normal = words_.next_is("normal");
+  for (int i = 0; i < 3 && has_normal; ++i) {
+    if (words_.next_is("outer")) return true;
+    words_.next();
   }
-  return vlt_same_word(word, "outer") || fail_expecting(word, "\"outer\"");
+  return expect("outer");
 }
 
 bool stlTextReader::read_point(annVector& point) {
@@ -91,8 +91,7 @@ bool stlTextReader::read_point(annVector& point) {
 }
 
 bool stlTextReader::expect(std::string_view lower) {
-  const std::string_view word = words_.next();
-  return vlt_same_word(word, lower) || fail_expecting(word, "\"" + std::string(lower) + "\"");
+  return words_.next_is(lower) || fail_expecting(words_.next(), "\"" + std::string(lower) + "\"");
 }
 
 bool stlTextReader::fail(std::string_view reason) {

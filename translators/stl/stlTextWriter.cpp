@@ -18,17 +18,15 @@ class SolidWriter {
   void end(const std::string& name) { name_line("endsolid", name); }
 
   bool facets(const vltPlacedMesh& body) {
-    return stl_for_each_triangle(body, [&](std::size_t, const std::array<annVector, 3>& triangle) {
-      const annVector n = stl_normal(triangle);
+    return stl_for_each_triangle(body, [&](std::size_t, const annVector& a, const annVector& b, const annVector& c) {
+      const annVector n = stl_normal(a, b, c);
       text_.text("facet normal");
       for (double value : {n.x, n.y, n.z}) {
         text_.text(" ");
         text_.number(static_cast<float>(value));
       }
       text_.text("\n outer loop\n");
-      for (const annVector& point : triangle) {
-        if (!vertex(point)) return false;
-      }
+      if (!vertex(a) || !vertex(b) || !vertex(c)) return false;
       text_.text(" endloop\nendfacet\n");
       cancelled_ = !progress_.reached(++done_);
       return !cancelled_ && stream_.good();

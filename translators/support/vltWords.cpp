@@ -57,6 +57,16 @@ std::string_view vltWords::next() {
   return text_.substr(begin, end - begin);
 }
 
+bool vltWords::next_is(std::string_view lower) {
+  if (!go_to_word()) return false;
+  const std::size_t end = at_ + lower.size();
+  if (end > text_.size() || (end < text_.size() && !ends_word(text_[end]))) return false;
+  const std::string_view word = text_.substr(at_, lower.size());
+  if (word != lower && !vlt_same_word(word, lower)) return false;
+  at_ = end;
+  return true;
+}
+
 bool vltWords::next_number(double& value) {
   if (!go_to_word()) return false;
   std::string_view rest = text_.substr(at_);

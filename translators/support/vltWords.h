@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 // Blank within a line. A carriage return ends a line, so it is none.
 inline bool vlt_is_blank(char c) {
-  return c == ' ' || c == '\t' || c == '\v' || c == '\f';
+  constexpr std::uint64_t blanks = 1U << '\t' | 1U << '\v' | 1U << '\f' | std::uint64_t{1} << ' ';
+  const auto code = static_cast<unsigned char>(c);
+  return code <= ' ' && (blanks >> code & 1) != 0;
 }
 
 // Takes the next word away from the front of a line; empty at its end.
@@ -23,6 +26,9 @@ class vltWords {
 
   // The next word; empty at the end of the text.
   std::string_view next();
+
+  // Takes the next word when it is this one, in any case.
+  bool next_is(std::string_view lower);
 
   // The next word as a number; false, and nothing taken, when it is none as a whole.
   bool next_number(double& value);

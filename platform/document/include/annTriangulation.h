@@ -35,6 +35,12 @@ class VELPLATFORM_API annTriangulator {
 // Calls `use(face, a, b, c)` for every triangle of a mesh, face by face.
 template <typename Use>
 void ann_for_each_triangle(const annMesh& mesh, Use use) {
+  if (mesh.all_triangles()) {
+    const std::uint32_t* corner = mesh.corners.data();
+    for (std::size_t face = 0; face < mesh.face_count(); ++face, corner += 3)
+      use(face, corner[0], corner[1], corner[2]);
+    return;
+  }
   annTriangulator triangulator;
   const std::span<const annVector> points = mesh.vertices->points;
   for (std::size_t face = 0; face < mesh.face_count(); ++face) {
