@@ -34,6 +34,7 @@ coResourceTable* make_table() {
   add(*table, "FILE_FORMAT", velFORMAT_BINARY);
   add(*table, "DIGITS", 0);
   add(*table, "SOLID_NAME", utString(""));
+  add(*table, "TITLE", utString(""));
   add(*table, "WELD_POINTS", utTRUE);
   add(*table, "READ_MATERIALS", utTRUE);
   add(*table, "WRITE_MATERIALS", utTRUE);

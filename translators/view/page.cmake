@@ -1,0 +1,53 @@
+# Makes a C++ source of the page: cmake -DPAGE=DIRECTORY -DSCRIPTS=a.js,b.js -DTO=FILE -P page.cmake
+# The scripts become one, in the order given, with a scope of its own.
+
+file(READ ${PAGE}/index.html page)
+file(READ ${PAGE}/style.css style)
+set(script "(() => {\n\"use strict\";\n")
+string(REPLACE "," ";" SCRIPTS "${SCRIPTS}")
+foreach(name IN LISTS SCRIPTS)
+  file(READ ${PAGE}/${name} one)
+  string(APPEND script "\n${one}")
+endforeach()
+string(APPEND script "})();\n")
+
+# What stands before a mark goes to `before`, the mark is dropped from `page`.
+macro(cut_at mark)
+  string(FIND "${page}" "${mark}" at)
+  if(at EQUAL -1)
+    message(FATAL_ERROR "${PAGE}/index.html: ${mark} is missing")
+  endif()
+  string(SUBSTRING "${page}" 0 ${at} before)
+  string(LENGTH "${mark}" length)
+  math(EXPR at "${at} + ${length}")
+  string(SUBSTRING "${page}" ${at} -1 page)
+endmacro()
+
+set(source "#include \"viewPage.h\"\n\nnamespace {\n")
+# In pieces, because compilers need not take long literals.
+function(add_texts name text)
+  string(LENGTH "${text}" length)
+  set(literals "")
+  set(at 0)
+  while(at LESS length)
+    string(SUBSTRING "${text}" ${at} 8000 piece)
+    string(APPEND literals "    R\"vel-page(${piece})vel-page\",\n")
+    math(EXPR at "${at} + 8000")
+  endwhile()
+  set(source "${source}\nconstexpr std::string_view ${name}[] = {\n${literals}};\n" PARENT_SCOPE)
+endfunction()
+
+cut_at("@TITLE@")
+add_texts(head "${before}")
+cut_at("@STYLE@")
+set(body "${before}${style}")
+cut_at("@DATA@\n")
+add_texts(body "${body}${before}")
+cut_at("@SCRIPT@")
+add_texts(tail "${before}${script}${page}")
+
+string(APPEND source "\n}  // namespace\n\n")
+foreach(name head body tail)
+  string(APPEND source "std::span<const std::string_view> view_page_${name}() {\n  return ${name};\n}\n")
+endforeach()
+file(WRITE ${TO} "${source}")

@@ -1,0 +1,37 @@
+// The plane that cuts the model open.
+
+class Section {
+  // `changed(cut, plane)` is called with the plane as normal and distance in the scene.
+  constructor(model, changed) {
+    this.model = model;
+    this.changed = changed;
+    this.on = false;
+    this.flipped = false;
+    this.place = document.getElementById("section-place");
+    this.at = document.getElementById("section-at");
+    this.place.addEventListener("input", () => this.apply());
+    for (const choice of document.getElementsByName("axis")) choice.addEventListener("change", () => this.apply());
+    document.getElementById("section-flip").addEventListener("click", () => {
+      this.flipped = !this.flipped;
+      this.apply();
+    });
+  }
+
+  turn(on) {
+    this.on = on;
+    this.apply();
+  }
+
+  apply() {
+    const { box, centre, radius, unit } = this.model;
+    const axis = Number(document.querySelector("input[name=axis]:checked").value);
+    const value = box[axis] + (box[axis + 3] - box[axis]) * (this.place.value / 1000);
+    const text = `${"XYZ"[axis]} = ${lengthText(value, unit)}`;
+    this.at.textContent = text;
+    this.place.setAttribute("aria-valuetext", text);
+    const sign = this.flipped ? -1 : 1;
+    const plane = [0, 0, 0, (sign * (value - centre[axis])) / radius];
+    plane[axis] = sign;
+    this.changed(this.on, plane);
+  }
+}

@@ -1,0 +1,150 @@
+// What the graphics processor runs. A vertex comes as its place in its mesh's box and a normal folded into a square; an
+// instance brings its placement, its colour, and its number with a mark for what is selected.
+
+const commonInputs = `#version 300 es
+precision highp float;
+layout(location = 0) in vec3 place;
+layout(location = 1) in vec2 folded;
+layout(location = 2) in vec4 tint;
+layout(location = 3) in vec4 rowX;
+layout(location = 4) in vec4 rowY;
+layout(location = 5) in vec4 rowZ;
+layout(location = 6) in vec4 paint;
+layout(location = 7) in vec2 state;
+uniform mat4 view;
+uniform mat4 projection;
+uniform vec4 plane;
+vec3 inScene() {
+  vec4 p = vec4(place, 1.0);
+  return vec3(dot(rowX, p), dot(rowY, p), dot(rowZ, p));
+}
+`;
+
+const surfaceVertex = commonInputs + `
+uniform vec3 extent;
+uniform vec4 look;
+uniform int lookKind;
+out vec3 seen;
+out vec3 normal;
+out vec4 colour;
+out float beyond;
+out float upright;
+flat out float selected;
+flat out float handed;
+vec3 unfolded(vec2 f) {
+  vec3 n = vec3(f, 1.0 - abs(f.x) - abs(f.y));
+  if (n.z < 0.0) n.xy = (1.0 - abs(n.yx)) * vec2(n.x < 0.0 ? -1.0 : 1.0, n.y < 0.0 ? -1.0 : 1.0);
+  return normalize(n);
+}
+void main() {
+  vec3 p = inScene();
+  vec4 eye = view * vec4(p, 1.0);
+  gl_Position = projection * eye;
+  seen = eye.xyz;
+  // Normals go with the cofactors of the placement; the mesh's box was stretched by \`extent\` on the way.
+  vec3 x = vec3(rowX.x, rowY.x, rowZ.x);
+  vec3 y = vec3(rowX.y, rowY.y, rowZ.y);
+  vec3 z = vec3(rowX.z, rowY.z, rowZ.z);
+  vec3 n = unfolded(folded) * extent;
+  vec3 turned = n.x * cross(y, z) + n.y * cross(z, x) + n.z * cross(x, y);
+  handed = dot(x, cross(y, z)) < 0.0 ? -1.0 : 1.0;
+  float size = length(turned);
+  turned = size > 0.0 ? turned / size * handed : vec3(0.0);
+  upright = turned.z;
+  normal = mat3(view) * turned;
+  colour = lookKind == 0 ? paint : look;
+  if (lookKind == 2) colour = tint;
+  if (lookKind == 3) colour = look * tint;
+  beyond = dot(plane.xyz, p) - plane.w;
+  selected = state.y;
+}`;
+
+const surfaceFragment = `#version 300 es
+precision highp float;
+in vec3 seen;
+in vec3 normal;
+in vec4 colour;
+in float beyond;
+in float upright;
+flat in float selected;
+flat in float handed;
+uniform bool solid;
+uniform bool parallel;
+uniform bool cut;
+uniform vec3 accent;
+out vec4 painted;
+vec3 linear(vec3 c) { return pow(c, vec3(2.2)); }
+void main() {
+  if (cut && beyond > 0.0) discard;
+  vec3 base = linear(colour.rgb);
+  base = mix(base, linear(accent), 0.55 * selected);
+  bool front = gl_FrontFacing == (handed > 0.0);
+  if (cut && solid && !front) {
+    // What shows the inside of a solid is its cut face: flat and hatched.
+    float stripe = mod(gl_FragCoord.x + gl_FragCoord.y, 9.0);
+    float dark = smoothstep(0.0, 1.0, stripe) * (1.0 - smoothstep(1.5, 2.5, stripe));
+    painted = vec4(pow(mix(base, vec3(0.5), 0.15) * (0.8 - 0.32 * dark), vec3(1.0 / 2.2)), 1.0);
+    return;
+  }
+  vec3 facet = cross(dFdx(seen), dFdy(seen));
+  vec3 n = dot(normal, normal) > 0.01 ? normalize(normal) : normalize(facet);
+  float side = dot(n, facet) < 0.0 ? -1.0 : 1.0;
+  n *= side;
+  vec3 eye = parallel ? vec3(0.0, 0.0, 1.0) : normalize(-seen);
+  vec3 key = normalize(vec3(-0.28, 0.42, 1.0));
+  float sky = 0.5 + 0.5 * upright * side;
+  vec3 light = mix(vec3(0.27, 0.26, 0.255), vec3(0.42, 0.43, 0.445), sky) + 0.62 * max(dot(n, key), 0.0);
+  float shine = pow(max(dot(n, normalize(key + eye)), 0.0), 48.0);
+  vec3 lit = base * light + 0.055 * shine;
+  painted = vec4(pow(min(lit, vec3(1.0)), vec3(1.0 / 2.2)), colour.a) * vec4(vec3(colour.a), 1.0);
+}`;
+
+const edgeVertex = commonInputs + `
+out float beyond;
+out float strength;
+void main() {
+  vec3 p = inScene();
+  gl_Position = projection * view * vec4(p, 1.0);
+  beyond = dot(plane.xyz, p) - plane.w;
+  strength = state.y;
+}`;
+
+const edgeFragment = `#version 300 es
+precision highp float;
+in float beyond;
+in float strength;
+uniform bool cut;
+uniform vec4 ink;
+uniform vec3 accent;
+out vec4 painted;
+void main() {
+  if (cut && beyond > 0.0) discard;
+  vec4 c = mix(ink, vec4(accent * 0.75, 1.0), strength);
+  painted = vec4(c.rgb * c.a, c.a);
+}`;
+
+const pickVertex = commonInputs + `
+out float beyond;
+flat out float number;
+void main() {
+  vec3 p = inScene();
+  gl_Position = projection * view * vec4(p, 1.0);
+  beyond = dot(plane.xyz, p) - plane.w;
+  number = state.x;
+}`;
+
+const pickFragment = `#version 300 es
+precision highp float;
+in float beyond;
+flat in float number;
+uniform bool cut;
+layout(location = 0) out vec4 who;
+layout(location = 1) out vec4 depth;
+vec4 inBytes(float whole) {
+  return vec4(mod(whole, 256.0), mod(floor(whole / 256.0), 256.0), floor(whole / 65536.0), 255.0) / 255.0;
+}
+void main() {
+  if (cut && beyond > 0.0) discard;
+  who = inBytes(number + 1.0);
+  depth = inBytes(floor(gl_FragCoord.z * 16777215.0));
+}`;

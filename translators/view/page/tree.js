@@ -1,0 +1,179 @@
+// The list of parts. Only the rows in sight exist, so that a hundred thousand parts are as quick as ten.
+
+const rowHeight = 28;
+const deepestIndent = 14;
+
+class Tree {
+  // `actions` has select(node), show(node, visible), fit().
+  constructor(model, actions) {
+    this.model = model;
+    this.actions = actions;
+    this.box = document.getElementById("tree");
+    this.sheet = document.getElementById("rows");
+    this.selected = null;
+    this.wanted = "";
+    const few = model.nodes.length <= 400;
+    for (const node of model.nodes) node.open = few || node.depth < 1;
+    this.box.addEventListener("scroll", () => this.render());
+    this.sheet.addEventListener("click", (event) => this.click(event));
+    this.sheet.addEventListener("dblclick", () => actions.fit());
+    this.box.addEventListener("keydown", (event) => this.key(event));
+    new ResizeObserver(() => this.render()).observe(this.box);
+    this.list();
+  }
+
+  find(text) {
+    this.wanted = text.trim().toLowerCase();
+    this.list();
+  }
+
+  // Which nodes have a row: those whose ancestors are open, or those that are looked for and what they are in.
+  list() {
+    const { nodes } = this.model;
+    this.rows = [];
+    if (this.wanted) {
+      const kept = new Uint8Array(nodes.length);
+      for (let i = nodes.length - 1; i >= 0; --i) {
+        if (kept[i] || nodes[i].name.toLowerCase().includes(this.wanted)) {
+          kept[i] = 1;
+          if (nodes[i].parent >= 0) kept[nodes[i].parent] = 1;
+        }
+      }
+      this.rows = nodes.filter((node) => kept[node.number]);
+    } else {
+      for (let i = 0; i < nodes.length;) {
+        this.rows.push(nodes[i]);
+        i = nodes[i].open ? i + 1 : nodes[i].end;
+      }
+    }
+    this.sheet.style.height = `${this.rows.length * rowHeight}px`;
+    this.render();
+  }
+
+  // Makes the row of the selected node be there and in sight.
+  reveal(node) {
+    this.selected = node;
+    if (node) {
+      let closed = false;
+      for (let i = node.parent; i >= 0; i = this.model.nodes[i].parent) {
+        closed = closed || !this.model.nodes[i].open;
+        this.model.nodes[i].open = true;
+      }
+      if (closed) this.list();
+      const at = this.rows.indexOf(node) * rowHeight;
+      if (at >= 0 && (at < this.box.scrollTop || at + rowHeight > this.box.scrollTop + this.box.clientHeight)) {
+        this.box.scrollTop = at - this.box.clientHeight / 2;
+      }
+    }
+    this.render();
+  }
+
+  // "all", "some" or "none" of the parts at and below a node.
+  shown(node) {
+    let visible = 0;
+    let parts = 0;
+    for (let i = node.number; i < node.end; ++i) {
+      if (this.model.nodes[i].mesh < 0) continue;
+      ++parts;
+      if (this.model.nodes[i].visible) ++visible;
+      if (visible > 0 && visible < parts) return "some";
+    }
+    return visible === 0 && parts > 0 ? "none" : "all";
+  }
+
+  render() {
+    const first = Math.max(0, Math.floor(this.box.scrollTop / rowHeight) - 4);
+    const last = Math.min(this.rows.length, first + Math.ceil((this.box.clientHeight || 600) / rowHeight) + 8);
+    const rows = [];
+    for (let i = first; i < last; ++i) rows.push(this.row(this.rows[i], i));
+    this.sheet.replaceChildren(...rows);
+    const active = this.selected && rows.find((row) => row.dataset.node === String(this.selected.number));
+    if (active) this.box.setAttribute("aria-activedescendant", active.id);
+    else this.box.removeAttribute("aria-activedescendant");
+  }
+
+  row(node, index) {
+    const make = (kind, name) => {
+      const made = document.createElement(kind);
+      if (name) made.className = name;
+      return made;
+    };
+    const row = make("div", "row-of-tree");
+    const shown = this.shown(node);
+    const leaf = node.end === node.number + 1;
+    const title = node.name || "without a name";
+    row.id = `node-${node.number}`;
+    row.dataset.node = node.number;
+    row.style.top = `${index * rowHeight}px`;
+    row.style.paddingLeft = `${4 + 14 * Math.min(node.depth, deepestIndent)}px`;
+    row.setAttribute("role", "treeitem");
+    row.setAttribute("aria-level", node.depth + 1);
+    row.setAttribute("aria-selected", node === this.selected);
+    if (!leaf) row.setAttribute("aria-expanded", node.open);
+    row.classList.toggle("selected", node === this.selected);
+    row.classList.toggle("unseen", shown === "none");
+
+    const twist = make("span", "twist");
+    twist.classList.toggle("open", node.open || this.wanted !== "");
+    twist.classList.toggle("leaf", leaf);
+    const check = make("input");
+    check.type = "checkbox";
+    check.tabIndex = -1;
+    check.checked = shown !== "none";
+    check.indeterminate = shown === "some";
+    check.setAttribute("aria-label", `Show ${title}`);
+    row.append(twist, check);
+    if (node.colour >= 0) {
+      const dot = make("span", "dot");
+      const parts = this.model.colours[node.colour].slice(0, 3).map((value) => Math.round(255 * value));
+      dot.style.background = `rgb(${parts.join(" ")})`;
+      row.append(dot);
+    }
+    const name = make("span", node.name ? "name" : "name none");
+    name.textContent = title;
+    row.title = node.name;
+    row.append(name);
+    return row;
+  }
+
+  click(event) {
+    const row = event.target.closest(".row-of-tree");
+    if (!row) return;
+    const node = this.model.nodes[Number(row.dataset.node)];
+    if (event.target.matches("input")) {
+      this.actions.show(node, event.target.checked);
+    } else if (event.target.matches(".twist:not(.leaf)")) {
+      this.open(node, !node.open);
+    } else {
+      this.actions.select(node);
+    }
+  }
+
+  open(node, open) {
+    node.open = open;
+    this.list();
+  }
+
+  key(event) {
+    const at = this.rows.indexOf(this.selected);
+    const node = this.selected;
+    const step = { ArrowDown: 1, ArrowUp: -1 }[event.key];
+    if (step) {
+      const next = this.rows[Math.min(Math.max(at + step, 0), this.rows.length - 1)];
+      if (next) this.actions.select(next);
+    } else if (event.key === "ArrowRight" && node) {
+      this.open(node, true);
+    } else if (event.key === "ArrowLeft" && node) {
+      if (node.open && node.end > node.number + 1) this.open(node, false);
+      else if (node.parent >= 0) this.actions.select(this.model.nodes[node.parent]);
+    } else if (event.key === " " && node) {
+      this.actions.show(node, this.shown(node) === "none");
+    } else if (event.key === "Enter" && node) {
+      this.actions.fit();
+    } else {
+      return;
+    }
+    event.preventDefault();
+    event.stopPropagation();
+  }
+}

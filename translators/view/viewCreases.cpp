@@ -1,0 +1,220 @@
+#include "viewCreases.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <span>
+
+namespace {
+
+// The cosine of 30.1 degrees: the sides of a prism with twelve of them shade into each other whatever rounding did.
+constexpr float cosine_of_crease = 0.86515F;
+
+constexpr std::uint32_t none = annMesh::no_material;
+
+using Normal = viewMesh::Normal;
+
+float dot(const Normal& a, const Normal& b) {
+  return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+// Of length 1; null for what is too small to have a direction.
+Normal unit(annVector v) {
+  const double largest = std::max({std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
+  if (!(largest > 0)) return {};
+  v = v * (1 / largest);
+  v = v * (1 / std::sqrt(ann_dot(v, v)));
+  return {static_cast<float>(v.x), static_cast<float>(v.y), static_cast<float>(v.z)};
+}
+
+bool is_null(const Normal& n) {
+  return n.x == 0 && n.y == 0 && n.z == 0;
+}
+
+class Splitter {
+ public:
+  Splitter(const annVertices& source, const std::vector<annVector>& points, const std::vector<std::uint32_t>& places,
+           const std::vector<std::uint32_t>& originals, viewMesh& made)
+      : source_(source), points_(points), places_(places), originals_(originals), made_(made) {}
+
+  void split() {
+    make_facets();
+    gather_corners();
+    made_.corners.resize(places_.size());
+    made_.points.reserve(points_.size());
+    made_.normals.reserve(points_.size());
+    any_vertex_.assign(points_.size(), none);
+    bool skin = true;
+    for (std::uint32_t place = 0; place < points_.size(); ++place) {
+      if (first_[place] == first_[place + 1]) continue;
+      skin = join_round(place) && skin;
+      make_vertices(place);
+    }
+    for (std::uint32_t& end : made_.edges) end = any_vertex_[end];
+    made_.closed = skin && volume() > 0;
+  }
+
+ private:
+  // An edge from the place in work, as one of the triangles round it sees it.
+  struct Spoke {
+    std::uint32_t to;
+    std::uint32_t corner;  // in the fan
+    bool outwards;         // the triangle runs along it away from the place
+
+    bool operator<(const Spoke& other) const { return to != other.to ? to < other.to : corner < other.corner; }
+  };
+
+  // A corner of the fan with all that its vertex depends on.
+  struct Key {
+    std::uint32_t group, original, corner;
+
+    bool operator<(const Key& other) const {
+      if (group != other.group) return group < other.group;
+      return original != other.original ? original < other.original : corner < other.corner;
+    }
+  };
+
+  void make_facets() {
+    facets_.resize(places_.size() / 3);
+    for (std::size_t t = 0; t < facets_.size(); ++t) {
+      const annVector& a = points_[places_[3 * t]];
+      facets_[t] = unit(ann_cross(points_[places_[3 * t + 1]] - a, points_[places_[3 * t + 2]] - a));
+    }
+  }
+
+  // The corners at each place, one place after the other.
+  void gather_corners() {
+    first_.assign(points_.size() + 1, 0);
+    for (std::uint32_t place : places_) ++first_[place + 1];
+    std::partial_sum(first_.begin(), first_.end(), first_.begin());
+    corners_.resize(places_.size());
+    std::vector<std::uint32_t> next(first_.begin(), first_.end() - 1);
+    for (std::uint32_t corner = 0; corner < places_.size(); ++corner) corners_[next[places_[corner]]++] = corner;
+  }
+
+  // Finds which triangles round a place shade into each other, and its edges. True when they form a closed fan.
+  bool join_round(std::uint32_t place) {
+    fan_.assign(corners_.begin() + first_[place], corners_.begin() + first_[place + 1]);
+    group_.resize(fan_.size());
+    std::iota(group_.begin(), group_.end(), 0U);
+    spokes_.clear();
+    for (std::uint32_t i = 0; i < fan_.size(); ++i) {
+      const std::uint32_t triangle = fan_[i] / 3 * 3, k = fan_[i] % 3;
+      spokes_.push_back({places_[triangle + (k + 1) % 3], i, true});
+      spokes_.push_back({places_[triangle + (k + 2) % 3], i, false});
+    }
+    std::sort(spokes_.begin(), spokes_.end());
+    bool closed = true;
+    for (std::size_t at = 0; at < spokes_.size();) {
+      std::size_t end = at + 1;
+      while (end < spokes_.size() && spokes_[end].to == spokes_[at].to) ++end;
+      const bool pair = end - at == 2;
+      closed = closed && pair && spokes_[at].outwards != spokes_[at + 1].outwards;
+      const bool smooth = pair && is_smooth(spokes_[at], spokes_[at + 1]);
+      if (smooth) join(spokes_[at].corner, spokes_[at + 1].corner);
+      if (!smooth && place < spokes_[at].to) made_.edges.insert(made_.edges.end(), {place, spokes_[at].to});
+      at = end;
+    }
+    return closed;
+  }
+
+  bool is_smooth(const Spoke& one, const Spoke& other) const {
+    const Normal& a = facets_[fan_[one.corner] / 3];
+    const Normal& b = facets_[fan_[other.corner] / 3];
+    if (is_null(a) || is_null(b)) return true;
+    // Where the two run in the same direction, one of them faces the wrong way.
+    const float cosine = one.outwards != other.outwards ? dot(a, b) : -dot(a, b);
+    return cosine > cosine_of_crease;
+  }
+
+  std::uint32_t leader(std::uint32_t corner) {
+    while (group_[corner] != corner) corner = group_[corner] = group_[group_[corner]];
+    return corner;
+  }
+  void join(std::uint32_t one, std::uint32_t other) {
+    const std::uint32_t a = leader(one), b = leader(other);
+    group_[std::max(a, b)] = std::min(a, b);
+  }
+
+  void make_vertices(std::uint32_t place) {
+    any_vertex_[place] = static_cast<std::uint32_t>(made_.points.size());
+    const bool by_original = !source_.normals.empty() || !source_.colours.empty();
+    keys_.clear();
+    for (std::uint32_t i = 0; i < fan_.size(); ++i) {
+      const std::uint32_t group = source_.normals.empty() ? leader(i) : 0;
+      keys_.push_back({group, by_original ? originals_[fan_[i]] : 0, i});
+    }
+    std::sort(keys_.begin(), keys_.end());
+    for (std::size_t at = 0; at < keys_.size();) {
+      std::size_t end = at + 1;
+      while (end < keys_.size() && keys_[end].group == keys_[at].group) ++end;
+      make_vertices_of_group(place, std::span(keys_).subspan(at, end - at));
+      at = end;
+    }
+  }
+
+  void make_vertices_of_group(std::uint32_t place, std::span<const Key> group) {
+    const Normal common = source_.normals.empty() ? normal_of(group) : Normal{};
+    for (std::size_t i = 0; i < group.size(); ++i) {
+      const Key& key = group[i];
+      if (i == 0 || key.original != group[i - 1].original) {
+        made_.points.push_back(points_[place]);
+        if (!source_.colours.empty()) made_.colours.push_back(source_.colours[key.original]);
+        const Normal own = source_.normals.empty() ? common : unit(source_.normals[key.original]);
+        made_.normals.push_back(is_null(own) ? facets_[fan_[key.corner] / 3] : own);
+      }
+      made_.corners[fan_[key.corner]] = static_cast<std::uint32_t>(made_.points.size() - 1);
+    }
+  }
+
+  // Of the triangles of a group together, each as heavy as its angle at the place.
+  Normal normal_of(std::span<const Key> group) const {
+    if (group.size() == 1) return facets_[fan_[group.front().corner] / 3];
+    annVector sum;
+    for (const Key& key : group) {
+      const Normal& facet = facets_[fan_[key.corner] / 3];
+      sum = sum + annVector{facet.x, facet.y, facet.z} * angle_at(fan_[key.corner]);
+    }
+    return unit(sum);
+  }
+
+  double angle_at(std::uint32_t corner) const {
+    const std::uint32_t triangle = corner / 3 * 3, k = corner % 3;
+    const annVector& at = points_[places_[corner]];
+    const Normal a = unit(points_[places_[triangle + (k + 1) % 3]] - at);
+    const Normal b = unit(points_[places_[triangle + (k + 2) % 3]] - at);
+    return std::acos(std::clamp(dot(a, b), -1.0F, 1.0F));
+  }
+
+  // Times six, as seen from one of the points so that far-away coordinates cost no digits.
+  double volume() const {
+    double sum = 0;
+    const annVector& from = points_.front();
+    for (std::size_t i = 0; i < places_.size(); i += 3) {
+      const annVector a = points_[places_[i]] - from;
+      sum += ann_dot(a, ann_cross(points_[places_[i + 1]] - from, points_[places_[i + 2]] - from));
+    }
+    return sum;
+  }
+
+  const annVertices& source_;
+  const std::vector<annVector>& points_;
+  const std::vector<std::uint32_t>& places_;
+  const std::vector<std::uint32_t>& originals_;
+  viewMesh& made_;
+  std::vector<Normal> facets_;
+  std::vector<std::uint32_t> first_, corners_;
+  std::vector<std::uint32_t> any_vertex_;  // one that stands at each place
+  // Of the place in work.
+  std::vector<std::uint32_t> fan_, group_;
+  std::vector<Spoke> spokes_;
+  std::vector<Key> keys_;
+};
+
+}  // namespace
+
+void view_split_at_creases(const annVertices& source, const std::vector<annVector>& points,
+                           const std::vector<std::uint32_t>& places, const std::vector<std::uint32_t>& originals,
+                           viewMesh& made) {
+  Splitter(source, points, places, originals, made).split();
+}

@@ -1,0 +1,117 @@
+#include "viewMesh.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "annTriangulation.h"
+#include "annWelder.h"
+#include "viewCreases.h"
+
+namespace {
+
+constexpr std::uint32_t none = annMesh::no_material;
+
+// The triangles of a mesh that have an extent, sorted by look, those of one look in the mesh's order.
+class Triangles {
+ public:
+  explicit Triangles(const annMesh& mesh) : mesh_(mesh), number_of_(mesh.vertices->points.size(), none) {
+    take();
+    sort();
+  }
+
+  std::vector<std::uint32_t> originals;  // vertices of the mesh, three for each triangle
+  std::vector<std::uint32_t> places;     // the same as numbers of distinct points
+  std::vector<annVector> points;         // the distinct points
+  std::vector<viewMesh::Range> ranges;
+
+ private:
+  void take() {
+    annWelder welder(points, std::min<std::size_t>(mesh_.vertices->points.size(), mesh_.corners.size()));
+    auto place = [&](std::uint32_t vertex) {
+      std::uint32_t& number = number_of_[vertex];
+      if (number == none) number = welder.number_of(mesh_.vertices->points[vertex]);
+      return number;
+    };
+    originals.reserve(3 * mesh_.triangle_count());
+    ann_for_each_triangle(mesh_, [&](std::size_t face, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
+      const std::uint32_t pa = place(a), pb = place(b), pc = place(c);
+      if (pa == pb || pb == pc || pc == pa) return;
+      originals.insert(originals.end(), {a, b, c});
+      if (!mesh_.face_materials.empty()) materials_.push_back(mesh_.face_material(face));
+    });
+  }
+
+  void sort() {
+    const auto count = static_cast<std::uint32_t>(originals.size() / 3);
+    if (materials_.empty()) {
+      if (count > 0) ranges.push_back({none, 0, count});
+    } else {
+      sort_by_material(count);
+    }
+    places.resize(originals.size());
+    for (std::size_t i = 0; i < originals.size(); ++i) places[i] = number_of_[originals[i]];
+  }
+
+  void sort_by_material(std::uint32_t count) {
+    // Those without a material, whose number is the largest, come out first.
+    const std::size_t looks = mesh_.materials.size() + 1;
+    std::vector<std::uint32_t> next(looks + 1);
+    auto slot = [](std::uint32_t material) { return static_cast<std::size_t>(material + 1U); };
+    for (std::uint32_t material : materials_) ++next[slot(material) + 1];
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    for (std::size_t look = 0; look < looks; ++look) {
+      if (next[look + 1] > next[look]) {
+        ranges.push_back({static_cast<std::uint32_t>(look) - 1U, next[look], next[look + 1] - next[look]});
+      }
+    }
+    std::vector<std::uint32_t> sorted(originals.size());
+    for (std::uint32_t triangle = 0; triangle < count; ++triangle) {
+      const std::size_t to = next[slot(materials_[triangle])]++;
+      std::copy_n(originals.begin() + 3 * triangle, 3, sorted.begin() + static_cast<std::ptrdiff_t>(3 * to));
+    }
+    originals = std::move(sorted);
+  }
+
+  const annMesh& mesh_;
+  std::vector<std::uint32_t> number_of_;  // of the distinct point of each vertex
+  std::vector<std::uint32_t> materials_;  // for each triangle, unless no face has one
+};
+
+// Gives the vertices that `made` numbers by place the numbers in which triangles use them.
+void number_by_use(viewMesh& made) {
+  std::vector<std::uint32_t> number(made.points.size(), none);
+  std::vector<std::uint32_t> order;
+  order.reserve(made.points.size());
+  for (std::uint32_t& corner : made.corners) {
+    if (number[corner] == none) {
+      number[corner] = static_cast<std::uint32_t>(order.size());
+      order.push_back(corner);
+    }
+    corner = number[corner];
+  }
+  for (std::uint32_t& end : made.edges) end = number[end];
+  auto reorder = [&](auto& values) {
+    if (values.empty()) return;
+    auto sorted = values;
+    for (std::size_t i = 0; i < order.size(); ++i) sorted[i] = values[order[i]];
+    sorted.resize(order.size());
+    values = std::move(sorted);
+  };
+  reorder(made.points);
+  reorder(made.normals);
+  reorder(made.colours);
+}
+
+}  // namespace
+
+viewMesh view_make_mesh(const annMesh& mesh) {
+  Triangles triangles(mesh);
+  viewMesh made;
+  made.ranges = std::move(triangles.ranges);
+  if (made.ranges.empty()) return made;
+  view_split_at_creases(*mesh.vertices, triangles.points, triangles.places, triangles.originals, made);
+  number_by_use(made);
+  made.box = {made.points.front(), made.points.front()};
+  for (const annVector& point : made.points) made.box.include(point);
+  return made;
+}

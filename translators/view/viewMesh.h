@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "annBox.h"
+#include "annMesh.h"
+
+// A mesh made ready for drawing: triangles over vertices that have one point, one normal and perhaps one colour each,
+// and the lines that show its form. Vertices are numbered in the order in which the triangles use them first.
+struct viewMesh {
+  struct Normal {
+    float x = 0, y = 0, z = 0;
+  };
+  // Triangles of one look.
+  struct Range {
+    std::uint32_t material;  // of the mesh it was made from, or `annMesh::no_material`
+    std::uint32_t first, count;
+  };
+
+  std::vector<annVector> points;
+  std::vector<Normal> normals;
+  std::vector<annColour> colours;      // for each vertex, or none
+  std::vector<std::uint32_t> corners;  // three for each triangle
+  std::vector<Range> ranges;
+  std::vector<std::uint32_t> edges;  // two vertices for each line
+  annBox box;
+  // A solid's skin: no holes, all triangles facing outwards. Only then is what lies behind a triangle known.
+  bool closed = false;
+
+  std::size_t triangle_count() const { return corners.size() / 3; }
+};
+
+// Points at the same place are one. Normals are the mesh's own where it has them; else triangles that meet at less than
+// a little over 30 degrees shade into each other. Lines stand where they meet at more, and along free borders.
+// Triangles without any extent are left out, and so nothing may be left.
+viewMesh view_make_mesh(const annMesh& mesh);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "annColour.h"
+#include "velLengthUnit.h"
+#include "velabsOfStream.h"
+#include "viewMesh.h"
+#include "viewScene.h"
+
+// The scene as the page's scripts read it, in one JSON object:
+//   title, unit  texts; the unit is short ("mm"), empty when nobody knows it
+//   colours      [red, green, blue, opacity]
+//   meshes       {v, t, e: counts of vertices, triangles and lines; c: bytes of the corners; l: bytes of the lines;
+//                box: [least x, y, z, greatest x, y, z]; ranges: [colour or -1, first triangle, count]...;
+//                solid: 1 for a closed skin; tinted: 1 when vertices have colours}, in the order of their data
+//   nodes        [parent or -1, name, mesh or -1, colour or -1, placement of 12 numbers, box of 6 numbers]; those
+//   without
+//                a mesh end behind the name
+class viewSceneText {
+ public:
+  viewSceneText(const viewScene& scene, std::string title, velLengthUnit unit);
+
+  // Takes down the next mesh and gives its data.
+  std::string add_mesh(const viewMesh& mesh, std::size_t number);
+  // False when a part reaches farther than the numbers of graphics processors.
+  bool within_reach() const { return within_reach_; }
+  std::size_t triangle_count() const { return triangles_; }
+
+  void write(velabsOfStream& stream);
+
+ private:
+  std::size_t colour(const annColour& colour);
+  void write_node(const viewScene::Node& node, std::size_t number, velabsOfStream& stream);
+
+  const viewScene& scene_;
+  std::string title_;
+  velLengthUnit unit_;
+  std::string meshes_;
+  std::string colours_;
+  std::map<std::array<float, 4>, std::size_t> colour_numbers_;
+  std::vector<std::vector<std::size_t>> shown_by_;  // the nodes of each mesh
+  std::vector<annBox> boxes_;                       // of the nodes
+  std::vector<char> is_empty_;                      // meshes
+  std::size_t triangles_ = 0;
+  bool within_reach_ = true;
+};
