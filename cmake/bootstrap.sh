@@ -42,7 +42,7 @@ vel_compiler() {
 
 # What the program and its translators are built on, and what the tests and benchmarks need beside that. Whatever of it
 # cannot be had is left out of the build, which says so.
-vel_program_packages="libcli11-dev nlohmann-json3-dev libexpat1-dev libzip-dev libocct-data-exchange-dev"
+vel_program_packages="libcli11-dev nlohmann-json3-dev libexpat1-dev libpng-dev libzip-dev libocct-data-exchange-dev"
 vel_test_packages="libgtest-dev libbenchmark-dev"
 
 # vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done.

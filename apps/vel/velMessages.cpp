@@ -106,6 +106,7 @@ constexpr Text texts[] = {
     {velMSG_TAKES_ABOVE_ZERO, "it must be a number greater than 0"},
     {velMSG_TAKES_FROM_ZERO, "it must be a number, 0 or greater"},
     {velMSG_TAKES_DIGITS, "it must be a whole number from 0 to 17"},
+    {velMSG_TAKES_PIXELS, "it must be a whole number from 1 to 16384"},
     {velMSG_TAKES_DEGREES, "it must be a number of degrees from 0 to 180"},
     {velMSG_FOR_READING_ONLY, "%1 %2: this option is for reading and has no effect here; give it with --in."},
     {velMSG_FOR_WRITING_ONLY, "%1 %2: this option is for writing and has no effect here; give it with --out."},

@@ -92,6 +92,7 @@ enum velMessage : unsigned int {
   velMSG_TAKES_DEGREES,
   velMSG_FOR_READING_ONLY,  // side, key
   velMSG_FOR_WRITING_ONLY,  // side, key
+  velMSG_TAKES_PIXELS,
 
   velMSG_CACHE_NO_PLACE = 140,
   velMSG_CACHE_KEPT,          // file, reason

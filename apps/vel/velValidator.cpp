@@ -14,6 +14,8 @@ constexpr velValidator::Bounds all_bounds[] = {
     {"DIGITS", 0, 17, false, velMSG_TAKES_DIGITS},
     {"CHORD_TOLERANCE", 0, endless, false, velMSG_TAKES_FROM_ZERO},
     {"ANGLE_TOLERANCE", 0, 180, false, velMSG_TAKES_DEGREES},
+    {"WIDTH", 1, 16384, false, velMSG_TAKES_PIXELS},
+    {"HEIGHT", 1, 16384, false, velMSG_TAKES_PIXELS},
 };
 
 bool is_within_bounds(const utString& key, double number) {

@@ -53,6 +53,11 @@ coResourceTable* make_table() {
   add(*table, "PROCESSING", velPROCESSING_NONE);
   add(*table, "MULTIPLE_FILES", velMULTIPLE_ONE_FILE);
   add(*table, "DISPLAY", velDISPLAY_SHADED);
+  add(*table, "WIDTH", 800);
+  add(*table, "HEIGHT", 600);
+  add(*table, "VIEW", utString("iso"));
+  add(*table, "BACKGROUND", utString("transparent"));
+  add(*table, "SHOW_EDGES", utTRUE);
   add(*table, "LINTOR_VERSION", velLINTOR_LATEST);
   add(*table, "WIDE_CURVES", velWIDE_CURVE_AS_CURVE);
   return table.release();

@@ -1,0 +1,23 @@
+# Options of the pictures of models. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Width of the picture in pixels, 1 to 16384 (writing).
+WIDTH = 800
+
+# Height of the picture in pixels, 1 to 16384 (writing).
+HEIGHT = 600
+
+# From where the model is seen: iso, front, back, left, right, top or bottom (writing). Z is up; "front" looks along Y.
+VIEW = iso
+
+# What stands behind the model: transparent, or a colour as #RRGGBB (writing).
+BACKGROUND = transparent
+
+# Draw lines where facets meet at an angle, and along free borders (writing).
+SHOW_EDGES = 1
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+// A point of the picture in samples, from the upper left corner to the right and down; z grows towards the eye.
+struct pngPoint {
+  float x = 0, y = 0, z = 0;
+};
+
+// Red, green and blue, 0 to 1.
+struct pngColour {
+  float red = 0, green = 0, blue = 0;
+};
+
+struct pngCorner {
+  pngPoint at;
+  pngColour colour;
+};
+
+struct pngTriangle {
+  pngCorner corners[3];
+  float opacity = 1;
+};
+
+// Some rows of the picture, each pixel of several samples a side. Triangles that share an edge leave no gap between
+// them and cover no sample twice.
+class pngBand {
+ public:
+  // `side` samples in each direction make a pixel.
+  pngBand(std::size_t width, std::size_t rows, std::size_t side);
+
+  // Empty, with its first row at that row of the picture.
+  void begin(std::size_t first_row);
+
+  // Whether anything between these two heights can be in the band.
+  bool reaches(float top, float bottom) const {
+    return bottom >= first_ && top <= first_ + static_cast<float>(height_);
+  }
+
+  // An opaque one hides what lies behind it; others let it through and hide nothing.
+  void draw(const pngTriangle& triangle);
+
+  // A line of a width in samples, a little nearer to the eye than what it lies on.
+  void draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour);
+
+  // One row of pixels, counted from the band's first: red, green, blue and opacity in a byte each.
+  void resolve(std::size_t row, std::vector<std::uint8_t>& pixels) const;
+
+ private:
+  struct Sample {
+    float depth;
+    std::uint8_t red, green, blue, opacity;  // colours times opacity
+  };
+  struct Plane;
+
+  void fill(const pngTriangle& triangle, const pngCorner* const* sorted, const Plane& plane);
+  void put(Sample& sample, float depth, const float* colour, float opacity);
+
+  std::size_t width_, height_, side_;
+  float first_ = 0;
+  std::vector<Sample> samples_;
+};

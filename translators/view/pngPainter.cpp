@@ -1,0 +1,139 @@
+#include "pngPainter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr annColour colour_of_parts{0.74F, 0.78F, 0.82F, 1};
+constexpr pngColour colour_of_lines{0.13F, 0.16F, 0.2F};
+
+using Normal = viewMesh::Normal;
+
+float dot(const Normal& a, const Normal& b) {
+  return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+Normal unit(annVector v) {
+  const double length = std::sqrt(ann_dot(v, v));
+  if (!(length > 0) || !std::isfinite(length)) return {};
+  return {static_cast<float>(v.x / length), static_cast<float>(v.y / length), static_cast<float>(v.z / length)};
+}
+
+float part(float value) {
+  return value > 0 ? std::min(value, 1.0F) : 0.0F;
+}
+
+// In the picture's directions, towards the eye.
+Normal facet_of(const pngPoint& a, const pngPoint& b, const pngPoint& c) {
+  const double bx = b.x - a.x, by = a.y - b.y, bz = b.z - a.z;
+  const double cx = c.x - a.x, cy = a.y - c.y, cz = c.z - a.z;
+  const annVector cross{by * cz - bz * cy, bz * cx - bx * cz, bx * cy - by * cx};
+  return unit(cross.z < 0 ? cross * -1 : cross);
+}
+
+}  // namespace
+
+pngPainter::pngPainter(const viewScene& scene, const std::vector<viewMesh>& meshes, const pngCamera& camera,
+                       float line_width)
+    : scene_(scene), meshes_(meshes), camera_(camera), line_width_(line_width), sky_(camera.direction({0, 0, 1})) {
+  for (const viewScene::Node& node : scene.nodes) {
+    Extent& extent = extents_.emplace_back(Extent{0, -1});
+    if (node.mesh == viewScene::none || meshes[node.mesh].corners.empty()) continue;
+    const annBox& box = meshes[node.mesh].box;
+    for (unsigned corner = 0; corner < 8; ++corner) {
+      const annVector p{corner & 1 ? box.max.x : box.min.x, corner & 2 ? box.max.y : box.min.y,
+                        corner & 4 ? box.max.z : box.min.z};
+      const float y = camera.point(node.placement.point(p)).y;
+      extent = corner == 0 ? Extent{y, y} : Extent{std::min(extent.top, y), std::max(extent.bottom, y)};
+    }
+  }
+}
+
+void pngPainter::paint(pngBand& band) {
+  clear_.clear();
+  for (std::size_t i = 0; i < scene_.nodes.size(); ++i) {
+    const Extent& extent = extents_[i];
+    const bool shown = extent.top <= extent.bottom;
+    if (shown && band.reaches(extent.top - line_width_, extent.bottom + line_width_)) paint_part(scene_.nodes[i], band);
+  }
+  auto depth = [](const pngTriangle& t) { return t.corners[0].at.z + t.corners[1].at.z + t.corners[2].at.z; };
+  std::stable_sort(clear_.begin(), clear_.end(),
+                   [&](const pngTriangle& a, const pngTriangle& b) { return depth(a) < depth(b); });
+  for (const pngTriangle& triangle : clear_) band.draw(triangle);
+}
+
+void pngPainter::paint_part(const viewScene::Node& node, pngBand& band) {
+  const viewMesh& mesh = meshes_[node.mesh];
+  place(node, mesh);
+  for (const viewMesh::Range& range : mesh.ranges) {
+    const bool own = range.material == annMesh::no_material;
+    const auto& materials = scene_.meshes[node.mesh]->materials;
+    paint_range(mesh, range, own ? node.colour.value_or(colour_of_parts) : materials[range.material].colour, band);
+  }
+  if (!(line_width_ > 0)) return;
+  for (std::size_t i = 0; i < mesh.edges.size(); i += 2) {
+    band.draw_line(points_[mesh.edges[i]], points_[mesh.edges[i + 1]], line_width_, colour_of_lines);
+  }
+}
+
+void pngPainter::place(const viewScene::Node& node, const viewMesh& mesh) {
+  points_.resize(mesh.points.size());
+  normals_.resize(mesh.points.size());
+  const auto& m = node.placement.m;
+  // Normals go with the cofactors.
+  const annVector x{m[0], m[4], m[8]}, y{m[1], m[5], m[9]}, z{m[2], m[6], m[10]};
+  const annVector nx = camera_.direction(ann_cross(y, z)), ny = camera_.direction(ann_cross(z, x)),
+                  nz = camera_.direction(ann_cross(x, y));
+  for (std::size_t i = 0; i < mesh.points.size(); ++i) {
+    points_[i] = camera_.point(node.placement.point(mesh.points[i]));
+    const Normal& n = mesh.normals[i];
+    normals_[i] = unit(nx * n.x + ny * n.y + nz * n.z);
+  }
+}
+
+void pngPainter::paint_range(const viewMesh& mesh, const viewMesh::Range& range, const annColour& look, pngBand& band) {
+  const bool own = range.material == annMesh::no_material;
+  auto colour_at = [&](std::uint32_t vertex) -> annColour {
+    if (mesh.colours.empty()) return look;
+    const annColour& c = mesh.colours[vertex];
+    if (own) return c;
+    return {c.red * look.red, c.green * look.green, c.blue * look.blue, c.opacity * look.opacity};
+  };
+  for (std::uint32_t i = 3 * range.first; i < 3 * (range.first + range.count); i += 3) {
+    const std::uint32_t* const corners = mesh.corners.data() + i;
+    const pngPoint &a = points_[corners[0]], &b = points_[corners[1]], &c = points_[corners[2]];
+    if (!band.reaches(std::min({a.y, b.y, c.y}), std::max({a.y, b.y, c.y}))) continue;
+    const Normal facet = facet_of(a, b, c);
+    pngTriangle triangle;
+    triangle.opacity = 0;
+    for (std::size_t k = 0; k < 3; ++k) {
+      const annColour colour = colour_at(corners[k]);
+      triangle.corners[k] = {points_[corners[k]], lit(colour, normals_[corners[k]], facet)};
+      triangle.opacity += part(colour.opacity) / 3;
+    }
+    if (triangle.opacity > 0.998F) {
+      triangle.opacity = 1;
+      band.draw(triangle);
+    } else if (triangle.opacity > 0) {
+      clear_.push_back(triangle);
+    }
+  }
+}
+
+// Light from the sky and the ground, and a lamp beside the eye.
+pngColour pngPainter::lit(const annColour& colour, Normal normal, const Normal& facet) const {
+  static const Normal lamp = unit({-0.28, 0.42, 1});
+  static const Normal halfway = unit({lamp.x, lamp.y, lamp.z + 1.0});
+  if (dot(normal, normal) < 0.5F) normal = facet;
+  if (dot(normal, facet) < 0) normal = {-normal.x, -normal.y, -normal.z};
+  const float up = static_cast<float>(normal.x * sky_.x + normal.y * sky_.y + normal.z * sky_.z);
+  const float light = 0.26F + 0.16F * (0.5F + 0.5F * up) + 0.62F * std::max(dot(normal, lamp), 0.0F);
+  float shine = std::max(dot(normal, halfway), 0.0F);
+  for (int i = 0; i < 5; ++i) shine *= shine;
+  // Light adds up linearly, and bytes are its square roots, nearly.
+  auto bright = [&](float value) {
+    return std::sqrt(std::min(part(value) * part(value) * light + 0.05F * shine, 1.0F));
+  };
+  return {bright(colour.red), bright(colour.green), bright(colour.blue)};
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include "pngBand.h"
+#include "pngCamera.h"
+#include "vltProgress.h"
+
+// Draws a scene into one band of a picture after the other.
+class pngPainter {
+ public:
+  // What is given must outlive it. `line_width` is in samples; 0 draws no lines.
+  pngPainter(const viewScene& scene, const std::vector<viewMesh>& meshes, const pngCamera& camera, float line_width);
+
+  void paint(pngBand& band);
+
+ private:
+  struct Extent {
+    float top, bottom;
+  };
+
+  void place(const viewScene::Node& node, const viewMesh& mesh);
+  void paint_part(const viewScene::Node& node, pngBand& band);
+  void paint_range(const viewMesh& mesh, const viewMesh::Range& range, const annColour& look, pngBand& band);
+  pngColour lit(const annColour& colour, viewMesh::Normal normal, const viewMesh::Normal& facet) const;
+
+  const viewScene& scene_;
+  const std::vector<viewMesh>& meshes_;
+  const pngCamera& camera_;
+  float line_width_;
+  annVector sky_;                // where up is in the picture
+  std::vector<Extent> extents_;  // of the nodes
+  // Of the part in work.
+  std::vector<pngPoint> points_;
+  std::vector<viewMesh::Normal> normals_;
+  // What one can see through waits until the rest is drawn.
+  std::vector<pngTriangle> clear_;
+};
