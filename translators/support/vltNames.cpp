@@ -10,8 +10,7 @@ bool is_control(char c) {
 
 }  // namespace
 
-std::string vlt_quoted(std::string_view text) {
-  constexpr std::size_t most = 40;
+std::string vlt_quoted(std::string_view text, std::size_t most) {
   std::string result = "\"";
   for (char c : text.substr(0, most)) result += is_control(c) || static_cast<unsigned char>(c) >= 0x80 ? '?' : c;
   return result + (text.size() > most ? "...\"" : "\"");

@@ -7,8 +7,8 @@
 
 #include "utString.h"
 
-// A piece of a file as messages show it: in quotes, cut to a readable length, with "?" for what cannot be shown.
-std::string vlt_quoted(std::string_view text);
+// A piece of a file as messages show it: in quotes, cut to `most` characters, with "?" for what cannot be shown.
+std::string vlt_quoted(std::string_view text, std::size_t most = 40);
 
 // Without the blanks and control characters at both ends.
 std::string_view vlt_trimmed(std::string_view text);

@@ -1,0 +1,107 @@
+#include "threemfAssembly.h"
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+constexpr std::uint64_t most_nodes = 1'000'000;
+constexpr std::uint64_t most_elements = 4'000'000'000;
+
+}  // namespace
+
+void threemfAssembly::Amount::add(const Amount& other) {
+  // One beyond the limit is as good as any.
+  nodes = std::min(nodes + other.nodes, most_nodes + 1);
+  elements = std::min(elements + other.elements, most_elements + 1);
+}
+
+bool threemfAssembly::build(annDocument& document) {
+  if (!measure()) return false;
+  std::vector<Open> open;
+  for (const threemfItem& item : parts_.front().items) {
+    if (amounts_[item.use.part][item.use.object].nodes == 0) continue;
+    const threemfObject& shown = object(item.use);
+    annNode& node = document.root.add_child("");
+    node.transform = item.use.transform;
+    fill(node, shown, open);
+    if (node.name.empty()) node.name = item.part_number;
+    while (!open.empty()) {
+      const Open next = open.back();
+      open.pop_back();
+      fill(*next.node, *next.object, open);
+    }
+  }
+  note_unused();
+  return true;
+}
+
+// Objects stand behind those that they are made of, and the first part behind the others.
+bool threemfAssembly::measure() {
+  amounts_.resize(parts_.size());
+  for (std::size_t next = 1; next <= parts_.size(); ++next) {
+    const std::size_t part = next % parts_.size();
+    for (const threemfObject& made : parts_[part].objects) {
+      Amount amount;
+      for (const threemfUse& use : made.components) amount.add(amounts_[use.part][use.object]);
+      if (made.mesh) amount.elements += made.mesh->vertices->points.size() + made.mesh->face_count();
+      if (made.mesh || amount.nodes > 0) ++amount.nodes;
+      amounts_[part].push_back(amount);
+    }
+  }
+  Amount all;
+  for (const threemfItem& item : parts_.front().items) all.add(amounts_[item.use.part][item.use.object]);
+  if (all.nodes == 0) {
+    output_.message(velabsERROR, "the build of the model shows no object with triangles");
+  } else if (all.nodes > most_nodes || all.elements > most_elements) {
+    output_.message(velabsERROR,
+                    "the build of the model comes to more than a million placed objects or billions of "
+                    "triangles");
+  } else {
+    return true;
+  }
+  return false;
+}
+
+// The mesh object of one that is only there to give it another name.
+const threemfObject* threemfAssembly::only_mesh(const threemfObject& made) const {
+  if (made.mesh || made.components.size() != 1 || !made.components.front().transform.is_identity()) return nullptr;
+  const threemfObject& inner = object(made.components.front());
+  const bool nameless = inner.name.empty() && inner.part_number.empty();
+  return inner.mesh && inner.components.empty() && nameless ? &inner : nullptr;
+}
+
+void threemfAssembly::fill(annNode& node, const threemfObject& made, std::vector<Open>& open) {
+  node.name = made.name.empty() ? made.part_number : made.name;
+  const threemfObject* inner = only_mesh(made);
+  const threemfObject& shown = inner ? *inner : made;
+  node.body.mesh = shown.mesh;
+  node.colour = shown.colour;
+  for (const threemfUse& use : shown.components) {
+    if (amounts_[use.part][use.object].nodes == 0) continue;
+    annNode& child = node.add_child("");
+    child.transform = use.transform;
+    open.push_back({&child, &object(use)});
+  }
+}
+
+void threemfAssembly::note_unused() const {
+  std::vector<std::vector<bool>> used(parts_.size());
+  for (std::size_t part = 0; part < parts_.size(); ++part) used[part].resize(parts_[part].objects.size());
+  for (const threemfItem& item : parts_.front().items) used[item.use.part][item.use.object] = true;
+  std::size_t unused = 0;
+  // From the first part to the others and from the last object to the first, users come before what they use.
+  for (std::size_t part = 0; part < parts_.size(); ++part) {
+    for (std::size_t number = parts_[part].objects.size(); number-- > 0;) {
+      const threemfObject& made = parts_[part].objects[number];
+      if (!used[part][number]) {
+        unused += made.mesh != nullptr;
+        continue;
+      }
+      for (const threemfUse& use : made.components) used[use.part][use.object] = true;
+    }
+  }
+  if (unused == 0) return;
+  output_.message(velabsNOTE, utString(unused == 1 ? "one object is" : std::to_string(unused) + " objects are") +
+                                  " left out: the build does not name " + (unused == 1 ? "it" : "them"));
+}

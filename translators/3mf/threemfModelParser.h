@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "annDocument.h"
+#include "threemfMeshBuilder.h"
+#include "threemfModel.h"
+#include "threemfProperties.h"
+#include "threemfXml.h"
+#include "vltOnce.h"
+
+// What all model parts of a package are read with.
+struct threemfReading {
+  vltOnce& findings;
+  double scale = 1;
+  bool looks = true;                           // take colours and materials
+  velLengthUnit unit = velLENGTH_UNSPECIFIED;  // that of the start part, once it is known
+};
+
+// Reads one model part. The start part gives the unit, and only it may refer to others.
+class threemfModelParser : public threemfXml {
+ public:
+  threemfModelParser(threemfReading& reading, bool is_start, velabsOutput& output);
+  ~threemfModelParser() override;
+
+  threemfModelPart take() { return std::move(part_); }
+
+ protected:
+  void start(const char* name, const char** attributes) override;
+  void end() override;
+  void name_space(std::string_view prefix, std::string_view uri) override;
+
+ private:
+  enum Place { OUTSIDE, MODEL, RESOURCES, MATERIALS, COLOURS, OBJECT, MESH, VERTICES, TRIANGLES, COMPONENTS, BUILD };
+
+  bool start_vertex(const char** attributes);
+  bool start_triangle(const char** attributes);
+  void start_below(const char* name, const char** attributes);
+  bool start_resource(std::string_view name, const char** attributes);
+  void start_model(const char** attributes);
+  void start_object(const char** attributes);
+  void start_look(const char** attributes, const char* colour_name);
+  bool start_use(const char** attributes, std::string_view element, threemfItem& item);
+  void enter(Place place) { places_.push_back(place); }
+  bool start_group(const char** attributes, bool colours, bool left_out);
+
+  bool read_looks(std::uint32_t group, const std::uint32_t* indices, std::size_t count,
+                  threemfMeshBuilder::Looks& looks);
+  bool check_extensions(std::string_view prefixes);
+  bool number(std::string_view attribute, const char* text, std::uint32_t& value);
+  void bad_value(std::string_view attribute, std::string_view text);
+  void unknown_attribute(std::string_view element, std::string_view attribute);
+  void finish_object();
+  void found(velabsSeverity severity, const std::string& what);
+
+  threemfReading& reading_;
+  bool is_start_;
+  double factor_ = 1;
+  threemfModelPart part_;
+  std::unordered_map<std::string, std::string> prefixes_;
+  std::vector<Place> places_{OUTSIDE};
+  std::size_t skipped_ = 0;  // how deep in an element that is passed over
+  threemfProperties properties_;
+  threemfMeshBuilder builder_;
+  std::uint32_t id_ = 0;
+  threemfObject object_;
+  std::uint32_t object_look_ = threemfProperties::no_look;
+  std::uint32_t object_group_ = 0;  // 0: none
+};
