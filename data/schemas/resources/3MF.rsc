@@ -1,7 +1,8 @@
 # Options of the 3MF translators. A line "KEY = value" gives a key its value where a request says nothing else.
 
 # Unit of the numbers in the file (writing): micrometre, millimetre, centimetre, metre, inch or foot.
-# "unspecified": the model's own, or the nearest smaller one that 3MF knows; millimetre for a model without a unit.
+# "unspecified": the model's own; millimetre for a model without a unit. Units that 3MF does not know become metre (for
+# kilometre), inch (for microinch and mil) or foot (for yard and mile).
 LENGTH_UNIT = unspecified
 
 # Factor for all coordinates, greater than 0 (reading and writing).

@@ -1,0 +1,276 @@
+#include "threemfModelText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+#include "threemfFormat.h"
+#include "threemfText.h"
+
+namespace {
+
+// Longer than any line of the text without its names.
+constexpr std::uint64_t line_bound = 160;
+constexpr std::uint64_t placed_object_bound = 600;
+
+std::string hex_colour(std::uint32_t packed) {
+  constexpr char digits[] = "0123456789ABCDEF";
+  std::string text = "#";
+  for (int shift = 28; shift >= 0; shift -= 4) text += digits[packed >> shift & 15];
+  if (text.ends_with("FF")) text.resize(7);
+  return text;
+}
+
+char* put(char* to, std::string_view text) {
+  std::memcpy(to, text.data(), text.size());
+  return to + text.size();
+}
+
+char* put(char* to, std::uint32_t number) {
+  return std::to_chars(to, to + threemf_number_room, number).ptr;
+}
+
+// The one material of all faces, when it has a name: it stands at the object then.
+std::optional<std::uint32_t> only_material(const annMesh& mesh) {
+  const std::uint32_t first = mesh.face_materials.front();
+  if (first == annMesh::no_material || mesh.materials[first].name.empty()) return std::nullopt;
+  const bool only = std::all_of(mesh.face_materials.begin(), mesh.face_materials.end(),
+                                [&](std::uint32_t material) { return material == first; });
+  return only ? std::optional(first) : std::nullopt;
+}
+
+}  // namespace
+
+threemfModelText::threemfModelText(const threemfObjects& objects, const threemfColours& colours, const Form& form)
+    : objects_(objects), colours_(colours), form_(form) {
+  constexpr std::uint64_t longest_character = 6;  // "&quot;"
+  std::uint64_t lines = 64 + colours.colours().size() + colours.materials().size();
+  std::uint64_t texts = 0, placed = objects.items().size();
+  for (const annMaterial& material : colours.materials()) texts += material.name.length();
+  for (const threemfMeshObject& mesh : objects.meshes()) {
+    work_ += mesh.mesh->vertices->points.size() + mesh.mesh->face_count();
+    lines += 16 + mesh.mesh->vertices->points.size() + mesh.mesh->triangle_count();
+    texts += mesh.name->length();
+  }
+  for (const threemfAssemblyObject& assembly : objects.assemblies()) {
+    lines += 4;
+    placed += assembly.components.size();
+    texts += assembly.name->length();
+  }
+  size_bound_ = lines * line_bound + texts * longest_character + placed * placed_object_bound;
+}
+
+std::string_view threemfModelText::next() {
+  block_.clear();
+  while (step_ != END && !full() && !overflow_) {
+    switch (step_) {
+      case HEAD:
+        head();
+        break;
+      case OBJECT:
+        begin_mesh();
+        break;
+      case VERTICES:
+        vertices();
+        break;
+      case TRIANGLES:
+        triangles();
+        break;
+      case ASSEMBLIES:
+        assemblies();
+        break;
+      case BUILD:
+        build();
+        break;
+      case END:
+        break;
+    }
+  }
+  return overflow_ ? std::string_view() : block_;
+}
+
+void threemfModelText::head() {
+  block_ += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<model unit=\"";
+  block_ += form_.unit;
+  block_ += "\" xml:lang=\"en-US\" xmlns=\"" THREEMF_CORE "\"";
+  if (!colours_.colours().empty()) block_ += " xmlns:m=\"" THREEMF_MATERIALS "\"";
+  block_ += ">\n<resources>\n";
+  groups();
+  step_ = objects_.meshes().empty() ? ASSEMBLIES : OBJECT;
+}
+
+void threemfModelText::groups() {
+  if (!colours_.materials().empty()) {
+    block_ += "<basematerials id=\"" + std::to_string(threemfColours::material_group) + "\">\n";
+    for (const annMaterial& material : colours_.materials()) {
+      block_ += "<base name=\"" + threemf_attribute_text(material.name.view(), replaced_) + "\" displaycolor=\"" +
+                hex_colour(threemf_packed(material.colour)) + "\"/>\n";
+    }
+    block_ += "</basematerials>\n";
+  }
+  if (colours_.colours().empty()) return;
+  block_ += "<m:colorgroup id=\"" + std::to_string(threemfColours::colour_group) + "\">\n";
+  for (std::uint32_t colour : colours_.colours()) block_ += "<m:color color=\"" + hex_colour(colour) + "\"/>\n";
+  block_ += "</m:colorgroup>\n";
+}
+
+void threemfModelText::begin_mesh() {
+  mesh_ = &objects_.meshes()[object_];
+  const annMesh& mesh = *mesh_->mesh;
+  choose_vertices();
+  choose_looks();
+  block_ += "<object id=\"" + std::to_string(mesh_->id) + "\" type=\"model\"";
+  name(*mesh_->name);
+  const auto only = colours_.shows_faces(mesh) ? only_material(mesh) : std::nullopt;
+  std::optional<threemfColours::Property> whole;
+  if (only) {
+    whole = colours_.property(mesh.materials[*only]);
+    looks_[*only].clear();
+  } else if (mesh_->colour) {
+    whole = {threemfColours::colour_group, colours_.index_of(*mesh_->colour)};
+  }
+  if (whole) {
+    block_ += " pid=\"" + std::to_string(whole->group) + "\" pindex=\"" + std::to_string(whole->index) + "\"";
+  }
+  block_ += ">\n<mesh>\n<vertices>\n";
+  at_ = 0;
+  step_ = VERTICES;
+}
+
+// Vertices that other meshes share are written with each mesh, so only those that its faces use; a list of its own is
+// kept whole.
+void threemfModelText::choose_vertices() {
+  const annMesh& mesh = *mesh_->mesh;
+  used_vertices_.clear();
+  some_vertices_ = mesh.vertices.use_count() > 1;
+  if (!some_vertices_) return;
+  if (new_numbers_.size() < mesh.vertices->points.size()) new_numbers_.resize(mesh.vertices->points.size());
+  used_vertices_ = mesh.corners;
+  std::sort(used_vertices_.begin(), used_vertices_.end());
+  used_vertices_.erase(std::unique(used_vertices_.begin(), used_vertices_.end()), used_vertices_.end());
+  for (std::uint32_t i = 0; i < used_vertices_.size(); ++i) new_numbers_[used_vertices_[i]] = i;
+}
+
+void threemfModelText::choose_looks() {
+  const annMesh& mesh = *mesh_->mesh;
+  looks_.assign(mesh.materials.size(), {});
+  if (colours_.shows_faces(mesh)) {
+    std::vector<bool> used(mesh.materials.size());
+    for (std::uint32_t material : mesh.face_materials) {
+      if (material == annMesh::no_material || used[material]) continue;
+      used[material] = true;
+      const threemfColours::Property look = colours_.property(mesh.materials[material]);
+      looks_[material] = " pid=\"" + std::to_string(look.group) + "\" p1=\"" + std::to_string(look.index) + "\"";
+    }
+  }
+  vertex_colours_.clear();
+  if (!colours_.shows_vertices(mesh)) return;
+  for (const annColour& colour : mesh.vertices->colours) vertex_colours_.push_back(colours_.index_of(colour));
+}
+
+void threemfModelText::vertices() {
+  const std::vector<annVector>& points = mesh_->mesh->vertices->points;
+  const std::size_t count = some_vertices_ ? used_vertices_.size() : points.size();
+  for (; at_ < count && !full(); ++at_) {
+    const annVector& point = points[some_vertices_ ? used_vertices_[at_] : at_];
+    const double values[] = {mesh_->turned ? 0 - point.x * form_.factor : point.x * form_.factor,
+                             point.y * form_.factor, point.z * form_.factor};
+    constexpr std::string_view names[] = {"<vertex x=\"", "\" y=\"", "\" z=\""};
+    char line[4 * threemf_number_room];
+    char* end = line;
+    for (std::size_t i = 0; i < 3; ++i) {
+      if (!std::isfinite(values[i])) {
+        overflow_ = true;
+        return;
+      }
+      end = threemf_write_number(put(end, names[i]), values[i], form_.digits);
+    }
+    block_.append(line, put(end, "\"/>\n"));
+  }
+  if (at_ < count) return;
+  work_done_ += points.size();
+  block_ += "</vertices>\n<triangles>\n";
+  at_ = 0;
+  step_ = TRIANGLES;
+}
+
+void threemfModelText::triangles() {
+  const annMesh& mesh = *mesh_->mesh;
+  const std::size_t count = mesh.face_count();
+  for (; at_ < count && !full(); ++at_, ++work_done_) {
+    const auto corners = mesh.face(at_);
+    const std::uint32_t material = mesh.face_material(at_);
+    if (corners.size() == 3) {
+      triangle(corners[0], corners[1], corners[2], material);
+      continue;
+    }
+    for (const auto& part : triangulator_.triangles(mesh.vertices->points, corners)) {
+      triangle(part[0], part[1], part[2], material);
+    }
+  }
+  if (at_ < count) return;
+  block_ += "</triangles>\n</mesh>\n</object>\n";
+  ++object_;
+  step_ = OBJECT;
+  if (object_ < objects_.meshes().size()) return;
+  object_ = 0;
+  step_ = ASSEMBLIES;
+}
+
+void threemfModelText::triangle(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t material) {
+  if (mesh_->turned) std::swap(b, c);
+  const std::uint32_t corners[] = {a, b, c};
+  constexpr std::string_view vertex[] = {"<triangle v1=\"", "\" v2=\"", "\" v3=\""};
+  constexpr std::string_view colour[] = {"\" pid=\"2\" p1=\"", "\" p2=\"", "\" p3=\""};
+  static_assert(threemfColours::colour_group == 2);
+  char line[8 * threemf_number_room];
+  char* end = line;
+  for (std::size_t i = 0; i < 3; ++i) {
+    end = put(put(end, vertex[i]), some_vertices_ ? new_numbers_[corners[i]] : corners[i]);
+  }
+  const bool own_look = material != annMesh::no_material && !looks_.empty();
+  if (!own_look && !vertex_colours_.empty()) {
+    for (std::size_t i = 0; i < 3; ++i) end = put(put(end, colour[i]), vertex_colours_[corners[i]]);
+  }
+  end = put(end, "\"");
+  if (own_look) end = put(end, looks_[material]);
+  block_.append(line, put(end, "/>\n"));
+}
+
+void threemfModelText::assemblies() {
+  for (; object_ < objects_.assemblies().size() && !full(); ++object_) {
+    const threemfAssemblyObject& assembly = objects_.assemblies()[object_];
+    block_ += "<object id=\"" + std::to_string(assembly.id) + "\" type=\"model\"";
+    name(*assembly.name);
+    block_ += ">\n<components>\n";
+    for (const threemfPlacedObject& component : assembly.components) use("component", component);
+    block_ += "</components>\n</object>\n";
+  }
+  if (object_ < objects_.assemblies().size()) return;
+  block_ += "</resources>\n<build>\n";
+  object_ = 0;
+  step_ = BUILD;
+}
+
+void threemfModelText::build() {
+  for (; object_ < objects_.items().size() && !full(); ++object_) use("item", objects_.items()[object_]);
+  if (object_ < objects_.items().size()) return;
+  block_ += "</build>\n</model>\n";
+  step_ = END;
+}
+
+void threemfModelText::use(std::string_view element, const threemfPlacedObject& placed) {
+  block_ += "<";
+  block_ += element;
+  block_ += " objectid=\"" + std::to_string(placed.id) + "\"";
+  if (!placed.transform.is_identity()) {
+    for (std::size_t i = 3; i < 12; i += 4) overflow_ |= !std::isfinite(placed.transform.m[i] * form_.factor);
+    block_ += " transform=\"" + threemf_transform_text(placed.transform, form_.factor) + "\"";
+  }
+  block_ += "/>\n";
+}
+
+void threemfModelText::name(const utString& name) {
+  if (!name.empty()) block_ += " name=\"" + threemf_attribute_text(name.view(), replaced_) + "\"";
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "annTriangulation.h"
+#include "threemfObjects.h"
+
+// The XML of the model part, made piece by piece as it is asked for.
+class threemfModelText {
+ public:
+  struct Form {
+    std::string_view unit;
+    double factor = 1;  // for all lengths
+    int digits = 0;
+  };
+
+  // Everything must outlive the text.
+  threemfModelText(const threemfObjects& objects, const threemfColours& colours, const Form& form);
+
+  // The next piece, some hundred kilobytes or less; empty at the end, and when `overflow()`.
+  std::string_view next();
+
+  // A coordinate became too large for a number.
+  bool overflow() const { return overflow_; }
+  // Names held characters that XML cannot hold.
+  bool replaced_characters() const { return replaced_; }
+
+  // Vertices and faces.
+  std::size_t work() const { return work_; }
+  std::size_t work_done() const { return work_done_; }
+  // A size that the whole text stays below.
+  std::uint64_t size_bound() const { return size_bound_; }
+
+ private:
+  enum Step { HEAD, OBJECT, VERTICES, TRIANGLES, ASSEMBLIES, BUILD, END };
+
+  void head();
+  void groups();
+  void begin_mesh();
+  void choose_vertices();
+  void choose_looks();
+  void vertices();
+  void triangles();
+  void triangle(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t material);
+  void assemblies();
+  void build();
+  void use(std::string_view element, const threemfPlacedObject& placed);
+  void name(const utString& name);
+  bool full() const { return block_.size() >= block_size; }
+
+  static constexpr std::size_t block_size = std::size_t{1} << 18;
+
+  const threemfObjects& objects_;
+  const threemfColours& colours_;
+  const Form form_;
+  std::string block_;
+  Step step_ = HEAD;
+  std::size_t object_ = 0;  // mesh object, then assembly, then item
+  std::size_t at_ = 0;      // vertex, then face
+  bool overflow_ = false;
+  bool replaced_ = false;
+  std::size_t work_ = 0;
+  std::size_t work_done_ = 0;
+  std::uint64_t size_bound_ = 0;
+
+  // Of the current mesh.
+  const threemfMeshObject* mesh_ = nullptr;
+  bool some_vertices_ = false;                // those that faces use, because other meshes share them
+  std::vector<std::uint32_t> used_vertices_;  // when only some are written: these
+  std::vector<std::uint32_t> new_numbers_;
+  std::vector<std::string> looks_;  // of its materials, as attributes
+  std::vector<std::uint32_t> vertex_colours_;
+  annTriangulator triangulator_;
+};

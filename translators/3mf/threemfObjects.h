@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "annDocument.h"
+#include "threemfColours.h"
+#include "vltPlacedMesh.h"
+
+// An object, by its id, and where it stands.
+struct threemfPlacedObject {
+  std::uint32_t id;
+  annTransform transform;
+};
+
+struct threemfMeshObject {
+  std::uint32_t id;
+  const annMesh* mesh;
+  bool turned;  // every x changes its sign, and the corners run the other way round
+  std::optional<annColour> colour;
+  const utString* name;
+};
+
+struct threemfAssemblyObject {
+  std::uint32_t id;
+  const utString* name;
+  std::vector<threemfPlacedObject> components;
+};
+
+// The objects that stand for a document's tree, and the build. A mesh is an object once for each colour that its places
+// give it. Nodes with children become objects with components; so do the names of nodes that show one mesh under
+// several names. A placement that mirrors is none that 3MF likes: the mesh below it is turned instead, so that every
+// placement written keeps the hand. What has no faces, or stands flattened, is left out and counted.
+class threemfObjects {
+ public:
+  threemfObjects(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, threemfColours& colours);
+
+  const std::vector<threemfMeshObject>& meshes() const { return meshes_; }
+  // Each behind the objects that it is made of.
+  const std::vector<threemfAssemblyObject>& assemblies() const { return assemblies_; }
+  const std::vector<threemfPlacedObject>& items() const { return items_; }
+
+  std::size_t empty_count() const { return empty_; }
+  std::size_t flattened_count() const { return flattened_; }
+
+ private:
+  struct Entry;
+  using Bodies = std::unordered_map<const annNode*, const vltPlacedMesh*>;
+
+  void list(const annDocument& document, const Bodies& bodies, std::vector<Entry>& entries);
+  std::size_t mesh_object(const Entry& entry, threemfColours& colours);
+  void number(std::vector<Entry>& entries);
+  void name_mesh(Entry& entry);
+
+  std::vector<threemfMeshObject> meshes_;
+  std::vector<bool> several_names_;
+  std::map<std::pair<const annMesh*, std::uint64_t>, std::size_t> mesh_numbers_;  // looked up, never listed
+  std::map<std::pair<std::size_t, std::string_view>, std::uint32_t> names_of_meshes_;
+  std::vector<threemfAssemblyObject> assemblies_;
+  std::vector<threemfPlacedObject> items_;
+  std::uint32_t next_id_ = threemfColours::first_free_id;
+  std::size_t empty_ = 0;
+  std::size_t flattened_ = 0;
+};

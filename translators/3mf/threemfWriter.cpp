@@ -1,0 +1,91 @@
+#include "threemfWriter.h"
+
+#include <algorithm>
+
+#include "threemfFormat.h"
+#include "threemfObjects.h"
+#include "threemfPackage.h"
+#include "threemfUnits.h"
+#include "vltScale.h"
+#include "vltTextOutput.h"
+
+VELABS_OUTPUT_LIBRARY(threemfWriter)
+
+namespace {
+
+bool flag(const velTableInstance& resources, const char* key) {
+  return resources.value<utBool>(key, utTRUE) == utTRUE;
+}
+
+velLengthUnit written_unit(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
+  const auto wish = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+  const velLengthUnit wanted = wish == velLENGTH_UNSPECIFIED ? document.unit : wish;
+  const velLengthUnit unit = threemf_written_unit(wanted);
+  if (unit != wanted && wanted != velLENGTH_UNSPECIFIED) {
+    output.message(velabsNOTE, utString("3MF does not know the unit ") + co_value_to_text(wanted) +
+                                   ": lengths are written in " + co_value_to_text(unit));
+  }
+  return unit;
+}
+
+std::string counted(std::size_t count, const char* what) {
+  return std::to_string(count) + " " + what + (count == 1 ? " is" : "s are");
+}
+
+void tell_left_out(const threemfObjects& objects, velabsOutput& output) {
+  if (objects.empty_count() > 0) {
+    output.message(velabsNOTE, utString("3MF holds nothing without faces: " + counted(objects.empty_count(), "node") +
+                                        " left out"));
+  }
+  if (objects.flattened_count() > 0) {
+    output.message(
+        velabsWARNING,
+        utString("3MF holds no placement that flattens: " + counted(objects.flattened_count(), "node") + " left out"));
+  }
+}
+
+bool has_both_colours(const threemfObjects& objects, const threemfColours& colours) {
+  const auto& meshes = objects.meshes();
+  return std::any_of(meshes.begin(), meshes.end(), [&](const threemfMeshObject& object) {
+    return colours.shows_faces(*object.mesh) && colours.shows_vertices(*object.mesh);
+  });
+}
+
+}  // namespace
+
+threemfWriter::threemfWriter(velabsOfStream* stream)
+    : vltDescribed(threemf_format, "Writes triangle meshes, their arrangement and colours to 3MF files."),
+      stream_(*stream) {}
+
+velabsResult threemfWriter::write(const annDocument& document, const velTableInstance& resources,
+                                  velabsOutput& output) {
+  const std::optional<int> digits = vlt_digits(resources, output);
+  if (!digits) return velabsFAILED;
+  const auto bodies = vlt_placed_meshes(document, resources, 1, output);
+  if (!bodies) return velabsFAILED;
+  const velLengthUnit unit = written_unit(document, resources, output);
+  const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
+  if (!factor) return velabsFAILED;
+
+  threemfColours colours(flag(resources, "WRITE_MATERIALS"), flag(resources, "WRITE_VERTEX_COLOURS"));
+  const threemfObjects objects(document, *bodies, colours);
+  if (objects.items().empty()) {
+    output.message(velabsERROR, "the model has no faces that 3MF could hold");
+    return velabsFAILED;
+  }
+  const vltCarries carries{
+      .format = "3MF", .parts = true, .tree = true, .colours = true, .material_names = true, .vertex_colours = true};
+  vlt_tell_losses(document, *bodies, carries, velLENGTH_UNSPECIFIED, output);
+  tell_left_out(objects, output);
+  if (has_both_colours(objects, colours)) {
+    output.message(velabsNOTE,
+                   "3MF holds one look for a face: where it has a material, its vertices' colours are "
+                   "left out");
+  }
+  threemfModelText text(objects, colours, {threemf_unit_text(unit), *factor, *digits});
+  const velabsResult result = threemf_write_package(text, stream_, output);
+  if (text.replaced_characters()) {
+    output.message(velabsWARNING, "names with characters that XML cannot hold have marks in their place");
+  }
+  return result;
+}
