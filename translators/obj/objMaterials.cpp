@@ -7,6 +7,7 @@
 
 #include "apMappedFile.h"
 #include "apNumberText.h"
+#include "vltBeside.h"
 #include "vltLines.h"
 #include "vltNames.h"
 #include "vltWords.h"
@@ -17,24 +18,13 @@ constexpr std::size_t most_names = 1000;
 constexpr std::size_t cancel_step = 4096;
 constexpr annColour undefined_colour{0.8F, 0.8F, 0.8F, 1};
 
-// The file that a name means, when it is there and inside the directory; else empty. Of a name that leads elsewhere, as
-// those of other machines do, the last component is tried.
+// The file that a name means. Of a name that leads elsewhere, as those of other machines do, the last component is
+// tried.
 std::string companion_path(const std::string& directory, std::string_view name) {
-  namespace fs = std::filesystem;
   std::string relative(name);
   std::replace(relative.begin(), relative.end(), '\\', '/');
-  std::error_code error;
-  const fs::path base = fs::canonical(directory, error);
-  if (error || name.find('\0') != name.npos) return {};
-  const fs::path given(relative);
-  for (const fs::path& candidate : {given.is_absolute() ? fs::path() : given, given.filename()}) {
-    if (candidate.empty()) continue;
-    const fs::path target = fs::canonical(base / candidate, error);
-    if (error) continue;
-    const bool inside = std::mismatch(base.begin(), base.end(), target.begin(), target.end()).first == base.end();
-    if (inside && fs::is_regular_file(target, error)) return target.string();
-  }
-  return {};
+  const std::string path = vlt_path_beside(directory, relative);
+  return path.empty() ? vlt_path_beside(directory, std::filesystem::path(relative).filename().string()) : path;
 }
 
 bool take_number(std::string_view& rest, double& number) {
@@ -52,8 +42,7 @@ float unit_range(double value) {
 }  // namespace
 
 objMaterials::objMaterials(const utString& file, vltOnce& findings, const velabsOutput& output)
-    : directory_(std::filesystem::path(file.str()).parent_path().string()), findings_(findings), output_(output) {
-  if (directory_.empty()) directory_ = ".";
+    : directory_(vlt_directory_of(file.str())), findings_(findings), output_(output) {
   std::error_code error;
   own_path_ = std::filesystem::canonical(file.str(), error).string();
 }

@@ -1,0 +1,24 @@
+# Options for writing binary glTF; those for reading it are GLTF's. A line "KEY = value" gives a key its value where a
+# request says nothing else.
+
+# Factor for all coordinates, greater than 0 (writing). The unit of glTF is the metre.
+SCALE = 1
+
+# Turn the model's +Z, its up, to glTF's up, which is +Y (writing).
+Z_UP = 0
+
+# Write the colours of faces and parts as materials (writing).
+WRITE_MATERIALS = 1
+
+# Write the normals of vertices, where the model has them (writing).
+WRITE_NORMALS = 1
+
+# Write the colours of vertices, where the model has them (writing).
+WRITE_VERTEX_COLOURS = 1
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

@@ -1,0 +1,33 @@
+# Options of the glTF translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Factor for all coordinates, greater than 0 (reading and writing). The unit of glTF is the metre.
+SCALE = 1
+
+# Take +Z for up (reading and writing). glTF's up is +Y.
+# Reading: the model is turned so that its up becomes +Z. Writing: the model's +Z is turned to +Y.
+Z_UP = 0
+
+# Give equal points one number, so that triangles share them (reading). Normals that differ there are left out.
+WELD_POINTS = 0
+
+# Take the colours of materials (reading).
+READ_MATERIALS = 1
+
+# Write the colours of faces and parts as materials (writing).
+WRITE_MATERIALS = 1
+
+# Write the normals of vertices, where the model has them (writing).
+WRITE_NORMALS = 1
+
+# Write the colours of vertices, where the model has them (writing).
+WRITE_VERTEX_COLOURS = 1
+
+# Put the binary data into the file itself and not into a file beside it (writing).
+EMBED_BUFFERS = 0
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

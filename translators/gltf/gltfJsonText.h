@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// JSON as it is written: values one behind the other, with commas where they belong.
+class gltfJsonText {
+ public:
+  gltfJsonText& open(char bracket);
+  gltfJsonText& close(char bracket);
+  gltfJsonText& key(std::string_view key);
+  // The next value or key begins on a line of its own.
+  gltfJsonText& line();
+
+  // Bytes that are no UTF-8 are replaced.
+  gltfJsonText& text(std::string_view text);
+  gltfJsonText& number(std::size_t number);
+  // The shortest text that reads back as the same number.
+  gltfJsonText& number(double number);
+  gltfJsonText& number(float number);
+
+  const std::string& str() const { return json_; }
+
+ private:
+  void separate();
+  template <typename Number>
+  gltfJsonText& write(Number number);
+
+  std::string json_;
+  bool needs_comma_ = false;
+  bool needs_line_ = false;
+};

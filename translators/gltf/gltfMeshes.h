@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "annMesh.h"
+#include "gltfMaterials.h"
+#include "gltfVertexPools.h"
+
+// The meshes of a file, each read when a node first shows it. The primitives of a mesh become one `annMesh`, in which a
+// face has the material of its primitive.
+class gltfMeshes {
+ public:
+  // Without `materials` faces have none.
+  gltfMeshes(const gltfModel& model, gltfAccessors& accessors, gltfVertexPools& pools, gltfMaterials* materials,
+             gltfWork& work, vltOnce& findings)
+      : model_(model),
+        accessors_(accessors),
+        pools_(pools),
+        materials_(materials),
+        work_(work),
+        findings_(findings),
+        meshes_(model.count(gltfMESHES)) {}
+
+  struct Mesh {
+    std::shared_ptr<const annMesh> mesh;  // null when the file's has no triangles
+    std::string_view name;
+  };
+
+  // Lives as long as this; null, and a message unless the work is cancelled, when the mesh is not as it must be.
+  const Mesh* find(std::size_t index);
+
+ private:
+  struct Primitive {
+    gltfValue value;
+    std::size_t mode = gltfTRIANGLES;
+    std::size_t set = 0;  // of attributes
+    std::optional<std::size_t> indices{};
+    std::uint32_t material = annMesh::no_material;
+  };
+  struct Parts {
+    std::vector<Primitive> primitives;
+    std::vector<gltfAttributes> sets;
+    std::vector<std::size_t> materials;  // of the file
+  };
+
+  bool read(const gltfValue& value, Mesh& mesh);
+  bool read_primitive(const gltfValue& value, Parts& parts);
+  bool read_attributes(const gltfValue& value, gltfAttributes& attributes);
+  bool read_material(const gltfValue& value, Parts& parts, Primitive& primitive);
+  bool add_triangles(const Primitive& primitive, const gltfVertexPool& pool, annMesh& mesh);
+  bool read_indices(const Primitive& primitive, std::size_t vertex_count);
+
+  const gltfModel& model_;
+  gltfAccessors& accessors_;
+  gltfVertexPools& pools_;
+  gltfMaterials* materials_;
+  gltfWork& work_;
+  vltOnce& findings_;
+  std::vector<std::optional<Mesh>> meshes_;
+  std::size_t meshes_read_ = 0;
+  std::vector<std::uint32_t> indices_;  // of the primitive at hand
+};

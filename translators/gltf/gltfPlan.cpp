@@ -1,0 +1,220 @@
+#include "gltfPlan.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+bool flag(const velTableInstance& resources, const char* key) {
+  return resources.value<utBool>(key, utFALSE) == utTRUE;
+}
+
+std::array<float, 4> numbers_of(const annColour& colour) {
+  return {colour.red, colour.green, colour.blue, colour.opacity};
+}
+
+}  // namespace
+
+std::size_t gltfPlan::Accessor::size() const {
+  return count * components * (type == gltfUINT16 ? 2 : 4);
+}
+
+gltfPlanner::gltfPlanner(const annDocument& document, const velTableInstance& resources, velabsOutput& output)
+    : document_(document),
+      output_(output),
+      facets_(document, resources, output),
+      materials_(flag(resources, "WRITE_MATERIALS")),
+      normals_(flag(resources, "WRITE_NORMALS")),
+      colours_(flag(resources, "WRITE_VERTEX_COLOURS")),
+      z_up_(flag(resources, "Z_UP")) {}
+
+std::optional<gltfPlan> gltfPlanner::plan(double factor) {
+  plan_.factor = factor;
+  struct Open {
+    const annNode* node;
+    std::optional<std::size_t> parent;
+    std::optional<annColour> colour;
+  };
+  std::vector<Open> open;
+  auto add_children = [&](const annNode& node, std::optional<std::size_t> parent, std::optional<annColour> colour) {
+    for (auto child = node.children.rbegin(); child != node.children.rend(); ++child) {
+      open.push_back({child->get(), parent, (*child)->colour ? (*child)->colour : colour});
+    }
+  };
+  const annNode& root = document_.root;
+  if (root.body.empty() && root.transform.is_identity()) {
+    add_children(root, std::nullopt, root.colour);
+  } else {
+    open.push_back({&root, std::nullopt, root.colour});
+  }
+  while (!open.empty()) {
+    const Open current = open.back();
+    open.pop_back();
+    const std::size_t index = plan_.nodes.size();
+    if (!add_node(*current.node, current.parent, current.colour)) return std::nullopt;
+    add_children(*current.node, index, current.colour);
+  }
+  if (bodies_.empty()) {
+    fail("the model holds no shape");
+    return std::nullopt;
+  }
+  const vltCarries carries{.format = "glTF",
+                           .parts = true,
+                           .tree = true,
+                           .colours = true,
+                           .material_names = true,
+                           .vertex_normals = true,
+                           .vertex_colours = true};
+  vlt_tell_losses(document_, bodies_, carries, velLENGTH_UNSPECIFIED, output_);
+  if (without_faces_ > 0) {
+    output_.message(velabsNOTE, "glTF holds no meshes without faces: their parts are written as empty nodes");
+  }
+  return std::move(plan_);
+}
+
+bool gltfPlanner::add_node(const annNode& node, std::optional<std::size_t> parent, std::optional<annColour> colour) {
+  gltfPlan::Node planned{&node, node.transform, std::nullopt, {}};
+  if (z_up_ && !parent) planned.placement = gltf_z_up_to_y_up(planned.placement);
+  for (std::size_t row = 0; row < 3; ++row) planned.placement.m[4 * row + 3] *= plan_.factor;
+  for (double number : planned.placement.m) {
+    if (!std::isfinite(number)) return fail("the placement of \"" + node.name.str() + "\" is too large");
+  }
+  if (!node.body.empty()) {
+    const std::shared_ptr<const annMesh> mesh = facets_.of(node);
+    if (!mesh) return false;
+    bodies_.push_back({&node, mesh, {}, colour});
+    if (mesh->corners.empty()) {
+      ++without_faces_;
+    } else if (std::size_t index = 0; add_mesh(mesh, colour, index)) {
+      planned.mesh = index;
+    } else {
+      return fail("\"" + node.name.str() + "\": a coordinate is too large for the numbers of glTF");
+    }
+  }
+  const std::size_t index = plan_.nodes.size();
+  (parent ? plan_.nodes[*parent].children : plan_.roots).push_back(index);
+  plan_.nodes.push_back(std::move(planned));
+  return true;
+}
+
+bool gltfPlanner::add_mesh(const std::shared_ptr<const annMesh>& mesh, std::optional<annColour> colour,
+                           std::size_t& index) {
+  // A viewer multiplies the colours of material and vertex, so a part's colour stands back where vertices have theirs.
+  const bool has_vertex_colours = colours_ && !mesh->vertices->colours.empty();
+  if (!materials_ || has_vertex_colours || !has_faces_without_look(*mesh)) colour = std::nullopt;
+  const Look look{mesh.get(), colour ? std::optional(numbers_of(*colour)) : std::nullopt};
+  const auto [known, is_new] = meshes_.try_emplace(look, plan_.meshes.size());
+  index = known->second;
+  if (!is_new) return true;
+  gltfPlan::Mesh planned{mesh, 0, false, {}, {}};
+  const std::size_t pools = plan_.pools.size();
+  if (!add_pool(*mesh->vertices, planned.pool)) return false;
+  planned.first_of_pool = planned.pool == pools;
+  add_groups(planned, colour);
+  plan_.meshes.push_back(std::move(planned));
+  return true;
+}
+
+void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annColour>& colour) {
+  constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+  const annMesh& mesh = *planned.mesh;
+  planned.group_of_material.assign(mesh.materials.size() + 1, none);
+  std::vector<std::size_t> triangles;
+
+  // Two materials of the mesh may be one of the file.
+  std::map<std::optional<std::size_t>, std::size_t> known;
+  auto group_for = [&](std::size_t slot) {
+    std::optional<std::size_t> material;
+    if (materials_ && slot < mesh.materials.size()) {
+      material = material_number(mesh.materials[slot]);
+    } else if (colour) {
+      material = material_number({{}, *colour});
+    }
+    const auto [group, is_new] = known.try_emplace(material, planned.groups.size());
+    if (is_new) {
+      planned.groups.push_back({material});
+      triangles.push_back(0);
+    }
+    return group->second;
+  };
+  const std::size_t faces = mesh.face_count();
+  for (std::size_t face = 0; face < faces; ++face) {
+    const std::size_t slot = std::min<std::size_t>(mesh.face_material(face), mesh.materials.size());
+    std::size_t& group = planned.group_of_material[slot];
+    if (group == none) group = group_for(slot);
+    triangles[group] += mesh.all_triangles() ? 1 : mesh.face(face).size() - 2;
+  }
+
+  // The largest number of a type is no index.
+  const bool is_small = mesh.vertices->points.size() <= std::numeric_limits<std::uint16_t>::max();
+  for (std::size_t group = 0; group < planned.groups.size(); ++group) {
+    planned.groups[group].indices = add_accessor(3 * triangles[group], 1, is_small ? gltfUINT16 : gltfUINT32);
+  }
+}
+
+bool gltfPlanner::add_pool(const annVertices& vertices, std::size_t& index) {
+  const auto [known, is_new] = pools_.try_emplace(&vertices, plan_.pools.size());
+  index = known->second;
+  if (!is_new) return true;
+  gltfPlan::Pool pool{&vertices};
+  if (!add_positions(vertices, pool.positions)) return false;
+  const std::size_t count = vertices.points.size();
+  if (normals_ && !vertices.normals.empty()) pool.normals = add_accessor(count, 3, gltfFLOAT);
+  if (colours_ && !vertices.colours.empty()) {
+    const bool opaque = std::all_of(vertices.colours.begin(), vertices.colours.end(),
+                                    [](const annColour& colour) { return colour.opacity == 1; });
+    pool.colours = add_accessor(count, opaque ? 3 : 4, gltfFLOAT);
+  }
+  plan_.pools.push_back(pool);
+  return true;
+}
+
+bool gltfPlanner::add_positions(const annVertices& vertices, std::size_t& index) {
+  annVector min = vertices.points.front(), max = min;
+  for (const annVector& p : vertices.points) {
+    min = {std::min(min.x, p.x), std::min(min.y, p.y), std::min(min.z, p.z)};
+    max = {std::max(max.x, p.x), std::max(max.y, p.y), std::max(max.z, p.z)};
+  }
+  // Scaling and rounding keep the order, so the rounded range is that of the rounded points.
+  std::array<std::array<float, 3>, 2> range{};
+  const double ends[2][3] = {{min.x, min.y, min.z}, {max.x, max.y, max.z}};
+  for (std::size_t end = 0; end < 2; ++end) {
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      const double number = ends[end][axis] * plan_.factor;
+      if (!(std::fabs(number) <= std::numeric_limits<float>::max())) return false;
+      range[end][axis] = static_cast<float>(number);
+    }
+  }
+  index = add_accessor(vertices.points.size(), 3, gltfFLOAT);
+  plan_.accessors[index].range = range;
+  return true;
+}
+
+std::size_t gltfPlanner::add_accessor(std::size_t count, std::size_t components, gltfComponentType type) {
+  const gltfPlan::Accessor accessor{plan_.data_size, count, components, type};
+  plan_.data_size += (accessor.size() + 3) / 4 * 4;
+  plan_.accessors.push_back(accessor);
+  return plan_.accessors.size() - 1;
+}
+
+std::size_t gltfPlanner::material_number(const annMaterial& material) {
+  const auto [known, is_new] =
+      material_numbers_.try_emplace({material.name.str(), numbers_of(material.colour)}, plan_.materials.size());
+  if (is_new) plan_.materials.push_back(material);
+  return known->second;
+}
+
+bool gltfPlanner::has_faces_without_look(const annMesh& mesh) {
+  const auto [known, is_new] = without_look_.try_emplace(&mesh, true);
+  if (is_new && !mesh.face_materials.empty()) {
+    const auto& looks = mesh.face_materials;
+    known->second = std::find(looks.begin(), looks.end(), annMesh::no_material) != looks.end();
+  }
+  return known->second;
+}
+
+bool gltfPlanner::fail(const utString& reason) {
+  output_.message(velabsERROR, reason);
+  return false;
+}

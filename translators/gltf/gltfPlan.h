@@ -1,0 +1,100 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <tuple>
+#include <vector>
+
+#include "annDocument.h"
+#include "gltfFormat.h"
+#include "velTableInstance.h"
+#include "velabsOutput.h"
+#include "vltFacets.h"
+#include "vltPlacedMesh.h"
+
+// What will stand in a file, numbered and measured before the first byte is written: GLB begins with its length, and
+// the JSON says where everything is. Points to the document, which must outlive it.
+struct gltfPlan {
+  struct Node {
+    const annNode* node;
+    annTransform placement;
+    std::optional<std::size_t> mesh;
+    std::vector<std::size_t> children;
+  };
+  // Numbers in the binary data, each kind in a view of its own.
+  struct Accessor {
+    std::size_t offset = 0;
+    std::size_t count = 0;
+    std::size_t components = 1;
+    gltfComponentType type = gltfFLOAT;
+    std::optional<std::array<std::array<float, 3>, 2>> range{};  // of positions
+
+    std::size_t size() const;  // in bytes
+  };
+  // Vertices, written once however many meshes share them.
+  struct Pool {
+    const annVertices* vertices;
+    std::size_t positions = 0;  // accessors
+    std::optional<std::size_t> normals{};
+    std::optional<std::size_t> colours{};
+  };
+  // The faces of a mesh that have one look.
+  struct Group {
+    std::optional<std::size_t> material;
+    std::size_t indices = 0;  // accessor
+  };
+  struct Mesh {
+    std::shared_ptr<const annMesh> mesh;
+    std::size_t pool;
+    bool first_of_pool;  // the pool's data stands in front of its own
+    std::vector<Group> groups;
+    std::vector<std::size_t> group_of_material;  // of each material of the mesh; at the end, of faces without one
+  };
+
+  double factor = 1;
+  std::vector<std::size_t> roots;
+  std::vector<Node> nodes;
+  std::vector<Mesh> meshes;
+  std::vector<Pool> pools;
+  std::vector<annMaterial> materials;
+  std::vector<Accessor> accessors;
+  std::size_t data_size = 0;
+};
+
+// Makes the plan for a document; says what gets lost. A mesh without faces cannot be written: its node is empty.
+class gltfPlanner {
+ public:
+  gltfPlanner(const annDocument& document, const velTableInstance& resources, velabsOutput& output);
+
+  // Nothing, and a message, when the document cannot be written.
+  std::optional<gltfPlan> plan(double factor);
+
+ private:
+  // The look of a part is that of its faces without one: a mesh under two colours becomes two meshes.
+  using Look = std::tuple<const annMesh*, std::optional<std::array<float, 4>>>;
+
+  bool add_node(const annNode& node, std::optional<std::size_t> parent, std::optional<annColour> colour);
+  bool add_mesh(const std::shared_ptr<const annMesh>& mesh, std::optional<annColour> colour, std::size_t& index);
+  void add_groups(gltfPlan::Mesh& planned, const std::optional<annColour>& colour);
+  bool add_pool(const annVertices& vertices, std::size_t& index);
+  bool add_positions(const annVertices& vertices, std::size_t& index);
+  std::size_t add_accessor(std::size_t count, std::size_t components, gltfComponentType type);
+  std::size_t material_number(const annMaterial& material);
+  bool has_faces_without_look(const annMesh& mesh);
+  bool fail(const utString& reason);
+
+  const annDocument& document_;
+  velabsOutput& output_;
+  vltFacets facets_;
+  bool materials_, normals_, colours_, z_up_;
+  gltfPlan plan_;
+  std::vector<vltPlacedMesh> bodies_;
+  std::map<Look, std::size_t> meshes_;
+  std::map<const annVertices*, std::size_t> pools_;
+  std::map<const annMesh*, bool> without_look_;
+  std::map<std::tuple<std::string, std::array<float, 4>>, std::size_t> material_numbers_;
+  std::size_t without_faces_ = 0;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <limits>
+#include <vector>
+
+#include "annDocument.h"
+#include "gltfMeshes.h"
+
+// Makes the tree of a document from the nodes of a file: those below the scene that the file wants shown, else all. A
+// node that stands in two places or below itself is an error.
+class gltfScene {
+ public:
+  struct Options {
+    double factor = 1;
+    bool z_up = false;
+  };
+
+  gltfScene(const gltfModel& model, gltfMeshes& meshes, Options options, vltOnce& findings)
+      : model_(model), meshes_(meshes), options_(options), findings_(findings) {}
+
+  bool read(annDocument& document);
+
+ private:
+  static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+
+  bool read_children();
+  bool check_for_cycles() const;
+  bool find_roots(std::vector<std::size_t>& roots) const;
+  bool read_node(std::size_t index, annNode& node);
+  bool read_mesh(const gltfValue& value, annNode& node);
+
+  const gltfModel& model_;
+  gltfMeshes& meshes_;
+  Options options_;
+  vltOnce& findings_;
+  std::vector<std::size_t> parents_;
+  std::vector<std::vector<std::size_t>> children_;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "annVertices.h"
+#include "gltfAccessors.h"
+
+// The accessors that describe the vertices of a primitive.
+struct gltfAttributes {
+  static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+
+  std::size_t positions = none;
+  std::size_t normals = none;
+  std::size_t colours = none;
+
+  friend auto operator<=>(const gltfAttributes&, const gltfAttributes&) = default;
+};
+
+// The vertices of a mesh, those of each set of attributes behind those of the set before.
+struct gltfVertexPool {
+  std::shared_ptr<annVertices> vertices = std::make_shared<annVertices>();
+  std::vector<std::size_t> starts;  // of each set, and the end
+  // Once equal points were put together: the new number of each vertex.
+  std::vector<std::uint32_t> welded;
+};
+
+// Makes the vertices of meshes; meshes with the same sets of attributes share them.
+class gltfVertexPools {
+ public:
+  struct Options {
+    double factor = 1;
+    bool weld = false;
+  };
+
+  gltfVertexPools(gltfAccessors& accessors, Options options, gltfWork& work, vltOnce& findings)
+      : accessors_(accessors), options_(options), work_(work), findings_(findings) {}
+
+  // Lives as long as this; null, and a message unless the work is cancelled, when an accessor is not as it must be.
+  const gltfVertexPool* find(const std::vector<gltfAttributes>& sets);
+
+ private:
+  bool make(const std::vector<gltfAttributes>& sets, gltfVertexPool& pool);
+  bool add_points(std::size_t accessor, std::vector<annVector>& points);
+  bool add_normals(std::size_t accessor, std::size_t expected, std::vector<annVector>& normals);
+  bool add_colours(std::size_t accessor, std::size_t expected, std::vector<annColour>& colours);
+  bool has_count(const gltfAccessor& accessor, std::size_t expected);
+  bool fail(const gltfAccessor& accessor, std::string_view reason);
+  void weld(gltfVertexPool& pool);
+
+  gltfAccessors& accessors_;
+  Options options_;
+  gltfWork& work_;
+  vltOnce& findings_;
+  std::map<std::vector<gltfAttributes>, gltfVertexPool> pools_;
+};
