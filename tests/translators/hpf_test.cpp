@@ -148,19 +148,27 @@ TEST(Hpf, KeepsShapesWithoutFacetsAndSaysSo) {
 TEST(Hpf, TellsEveryDamage) {
   TemporaryDirectory directory;
   const std::string bytes = file_of(directory, whole_document());
-  auto is_told = [&](const std::string& damaged) {
-    const Reading reading = reader.read(directory.write("d.hpf", damaged));
+  const std::string file = directory / "a.hpf";
+  auto is_told = [&] {
+    const Reading reading = reader.read(file);
     return reading.result == velabsFAILED && !reading.fault();
   };
+  // In place: making thousands of files takes longer than reading them.
+  std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
   for (std::size_t place = 0; place < bytes.size(); ++place) {
-    for (int pattern : {0x01, 0x80, 0xFF}) {
-      std::string damaged = bytes;
-      damaged[place] = static_cast<char>(damaged[place] ^ pattern);
-      ASSERT_TRUE(is_told(damaged)) << place << " " << pattern;
+    for (int pattern : {0x01, 0x80, 0xFF, 0}) {
+      stream.seekp(static_cast<std::streamoff>(place)).put(static_cast<char>(bytes[place] ^ pattern)).flush();
+      ASSERT_EQ(pattern != 0, is_told()) << place << " " << pattern;
     }
-    ASSERT_TRUE(is_told(bytes.substr(0, place))) << place;
   }
-  for (std::size_t more : {1, 8, 64, 4096}) EXPECT_TRUE(is_told(bytes + std::string(more, '\0'))) << more;
+  for (std::size_t more : {4096, 64, 8, 1}) {
+    std::filesystem::resize_file(file, bytes.size() + more);
+    EXPECT_TRUE(is_told()) << more;
+  }
+  for (std::size_t size = bytes.size(); size-- > 0;) {
+    std::filesystem::resize_file(file, size);
+    ASSERT_TRUE(is_told()) << size;
+  }
 }
 
 template <typename Record>
