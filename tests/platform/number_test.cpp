@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "apNumberChecks.h"
 #include "apNumberText.h"
 
 TEST(Numbers, RealNumbersAsCadFilesHoldThem) {
@@ -64,4 +65,25 @@ TEST(Numbers, WrittenNumbersReadBackTheSame) {
   }
   char room[ap_number_room];
   EXPECT_EQ(std::string(room, ap_write_number(room, 0.1f)), "0.1");
+}
+
+TEST(Numbers, OneBadNumberIsFoundAnywhereInALongArray) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  std::vector<double> reals(600, -std::numeric_limits<double>::max());
+  std::vector<std::uint32_t> numbers(600, 7);
+  EXPECT_TRUE(ap_all_finite(reals) && ap_all_at_most(numbers, 7));
+  for (std::size_t place : {0, 255, 256, 511, 512, 599}) {
+    for (double bad : {infinity, -infinity, std::nan("")}) {
+      reals[place] = bad;
+      EXPECT_FALSE(ap_all_finite(reals)) << place << " " << bad;
+    }
+    reals[place] = std::numeric_limits<double>::denorm_min();
+    for (std::uint32_t bad : {8u, 0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
+      numbers[place] = bad;
+      EXPECT_FALSE(ap_all_at_most(numbers, 7)) << place << " " << bad;
+      EXPECT_FALSE(ap_all_at_most(numbers, bad - 1)) << place << " " << bad;
+      EXPECT_TRUE(ap_all_at_most(numbers, bad)) << place << " " << bad;
+    }
+    numbers[place] = 0;
+  }
 }

@@ -20,8 +20,9 @@ annStoredShape::annStoredShape(utString kind, std::string bytes, annShapeContent
     : kind_(std::move(kind)), bytes_(std::move(bytes)), content_(content), box_(box) {}
 
 std::shared_ptr<const annMesh> annStoredShape::facets(const annTolerance&, apStatus& status) const {
-  status.set_failure(utString("they can only be made where the library for shapes of the kind \"") + kind_ +
-                     "\" is installed");
+  status.set_failure(
+      utString("those of a shape that was kept as bytes can only be made where the library for the kind \"") + kind_ +
+      "\" is installed; write the file anew from the shape's source, with facets");
   return nullptr;
 }
 
