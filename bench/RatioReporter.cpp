@@ -25,6 +25,10 @@ void RatioReporter::print_ratio(const char* what, const std::string& measured, c
                                 double bound) const {
   if (median(measured) == 0 || median(floor) == 0) return;
   const double ratio = median(measured) / median(floor);
+  if (bound == 0) {
+    std::printf("%-70s %6.2f\n", what, ratio);
+    return;
+  }
   std::printf("%-70s %6.2f  (at most %.1f)%s\n", what, ratio, bound, ratio <= bound ? "" : "  MISSED");
 }
 

@@ -11,7 +11,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  // One line: what was compared, the ratio of the medians, and the bound.
+  // One line: what was compared, the ratio of the medians, and the bound; 0 stands for none.
   void print_ratio(const char* what, const std::string& measured, const std::string& floor, double bound) const;
 
   // One line: the most memory that any run of a benchmark took.
