@@ -45,6 +45,8 @@ TEST(FileTypes, AreToldByContent) {
   const std::string lines = iges_line("start", 'S', 1) + "\r\n" + iges_line("1H,,1H;", 'G', 1) + "\r\n";
   std::string long_face = "f 1 2 3";
   for (int i = 4; i < 30000; ++i) long_face += " " + std::to_string(i);
+  std::string many_points;
+  for (int i = 0; i < 9999; ++i) many_points += "0.25 " + std::to_string(i) + " 1\n";
   const struct {
     vluFileType type;
     std::vector<std::string> contents;
@@ -60,10 +62,15 @@ TEST(FileTypes, AreToldByContent) {
       {vluOBJ,
        {cube, "# " + std::string(70000, 'c') + "\n" + cube, long_face, "v 1 2 \\\n 3\nf -1 -2 -3",
         "mtllib a.mtl\ng part\nusemtl red\n", "\xEF\xBB\xBFo a\rv 1 2 3\rv 1 2 4"}},
-      {vluPLY, {"ply\nformat ascii 1.0\nelement vertex 3\n", "ply \r\nformat binary_little_endian 1.0\r\n", "ply"}},
+      {vluPLY,
+       {"ply\nformat ascii 1.0\nelement vertex 3\n", "ply \r\nformat binary_little_endian 1.0\r\n", "ply",
+        "ply\rcomment x\rformat ascii 1.0\r", "\xEF\xBB\xBFply\nformat ascii 1.0\n"}},
       {vluOFF,
        {"OFF\n3 1 0\n0 0 0\n", "# first\n\n# second\nSTCN4OFF 3 1 0", "OFF8 6 12\n",
-        std::string("OFF BINARY\n\0\0\0\3", 15), "COFF"}},
+        std::string("OFF BINARY\n\0\0\0\3", 15), "COFF", "#\r\n# x\r\nNOFF # y\r\n8 6 0\r\n", "STOFF\r3 1 0\r",
+        "NCOFF 3 1", "4nOFF\n2\n",
+        // Without a keyword: whole, and longer than the head.
+        "3 1 0\n0 0 0\n# c\n1 0 0\n0 1 0.5 255 0 0\n3 0 1 2\n", "9999 1 0\n" + many_points}},
       {vluGLTF,
        {" {\"x\": {\"asset\": 1}, \"asset\" : {\"version\": \"2.0\"}}",
         "{\"buffers\":[{\"uri\":\"" + std::string(200000, 'A') + "\"}],\"asset\":{}}",
@@ -82,7 +89,7 @@ TEST(FileTypes, AreToldByContent) {
         std::string(4000, '\xFF'), binary_stl("", 0, 3), "# only a comment\n", "newmtl red\nKd 1 0 0\nillum 2\n",
         "offset 3 1 0\n", "OFFICE hours\n", "{\"name\": \"asset\", \"nodes\": 1}",
         zip_member("[Content_Types].xml") + zip_member("word/document.xml"), zip_member("a.txt"), "playing\nformat\n",
-        "1 2 3\n4 5 6\n"}}};
+        "1 2 3\n4 5 6\n", "3 2 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n", "3 1 0\n1 1 1\n2 2 2\n3 3 3\n3 4 4\n"}}};
   TemporaryDirectory directory;
   for (const auto& [expected, contents] : cases) {
     for (const std::string& content : contents) {

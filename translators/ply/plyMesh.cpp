@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "vltNormals.h"
+
 namespace {
 
 // Real components count to 1, but to 255 in files in which one is greater.
@@ -148,27 +150,11 @@ annColour plyMesh::raw_colour(const double* components) {
 }
 
 void plyMesh::finish() {
-  finish_normals();
+  vlt_settle_normals(mesh_->vertices->normals, findings_);
   finish_vertex_colours();
   finish_materials();
   if (faces_left_out_ > 0) {
     findings_.count(velabsWARNING, "faces with fewer than three corners are left out", 0, faces_left_out_);
-  }
-}
-
-void plyMesh::finish_normals() {
-  constexpr double close = 1e-5;  // what numbers rounded to floats make of 1
-  std::vector<annVector>& normals = mesh_->vertices->normals;
-  for (annVector& n : normals) {
-    const double square = ann_dot(n, n);
-    if (std::fabs(square - 1) <= close || n == annVector{}) continue;
-    if (!is_finite(n)) {
-      findings_.count(velabsWARNING, "a normal is not of finite numbers, so normals are left out");
-      normals = {};
-      return;
-    }
-    const double length = std::hypot(n.x, n.y, n.z);
-    n = std::isfinite(length) ? annVector{n.x / length, n.y / length, n.z / length} : annVector{};
   }
 }
 

@@ -45,7 +45,6 @@ class plyMesh {
   bool is_vertex(long long number);
   bool has_room(std::size_t corners);
   annColour raw_colour(const double* components);
-  void finish_normals();
   void finish_vertex_colours();
   void finish_materials();
 

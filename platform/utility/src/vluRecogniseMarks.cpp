@@ -13,6 +13,7 @@ vluSureness vlu_sure_of_hpf(const vluFileSample& sample) {
 
 vluSureness vlu_sure_of_ply(const vluFileSample& sample) {
   std::string_view rest = sample.head();
+  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
   std::string_view line = vlu_take_line(rest);
   if (vlu_take_word(line) != "ply" || !vlu_take_word(line).empty()) return vluNO_MARK;
   vlu_skip_space(rest);

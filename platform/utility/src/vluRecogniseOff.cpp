@@ -6,13 +6,50 @@ namespace {
 
 // Takes the optional prefixes and the keyword itself away.
 bool take_keyword(std::string_view& text) {
-  for (std::string_view prefix : {"ST", "C", "N", "4", "n"}) {
+  // Some writers put "N" in front of "C".
+  for (std::string_view prefix : {"ST", "N", "C", "N", "4", "n"}) {
     if (text.starts_with(prefix)) text.remove_prefix(prefix.size());
   }
   if (!text.starts_with("OFF")) return false;
   text.remove_prefix(3);
   const char next = text.empty() ? '\n' : text.front();
   return vlu_is_blank(next) || next == '\n' || next == '#' || (next >= '0' && next <= '9');
+}
+
+// How many numbers a line holds, none when anything else stands there but a comment; `first_whole` is the first of
+// them, -1 when it is no whole number.
+std::size_t numbers_on_line(std::string_view line, long long& first_whole) {
+  line = line.substr(0, line.find('#'));
+  std::size_t count = 0;
+  for (std::string_view word = vlu_take_word(line); !word.empty(); word = vlu_take_word(line), ++count) {
+    double value;
+    if (!ap_parse_double(word, value)) return 0;
+    if (count == 0 && !ap_parse_int(word, first_whole)) first_whole = -1;
+  }
+  return count;
+}
+
+// Some writers leave the keyword out. Counts, vertices and faces must then agree with each other as far as the head
+// goes, and a file that ends in it must hold all of them.
+bool agrees_with_itself(const vluFileSample& sample) {
+  std::string_view text = sample.text();
+  std::string_view counts = vlu_take_line(text);
+  long long vertices = 0, faces = 0, edges = 0;
+  if (!ap_parse_int(vlu_take_word(counts), vertices) || !ap_parse_int(vlu_take_word(counts), faces) ||
+      !ap_parse_int(vlu_take_word(counts), edges) || !vlu_take_word(counts).empty()) {
+    return false;
+  }
+  if (vertices < 3 || faces < 1 || edges < 0) return false;
+  // The last line of a head that is cut off may be half of one.
+  if (!sample.head_is_all()) text = text.substr(0, text.find_last_of("\r\n"));
+  long long seen = 0;
+  for (vlu_skip_comments(text); !text.empty() && seen < vertices + faces; vlu_skip_comments(text), ++seen) {
+    long long corners = 0;
+    const std::size_t count = numbers_on_line(vlu_take_line(text), corners);
+    const bool fits = seen < vertices ? count >= 3 : corners >= 0 && count > static_cast<std::size_t>(corners);
+    if (!fits) return false;
+  }
+  return seen == vertices + faces || (!sample.head_is_all() && seen > 3);
 }
 
 }  // namespace
@@ -22,7 +59,7 @@ vluSureness vlu_sure_of_off(const vluFileSample& sample) {
   std::string_view text = sample.head();
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   vlu_skip_comments(text);
-  if (!take_keyword(text)) return vluNO_MARK;
+  if (!take_keyword(text)) return agrees_with_itself(sample) ? vluCONSISTENT : vluNO_MARK;
   vlu_skip_comments(text);
   if (text.empty()) return vluRESEMBLES;
   if (text.starts_with("BINARY")) return vluKEYWORD;

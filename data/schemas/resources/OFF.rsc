@@ -1,0 +1,31 @@
+# Options of the OFF translators. A line "KEY = value" gives a key its value where a request says nothing else.
+
+# Unit of the numbers in the file (reading and writing).
+# Reading: OFF files hold no unit; this says which one theirs is.
+# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+LENGTH_UNIT = unspecified
+
+# Factor for all coordinates, greater than 0 (reading and writing).
+SCALE = 1
+
+# Take colours of faces (reading).
+READ_MATERIALS = 1
+
+# Write colours of faces, where the model has them (writing).
+WRITE_MATERIALS = 1
+
+# Write the normals of vertices, where the model has them (writing).
+WRITE_NORMALS = 1
+
+# Write the colours of vertices, where the model has them (writing).
+WRITE_VERTEX_COLOURS = 1
+
+# Significant digits of coordinates (writing). 0: as many as it takes to read back the same number.
+DIGITS = 0
+
+# Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
+# 0: a tenth of a millimetre, or 0.1 without a unit.
+CHORD_TOLERANCE = 0
+
+# Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
+ANGLE_TOLERANCE = 0

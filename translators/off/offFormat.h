@@ -1,0 +1,5 @@
+#pragma once
+
+#include "vltFormat.h"
+
+extern const vltFormat off_format;

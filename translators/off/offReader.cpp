@@ -1,0 +1,23 @@
+#include "offReader.h"
+
+#include "offFormat.h"
+#include "offParser.h"
+#include "vltInput.h"
+#include "vltScale.h"
+
+VELABS_INPUT_LIBRARY(offReader)
+
+offReader::offReader() : vltDescribed(off_format, "Reads polygon meshes from OFF files.") {}
+
+velabsResult offReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
+                             velabsOutput& output) {
+  const std::optional<double> factor = vlt_input_scale(resources, document, output);
+  if (!factor) return velabsFAILED;
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
+  const bool materials = resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE;
+  offParser parser(*mapped, materials, *factor, output);
+  const velabsResult result = parser.read();
+  if (result == velabsDONE) document.root.add_child("").body.mesh = parser.mesh();
+  return result;
+}

@@ -1,0 +1,18 @@
+#include "vltNormals.h"
+
+#include <cmath>
+
+void vlt_settle_normals(std::vector<annVector>& normals, vltOnce& findings) {
+  constexpr double close = 1e-5;  // what numbers rounded to floats make of 1
+  for (annVector& n : normals) {
+    const double square = ann_dot(n, n);
+    if (std::fabs(square - 1) <= close || n == annVector{}) continue;
+    if (!std::isfinite(n.x) || !std::isfinite(n.y) || !std::isfinite(n.z)) {
+      findings.count(velabsWARNING, "a normal is not of finite numbers, so normals are left out");
+      normals = {};
+      return;
+    }
+    const double length = std::hypot(n.x, n.y, n.z);
+    n = std::isfinite(length) ? annVector{n.x / length, n.y / length, n.z / length} : annVector{};
+  }
+}
