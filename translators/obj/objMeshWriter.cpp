@@ -4,34 +4,33 @@
 #include <cmath>
 
 objMeshWriter::objMeshWriter(velabsOfStream& stream, const velTableInstance& resources, int digits, objLooks* looks,
-                             vltProgress& progress, velabsOutput& output)
+                             const vltVertexLists& lists, vltProgress& progress, velabsOutput& output)
     : stream_(stream),
       output_(output),
       text_(stream, digits),
       looks_(looks),
       progress_(progress),
       with_normals_(resources.value<utBool>("WRITE_NORMALS", utTRUE) == utTRUE),
-      with_colours_(resources.value<utBool>("WRITE_VERTEX_COLOURS", utTRUE) == utTRUE) {}
+      with_colours_(resources.value<utBool>("WRITE_VERTEX_COLOURS", utTRUE) == utTRUE),
+      lists_(lists) {}
 
-bool objMeshWriter::write(const vltPlacedMesh& body) {
+bool objMeshWriter::write(const vltPlacedMesh& body, std::size_t number) {
   std::string name = vlt_one_line(body.node->name);
-  if (name.empty()) name = "body_" + std::to_string(bodies_ + 1);
-  ++bodies_;
+  if (name.empty()) name = "body_" + std::to_string(number + 1);
   text_.text("o ");
   text_.text(names_.unique(std::move(name)));
   text_.text("\n");
-  const Written* at = written(body);
+  const Written* at = written(body, number);
   return at && faces(body, *at);
 }
 
-const objMeshWriter::Written* objMeshWriter::written(const vltPlacedMesh& body) {
+const objMeshWriter::Written* objMeshWriter::written(const vltPlacedMesh& body, std::size_t number) {
   const annVertices& vertices = *body.mesh->vertices;
-  const std::size_t number = placed_.number_of(vertices, body.placement);
-  if (number < written_.size()) return &written_[number];
+  const std::size_t list = lists_.number_of(number);
+  if (list < written_.size()) return &written_[list];
   const bool has_normals = with_normals_ && !vertices.normals.empty();
-  written_.push_back({next_vertex_, has_normals ? next_normal_ : 0});
+  written_.push_back({lists_.of(number).first + 1, has_normals ? next_normal_ : 0});
   if (!points(body)) return nullptr;
-  next_vertex_ += vertices.points.size();
   if (has_normals) {
     normals(body);
     next_normal_ += vertices.normals.size();

@@ -4,12 +4,12 @@
 #include <span>
 #include <vector>
 
-#include "annPlacedVertices.h"
 #include "objLooks.h"
 #include "velTableInstance.h"
 #include "vltNames.h"
 #include "vltProgress.h"
 #include "vltTextOutput.h"
+#include "vltVertexLists.h"
 
 // Writes the objects of a file. Vertices stand before the first object that uses them; later objects with the same
 // vertices in the same place refer to them. Faces keep their order and their corners; those of a mirrored body are
@@ -18,10 +18,11 @@ class objMeshWriter {
  public:
   // `looks` is null when no materials are written.
   objMeshWriter(velabsOfStream& stream, const velTableInstance& resources, int digits, objLooks* looks,
-                vltProgress& progress, velabsOutput& output);
+                const vltVertexLists& lists, vltProgress& progress, velabsOutput& output);
 
-  // False when the work is cancelled, the stream failed, or a coordinate cannot be written, which is then said.
-  bool write(const vltPlacedMesh& body);
+  // The body of a number, which is to be the next one. False when the work is cancelled, the stream failed, or a
+  // coordinate cannot be written, which is then said.
+  bool write(const vltPlacedMesh& body, std::size_t number);
 
  private:
   struct Written {
@@ -29,7 +30,7 @@ class objMeshWriter {
     std::size_t first_normal;  // 0 when the vertices have none
   };
 
-  const Written* written(const vltPlacedMesh& body);
+  const Written* written(const vltPlacedMesh& body, std::size_t number);
   bool points(const vltPlacedMesh& body);
   void normals(const vltPlacedMesh& body);
   bool faces(const vltPlacedMesh& body, const Written& at);
@@ -42,11 +43,10 @@ class objMeshWriter {
   objLooks* looks_;
   vltProgress& progress_;
   bool with_normals_, with_colours_;
-  annPlacedVertices placed_;
+  const vltVertexLists& lists_;
   std::vector<Written> written_;
-  std::size_t next_vertex_ = 1, next_normal_ = 1;
+  std::size_t next_normal_ = 1;
   std::size_t done_ = 0;
-  std::size_t bodies_ = 0;
   std::string material_;
   vltUniqueNames names_;
 };

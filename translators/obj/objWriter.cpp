@@ -2,12 +2,12 @@
 
 #include <filesystem>
 
-#include "annPlacedVertices.h"
 #include "objFormat.h"
 #include "objLooks.h"
 #include "objMeshWriter.h"
 #include "vltNames.h"
 #include "vltScale.h"
+#include "vltVertexLists.h"
 
 VELABS_OUTPUT_LIBRARY(objWriter)
 
@@ -24,18 +24,6 @@ bool can_be_referred_to(const velabsOfStream& stream) {
   const std::string name = std::filesystem::path(stream.target().str()).stem().string() + ".mtl";
   return name == vlt_one_line(name) && name.front() != '#' && name.find(" #") == name.npos &&
          name.find('\\') == name.npos;
-}
-
-// Vertices, each as often as it is written, and faces.
-std::size_t amount_of_work(const std::vector<vltPlacedMesh>& bodies) {
-  std::size_t amount = 0;
-  annPlacedVertices seen;
-  for (const vltPlacedMesh& body : bodies) {
-    amount += body.mesh->face_count();
-    const std::size_t known = seen.count();
-    if (seen.number_of(*body.mesh->vertices, body.placement) == known) amount += body.mesh->vertices->count();
-  }
-  return amount;
 }
 
 }  // namespace
@@ -70,10 +58,13 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
     stream_.write("mtllib " + std::filesystem::path(companion.target().str()).filename().string() + "\n");
     looks.write(companion);
   }
-  vltProgress progress(output, amount_of_work(*bodies), progress_step);
-  objMeshWriter writer(stream_, resources, *digits, looks.empty() ? nullptr : &looks, progress, output);
-  for (const vltPlacedMesh& body : *bodies) {
-    if (!writer.write(body)) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
+  const vltVertexLists lists(*bodies);
+  std::size_t faces = 0;
+  for (const vltPlacedMesh& body : *bodies) faces += body.mesh->face_count();
+  vltProgress progress(output, lists.vertex_count() + faces, progress_step);
+  objMeshWriter writer(stream_, resources, *digits, looks.empty() ? nullptr : &looks, lists, progress, output);
+  for (std::size_t i = 0; i < bodies->size(); ++i) {
+    if (!writer.write((*bodies)[i], i)) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   }
   return velabsDONE;
 }
