@@ -61,8 +61,13 @@ void velabsOfStream::put(std::string_view bytes) {
 void velabsOfStream::write(std::string_view bytes) {
   if (bytes.empty() || !good()) return;
   if (!buffer_) open();
+  if (bytes.size() >= buffer_size) {
+    // Both go to the file as they stand.
+    put({buffer_.get(), used_});
+    used_ = 0;
+    return put(bytes);
+  }
   if (bytes.size() > buffer_size - used_) hand_over();
-  if (bytes.size() >= buffer_size) return put(bytes);
   std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
   used_ += bytes.size();
 }
