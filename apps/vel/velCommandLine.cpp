@@ -13,6 +13,7 @@
 #include "velOptionsCommand.h"
 #include "velText.h"
 #include "velTranslateCommand.h"
+#include "velViewCommand.h"
 
 namespace {
 
@@ -42,6 +43,10 @@ void refuse_standard_streams(const std::string& file) {
   if (file == "-") throw CLI::ValidationError("-", vel_text(velMSG_STANDARD_STREAM));
 }
 
+void add_options_for(CLI::App& app, const char* side, std::vector<std::string>& words, const char* help) {
+  app.add_option(side, words, help)->type_name("KEY=VALUE")->expected(1)->take_all()->allow_extra_args(false);
+}
+
 void add_translate(CLI::App& program, Parsed& parsed) {
   struct Words {
     velTranslateRequest request;
@@ -53,16 +58,8 @@ void add_translate(CLI::App& program, Parsed& parsed) {
   app->add_option("-o,--output", words->request.output, "The file to write")->required()->type_name("OUT");
   app->add_option("--to", words->request.format, "The format to write; without it the extension of OUT chooses")
       ->type_name("FORMAT");
-  app->add_option("--in", words->in, "An option for reading; see `vel options`")
-      ->type_name("KEY=VALUE")
-      ->expected(1)
-      ->take_all()
-      ->allow_extra_args(false);
-  app->add_option("--out", words->out, "An option for writing")
-      ->type_name("KEY=VALUE")
-      ->expected(1)
-      ->take_all()
-      ->allow_extra_args(false);
+  add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
+  add_options_for(*app, "--out", words->out, "An option for writing");
   app->add_flag("--quiet", words->request.quiet, "Say nothing but warnings and errors")->disable_flag_override();
   app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
   app->callback([words, &parsed] {
@@ -75,6 +72,45 @@ void add_translate(CLI::App& program, Parsed& parsed) {
     parsed.files = request.inputs;
     parsed.files.push_back(request.output);
     parsed.command = [words](velConsole& console) { return vel_translate(words->request, console); };
+  });
+}
+
+void add_view(CLI::App& program, Parsed& parsed) {
+  struct Words {
+    velViewRequest request;
+    std::vector<std::string> in, png;
+  };
+  auto words = std::make_shared<Words>();
+  CLI::App* app = program.add_subcommand("view", "Show files on a page for the browser, or as a picture");
+  app->add_option("FILE", words->request.inputs, "The files to read")->required()->type_name("");
+  CLI::Option* page = app->add_option("-o,--output", words->request.page, "Where the page is written");
+  page->type_name("PAGE");
+  app->add_option("--png", words->png, "Write a picture; no page then but with -o")
+      ->type_name("FILE WIDTHxHEIGHT")
+      ->expected(2);
+  add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
+  app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
+  app->callback([words, page, &parsed] {
+    velViewRequest& request = words->request;
+    parsed.files = request.inputs;
+    if (page->count() > 0) {
+      if (request.page.empty()) throw CLI::ValidationError("-o", vel_text(velMSG_OUTPUT_WITHOUT_NAME));
+      parsed.files.push_back(request.page);
+    }
+    if (!words->png.empty()) {
+      request.picture = words->png.front();
+      if (request.picture.empty()) throw CLI::ValidationError("--png", vel_text(velMSG_OUTPUT_WITHOUT_NAME));
+      if (!vel_size_from_text(words->png.back(), request.width, request.height)) {
+        throw CLI::ValidationError("--png", vel_text(velMSG_NOT_A_SIZE, {words->png.back()}));
+      }
+      if (page->count() > 0 && vel_is_same_file(request.picture, request.page)) {
+        throw CLI::ValidationError("--png", vel_text(velMSG_PICTURE_IS_PAGE, {request.picture}));
+      }
+      parsed.files.push_back(request.picture);
+    }
+    for (const std::string& file : parsed.files) refuse_standard_streams(file);
+    request.input_options = options_from("--in", words->in);
+    parsed.command = [words](velConsole& console) { return vel_view(words->request, console); };
   });
 }
 
@@ -259,6 +295,7 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
   program.set_version_flag("--version", "vel " VEL_VERSION, "Print the version");
   program.add_option("--log", parsed.log, "Append every message to this file too")->type_name("FILE");
   add_translate(program, parsed);
+  add_view(program, parsed);
   add_info(program, parsed);
   add_list(program, parsed);
   add_options(program, parsed);

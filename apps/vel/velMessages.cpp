@@ -38,6 +38,8 @@ constexpr Text texts[] = {
     {velMSG_TAKES_NO_VALUE, "%1 takes no value"},
     {velMSG_GIVEN_TWICE, "%1 is given more than once"},
     {velMSG_WORD_TOO_MANY, "\"%1\" is a word too many"},
+    {velMSG_PICTURE_IS_PAGE, "\"%1\" cannot be both the picture and the page"},
+    {velMSG_NOT_A_SIZE, "\"%1\" is no size of a picture: WIDTHxHEIGHT is expected, each from 1 to 16384"},
 
     {velMSG_PROGRAM_NOT_FOUND,
      "/proc/self/exe: %1. The program cannot tell where it is installed; make /proc available."},
@@ -89,6 +91,8 @@ constexpr Text texts[] = {
     {velMSG_CANCELLED_NOT_WRITTEN, "%1: cancelled; nothing was written."},
     {velMSG_OUTPUT_WITHOUT_EXTENSION,
      "%1: this name has no extension that tells a format. Formats that can be written: %2; choose one with --to."},
+    {velMSG_NO_TEMPORARY_DIRECTORY,
+     "%1: no directory can be made there: %2. Name a file with -o, or set TMPDIR to a directory that you may write."},
     {velMSG_TRANSLATED, "%1: %2, %3, %4 (%5, from %6)"},
 
     {velMSG_UNKNOWN_KEY, "%1 %2: %3 has no such option. %4"},

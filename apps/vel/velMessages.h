@@ -33,6 +33,8 @@ enum velMessage : unsigned int {
   velMSG_GIVEN_TWICE,               // option
   velMSG_UNKNOWN_OPTION_OR_FILE,    // word
   velMSG_WORD_TOO_MANY,             // word
+  velMSG_NOT_A_SIZE,                // word
+  velMSG_PICTURE_IS_PAGE,           // file
 
   velMSG_PROGRAM_NOT_FOUND = 40,  // reason
   velMSG_PLACE_TOO_DEEP,          // directory
@@ -73,6 +75,7 @@ enum velMessage : unsigned int {
   velMSG_CANCELLED_NOT_WRITTEN,     // file
   velMSG_TRANSLATED,                // file, parts, faces, vertices, format, inputs
   velMSG_OUTPUT_WITHOUT_EXTENSION,  // file, formats
+  velMSG_NO_TEMPORARY_DIRECTORY,    // directory, reason
 
   velMSG_UNKNOWN_KEY = 120,  // side, key, formats, known keys
   velMSG_KNOWN_KEYS,         // keys

@@ -1,147 +1,42 @@
 #include "velTranslateCommand.h"
 
-#include "velDriver.h"
 #include "velFiles.h"
-#include "velInputCheck.h"
-#include "velInterrupt.h"
-#include "velJson.h"
 #include "velMessages.h"
-#include "velOptionCheck.h"
-#include "velOutputCheck.h"
 #include "velText.h"
-#include "velTranslators.h"
 
 namespace {
 
-// One request: checked, carried out and told of.
-class Translation {
- public:
-  Translation(const velTranslateRequest& request, velConsole& console) : request_(request), console_(console) {}
+std::string summary(const velTranslateRequest& request, const velTranslation& translation) {
+  std::vector<std::string> sources;
+  for (const std::string& input : request.inputs) sources.push_back(vel_last_component(input));
+  const annStatistics& statistics = *translation.statistics();
+  return vel_text(
+      velMSG_TRANSLATED,
+      {request.output, vel_counted(statistics.parts, velMSG_PART), vel_counted(statistics.faces, velMSG_FACE),
+       vel_counted(statistics.vertices, velMSG_VERTEX), translation.format(), vel_joined(sources)});
+}
 
-  velExitCode run() {
-    format_ = request_.format;
-    const velExitCode code = translate();
-    if (request_.json) print_json(code);
-    return code;
-  }
-
- private:
-  velExitCode translate() {
-    if (const velExitCode code = vel_check_input_files(request_.inputs, console_)) return code;
-    installation_.emplace(console_);
-    if (!installation_->found()) return velEXIT_FAILED;
-    driver_.emplace(*installation_, console_);
-    driver_->load();
-    if (const velExitCode code = vel_check_input_translators(request_.inputs, *driver_, console_)) return code;
-    if (const velExitCode code = choose_output()) return code;
-    if (const velExitCode code = set_options()) return code;
-    if (const velExitCode code = vel_check_output(request_.output, request_.inputs, console_)) return code;
-    return carry_out();
-  }
-
-  velExitCode choose_output() {
-    const vlnTranslatorDlls& writers = driver_->outputs();
-    writer_ = request_.format.empty() ? writers.translator_for_file(request_.output)
-                                      : writers.translator_for_format(request_.format);
-    if (!writer_) {
-      const std::string& subject = request_.format.empty() ? request_.output : request_.format;
-      const std::string packages = request_.format.empty() ? vel_packages_for_file(vel_last_component(subject))
-                                                           : vel_packages_for_format(subject);
-      console_.error(packages.empty() ? vel_text(complaint_about_format(), {subject, vel_format_names(writers)})
-                                      : vel_text(velMSG_WRITER_NOT_BUILT, {subject, packages}));
-      return velEXIT_NO_TRANSLATOR;
-    }
-    format_ = writer_->format_name().ut_string().str();
-    const std::string complaint = vel_library_complaint(*driver_, *writer_, request_.output);
-    if (complaint.empty()) return velEXIT_DONE;
-    console_.error(complaint);
-    return velEXIT_NO_TRANSLATOR;
-  }
-
-  // Why there is no writer.
-  velMessage complaint_about_format() const {
-    if (!request_.format.empty()) return velMSG_NO_WRITER;
-    if (vel_names_directory(request_.output)) return velMSG_OUTPUT_IS_DIRECTORY;
-    const std::size_t dot = vel_last_component(request_.output).find('.');
-    return dot == std::string::npos ? velMSG_OUTPUT_WITHOUT_EXTENSION : velMSG_NO_FORMAT_FOR_NAME;
-  }
-
-  velExitCode set_options() {
-    std::vector<const vlnTranslatorInfo*> readers;
-    for (const std::string& input : request_.inputs) readers.push_back(driver_->inputs().translator_for_file(input));
-    vlnTranslator::Resources in = request_.input_options;
-    vlnTranslator::Resources out = request_.output_options;
-    const bool input_good = vel_check_options(*driver_, readers, "--in", in, console_);
-    if (!vel_check_options(*driver_, {writer_}, "--out", out, console_) || !input_good) return velEXIT_USAGE;
-    for (const auto& [key, value] : in) driver_->set_input_resource(key, value);
-    for (const auto& [key, value] : out) driver_->set_output_resource(key, value);
-    return velEXIT_DONE;
-  }
-
-  velExitCode carry_out() {
-    const std::vector<utString> inputs(request_.inputs.begin(), request_.inputs.end());
-    driver_->set_input_file_list(itIterator<utString>(inputs));
-    driver_->output_file_and_format(request_.output, format_);
-    const bool done = driver_->run();
-    console_.end_progress();
-    if (!done) return tell_failure();
-    statistics_ = ann_statistics(driver_->document());
-    if (!request_.quiet && !request_.json) console_.print_line(summary());
-    return velEXIT_DONE;
-  }
-
-  velExitCode tell_failure() {
-    if (vel_interrupted()) {
-      console_.error(vel_text(velMSG_CANCELLED_NOT_WRITTEN, {request_.output}));
-      return velEXIT_FAILED;
-    }
-    vel_tell_errors(driver_->errors(), request_.output, vel_text(velMSG_NOTHING_WRITTEN), console_);
-    return driver_->num_failed() == 0 ? velEXIT_FAILED : velEXIT_BAD_INPUT;
-  }
-
-  std::string summary() const {
-    std::vector<std::string> sources;
-    for (const std::string& input : request_.inputs) sources.push_back(vel_last_component(input));
-    return vel_text(
-        velMSG_TRANSLATED,
-        {request_.output, vel_counted(statistics_->parts, velMSG_PART), vel_counted(statistics_->faces, velMSG_FACE),
-         vel_counted(statistics_->vertices, velMSG_VERTEX), format_, vel_joined(sources)});
-  }
-
-  void print_json(velExitCode code) const {
-    velJson counts = nullptr;
-    if (statistics_) {
-      counts = {{"parts", statistics_->parts},
-                {"faces", statistics_->faces},
-                {"triangles", statistics_->triangles},
-                {"vertices", statistics_->vertices}};
-    }
-    velJson messages = velJson::array();
-    for (const auto& message : console_.messages()) {
-      messages.push_back({{"severity", vel_severity_name(message.severity)}, {"text", message.text}});
-    }
-    velJson format = nullptr;
-    if (!format_.empty()) format = format_;
-    vel_print_json(console_, {{"inputs", request_.inputs},
-                              {"output", request_.output},
-                              {"format", format},
-                              {"done", code == velEXIT_DONE},
-                              {"counts", counts},
-                              {"messages", messages}});
-  }
-
-  const velTranslateRequest& request_;
-  velConsole& console_;
-  std::optional<velInstallation> installation_;
-  std::optional<velDriver> driver_;
-  const vlnTranslatorInfo* writer_ = nullptr;
-  std::string format_;
-  std::optional<annStatistics> statistics_;
-};
+void print_json(const velTranslateRequest& request, const velTranslation& translation, bool done, velConsole& console) {
+  velJson format = nullptr;
+  if (!translation.format().empty()) format = translation.format();
+  vel_print_json(console, {{"inputs", request.inputs},
+                           {"output", request.output},
+                           {"format", format},
+                           {"done", done},
+                           {"counts", translation.counts()},
+                           {"messages", vel_messages_as_json(console)}});
+}
 
 }  // namespace
 
 velExitCode vel_translate(const velTranslateRequest& request, velConsole& console) {
   if (request.quiet) console.be_quiet();
-  return Translation(request, console).run();
+  velTranslation translation(request, console);
+  const velExitCode code = translation.run();
+  if (request.json) {
+    print_json(request, translation, code == velEXIT_DONE, console);
+  } else if (code == velEXIT_DONE && !request.quiet) {
+    console.print_line(summary(request, translation));
+  }
+  return code;
 }

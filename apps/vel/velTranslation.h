@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "velConsole.h"
+#include "velDriver.h"
+#include "velExitCode.h"
+#include "velJson.h"
+#include "velMessages.h"
+
+// What is to be translated into what.
+struct velTranslationRequest {
+  std::vector<std::string> inputs;
+  std::string output;
+  std::string format;  // empty: the extension of the output chooses
+  vlnTranslator::Resources input_options;
+  vlnTranslator::Resources output_options;
+};
+
+// One request: checked, carried out, and every fault told. What it is made from must outlive it.
+class velTranslation {
+ public:
+  velTranslation(const velTranslationRequest& request, velConsole& console)
+      : request_(request), console_(console), format_(request.format) {}
+
+  // Once.
+  velExitCode run();
+
+  // As the writer calls it, once it is chosen; before that as the request names it.
+  const std::string& format() const { return format_; }
+
+  // Of the model, when it was translated.
+  const std::optional<annStatistics>& statistics() const { return statistics_; }
+
+  // The counts of the model, or null.
+  velJson counts() const;
+
+ private:
+  velExitCode choose_output();
+  velMessage complaint_about_format() const;
+  velExitCode set_options();
+  velExitCode carry_out();
+  velExitCode tell_failure();
+
+  const velTranslationRequest& request_;
+  velConsole& console_;
+  std::optional<velInstallation> installation_;
+  std::optional<velDriver> driver_;
+  const vlnTranslatorInfo* writer_ = nullptr;
+  std::string format_;
+  std::optional<annStatistics> statistics_;
+};
+
+// Everything that was said so far, for an object that is printed.
+velJson vel_messages_as_json(const velConsole& console);

@@ -1,0 +1,142 @@
+#include "velViewCommand.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+
+#include "apNumberText.h"
+#include "velDesktop.h"
+#include "velFiles.h"
+#include "velMessages.h"
+#include "velText.h"
+#include "velTranslation.h"
+#include "velValidator.h"
+
+namespace {
+
+// A directory that only its user can look into, below that for temporary files; gone with it when nothing is kept.
+class PrivateDirectory {
+ public:
+  ~PrivateDirectory() {
+    std::error_code ignored;
+    if (!kept_ && !path_.empty()) std::filesystem::remove_all(path_, ignored);
+  }
+
+  bool make(velConsole& console) {
+    const char* chosen = std::getenv("TMPDIR");
+    std::string name = std::string(chosen && *chosen ? chosen : "/tmp") + "/vel-view-XXXXXX";
+    if (mkdtemp(name.data())) {
+      path_ = name;
+      return true;
+    }
+    console.error(vel_text(velMSG_NO_TEMPORARY_DIRECTORY, {name, std::strerror(errno)}));
+    return false;
+  }
+
+  std::string file(const std::string& name) const { return path_ + "/" + name; }
+  void keep() { kept_ = true; }
+
+ private:
+  std::string path_;
+  bool kept_ = false;
+};
+
+// What was asked for, in the order in which it is made.
+class View {
+ public:
+  View(const velViewRequest& request, velConsole& console) : request_(request), console_(console) {}
+
+  velExitCode run() {
+    const velExitCode code = show();
+    if (request_.json) {
+      print_json(code == velEXIT_DONE);
+    } else {
+      for (const std::string& file : written_) console_.print_line(file);
+    }
+    if (code == velEXIT_DONE && !page_.empty() && !request_.json) vel_open_on_desktop(page_);
+    return code;
+  }
+
+ private:
+  velExitCode show() {
+    if (!request_.picture.empty()) {
+      const vlnTranslator::Resources size{{"WIDTH", std::to_string(request_.width)},
+                                          {"HEIGHT", std::to_string(request_.height)}};
+      if (const velExitCode code = write(request_.picture, "PNG", size)) return code;
+      if (request_.page.empty()) return velEXIT_DONE;
+    }
+    PrivateDirectory directory;
+    std::string page = request_.page;
+    if (page.empty()) {
+      if (!directory.make(console_)) return velEXIT_FAILED;
+      page = directory.file(name_of_page());
+    }
+    if (const velExitCode code = write(page, "Viewer", {{"TITLE", title()}})) return code;
+    directory.keep();
+    page_ = page;
+    return velEXIT_DONE;
+  }
+
+  velExitCode write(const std::string& file, const char* format, const vlnTranslator::Resources& options) {
+    const velTranslationRequest request{request_.inputs, file, format, request_.input_options, options};
+    velTranslation translation(request, console_);
+    const velExitCode code = translation.run();
+    counts_ = translation.counts();
+    if (code == velEXIT_DONE) written_.push_back(file);
+    return code;
+  }
+
+  std::string title() const {
+    std::vector<std::string> names;
+    for (const std::string& input : request_.inputs) names.push_back(vel_last_component(input));
+    return vel_joined(names);
+  }
+
+  // After the first input, and without what would break the line on which it is printed.
+  std::string name_of_page() const {
+    std::string name = std::filesystem::path(vel_last_component(request_.inputs.front())).stem().string();
+    for (char& c : name) {
+      if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = '_';
+    }
+    constexpr std::size_t longest = 200;
+    return name.substr(0, longest) + ".html";
+  }
+
+  void print_json(bool done) const {
+    auto name = [](const std::string& file) { return file.empty() ? velJson(nullptr) : velJson(file); };
+    vel_print_json(console_, {{"inputs", request_.inputs},
+                              {"page", name(page_)},
+                              {"png", name(done ? request_.picture : "")},
+                              {"done", done},
+                              {"counts", counts_},
+                              {"messages", vel_messages_as_json(console_)}});
+  }
+
+  const velViewRequest& request_;
+  velConsole& console_;
+  std::vector<std::string> written_;
+  std::string page_;
+  velJson counts_ = nullptr;
+};
+
+}  // namespace
+
+bool vel_size_from_text(const std::string& text, int& width, int& height) {
+  const std::size_t cross = text.find('x');
+  if (cross == std::string::npos) return false;
+  auto side = [](std::string_view digits, const char* key, int& value) {
+    long long number = 0;
+    const auto* bounds = velValidator::bounds(key);
+    if (digits.find_first_not_of("0123456789") != digits.npos || !ap_parse_int(digits, number)) return false;
+    value = static_cast<int>(number);
+    return static_cast<double>(number) >= bounds->least && static_cast<double>(number) <= bounds->most;
+  };
+  const std::string_view whole = text;
+  return side(whole.substr(0, cross), "WIDTH", width) && side(whole.substr(cross + 1), "HEIGHT", height);
+}
+
+velExitCode vel_view(const velViewRequest& request, velConsole& console) {
+  return View(request, console).run();
+}
