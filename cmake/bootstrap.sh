@@ -44,6 +44,8 @@ vel_compiler() {
 # cannot be had is left out of the build, which says so.
 vel_program_packages="libcli11-dev nlohmann-json3-dev libexpat1-dev libpng-dev libzip-dev libocct-data-exchange-dev"
 vel_test_packages="libgtest-dev libbenchmark-dev"
+# Large, and for one test only; asked for by itself, so that without it the others still come.
+vel_browser_packages="chromium"
 
 # vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done.
 vel_configure() {

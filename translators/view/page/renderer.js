@@ -205,6 +205,8 @@ class Renderer {
     if (this.options.edges) {
       this.use(this.edge, view, projection);
       gl.uniform4fv(this.edge.places.ink, this.options.ink);
+      const nudge = 1.6 * camera.pixel();
+      gl.uniform2fv(this.edge.places.nudge, camera.parallel ? [0, nudge] : [nudge / camera.distance, 0]);
       for (const shown of this.meshes) {
         if (!shown || !shown.lines || shown.drawn.length === 0) continue;
         this.bind(shown, shown.lines);

@@ -2,29 +2,36 @@
 
 class Section {
   // `changed(cut, plane)` is called with the plane as normal and distance in the scene.
-  constructor(model, changed) {
+  constructor(model, camera, changed) {
     this.model = model;
+    this.camera = camera;
     this.changed = changed;
     this.on = false;
     this.flipped = false;
     this.place = document.getElementById("section-place");
     this.at = document.getElementById("section-at");
     this.place.addEventListener("input", () => this.apply());
-    for (const choice of document.getElementsByName("axis")) choice.addEventListener("change", () => this.apply());
+    for (const choice of document.getElementsByName("axis")) choice.addEventListener("change", () => this.turn(this.on));
     document.getElementById("section-flip").addEventListener("click", () => {
       this.flipped = !this.flipped;
       this.apply();
     });
   }
 
+  // What is nearer to the eye goes, so that one looks at the cut.
   turn(on) {
     this.on = on;
+    this.flipped = this.camera.axes()[2][this.axis()] < 0;
     this.apply();
+  }
+
+  axis() {
+    return Number(document.querySelector("input[name=axis]:checked").value);
   }
 
   apply() {
     const { box, centre, radius, unit } = this.model;
-    const axis = Number(document.querySelector("input[name=axis]:checked").value);
+    const axis = this.axis();
     const value = box[axis] + (box[axis + 3] - box[axis]) * (this.place.value / 1000);
     const text = `${"XYZ"[axis]} = ${lengthText(value, unit)}`;
     this.at.textContent = text;

@@ -100,11 +100,14 @@ void main() {
 }`;
 
 const edgeVertex = commonInputs + `
+uniform vec2 nudge;
 out float beyond;
 out float strength;
 void main() {
   vec3 p = inScene();
-  gl_Position = projection * view * vec4(p, 1.0);
+  // A little nearer to the eye than the surface, at the same place in the picture.
+  vec3 eye = (view * vec4(p, 1.0)).xyz * (1.0 - nudge.x);
+  gl_Position = projection * vec4(eye.xy, eye.z + nudge.y, 1.0);
   beyond = dot(plane.xyz, p) - plane.w;
   strength = state.y;
 }`;

@@ -118,7 +118,7 @@ class Ui {
   }
 
   key(event) {
-    if (event.ctrlKey || event.altKey || event.metaKey || event.target.matches("input[type=search]")) return;
+    if (event.ctrlKey || event.altKey || event.metaKey || event.target === element("filter")) return;
     const { viewer } = this;
     const { camera } = viewer;
     const arrows = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1] };

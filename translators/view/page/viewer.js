@@ -14,7 +14,7 @@ class Viewer {
       fit: () => this.fit(),
     });
     this.measure = new Measure(model, this.camera);
-    this.section = new Section(model, (cut, plane) => {
+    this.section = new Section(model, this.camera, (cut, plane) => {
       Object.assign(renderer.options, { cut, plane });
       this.redraw();
     });

@@ -1,0 +1,251 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <numbers>
+
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+
+namespace {
+
+const Translator writer("viewerwriter");
+
+using Corners = std::vector<std::uint32_t>;
+
+std::shared_ptr<annMesh> cube(double size = 1) {
+  auto mesh = std::make_shared<annMesh>();
+  for (unsigned i = 0; i < 8; ++i) {
+    mesh->vertices->points.push_back({i & 1 ? size : 0, i & 2 ? size : 0, i & 4 ? size : 0});
+  }
+  for (const Corners& face : {Corners{0, 2, 3, 1}, Corners{4, 5, 7, 6}, Corners{0, 1, 5, 4}, Corners{2, 6, 7, 3},
+                              Corners{0, 4, 6, 2}, Corners{1, 3, 7, 5}}) {
+    mesh->add_face(face);
+  }
+  return mesh;
+}
+
+std::shared_ptr<annMesh> prism(unsigned sides, bool lids) {
+  auto mesh = std::make_shared<annMesh>();
+  Corners bottom, top;
+  for (unsigned i = 0; i < sides; ++i) {
+    const double angle = 2 * std::numbers::pi * i / sides;
+    for (double z : {0.0, 1.0}) mesh->vertices->points.push_back({std::cos(angle), std::sin(angle), z});
+    const unsigned next = (i + 1) % sides;
+    mesh->add_face(Corners{2 * i, 2 * next, 2 * next + 1, 2 * i + 1});
+    bottom.insert(bottom.begin(), 2 * i);
+    top.push_back(2 * i + 1);
+  }
+  if (lids) {
+    mesh->add_face(bottom);
+    mesh->add_face(top);
+  }
+  return mesh;
+}
+
+// The same faces, each with points of its own.
+std::shared_ptr<annMesh> taken_apart(const annMesh& mesh) {
+  auto apart = std::make_shared<annMesh>();
+  for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+    Corners corners;
+    for (std::uint32_t corner : mesh.face(face)) {
+      corners.push_back(apart->vertices->count());
+      apart->vertices->points.push_back(mesh.vertices->points[corner]);
+    }
+    apart->add_face(corners);
+  }
+  return apart;
+}
+
+annDocument document_of(std::shared_ptr<const annMesh> mesh, const char* name = "part") {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  document.root.add_child(name).body.mesh = std::move(mesh);
+  return document;
+}
+
+std::string page_of(const annDocument& document, Options options = {}) {
+  TemporaryDirectory directory;
+  Messages messages;
+  EXPECT_EQ(writer.write(document, directory / "page.html", messages, options), velabsDONE) << messages.errors;
+  return TemporaryDirectory::read(directory / "page.html");
+}
+
+std::size_t count(const std::string& text, const std::string& part) {
+  std::size_t found = 0;
+  for (std::size_t at = 0; (at = text.find(part, at)) != text.npos; at += part.size()) ++found;
+  return found;
+}
+
+std::string between(const std::string& text, const std::string& from, const std::string& to) {
+  const std::size_t start = text.find(from) + from.size();
+  return text.substr(start, text.find(to, start) - start);
+}
+
+std::string scene_of(const std::string& page) {
+  return between(page, "id=\"scene\">", "</script>");
+}
+
+long number(const std::string& scene, const std::string& key) {
+  return std::strtol(between(scene, "\"" + key + "\":", "\n").c_str(), nullptr, 10);
+}
+
+std::string data_of(const std::string& page) {
+  const std::string text = between(page, "class=\"data\">", "</script>");
+  const std::string digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string bytes;
+  unsigned bits = 0, held = 0;
+  for (char c : text) {
+    if (c == '=') break;
+    bits = (bits << 6 | static_cast<unsigned>(digits.find(c))) & 0xffffff;
+    held += 6;
+    if (held >= 8) bytes += static_cast<char>(bits >> (held -= 8) & 0xff);
+  }
+  return bytes;
+}
+
+unsigned next_number(const std::string& bytes, std::size_t& at) {
+  unsigned value = 0, shift = 0;
+  for (;; shift += 7) {
+    const auto byte = static_cast<unsigned char>(bytes.at(at++));
+    value |= (byte & 127U) << shift;
+    if (byte < 128) return value;
+  }
+}
+
+TEST(Viewer, PageNeedsNothingThatLiesElsewhere) {
+  const std::string page = page_of(document_of(cube()));
+  for (const char* outside : {"http:", "https:", "src=", "url(", "@import", "fetch(", "XMLHttpRequest", "WebSocket",
+                              "import(", "@STYLE@", "@SCRIPT@"}) {
+    EXPECT_EQ(page.find(outside), page.npos) << outside;
+  }
+  EXPECT_NE(page.find("Content-Security-Policy\" content=\"default-src 'none';"), page.npos);
+  EXPECT_EQ(page, page_of(document_of(cube())));
+}
+
+TEST(Viewer, NamesStayNames) {
+  const std::string harmless = page_of(document_of(cube()), {{"TITLE", "plain"}});
+  for (const char* name : {"</script><script>alert(1)</script>", "<img src=x onerror=alert(1)>", "<!--<script>",
+                           "\"]],\\\"\n", "\xFF\xC0\x80\xED\xA0\x80 cut \xE6\x9C", "&lt;script&gt;"}) {
+    const std::string page = page_of(document_of(cube(), name), {{"TITLE", name}});
+    EXPECT_EQ(count(page, "<script"), count(harmless, "<script")) << name;
+    EXPECT_EQ(count(page, "</script"), count(harmless, "</script")) << name;
+    EXPECT_EQ(page.find("<img"), page.npos) << name;
+    const std::string scene = scene_of(page);
+    for (const char* raw : {"<", ">", "&", "\xFF", "\xC0", "\xED\xA0"}) EXPECT_EQ(scene.find(raw), scene.npos) << name;
+  }
+  const std::string scene = scene_of(page_of(document_of(cube(), "M\xC3\xBC<\"\xE6\x9C\x88")));
+  EXPECT_NE(scene.find("\"M\xC3\xBC\\u003c\\u0022\xE6\x9C\x88\""), scene.npos) << scene;
+}
+
+TEST(Viewer, SplitsAtCreasesAndDrawsThem) {
+  const auto sheet = std::make_shared<annMesh>();
+  sheet->vertices->points = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {5, 5, 5}};
+  sheet->add_face(Corners{0, 1, 2, 3});
+  sheet->add_face(Corners{0, 0, 1});
+  auto inside_out = cube();
+  for (std::size_t face = 0; face < 6; ++face) {
+    std::reverse(inside_out->corners.begin() + 4 * face, inside_out->corners.begin() + 4 * face + 4);
+  }
+  auto with_normals = cube();
+  with_normals->vertices->normals.assign(8, {0, 0, 1});
+  const struct {
+    const char* what;
+    std::shared_ptr<const annMesh> mesh;
+    long vertices, triangles, lines, solid;
+  } cases[] = {{"cube", cube(), 24, 12, 12, 1},
+               {"cube in pieces", taken_apart(*cube()), 24, 12, 12, 1},
+               {"cube that faces inwards", inside_out, 24, 12, 12, 0},
+               {"cube with normals", with_normals, 8, 12, 12, 1},
+               {"twelve sides are round", prism(12, true), 48, 44, 24, 1},
+               {"eight sides are not", prism(8, true), 48, 28, 24, 1},
+               {"tube", prism(24, false), 48, 48, 48, 0},
+               {"sheet with a face without extent", sheet, 4, 2, 4, 0}};
+  for (const auto& c : cases) {
+    const std::string scene = scene_of(page_of(document_of(c.mesh)));
+    EXPECT_EQ(number(scene, "v"), c.vertices) << c.what;
+    EXPECT_EQ(number(scene, "t"), c.triangles) << c.what;
+    EXPECT_EQ(number(scene, "e"), c.lines) << c.what;
+    EXPECT_EQ(number(scene, "solid"), c.solid) << c.what;
+  }
+}
+
+TEST(Viewer, DataHoldsEachMeshOnce) {
+  annDocument document = document_of(cube(2));
+  annNode& twin = document.root.add_child("twin");
+  twin.body = document.root.children.front()->body;
+  twin.transform.m = {0, -1, 0, 10, 1, 0, 0, 0, 0, 0, 1, 0};
+  twin.colour = annColour{1, 0, 0, 0.5F};
+  const std::string page = page_of(document);
+  const std::string scene = scene_of(page), data = data_of(page);
+  EXPECT_EQ(count(scene, "\"v\":"), 1u);
+  EXPECT_NE(scene.find("[-1,\"twin\",0,0,[0,-1,0,10,1,0,0,0,0,0,1,0],[8,0,0,10,2,2]]"), scene.npos) << scene;
+  EXPECT_NE(scene.find("\"colours\":[[1,0,0,0.5]]"), scene.npos) << scene;
+
+  // Each triangle of the cube lies in one of its sides, and its vertices are at corners.
+  std::size_t at = (24 * 6) + (24 * 4);
+  unsigned next = 0;
+  for (unsigned triangle = 0; triangle < 12; ++triangle) {
+    std::uint16_t place[3][3];
+    for (auto& corner : place) {
+      const unsigned below = next_number(data, at);
+      ASSERT_LE(below, next);
+      std::memcpy(corner, data.data() + 6 * (next - below), 6);
+      next += below == 0;
+      for (std::uint16_t value : corner) EXPECT_TRUE(value == 0 || value == 65535);
+    }
+    bool flat = false;
+    for (unsigned axis = 0; axis < 3; ++axis) {
+      flat = flat || (place[0][axis] == place[1][axis] && place[1][axis] == place[2][axis]);
+    }
+    EXPECT_TRUE(flat) << triangle;
+  }
+  EXPECT_EQ(next, 24u);
+}
+
+TEST(Viewer, UnitAndScaleAreThoseOfTheShownLengths) {
+  const std::string scene = scene_of(page_of(document_of(cube(254)), {{"LENGTH_UNIT", "inch"}, {"SCALE", "2"}}));
+  EXPECT_NE(scene.find("\"unit\":\"in\""), scene.npos);
+  EXPECT_NE(scene.find(",[0,0,0,20,20,20]]"), scene.npos) << scene;
+}
+
+TEST(Viewer, SaysWhyThereIsNoPage) {
+  TemporaryDirectory directory;
+  auto flat = std::make_shared<annMesh>();
+  flat->vertices->points = {{0, 0, 0}, {1, 0, 0}};
+  flat->add_face(Corners{0, 1, 0});
+  annDocument distant = document_of(cube());
+  distant.root.children.front()->transform = annTransform::scaling(1e300);
+  annDocument nowhere = document_of(cube());
+  nowhere.root.children.front()->transform.m[3] = std::numeric_limits<double>::infinity();
+  const auto refused = [&](const annDocument& document, const char* why) {
+    Messages messages;
+    EXPECT_EQ(writer.write(document, directory / "page.html", messages), velabsFAILED) << why;
+    EXPECT_NE(messages.errors.find(why), std::string::npos) << messages.errors;
+    EXPECT_FALSE(std::filesystem::exists(directory / "page.html"));
+  };
+  refused({}, "no shape");
+  refused(document_of(flat), "nothing to show");
+  refused(distant, "cannot be shown");
+  refused(nowhere, "too far away");
+  Messages cancelled;
+  cancelled.cancel = true;
+  EXPECT_EQ(writer.write(document_of(cube()), directory / "page.html", cancelled), velabsCANCELLED);
+}
+
+// Deeper than any stack, and wide.
+TEST(Viewer, TreesOfAnyShapeAreWritten) {
+  annDocument document;
+  annNode* node = &document.root;
+  const auto mesh = cube();
+  for (int i = 0; i < 100000; ++i) {
+    node = &node->add_child("level");
+    if (i % 1000 == 0) node->body.mesh = mesh;
+  }
+  EXPECT_EQ(count(scene_of(page_of(document)), ",\"level\""), 100000u);
+}
+
+}  // namespace

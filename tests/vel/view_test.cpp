@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <nlohmann/json.hpp>
+
+#include "Program.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// An installation that can show models, with a directory for temporary files of its own.
+class Showing : public Installation {
+ public:
+  Showing() {
+    for (const char* name : {"viewerwriter", "pngwriter"}) {
+      const std::string file = std::string(VEL_BUILT_ROOT "/sys/exec/lib/") + name + ".dll";
+      if (fs::exists(file)) add_library(file);
+    }
+    work().write("a.stl", tetrahedron_stl);
+    work().write("two\nlines.obj", tetrahedron_obj);
+  }
+
+  Outcome view(std::vector<std::string> words) const {
+    words.insert(words.begin(), {program(), "view"});
+    std::vector<std::string> all = variables();
+    all.push_back("TMPDIR=" + temporary_.path().string());
+    return Running(words, all, work().path()).finish();
+  }
+
+  std::size_t temporary_count() const {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(temporary_.path()), fs::directory_iterator()));
+  }
+
+ private:
+  TemporaryDirectory temporary_;
+};
+
+mode_t mode_of(const fs::path& file) {
+  struct stat state = {};
+  return stat(file.c_str(), &state) == 0 ? state.st_mode & 0777 : 0;
+}
+
+}  // namespace
+
+TEST(View, PageStandsInAPrivatePlaceAndItsNameIsPrinted) {
+  const Showing installation;
+  for (const auto& [file, name] : {std::pair{"a.stl", "a.html"}, std::pair{"two\nlines.obj", "two_lines.html"}}) {
+    const Outcome outcome = installation.view({file});
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    ASSERT_TRUE(outcome.out.ends_with('\n'));
+    const fs::path page = outcome.out.substr(0, outcome.out.size() - 1);
+    EXPECT_EQ(page.filename(), name);
+    EXPECT_EQ(mode_of(page.parent_path()), 0700u);
+    EXPECT_NE(TemporaryDirectory::read(page).find("\"title\":\""), std::string::npos);
+  }
+  EXPECT_EQ(installation.temporary_count(), 2u);
+  EXPECT_EQ(installation.files(), (std::vector<std::string>{"a.stl", "two\nlines.obj"}));
+}
+
+TEST(View, WritesWhatIsAskedForAndNothingElse) {
+  const Showing installation;
+  const bool has_png = fs::exists(installation.library("pngwriter.dll"));
+  const Outcome page = installation.view({"a.stl", "-o", "p.html", "--in", "length-unit=inch"});
+  EXPECT_EQ(page.code, 0) << page.err;
+  EXPECT_EQ(page.out, "p.html\n");
+  EXPECT_NE(TemporaryDirectory::read(installation.work() / "p.html").find("{\"title\":\"a.stl\",\"unit\":\"in\""),
+            std::string::npos);
+
+  const Outcome picture = installation.view({"a.stl", "--png", "p.png", "40x30"});
+  EXPECT_EQ(picture.code, has_png ? 0 : 3) << picture.err;
+  EXPECT_EQ(picture.out, has_png ? "p.png\n" : "");
+  if (has_png) {
+    const Outcome both = installation.view({"a.stl", "--png", "q.png", "40x30", "-o", "q.html", "--json"});
+    const auto told = nlohmann::json::parse(both.out);
+    EXPECT_EQ(told["png"], "q.png");
+    EXPECT_EQ(told["page"], "q.html");
+    EXPECT_EQ(told["counts"]["triangles"], 4);
+    EXPECT_TRUE(fs::exists(installation.work() / "q.png") && fs::exists(installation.work() / "q.html"));
+  }
+  EXPECT_EQ(installation.temporary_count(), 0u);
+}
+
+TEST(View, FailuresLeaveNothing) {
+  const Showing installation;
+  installation.work().write("cut.stl", std::string(tetrahedron_stl).substr(0, 200));
+  const std::pair<std::vector<std::string>, int> cases[] = {{{"missing.stl"}, 4},
+                                                            {{"cut.stl"}, 4},
+                                                            {{"cut.stl", "-o", "p.html"}, 4},
+                                                            {{"a.stl", "-o", "none/p.html"}, 1},
+                                                            {{"a.stl", "-o", "a.stl"}, 1},
+                                                            {{"a.stl", "-o", ""}, 2},
+                                                            {{"a.stl", "--png", "p.png"}, 2},
+                                                            {{"a.stl", "--png", "p.png", "0x5"}, 2},
+                                                            {{"a.stl", "--png", "p.png", "5x16385"}, 2},
+                                                            {{"a.stl", "--png", "p.png", "5 x5"}, 2},
+                                                            {{"a.stl", "--png", "p.png", "99999999999999999999x5"}, 2},
+                                                            {{"a.stl", "--png", "p", "5x5", "-o", "p"}, 2},
+                                                            {{"a.stl", "--in", "SCALE=0"}, 2}};
+  for (const auto& [words, code] : cases) {
+    const Outcome outcome = installation.view(words);
+    EXPECT_EQ(outcome.code, code) << words.back() << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_NE(outcome.err, "");
+  }
+  EXPECT_EQ(installation.temporary_count(), 0u);
+  EXPECT_EQ(installation.files(), (std::vector<std::string>{"a.stl", "cut.stl", "two\nlines.obj"}));
+}
