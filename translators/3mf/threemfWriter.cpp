@@ -70,8 +70,7 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
   threemfColours colours(flag(resources, "WRITE_MATERIALS"), flag(resources, "WRITE_VERTEX_COLOURS"));
   const threemfObjects objects(document, *bodies, colours);
   if (objects.items().empty()) {
-    output.message(velabsERROR, "the model has no faces that 3MF could hold");
-    return velabsFAILED;
+    output.message(velabsWARNING, "the model has no faces that 3MF could hold: nothing will be built from the file");
   }
   const vltCarries carries{
       .format = "3MF", .parts = true, .tree = true, .colours = true, .material_names = true, .vertex_colours = true};

@@ -7,7 +7,11 @@
 bool gltfScene::read(annDocument& document) {
   std::vector<std::size_t> roots;
   if (!read_children() || !check_for_cycles() || !find_roots(roots)) return false;
-  if (roots.empty()) return model_.root().fail("no node is to be shown, so there is nothing to read");
+  if (roots.empty()) {
+    // A file may hold buffers alone: a model without geometry, which can be asked about.
+    document.root.add_child("");
+    findings_.count(velabsWARNING, "no node is to be shown: the model is empty");
+  }
 
   // Each parent's children are added in their order, so theirs is that of the file.
   struct Open {

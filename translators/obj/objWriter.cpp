@@ -51,7 +51,8 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
                            .colours = room,
                            .material_names = true,
                            .vertex_normals = true,
-                           .vertex_colours = true};
+                           .vertex_colours = true,
+                           .vertex_opacity = false};
   vlt_tell_losses(document, *bodies, carries, unit, output);
   if (!looks.empty()) {
     velabsOfStream& companion = stream_.companion("mtl");

@@ -51,6 +51,11 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   note(!carries.vertex_colours &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
        "holds no vertex colours: they are left out");
+  note(carries.vertex_colours && !carries.vertex_opacity && any_body([](const vltPlacedMesh& body) {
+         const std::vector<annColour>& colours = body.mesh->vertices->colours;
+         return std::any_of(colours.begin(), colours.end(), [](const annColour& c) { return c.opacity != 1; });
+       }),
+       "holds no opacity of vertex colours: it is left out");
   note(written_unit != velLENGTH_UNSPECIFIED,
        utString("holds no length unit: that of the numbers is ") + co_value_to_text(written_unit));
 }

@@ -40,6 +40,7 @@ struct vltCarries {
   bool material_names = false;  // how a colour is called
   bool vertex_normals = false;
   bool vertex_colours = false;
+  bool vertex_opacity = true;  // of the colours of vertices, where they are held at all
 };
 
 // Says in one note for each kind what the document has and the format does not hold. Formats of bare numbers hold no
