@@ -47,9 +47,17 @@ class VLN_API vlnTranslatorCacheReader {
   // Parses what stands between the braces of a record. 0, and no description, when any step fails.
   int make_info_from_string(const utString& record, std::unique_ptr<vlnSecureTranslatorInfo>& info) const;
 
+  // What stands between the braces of each record, in the order of the file, those that were dropped included. Valid as
+  // long as the reader lives.
+  std::vector<std::string_view> records() const;
+
   // False when the file is damaged: it could not be opened as a regular file, reading stopped on a failed stream, or it
   // has content without one complete record.
   bool intact() const;
+
+  // False when the file holds something behind the last record that was found: a record that was cut off, or what
+  // stands behind an empty line or one that is too long.
+  bool read_to_end() const;
 
   // Each takes what it read from the front of `text`. `extract_set_string` gives what stands between a pair of braces,
   // nested ones included, or null when no set is complete. The others return nonzero when there was such a value; an
@@ -60,6 +68,14 @@ class VLN_API vlnTranslatorCacheReader {
   static int extract_list(utString& text, utStringcoDList& values);
 
  private:
+  // A place between two records.
+  struct Place {
+    std::size_t byte = 0;
+    std::size_t line = 0;
+  };
+
+  // Goes on to behind the next record, or to the end when there is none.
+  bool take_record(Place& place, std::string_view& record) const;
   bool read_lines(const utString& path);
   // Joins the whole lines at the front of `unjoined` and leaves the rest in it; false when the reading ends here.
   bool join_lines(std::string& unjoined, bool is_last);
@@ -78,13 +94,13 @@ class VLN_API vlnTranslatorCacheReader {
   apString library_extension_;
   std::string text_;                    // the file without its line breaks
   std::vector<std::size_t> line_ends_;  // where each line ends in it
-  std::size_t next_line_ = 0;
-  std::size_t position_ = 0;
+  Place place_;
   mutable velabsTranslatorCategorycoPrf category_;  // of the last record
   mutable std::wstring library_name_;               // kept for its room
   std::string pending_;                             // the lines of the record that is being read
   bool readable_ = false;
   bool any_text_ = false;
   bool line_too_long_ = false;
+  bool any_text_unread_ = false;  // behind the line that ended the reading
   bool any_record_ = false;
 };

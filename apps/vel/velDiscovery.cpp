@@ -1,7 +1,5 @@
 #include "velDiscovery.h"
 
-#include <filesystem>
-#include <fstream>
 #include <unordered_set>
 
 #include "apFrustrumChooser.h"
@@ -80,30 +78,13 @@ std::vector<velDiscovery::Record> velDiscovery::read_cache(const std::string& ca
   const vlnTranslatorCacheReader reader(*sets.inputs, *sets.outputs, apPathName(encoding_->to_apString(cache_file)),
                                         search_path_, &descriptions_, encoding_, &compare_, &installation_.app_info(),
                                         any_record);
-  intact = reader.intact();
+  intact = reader.intact() && reader.read_to_end();
   std::vector<Record> records;
-  std::error_code unreadable;
-  if (!std::filesystem::is_regular_file(cache_file, unreadable)) return records;
-
-  std::ifstream stream(cache_file, std::ios::binary);
-  std::string text;
-  for (std::string line; std::getline(stream, line);) {
-    while (line.ends_with('\r')) line.pop_back();
-    // Line breaks mean nothing in a record.
-    text += line;
-    if (line != "}") continue;
-    utString whole(text);
-    const utString content = vlnTranslatorCacheReader::extract_set_string(whole);
-    text.clear();
-    if (content.is_null()) continue;
-    Record record;
-    utString rest = content;
-    utString name;
-    if (vlnTranslatorCacheReader::extract_string(rest, name)) record.library = name.str();
-    reader.make_info_from_string(content, record.info);
-    records.push_back(std::move(record));
+  for (const std::string_view content : reader.records()) {
+    Record& record = records.emplace_back();
+    utString rest(content);
+    if (utString name; vlnTranslatorCacheReader::extract_string(rest, name)) record.library = name.str();
+    reader.make_info_from_string(utString(content), record.info);
   }
-  // A record that was cut off.
-  if (text.find_first_not_of(' ') != std::string::npos) intact = false;
   return records;
 }

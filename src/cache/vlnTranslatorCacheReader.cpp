@@ -83,20 +83,37 @@ bool vlnTranslatorCacheReader::intact() const {
 
 int vlnTranslatorCacheReader::read_next_dll(std::unique_ptr<vlnSecureTranslatorInfo>& info) {
   info.reset();
-  std::string_view rest = std::string_view(text_).substr(position_);
   std::string_view record;
-  if (!vln_take_set(rest, record)) {
-    position_ = text_.size();
-    return 0;
-  }
+  if (!take_record(place_, record)) return 0;
   any_record_ = true;
   make_info(record, info);
+  return 1;
+}
 
+bool vlnTranslatorCacheReader::take_record(Place& place, std::string_view& record) const {
+  std::string_view rest = std::string_view(text_).substr(place.byte);
+  if (!vln_take_set(rest, record)) {
+    place.byte = text_.size();
+    return false;
+  }
   // What stands behind a record on its last line is nobody's.
   const std::size_t behind = text_.size() - rest.size();
-  while (next_line_ < line_ends_.size() && line_ends_[next_line_] < behind) ++next_line_;
-  position_ = next_line_ < line_ends_.size() ? line_ends_[next_line_] : text_.size();
-  return 1;
+  while (place.line < line_ends_.size() && line_ends_[place.line] < behind) ++place.line;
+  place.byte = place.line < line_ends_.size() ? line_ends_[place.line] : text_.size();
+  return true;
+}
+
+std::vector<std::string_view> vlnTranslatorCacheReader::records() const {
+  std::vector<std::string_view> records;
+  Place place;
+  for (std::string_view record; take_record(place, record);) records.push_back(record);
+  return records;
+}
+
+bool vlnTranslatorCacheReader::read_to_end() const {
+  Place place, behind_last;
+  for (std::string_view record; take_record(place, record);) behind_last = place;
+  return !any_text_unread_ && text_.find_first_not_of(" \t", behind_last.byte) == text_.npos;
 }
 
 bool vlnTranslatorCacheReader::read_lines(const utString& path) {
@@ -117,7 +134,10 @@ bool vlnTranslatorCacheReader::read_lines(const utString& path) {
     got = file.read_at(place, unjoined.data() + kept, block, status);
     unjoined.resize(kept + got);
     place += got;
-    if (!join_lines(unjoined, got < block)) break;
+    if (!join_lines(unjoined, got < block)) {
+      any_text_unread_ = any_text_unread_ || place < file.size();
+      break;
+    }
   }
   return status.ok();
 }
@@ -139,6 +159,7 @@ bool vlnTranslatorCacheReader::join_lines(std::string& unjoined, bool is_last) {
     line_too_long_ = end > longest_line;
     if (line_too_long_ || line.empty()) {
       text_.resize(joined);
+      any_text_unread_ = line_too_long_ || rest.find_first_not_of("\r\n") != rest.npos;
       return false;
     }
     line_ends_.push_back(text_.size());

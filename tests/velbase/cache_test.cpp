@@ -25,6 +25,9 @@ class CacheTest : public testing::Test {
                                           &registry.descriptions, registry.encoding, &registry.compare,
                                           &registry.app_info, result);
     intact = reader.intact();
+    read_to_end = reader.read_to_end();
+    records.clear();
+    for (const std::string_view record : reader.records()) records.emplace_back(record);
     return result;
   }
 
@@ -40,6 +43,8 @@ class CacheTest : public testing::Test {
   vlnTranslatorLoadStatus status{vlnLOAD_OK};
   int written = -1;
   bool intact = false;
+  bool read_to_end = false;
+  std::vector<std::string> records;  // between their braces
 };
 
 }  // namespace
@@ -67,18 +72,25 @@ TEST_F(CacheTest, LayoutDoesNotMatter) {
   const struct {
     std::string cache;
     std::size_t records;
+    bool to_end = true;
+    std::size_t dropped = 0;
   } cases[] = {
       {one_line, 1},
-      {one_line + " behind is discarded " + record("step.dll", "input", "B"), 1},
+      {one_line + " behind is discarded " + record("step.dll", "input", "B"), 1, false, 2},
       {one_line + "\n" + one_line, 2},
       {crlf + record("step.dll", "input", "B"), 2},
-      {record("step.dll", "input", "A") + "\n" + record("step.dll", "input", "B"), 1},  // an empty line ends it
+      {record("step.dll", "input", "A") + "\n\r\n", 1},
+      // An empty line ends it.
+      {record("step.dll", "input", "A") + "\n" + record("step.dll", "input", "B"), 1, false},
       {"{\"step\",\"input\",\"A\",{},{},\"\",\"\"}", 1},  // without the further fields, without a line feed
-      {"}\n" + one_line, 0},                              // a stray brace loses the rest
+      {"}\n" + one_line, 0, false},                       // a stray brace loses the rest
+      {one_line + "\n{\"step.dll\",", 1, false},
   };
   for (const auto& c : cases) {
     read(c.cache);
     EXPECT_EQ(inputs->count(), c.records) << c.cache;
+    EXPECT_EQ(records.size(), c.records + c.dropped) << c.cache;
+    EXPECT_EQ(read_to_end, c.to_end) << c.cache;
   }
 }
 
