@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fstream>
+#include <string>
 
 #include "apIStringEncoding.h"
 #include "utString.h"
@@ -31,6 +32,10 @@ class VLN_API vlnTranslatorCacheWriter {
 
   // Writes one record whole or not at all.
   vlnTranslatorLoadStatus write_next_dll(const vlnTranslatorInfo* info);
+
+  // The text of one record from what the description holds, whether its library was opened or not. Empty when a value
+  // keeps it out of the file.
+  static std::string record_text(const vlnTranslatorInfo& info, const apIStringEncoding& encoding);
 
  private:
   int write_set(const vlnTranslatorDlls& set, vlnTranslatorLoadStatus& status);

@@ -3,84 +3,27 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 
+#include "velCacheFile.h"
 #include "velDiscovery.h"
 #include "velInstallation.h"
 #include "velMessages.h"
 #include "velText.h"
 #include "velTranslators.h"
-#include "vlnTranslatorCacheWriter.h"
-#include "vlnTranslatorDllsIT.h"
-#include "vluFileHelpers.h"
 
 namespace {
 
-// Writes a whole cache to a name of its own and gives it the wanted name in the end.
-class Refresh {
- public:
-  Refresh(velInstallation& installation, velConsole& console)
-      : console_(console), discovery_(installation), encoding_(installation.app_info().ut_encoding()) {}
-
-  bool write(const std::string& target) {
-    const velDiscovery::Sets sets = discovery_.describe_all();
-    const std::string temporary = target + "." + vlu_random_text().str();
-    const bool done = write_records(sets, temporary) && put_in_place(temporary, target);
-    if (!done) unlink(temporary.c_str());
-    if (done) report(sets, target);
-    return done;
+void report(const velCacheText& cache, const std::vector<velDiscovery::Failure>& failures, const std::string& file,
+            velConsole& console) {
+  for (const std::string& library : cache.left_out) {
+    console.warning(vel_text(velMSG_CACHE_TEXT_UNFIT, {library}));
   }
-
- private:
-  bool write_records(const velDiscovery::Sets& sets, const std::string& file) {
-    // The writer begins with nothing and is handed one translator after another, so that each can be told apart.
-    const velDiscovery::Sets none = discovery_.empty_sets();
-    int written = 0;
-    vlnTranslatorLoadStatus status(vlnLOAD_OK);
-    vlnTranslatorCacheWriter writer(file, *none.inputs, *none.outputs, encoding_, written, status);
-    if (!status.ok()) return fail(file, vel_text(velMSG_CANNOT_BE_WRITTEN));
-
-    for (const vlnTranslatorDlls* set : {sets.inputs.get(), sets.outputs.get()}) {
-      vlnTranslatorDllsIT translators(*set);
-      while (++translators) {
-        const vlnTranslatorLoadStatus record = writer.write_next_dll(translators());
-        if (record.types().contains(vlnLOAD_CACHE_UNWRITABLE)) return fail(file, vel_text(velMSG_CANNOT_BE_WRITTEN));
-        if (record.ok()) {
-          ++records_;
-        } else {
-          left_out_.push_back(translators()->file_ut().str());
-        }
-      }
-    }
-    return true;
+  for (const auto& failure : failures) {
+    console.warning(vel_text(velMSG_CACHE_LEFT_OUT, {failure.library, vel_sentence(failure.reason)}));
   }
-
-  bool put_in_place(const std::string& temporary, const std::string& target) {
-    return std::rename(temporary.c_str(), target.c_str()) == 0 || fail(target, std::strerror(errno));
-  }
-
-  bool fail(const std::string& file, const std::string& reason) {
-    console_.error(vel_text(velMSG_CACHE_KEPT, {file, reason}));
-    return false;
-  }
-
-  void report(const velDiscovery::Sets& sets, const std::string& target) {
-    for (const std::string& library : left_out_) {
-      console_.warning(vel_text(velMSG_CACHE_TEXT_UNFIT, {library}));
-    }
-    for (const auto& failure : discovery_.failures(*sets.inputs, *sets.outputs)) {
-      console_.warning(vel_text(velMSG_CACHE_LEFT_OUT, {failure.library, vel_sentence(failure.reason)}));
-    }
-    console_.print_line(vel_text(velMSG_CACHE_WRITTEN, {target, vel_counted(records_, velMSG_RECORD)}));
-  }
-
-  velConsole& console_;
-  velDiscovery discovery_;
-  const apIStringEncoding* encoding_;
-  std::size_t records_ = 0;
-  std::vector<std::string> left_out_;
-};
+  console.print_line(vel_text(velMSG_CACHE_WRITTEN, {file, vel_counted(cache.records, velMSG_RECORD)}));
+}
 
 }  // namespace
 
@@ -97,7 +40,15 @@ velExitCode vel_cache_refresh(velConsole& console) {
     console.error(vel_text(velMSG_CACHE_NO_DIRECTORY, {directory.user_dir().view()}));
     return velEXIT_FAILED;
   }
-  return Refresh(installation, console).write(target) ? velEXIT_DONE : velEXIT_FAILED;
+  const velDiscovery discovery(installation);
+  const velDiscovery::Sets sets = discovery.describe_all();
+  const velCacheText cache = vel_cache_text(*sets.inputs, *sets.outputs, *installation.app_info().ut_encoding());
+  if (const std::string reason = vel_replace_cache(target, cache.text); !reason.empty()) {
+    console.error(vel_text(velMSG_CACHE_KEPT, {target, reason}));
+    return velEXIT_FAILED;
+  }
+  report(cache, discovery.failures(*sets.inputs, *sets.outputs), target, console);
+  return velEXIT_DONE;
 }
 
 velExitCode vel_cache_show(velConsole& console) {

@@ -68,7 +68,7 @@ void velConsole::message(velabsSeverity severity, std::string_view text) {
   if (quiet_ && severity == velabsNOTE) return;
   progress_.end();
   // What was printed before comes before it on a terminal too.
-  std::fflush(stdout);
+  flush_results();
   terminal_.print(line.c_str());
 }
 
@@ -104,12 +104,24 @@ std::vector<velConsole::Message> velConsole::messages() const {
   return messages_;
 }
 
+// A failure is kept: what could not be written is gone from the buffer, and a further attempt knows nothing of it.
+bool velConsole::flush_results() {
+  errno = 0;
+  if (std::fflush(stdout) != 0 && print_failure_ == 0) print_failure_ = errno;
+  return !std::ferror(stdout);
+}
+
+void velConsole::send_out() {
+  const std::lock_guard guard(lock_);
+  progress_.end();
+  flush_results();
+}
+
 bool velConsole::finish() {
   end_progress();
-  errno = 0;
-  const bool printed = std::fflush(stdout) == 0 && !std::ferror(stdout);
+  const bool printed = flush_results();
   if (!printed) {
-    const std::string reason = errno ? std::strerror(errno) : vel_text(velMSG_CANNOT_BE_WRITTEN);
+    const std::string reason = print_failure_ ? std::strerror(print_failure_) : vel_text(velMSG_CANNOT_BE_WRITTEN);
     error(vel_text(velMSG_RESULTS_NOT_WRITTEN, {reason}));
   }
   const bool logged = log_name_.empty() || log_file_.good();

@@ -51,14 +51,20 @@ class velConsole {
 
   std::vector<Message> messages() const;
 
+  // Sends what was printed on its way, for those who go on with other work.
+  void send_out();
+
   // False, and an error was said, when results or the log could not be written out whole.
   bool finish();
 
  private:
+  bool flush_results();
+
   mutable std::mutex lock_;
   std::vector<Message> messages_;
   bool shows_progress_;
   bool quiet_ = false;
+  int print_failure_ = 0;  // the system's number of the first one
   vlnOstream terminal_;
   velProgress progress_;
   // A stream of its own: what ends a row of progress on the terminal must leave no trace in the log.

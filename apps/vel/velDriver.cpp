@@ -1,7 +1,10 @@
 #include "velDriver.h"
 
+#include <exception>
+
 #include "v2vTranslationElements.h"
 #include "v2vVel2vel.h"
+#include "velCacheFile.h"
 #include "velInterrupt.h"
 #include "velLoader.h"
 #include "velMessages.h"
@@ -16,7 +19,15 @@ velDriver::velDriver(velInstallation& installation, velConsole& console)
       libraries_(apILibraryLoaderOperations::system()),
       document_(std::make_shared<annDocument>()) {}
 
-velDriver::~velDriver() = default;
+velDriver::~velDriver() {
+  if (wanted_cache_.empty()) return;
+  try {
+    console_.send_out();
+    vel_keep_cache(installation_, wanted_cache_);
+  } catch (const std::exception&) {
+    // Without a cache the next start takes longer, and nothing else.
+  }
+}
 
 void velDriver::set_up_application() {
   vel_catch_interrupts();
@@ -29,6 +40,7 @@ std::unique_ptr<vlnDLLLoader> velDriver::create_dll_loader() {
 void velDriver::load_silently() {
   initialise(document_, std::make_shared<velValidator>(), apILibraryLoaderOperations::system(),
              apISynchOperations::system());
+  wanted_cache_ = is_any_opened() ? vel_cache_text(inputs(), outputs(), *app_info()->ut_encoding()).text : "";
 }
 
 void velDriver::load() {
@@ -42,7 +54,9 @@ void velDriver::load() {
 }
 
 void velDriver::warn_of_damaged_cache() const {
-  console_.warning(vel_text(velMSG_CACHE_DAMAGED, {installation_.cache_file()}));
+  const bool is_mended = !wanted_cache_.empty() && !installation_.user_cache_file().empty();
+  console_.warning(
+      vel_text(is_mended ? velMSG_CACHE_DAMAGED_MENDED : velMSG_CACHE_DAMAGED, {installation_.cache_file()}));
 }
 
 bool velDriver::is_any_opened() const {

@@ -17,6 +17,8 @@
 class velDriver : public vlnTranslator {
  public:
   velDriver(velInstallation& installation, velConsole& console);
+  // Sends out the results, then writes the user's cache anew when the last loading opened a library that had no record
+  // there.
   ~velDriver() override;
 
   // Fills the sets. Warns of a damaged cache, and, when there is no translator at all, of libraries that failed.
@@ -64,5 +66,8 @@ class velDriver : public vlnTranslator {
   velDiscovery discovery_;
   v2vTranslatorLoader libraries_;
   std::shared_ptr<annDocument> document_;
+  // What the cache should hold after the last loading, taken before a use of a library touches its description; empty
+  // when the cache spared every library its opening.
+  std::string wanted_cache_;
   std::deque<velTableInstance> input_tables_;  // of the last request; the engine keeps their addresses
 };

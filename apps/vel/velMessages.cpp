@@ -54,6 +54,9 @@ constexpr Text texts[] = {
     {velMSG_CACHE_DAMAGED,
      "%1: this cache of translators is damaged, so every library that it does not name was opened. Run `vel cache "
      "refresh` to mend it."},
+    {velMSG_CACHE_DAMAGED_MENDED,
+     "%1: this cache of translators is damaged, so every library that it does not name was opened. It is written anew "
+     "at the end; should this come again, `vel cache refresh` says what is in its way."},
     {velMSG_TRANSLATOR_UNUSABLE,
      "%1: its translator %2 cannot be used: %3 Run `vel cache refresh` if that library was replaced."},
     {velMSG_LIST_NO_LIBRARY, "No translators: %1 holds no usable library."},
@@ -123,7 +126,7 @@ constexpr Text texts[] = {
      "%1: left out of the cache: a text that it gives of itself does not fit there. It is opened at every start."},
     {velMSG_CACHE_LEFT_OUT, "%1: left out of the cache: %2"},
     {velMSG_CACHE_WRITTEN, "%1: %2 written."},
-    {velMSG_CACHE_NONE, "No cache: every library is opened at every start. `vel cache refresh` makes one."},
+    {velMSG_CACHE_NONE, "No cache: the next start opens every library and makes one where it can."},
     {velMSG_CACHE_OWN, "%1 (yours): %2"},
     {velMSG_CACHE_INSTALLED, "%1 (the installation's): %2"},
     {velMSG_CACHE_RECORD_UNUSABLE, "passed over: no such library, or damaged"},

@@ -51,6 +51,7 @@ enum velMessage : unsigned int {
   velMSG_WHY_NO_OBJECT,
   velMSG_WHY_NO_CONVERSION,
   velMSG_WHY_NO_DESCRIPTION,
+  velMSG_CACHE_DAMAGED_MENDED,  // file
 
   velMSG_INPUT_MISSING = 80,  // file, reason
   velMSG_INPUT_IS_DIRECTORY,  // file

@@ -131,16 +131,21 @@ int vlnTranslatorCacheWriter::write_set(const vlnTranslatorDlls& set, vlnTransla
   return written;
 }
 
+std::string vlnTranslatorCacheWriter::record_text(const vlnTranslatorInfo& info, const apIStringEncoding& encoding) {
+  const Record record = record_of(info, encoding);
+  return record.spoilt() ? "" : record.text();
+}
+
 vlnTranslatorLoadStatus vlnTranslatorCacheWriter::write_next_dll(const vlnTranslatorInfo* info) {
   if (!stream_.good()) return vlnTranslatorLoadStatus(vlnLOAD_CACHE_UNWRITABLE);
   vlnTranslatorLoadStatus loaded(vlnLOAD_OK);
   info->load_now(loaded);
   if (!loaded.ok()) return loaded;
 
-  const Record record = record_of(*info, *encoding_);
-  if (record.spoilt()) return vlnTranslatorLoadStatus(vlnLOAD_ENCODING_FAILED);
+  const std::string record = record_text(*info, *encoding_);
+  if (record.empty()) return vlnTranslatorLoadStatus(vlnLOAD_ENCODING_FAILED);
   // A full disk shows only when the text leaves the buffer.
-  stream_.write(record.text().data(), static_cast<std::streamsize>(record.text().size()));
+  stream_.write(record.data(), static_cast<std::streamsize>(record.size()));
   stream_.flush();
   return vlnTranslatorLoadStatus(stream_.good() ? vlnLOAD_OK : vlnLOAD_CACHE_UNWRITABLE);
 }
