@@ -50,9 +50,10 @@ using Colours = std::map<Colour, std::size_t>;
 
 Colours opaque(const Colours& colours) {
   Colours result;
-  for (auto [colour, count] : colours) {
-    std::get<3>(colour) = 255;
-    result[colour] += count;
+  for (const auto& [colour, count] : colours) {
+    Colour without = colour;
+    std::get<3>(without) = 255;
+    result[without] += count;
   }
   return result;
 }
