@@ -195,6 +195,33 @@ TEST_F(Corpus, EveryPairOfFormatsKeepsWhatBothCarry) {
   std::printf("vel: %zu translations of %zu real files kept what both formats carry\n", pairs, files);
 }
 
+TEST_F(Corpus, NothingIsLostOnTheWayThroughHpf) {
+  const Translator& hpf_reader = translator("hpfreader");
+  const Translator& hpf_writer = translator("hpfwriter");
+  for (const CorpusFile& file : whole_files()) {
+    const Reading reading = read(file);
+    if (reading.result != velabsDONE || ann_placed_bodies(reading.document).empty()) continue;
+    const std::string where = file.path.string();
+    Messages messages;
+    const std::string first = directory_ / "first.hpf", second = directory_ / "second.hpf";
+    ASSERT_EQ(hpf_writer.write(reading.document, first, messages), velabsDONE) << where << messages.errors;
+    const Reading kept = hpf_reader.read(first);
+    ASSERT_EQ(kept.result, velabsDONE) << where << kept.messages.errors;
+    ASSERT_EQ(hpf_writer.write(kept.document, second, messages), velabsDONE) << where << messages.errors;
+    EXPECT_TRUE(TemporaryDirectory::read(first) == TemporaryDirectory::read(second)) << where;
+
+    // The document itself and the one that was kept give the same file of the format that it came from.
+    const std::string writer = file.folder == "gltf" ? "glbwriter" : file.folder + "writer";
+    const std::string direct = directory_ / ("direct/x." + file.folder), late = directory_ / ("late/x." + file.folder);
+    for (const std::string& target : {direct, late}) {
+      std::filesystem::create_directories(std::filesystem::path(target).parent_path());
+      const annDocument& document = target == direct ? reading.document : kept.document;
+      ASSERT_EQ(translator(writer).write(document, target, messages), velabsDONE) << where << messages.errors;
+    }
+    EXPECT_TRUE(TemporaryDirectory::read(direct) == TemporaryDirectory::read(late)) << where;
+  }
+}
+
 TEST_F(Corpus, OnePartInTwoFormatsIsTheSame) {
   const std::pair<const char*, const char*> twins[] = {{"stl/cube_meshlab_ascii.stl", "stl/cube_meshlab_binary.stl"},
                                                        {"stl/HalfDonut_ascii.stl", "stl/HalfDonut_binary.stl"},
