@@ -159,9 +159,12 @@ class Renderer {
     return [0, 1, 2].map((i) => ((part.box[i] + part.box[i + 3]) / 2 - this.model.centre[i]) / this.model.radius);
   }
 
+  // The instances are read from `offset` on; most arrays stay where they are, at the first one.
   bind(shown, array, offset = 0) {
     const gl = this.gl;
     gl.bindVertexArray(array);
+    if (array.offset === offset) return;
+    array.offset = offset;
     gl.bindBuffer(gl.ARRAY_BUFFER, shown.instances);
     const stride = 4 * instanceFloats;
     for (let i = 0; i < 4; ++i) gl.vertexAttribPointer(3 + i, 4, gl.FLOAT, false, stride, offset * stride + 16 * i);
@@ -200,7 +203,14 @@ class Renderer {
     gl.polygonOffset(1, 2);
     this.use(this.surface, view, projection);
     gl.uniform1i(this.surface.places.parallel, camera.parallel ? 1 : 0);
+    gl.uniform1i(this.surface.places.caps, 0);
     for (const draw of this.solids) this.drawSurface(draw);
+    if (this.options.cut) {
+      // Cut faces are opaque even where one can see through the part.
+      gl.uniform1i(this.surface.places.caps, 1);
+      for (const draw of this.clears) if (draw.shown.mesh.solid) this.drawSurface(draw);
+    }
+    gl.disable(gl.POLYGON_OFFSET_FILL);
     gl.enable(gl.BLEND);
     if (this.options.edges) {
       this.use(this.edge, view, projection);
@@ -214,7 +224,6 @@ class Renderer {
       }
     }
     if (this.clears.length > 0) this.drawClear(camera, view, projection);
-    gl.disable(gl.POLYGON_OFFSET_FILL);
   }
 
   drawClear(camera, view, projection) {
@@ -223,8 +232,11 @@ class Renderer {
     for (const draw of this.clears) draw.near = draw.middle.reduce((sum, value, i) => sum + value * towards[i], 0);
     this.clears.sort((a, b) => a.near - b.near);
     gl.depthMask(false);
+    gl.enable(gl.POLYGON_OFFSET_FILL);
     this.use(this.surface, view, projection);
+    gl.uniform1i(this.surface.places.caps, 2);
     for (const draw of this.clears) this.drawSurface(draw);
+    gl.disable(gl.POLYGON_OFFSET_FILL);
     gl.depthMask(true);
   }
 

@@ -71,15 +71,17 @@ flat in float handed;
 uniform bool solid;
 uniform bool parallel;
 uniform bool cut;
+uniform int caps; // 0 with all else, 1 alone, 2 none
 uniform vec3 accent;
 out vec4 painted;
 vec3 linear(vec3 c) { return pow(c, vec3(2.2)); }
 void main() {
   if (cut && beyond > 0.0) discard;
+  bool cap = cut && solid && gl_FrontFacing != (handed > 0.0);
+  if (caps == (cap ? 2 : 1)) discard;
   vec3 base = linear(colour.rgb);
   base = mix(base, linear(accent), 0.55 * selected);
-  bool front = gl_FrontFacing == (handed > 0.0);
-  if (cut && solid && !front) {
+  if (cap) {
     // What shows the inside of a solid is its cut face: flat and hatched.
     float stripe = mod(gl_FragCoord.x + gl_FragCoord.y, 9.0);
     float dark = smoothstep(0.0, 1.0, stripe) * (1.0 - smoothstep(1.5, 2.5, stripe));

@@ -9,7 +9,7 @@ class Viewer {
     this.selected = null;
     this.waiting = 0;
     this.tree = new Tree(model, {
-      select: (node) => this.select(node === this.selected ? null : node),
+      select: (node) => this.select(node),
       show: (node, visible) => this.show(node, visible),
       fit: () => this.fit(),
     });
@@ -27,8 +27,11 @@ class Viewer {
     });
     this.ui = new Ui(this);
     new ResizeObserver(() => {
+      if (!this.resize()) return;
+      // As long as nobody has turned or moved the model, it fits whatever its picture's size.
+      if (this.camera.state().join() === this.first) this.fitFirst();
       // At once: a resized canvas is empty until it is drawn.
-      if (this.resize()) this.draw();
+      this.draw();
     }).observe(canvas);
     canvas.addEventListener("webglcontextlost", (event) => event.preventDefault());
     canvas.addEventListener("webglcontextrestored", () => {
@@ -37,8 +40,13 @@ class Viewer {
     });
     this.resize();
     this.ui.tellSize(null, model.parts);
-    this.camera.fit([this.boxOf(model.box)]);
+    this.fitFirst();
     this.draw();
+  }
+
+  fitFirst() {
+    this.camera.fit([this.boxOf(this.model.box)]);
+    this.first = this.camera.state().join();
   }
 
   // Of the scene, from one of the model.
