@@ -81,6 +81,7 @@ void add_benchmarks() {
   add("bare_weld_1m", bare, "weld", "1m.stl", "bare.ply");
   add("stl_to_ply_1m", translate, {"1m.stl"}, "vel.ply", {});
   add("stl_to_stl_1m", translate, {"1m.stl"}, "vel.stl", {});
+  add("two_stl_to_ply_1m", translate, {"1m.stl", "1m_b.stl"}, "two.ply", {});
   add("two_stl_to_stl_1m", translate, {"1m.stl", "1m_b.stl"}, "two.stl", {});
 
   add("bare_ascii_200k", bare, "ascii", "200k_ascii.stl", "bare_a.stl");
@@ -125,6 +126,7 @@ int main(int argc, char** argv) {
   ratio("HPF -> ASCII PLY / reading that PLY", "write_ascii_ply", "read_ascii_ply", 2);
   ratio("HPF -> ASCII STL / reading that STL", "write_ascii_stl", "read_ascii_stl", 2);
   ratio("1M HPF -> HPF / cp", "hpf_to_hpf_1m", "cp_1m_hpf", 2);
+  ratio("two 1M binary STL -> binary PLY / one", "two_stl_to_ply_1m", "stl_to_ply_1m", 1.3);
   ratio("two 1M binary STL -> binary STL / one", "two_stl_to_stl_1m", "stl_to_stl_1m", 1.3);
   ratio("5M / 1M, 5 when cost is linear", "grow_5m", "grow_1m", 6);
   reporter.print_peak("1M binary STL -> welded binary PLY: MiB of memory", "stl_to_ply_1m", 110);
