@@ -114,11 +114,12 @@ TEST(PlyReader, ReadsAllFormsOfText) {
        ascii("element vertex 3\n" + xyz + list + faces(1), "0 0 0 2 8 9\n1 0 0 0\n1 1 0\n3 0 1 2\n"), "0 1 2",
        "line 13: a list is missing"},
       {"unknown",
-       ascii("element edge 2\nproperty int a\n" + vertices + "property int q\n" + faces(1) +
+       ascii("element edge 2\nproperty int a\n" + vertices + "property int q\nproperty int w\n" + faces(1) +
                  "property list uchar float uv\n",
-             "1\n2\n0 0 0 1\n1 0 0 1\n1 1 0 1\n0 1 0 1\n3 0 1 2 2 0.5 0.5\n"),
+             "1\n2\n0 0 0 1 2\n1 0 0 1 2\n1 1 0 1 2\n0 1 0 1 2\n3 0 1 2 2 0.5 0.5\n"),
        "0 1 2",
-       "line 3: the element \"edge\" is left out\nthe property \"q\" of the element \"vertex\" is left out\nthe "
+       "line 3: the element \"edge\" is left out\nthe properties \"q\", \"w\" of the element \"vertex\" are left "
+       "out\nthe "
        "property \"uv\""},
       {"few corners", ascii(vertices + faces(3), square + "2 0 1\n0\n3 0 1 2\n"), "0 1 2",
        "faces with fewer than three corners are left out (2 times)"},

@@ -32,6 +32,9 @@ plyRole role_of(std::string_view name) {
   return plyNO_ROLE;
 }
 
+// How many properties a note names; scans may have dozens.
+constexpr std::size_t most_names = 8;
+
 bool is_colour(plyRole role) {
   return role >= plyRED && role <= plyOPACITY;
 }
@@ -93,11 +96,16 @@ void plyPlan::tell_left_out(vltOnce& findings) const {
     findings.count(velabsNOTE, "the element " + vlt_quoted(element_->name) + " is left out", element_->line);
     return;
   }
+  std::string names;
+  std::size_t count = 0;
   for (std::size_t i = 0; i < roles_.size(); ++i) {
     const plyProperty& property = element_->properties[i];
     if (role(i) != plyNO_ROLE || is_corners(i)) continue;
     if (ignores_colours_ && is_colour(role_of(property.name))) continue;
-    findings.count(velabsNOTE, "the property " + vlt_quoted(property.name) + " of the element " +
-                                   vlt_quoted(element_->name) + " is left out");
+    if (++count <= most_names) names += (count > 1 ? ", " : "") + vlt_quoted(property.name);
   }
+  if (count == 0) return;
+  if (count > most_names) names += " and " + std::to_string(count - most_names) + " others";
+  findings.count(velabsNOTE, (count == 1 ? "the property " : "the properties ") + names + " of the element " +
+                                 vlt_quoted(element_->name) + (count == 1 ? " is" : " are") + " left out");
 }

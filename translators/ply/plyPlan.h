@@ -46,7 +46,7 @@ class plyPlan {
   // What the components of a colour count to: 255 or 65535, and 0 for real numbers, which tell by their size.
   std::array<float, 4> full_colour() const;
 
-  // Names what has no role, each once.
+  // Names what has no role, in one note.
   void tell_left_out(vltOnce& findings) const;
 
  private:
