@@ -166,9 +166,13 @@ bool threemfModelParser::start_resource(std::string_view name, const char** attr
     enter(COLOURS);
     return start_group(attributes, true, false);
   }
-  // What faces may refer to, known here or not, has an id.
+  // What faces may refer to, known here or not, has a number for an id. Extensions may hold other things, which call
+  // themselves as they like.
+  const bool of_3mf = name.starts_with(core) || name.starts_with(materials);
+  std::uint32_t id = 0;
   for (const char** a = attributes; *a; a += 2) {
-    if (is(a[0], "id") && !start_group(attributes, false, true)) return true;
+    if (!is(a[0], "id") || !(of_3mf || threemf_index(a[1], id))) continue;
+    if (!start_group(attributes, false, true)) return true;
   }
   if (!name.starts_with(materials)) return false;
   const std::string_view local = name.substr(materials.size());
@@ -330,7 +334,8 @@ void threemfModelParser::bad_value(std::string_view attribute, std::string_view 
 
 void threemfModelParser::unknown_attribute(std::string_view element, std::string_view attribute) {
   if (is_foreign(attribute)) return;
-  found(velabsNOTE, "attribute " + vlt_quoted(attribute) + " of \"" + std::string(element) + "\" is not known");
+  found(velabsNOTE,
+        "attribute " + vlt_quoted(attribute) + " of \"" + std::string(element) + "\" is not known and left out");
 }
 
 void threemfModelParser::found(velabsSeverity severity, const std::string& what) {
