@@ -237,11 +237,18 @@ TEST(GltfReader, WeldsAsAskedAndTellsWhatIsLeftOut) {
   }
   file.json["textures"] = {Json::object(), Json::object()};
   file.json["cameras"] = {Json::object()};
+  file.json["nodes"][0]["extensions"]["EXT_mesh_gpu_instancing"] = Json::object();
+  file.json["extensionsRequired"] = {"KHR_materials_transmission"};
+  file.json["materials"] = Json::parse(R"([{"extensions":{"KHR_materials_transmission":{}}}])");
+  file.primitive()["material"] = 0;
+  file.primitive()["attributes"]["TEXCOORD_0"] = 0;
   Reading reading = read(file.glb());
   EXPECT_EQ(corners(reading), (Corners{0, 1, 2}));
   EXPECT_EQ(reading.mesh().vertices->normals.at(0), (annVector{0, 0, 1}));
   EXPECT_EQ(reading.messages.notes,
-            "textures are left out (2 times)\ncameras are left out\npoints and lines are left out (3 times)\n");
+            "textures are left out (2 times)\ncameras are left out\ntexture coordinates are left out\n"
+            "points and lines are left out (3 times)\nof materials only name, colour and opacity are kept\n"
+            "of a mesh that a node shows in many places one is read\n");
   reading = read(file.glb(), {"WELD_POINTS", "1"});
   EXPECT_EQ(corners(reading), (Corners{0, 1, 0}));
   EXPECT_EQ(reading.mesh().vertices->count(), 2u);

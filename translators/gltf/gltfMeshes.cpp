@@ -1,23 +1,11 @@
 #include "gltfMeshes.h"
 
 #include <algorithm>
-#include <map>
 #include <numeric>
 
 namespace {
 
 const gltfElements indices_expected{"indices", {1}, {gltfUINT8, gltfUINT16, gltfUINT32}};
-
-// The number of a value in a list, to which it is added when it is new.
-template <typename Value>
-std::size_t number_in(std::vector<Value>& list, const Value& value) {
-  // Primitives of one material or one set of vertices mostly follow each other.
-  if (!list.empty() && list.back() == value) return list.size() - 1;
-  const auto known = std::find(list.begin(), list.end(), value);
-  if (known != list.end()) return static_cast<std::size_t>(known - list.begin());
-  list.push_back(value);
-  return list.size() - 1;
-}
 
 }  // namespace
 
@@ -43,11 +31,11 @@ bool gltfMeshes::read(const gltfValue& value, Mesh& mesh) {
   }
   if (parts.primitives.empty()) return true;
 
-  const gltfVertexPool* pool = pools_.find(parts.sets);
+  const gltfVertexPool* pool = pools_.find(parts.sets.all());
   if (!pool) return false;
   auto made = std::make_shared<annMesh>();
   made->vertices = pool->vertices;
-  for (std::size_t material : parts.materials) {
+  for (std::size_t material : parts.materials.all()) {
     const annMaterial* look = materials_->find(material);
     if (!look) return false;
     made->materials.push_back(*look);
@@ -79,7 +67,7 @@ bool gltfMeshes::read_primitive(const gltfValue& value, Parts& parts) {
   if (!model_.refer(value, "indices", gltfACCESSORS, primitive.indices) || !read_material(value, parts, primitive)) {
     return false;
   }
-  primitive.set = number_in(parts.sets, attributes);
+  primitive.set = parts.sets.number_of(attributes);
   parts.primitives.push_back(std::move(primitive));
   return true;
 }
@@ -95,13 +83,15 @@ bool gltfMeshes::read_attributes(const gltfValue& value, gltfAttributes& attribu
     if (!model_.refer(*object, key, gltfACCESSORS, accessor)) return false;
     if (accessor) *number = *accessor;
   }
+  if (object->has("TEXCOORD_0")) findings_.count(velabsNOTE, "texture coordinates are left out");
+  if (object->has("COLOR_1")) findings_.count(velabsNOTE, "of several colours of a vertex only the first is read");
   return true;
 }
 
 bool gltfMeshes::read_material(const gltfValue& value, Parts& parts, Primitive& primitive) {
   std::optional<std::size_t> material;
   if (!model_.refer(value, "material", gltfMATERIALS, material)) return false;
-  if (material && materials_) primitive.material = static_cast<std::uint32_t>(number_in(parts.materials, *material));
+  if (material && materials_) primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
   return true;
 }
 
@@ -123,7 +113,6 @@ bool gltfMeshes::add_triangles(const Primitive& primitive, const gltfVertexPool&
   if (separate) {
     mesh.corners.insert(mesh.corners.end(), indices_.begin(), indices_.end());
   } else {
-    mesh.corners.reserve(first_corner + 3 * triangles);
     for (std::size_t i = 0; i < triangles; ++i) {
       // In a strip every other triangle runs the other way round; a fan begins with the corner that all have.
       const bool strip = primitive.mode == gltfTRIANGLE_STRIP;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -40,10 +41,25 @@ class gltfMeshes {
     std::optional<std::size_t> indices{};
     std::uint32_t material = annMesh::no_material;
   };
+  // Distinct values, numbered as they come.
+  template <typename Value>
+  class Numbered {
+   public:
+    std::size_t number_of(const Value& value) {
+      const auto [known, is_new] = numbers_.try_emplace(value, values_.size());
+      if (is_new) values_.push_back(value);
+      return known->second;
+    }
+    const std::vector<Value>& all() const { return values_; }
+
+   private:
+    std::vector<Value> values_;
+    std::map<Value, std::size_t> numbers_;
+  };
   struct Parts {
     std::vector<Primitive> primitives;
-    std::vector<gltfAttributes> sets;
-    std::vector<std::size_t> materials;  // of the file
+    Numbered<gltfAttributes> sets;
+    Numbered<std::size_t> materials;  // of the file
   };
 
   bool read(const gltfValue& value, Mesh& mesh);

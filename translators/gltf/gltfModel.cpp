@@ -12,19 +12,17 @@ constexpr const char* list_keys[gltfLISTS] = {"scenes",    "nodes",       "meshe
                                               "accessors", "bufferViews", "buffers"};
 
 // Extensions that change nothing of what is read here, or that are understood.
-constexpr std::string_view understood[] = {"KHR_mesh_quantization",
-                                           "KHR_materials_pbrSpecularGlossiness",
-                                           "KHR_materials_unlit",
-                                           "KHR_texture_transform",
-                                           "KHR_texture_basisu",
-                                           "EXT_texture_webp",
-                                           "EXT_texture_avif",
-                                           "MSFT_texture_dds",
-                                           "KHR_lights_punctual",
-                                           "KHR_materials_clearcoat",
-                                           "KHR_materials_ior",
-                                           "KHR_materials_specular",
-                                           "KHR_materials_emissive_strength"};
+constexpr std::string_view understood[] = {"KHR_mesh_quantization", "KHR_xmp_json_ld", "KHR_animation_pointer",
+                                           "MSFT_texture_dds"};
+// So do all whose names begin like this: they are about looks beyond colour and opacity.
+constexpr std::string_view understood_fronts[] = {"KHR_materials_", "EXT_materials_", "KHR_texture_",
+                                                  "EXT_texture_",   "KHR_lights_",    "EXT_lights_"};
+
+bool is_understood(std::string_view extension) {
+  auto begins = [&](std::string_view front) { return extension.starts_with(front); };
+  return std::find(std::begin(understood), std::end(understood), extension) != std::end(understood) ||
+         std::any_of(std::begin(understood_fronts), std::end(understood_fronts), begins);
+}
 
 // Where the nesting becomes too deep; npos when it does not.
 std::size_t too_deep_at(std::string_view text) {
@@ -113,7 +111,7 @@ bool gltfModel::check_extensions() const {
   for (const nlohmann::json& name : *required) {
     if (!name.is_string()) return root().fail(key, "texts are expected");
     const std::string_view text = name.get_ref<const std::string&>();
-    if (std::find(std::begin(understood), std::end(understood), text) != std::end(understood)) continue;
+    if (is_understood(text)) continue;
     return root().fail(key, "the file cannot be read without the extension " + vlt_quoted(text) +
                                 ", which is not supported; save it without");
   }

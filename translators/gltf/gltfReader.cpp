@@ -48,7 +48,7 @@ class Reading {
     gltfBuffers buffers(model, vlt_directory_of(file.str()), container->binary, work);
     gltfAccessors accessors(model, buffers, findings_);
     gltfVertexPools pools(accessors, {factor, flag(resources_, "WELD_POINTS")}, work, findings_);
-    gltfMaterials materials(model);
+    gltfMaterials materials(model, findings_);
     gltfMeshes meshes(model, accessors, pools, flag(resources_, "READ_MATERIALS") ? &materials : nullptr, work,
                       findings_);
     if (!gltfScene(model, meshes, {factor, flag(resources_, "Z_UP")}, findings_).read(document)) return false;

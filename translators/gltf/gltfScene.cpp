@@ -120,5 +120,10 @@ bool gltfScene::read_mesh(const gltfValue& value, annNode& node) {
   node.body.mesh = mesh->mesh;
   if (node.name.empty() && !mesh->name.empty()) node.name = utString(mesh->name);
   if (value.has("skin")) findings_.count(velabsNOTE, "skins are left out: the shape at rest is read");
+  std::optional<gltfValue> extensions;
+  if (!value.read("extensions", extensions)) return false;
+  if (extensions && extensions->has("EXT_mesh_gpu_instancing")) {
+    findings_.count(velabsNOTE, "of a mesh that a node shows in many places one is read");
+  }
   return true;
 }
