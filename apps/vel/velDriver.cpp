@@ -1,5 +1,7 @@
 #include "velDriver.h"
 
+#include <sys/stat.h>
+
 #include <exception>
 
 #include "v2vTranslationElements.h"
@@ -40,7 +42,27 @@ std::unique_ptr<vlnDLLLoader> velDriver::create_dll_loader() {
 void velDriver::load_silently() {
   initialise(document_, std::make_shared<velValidator>(), apILibraryLoaderOperations::system(),
              apISynchOperations::system());
+  describe_replaced_libraries();
   wanted_cache_ = is_any_opened() ? vel_cache_text(inputs(), outputs(), *app_info()->ut_encoding()).text : "";
+}
+
+void velDriver::describe_replaced_libraries() const {
+  struct stat cache;
+  if (stat(installation_.cache_file().c_str(), &cache) != 0) return;
+  // The time at which a file came to its place; that of its content may be any time before.
+  auto is_newer = [&](const utString& library) {
+    struct stat file;
+    if (stat(library.c_str(), &file) != 0) return false;
+    const timespec &came = file.st_ctim, &written = cache.st_mtim;
+    return came.tv_sec != written.tv_sec ? came.tv_sec > written.tv_sec : came.tv_nsec >= written.tv_nsec;
+  };
+  for (const vlnTranslatorDlls* set : {&inputs(), &outputs()}) {
+    vlnTranslatorDllsIT translators(*set);
+    while (++translators) {
+      vlnTranslatorLoadStatus ignored(vlnLOAD_OK);
+      if (translators()->from_cache() && is_newer(translators()->file_ut())) translators()->load_now(ignored);
+    }
+  }
 }
 
 void velDriver::load() {

@@ -58,6 +58,8 @@ class velDriver : public vlnTranslator {
   bool translate_input_files() override;
 
  private:
+  // A library that came after the cache was written says anew what it is.
+  void describe_replaced_libraries() const;
   bool is_any_opened() const;
 
   velInstallation& installation_;

@@ -40,9 +40,20 @@ TEST(Cache, AnAddedLibraryIsOpenedOnceAndNoOtherForIt) {
   const Installation installation;
   installation.run({"list"});
   installation.root().write("sys/exec/lib/objreader.dll", "opened it would fail");
+  const auto later = fs::last_write_time(installation.cache_file()) + std::chrono::hours(1);
+  fs::last_write_time(installation.cache_file(), later);
   installation.add_fixture("good_input.dll");
   EXPECT_EQ(from_cache(installation), std::pair(4, 5));
-  EXPECT_EQ(from_cache(installation), std::pair(5, 5));
+}
+
+TEST(Cache, ALibraryThatWasReplacedIsAskedAgain) {
+  const Installation installation;
+  installation.run({"list"});
+  fs::copy_file(installation.library("stlwriter.dll"), installation.library("objwriter.dll"),
+                fs::copy_options::overwrite_existing);
+  EXPECT_EQ(from_cache(installation), std::pair(3, 4));
+  EXPECT_EQ(installation.run({"list"}).out.find("OBJ     output"), std::string::npos);
+  EXPECT_EQ(from_cache(installation), std::pair(4, 4));
 }
 
 TEST(Cache, WhatNeverGetsARecordDoesNotLeadToWritingAtEveryStart) {
