@@ -1,0 +1,241 @@
+#include "exaPlanarShape.h"
+
+#include <BRep_Builder.hxx>
+#include <Geom_Line.hxx>
+#include <Geom_Plane.hxx>
+#include <Precision.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Edge.hxx>
+#include <TopoDS_Face.hxx>
+#include <TopoDS_Shell.hxx>
+#include <TopoDS_Solid.hxx>
+#include <TopoDS_Vertex.hxx>
+#include <TopoDS_Wire.hxx>
+#include <algorithm>
+#include <cmath>
+#include <gp_Pln.hxx>
+#include <numeric>
+#include <span>
+#include <unordered_map>
+
+#include "annTriangulation.h"
+#include "annWelder.h"
+
+namespace {
+
+using Corners = std::span<const std::uint32_t>;
+
+double length(annVector v) {
+  return std::sqrt(ann_dot(v, v));
+}
+
+// Twice the area along the normal, whatever the form of the face.
+annVector area_vector(const std::vector<annVector>& points, Corners corners) {
+  annVector sum;
+  const annVector origin = points[corners[0]];
+  for (std::size_t i = 1; i + 1 < corners.size(); ++i) {
+    sum = sum + ann_cross(points[corners[i]] - origin, points[corners[i + 1]] - origin);
+  }
+  return sum;
+}
+
+bool is_flat(const std::vector<annVector>& points, Corners corners) {
+  if (corners.size() == 3) return true;
+  const annVector area = area_vector(points, corners);
+  const double size = length(area);
+  if (!(size > 0)) return false;
+  const annVector normal = area * (1 / size);
+  return std::all_of(corners.begin(), corners.end(), [&](std::uint32_t corner) {
+    return std::abs(ann_dot(points[corner] - points[corners[0]], normal)) <= Precision::Confusion();
+  });
+}
+
+// Calls `use(face, corners)` for each planar face that a mesh comes to.
+template <typename Use>
+void for_each_planar(const annMesh& mesh, Use use) {
+  annTriangulator triangulator;
+  const std::vector<annVector>& points = mesh.vertices->points;
+  for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+    const Corners corners = mesh.face(face);
+    if (is_flat(points, corners)) {
+      use(face, corners);
+      continue;
+    }
+    for (const auto& triangle : triangulator.triangles(points, corners)) use(face, Corners(triangle));
+  }
+}
+
+class PlanarShapeMaker {
+ public:
+  explicit PlanarShapeMaker(const annMesh& mesh) : mesh_(mesh) {}
+
+  exaPlanarShape make() {
+    weld();
+    for_each_planar(mesh_, [&](std::size_t face, Corners corners) { add_face(face, corners); });
+    if (!faces_.empty()) gather();
+    return std::move(result_);
+  }
+
+ private:
+  struct Edge {
+    TopoDS_Edge edge;
+    std::size_t face;  // the first one at it
+    int forward = 0;
+    int backward = 0;
+  };
+  struct Face {
+    TopoDS_Face face;
+    std::uint32_t material;
+    std::size_t group;  // another face that it hangs together with, or itself
+    double volume;      // six times that of the cone to the origin
+    bool closed = true;
+  };
+
+  void weld() {
+    annWelder welder(points_, mesh_.vertices->points.size());
+    for (const annVector& point : mesh_.vertices->points) numbers_.push_back(welder.number_of(point));
+    vertices_.resize(points_.size());
+  }
+
+  const TopoDS_Vertex& vertex(std::uint32_t number) {
+    TopoDS_Vertex& vertex = vertices_[number];
+    const annVector p = points_[number];
+    if (vertex.IsNull()) builder_.MakeVertex(vertex, gp_Pnt(p.x, p.y, p.z), Precision::Confusion());
+    return vertex;
+  }
+
+  Edge& edge(std::uint32_t from, std::uint32_t to, std::size_t face) {
+    const std::uint32_t low = std::min(from, to), high = std::max(from, to);
+    const auto [known, is_new] = edges_.try_emplace(std::uint64_t{low} << 32 | high);
+    Edge& edge = known->second;
+    if (!is_new) return edge;
+    const annVector start = points_[low], along = points_[high] - start;
+    const gp_Dir direction(along.x, along.y, along.z);
+    builder_.MakeEdge(edge.edge, new Geom_Line(gp_Pnt(start.x, start.y, start.z), direction), Precision::Confusion());
+    builder_.Add(edge.edge, vertex(low).Oriented(TopAbs_FORWARD));
+    builder_.Add(edge.edge, vertex(high).Oriented(TopAbs_REVERSED));
+    builder_.Range(edge.edge, 0, length(along));
+    edge.face = face;
+    return edge;
+  }
+
+  // The corners as numbers of distinct points, without those that follow themselves.
+  bool take_corners(Corners corners) {
+    corners_.clear();
+    for (std::uint32_t corner : corners) {
+      const std::uint32_t number = numbers_[corner];
+      if (corners_.empty() || corners_.back() != number) corners_.push_back(number);
+    }
+    while (corners_.size() > 1 && corners_.front() == corners_.back()) corners_.pop_back();
+    return corners_.size() >= 3;
+  }
+
+  void add_face(std::size_t face, Corners corners) {
+    const bool whole = take_corners(corners);
+    const annVector area = whole ? area_vector(points_, corners_) : annVector{};
+    const double size = length(area);
+    if (!(size > Precision::SquareConfusion()) || !std::isfinite(size)) {
+      ++result_.left_out;
+      return;
+    }
+    const annVector origin = points_[corners_[0]];
+    const gp_Pln plane(gp_Pnt(origin.x, origin.y, origin.z), gp_Dir(area.x, area.y, area.z));
+    TopoDS_Face made;
+    builder_.MakeFace(made, new Geom_Plane(plane), Precision::Confusion());
+    TopoDS_Wire wire;
+    builder_.MakeWire(wire);
+    const std::size_t number = faces_.size();
+    std::size_t group = number;
+    for (std::size_t i = 0; i < corners_.size(); ++i) {
+      const std::uint32_t from = corners_[i], to = corners_[(i + 1) % corners_.size()];
+      Edge& here = edge(from, to, number);
+      const bool forward = from < to;
+      ++(forward ? here.forward : here.backward);
+      builder_.Add(wire, here.edge.Oriented(forward ? TopAbs_FORWARD : TopAbs_REVERSED));
+      if (here.face != number) group = join(group, here.face, number);
+    }
+    wire.Closed(true);
+    builder_.Add(made, wire);
+    faces_.push_back({made, mesh_.face_material(face), group, ann_dot(origin, area)});
+  }
+
+  std::size_t root(std::size_t face) {
+    while (faces_[face].group != face) face = faces_[face].group = faces_[faces_[face].group].group;
+    return face;
+  }
+
+  // `own` is the face being made, which is in no list yet.
+  std::size_t join(std::size_t group, std::size_t other, std::size_t own) {
+    other = root(other);
+    if (group == own || group == other) return other;
+    const std::size_t low = std::min(group, other);
+    faces_[std::max(group, other)].group = low;
+    return low;
+  }
+
+  // Faces that hang together become a shell, in the order of the first face of each.
+  void gather() {
+    for (const auto& [key, edge] : edges_) {
+      if (edge.forward != 1 || edge.backward != 1) faces_[root(edge.face)].closed = false;
+    }
+    std::vector<std::vector<std::size_t>> groups;
+    std::unordered_map<std::size_t, std::size_t> number_of_root;
+    for (std::size_t face = 0; face < faces_.size(); ++face) {
+      const auto [known, is_new] = number_of_root.try_emplace(root(face), groups.size());
+      if (is_new) groups.emplace_back();
+      groups[known->second].push_back(face);
+    }
+    TopoDS_Compound compound;
+    builder_.MakeCompound(compound);
+    for (const std::vector<std::size_t>& group : groups) {
+      result_.shape = make_group(group);
+      if (groups.size() > 1) builder_.Add(compound, result_.shape);
+    }
+    if (groups.size() > 1) result_.shape = compound;
+    result_.colours.settle();
+  }
+
+  TopoDS_Shape make_group(const std::vector<std::size_t>& group) {
+    TopoDS_Shell shell;
+    builder_.MakeShell(shell);
+    double volume = 0;
+    for (std::size_t number : group) {
+      const Face& face = faces_[number];
+      volume += face.volume;
+      builder_.Add(shell, face.face);
+      const bool coloured = face.material != annMesh::no_material;
+      result_.colours.add(coloured ? &mesh_.materials[face.material].colour : nullptr);
+    }
+    const bool closed = faces_[root(group[0])].closed;
+    shell.Closed(closed);
+    if (!closed || volume == 0) return shell;
+    // Inside out, a shell would bound everything around it.
+    TopoDS_Solid solid;
+    builder_.MakeSolid(solid);
+    builder_.Add(solid, volume > 0 ? shell : shell.Reversed());
+    return solid;
+  }
+
+  const annMesh& mesh_;
+  BRep_Builder builder_;
+  std::vector<annVector> points_;
+  std::vector<std::uint32_t> numbers_;  // of the mesh's vertices among the points
+  std::vector<TopoDS_Vertex> vertices_;
+  std::unordered_map<std::uint64_t, Edge> edges_;
+  std::vector<Face> faces_;
+  std::vector<std::uint32_t> corners_;
+  exaPlanarShape result_;
+};
+
+}  // namespace
+
+std::size_t exa_planar_face_count(const annMesh& mesh) {
+  if (mesh.all_triangles()) return mesh.face_count();
+  std::size_t count = 0;
+  for_each_planar(mesh, [&](std::size_t, Corners) { ++count; });
+  return count;
+}
+
+exaPlanarShape exa_planar_shape(const annMesh& mesh) {
+  return PlanarShapeMaker(mesh).make();
+}

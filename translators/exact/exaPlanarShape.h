@@ -1,0 +1,22 @@
+#pragma once
+
+#include <TopoDS_Shape.hxx>
+#include <string>
+
+#include "annMesh.h"
+#include "exaExport.h"
+#include "exaFaceColours.h"
+
+// A mesh as planar faces that share the edges between them. Faces that hang together become a shell, one that is closed
+// becomes a solid.
+struct VELEXACT_API exaPlanarShape {
+  TopoDS_Shape shape;  // null when there is no face with an area
+  exaFaceColours colours;
+  std::size_t left_out = 0;  // faces without an area
+};
+
+// How many planar faces a mesh comes to: faces that are not flat count as the triangles that they become.
+VELEXACT_API std::size_t exa_planar_face_count(const annMesh& mesh);
+
+// What the kernel throws passes through.
+VELEXACT_API exaPlanarShape exa_planar_shape(const annMesh& mesh);

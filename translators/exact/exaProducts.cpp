@@ -1,0 +1,155 @@
+#include "exaProducts.h"
+
+#include <TopExp_Explorer.hxx>
+
+#include "exaPlacement.h"
+#include "exaPlanarShape.h"
+#include "exaSession.h"
+#include "exaShape.h"
+#include "velRepresentationOption.h"
+#include "vltNames.h"
+
+namespace {
+
+// The kernel walks assemblies by recursion.
+constexpr std::size_t deepest = 500;
+
+std::size_t limit(const velTableInstance& resources) {
+  const int limit = resources.value<int>("FACET_LIMIT", 20000);
+  return limit > 0 ? static_cast<std::size_t>(limit) : 0;
+}
+
+}  // namespace
+
+exaProducts::exaProducts(const annDocument& document, const velTableInstance& resources, double factor,
+                         velabsOutput& output)
+    : resources_(resources),
+      output_(output),
+      definitions_(document),
+      facets_(document, resources, output),
+      findings_(output),
+      change_(annTransform::scaling(factor)) {}
+
+bool exaProducts::make() {
+  if (definitions_.depth() > deepest) {
+    output_.message(velabsERROR, utString("its assemblies stand in each other more than " + std::to_string(deepest) +
+                                          " deep; flatten them"));
+    return false;
+  }
+  if (!add_uses(definitions_.top(), change_, std::nullopt, top_)) return false;
+  findings_.tell();
+  if (!top_.empty()) return true;
+  output_.message(velabsERROR, "the model holds no shape");
+  return false;
+}
+
+bool exaProducts::has_colours() const {
+  for (const exaProduct& product : products_) {
+    if (product.colour || !product.face_colours.empty()) return true;
+  }
+  return false;
+}
+
+bool exaProducts::fail(const annNode& node, const std::string& why) {
+  output_.message(velabsERROR, utString("the part " + vlt_quoted(node.name.str()) + ": " + why));
+  return false;
+}
+
+bool exaProducts::add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
+                           const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target) {
+  for (const annDefinitions::Use& use : uses) {
+    const exaPlacementParts parts = exa_parts(change * use.transform);
+    std::optional<std::size_t> product;
+    if (output_.cancelled() || !find(use.definition, parts.shape, colour, product)) return false;
+    if (product) target.push_back({*product, exa_trsf(parts.location)});
+  }
+  return true;
+}
+
+bool exaProducts::find(std::size_t definition, const annTransform& change, const std::optional<annColour>& around,
+                       std::optional<std::size_t>& product) {
+  const annDefinitions::Definition& source = definitions_.definitions()[definition];
+  const annNode& node = *source.node;
+  const std::optional<annColour> colour = node.colour ? node.colour : around;
+  const annColour c = colour.value_or(annColour{-1, -1, -1, -1});
+  const Key key{definition, change.m, {c.red, c.green, c.blue, c.opacity}};
+  if (const auto known = numbers_.find(key); known != numbers_.end()) {
+    product = known->second;
+    return true;
+  }
+
+  exaProduct made;
+  made.name = node.name;
+  if (!add_uses(source.uses, change, colour, made.uses)) return false;
+  if (!node.body.empty()) {
+    const Made* const shape = shape_of(node, change);
+    if (!shape) return false;
+    if (!shape->shape.IsNull()) {
+      exaProduct part{node.name, shape->shape, colour, shape->colours, {}};
+      if (made.uses.empty()) {
+        made = std::move(part);
+      } else {
+        // A part that others stand in: an assembly of itself and of them.
+        products_.push_back(std::move(part));
+        made.uses.insert(made.uses.begin(), {products_.size() - 1, gp_Trsf()});
+      }
+    }
+  }
+  if (!made.shape.IsNull() || !made.uses.empty()) {
+    products_.push_back(std::move(made));
+    product = products_.size() - 1;
+  }
+  numbers_.emplace(key, product);
+  return true;
+}
+
+const exaProducts::Made* exaProducts::shape_of(const annNode& node, const annTransform& change) {
+  const auto wanted = resources_.value<velRepresentationOption>("REPRESENTATION", velREPRESENTATION_AS_IS);
+  const annBody& body = node.body;
+  const bool exact = body.shape && wanted != velREPRESENTATION_FACETS;
+  if (!exact && wanted == velREPRESENTATION_EXACT) {
+    fail(node, "it is a mesh and has no exact shape; ask for another REPRESENTATION or leave it out");
+    return nullptr;
+  }
+  const void* const source = exact       ? static_cast<const void*>(body.shape.get())
+                             : body.mesh ? body.mesh.get()
+                                         : static_cast<const void*>(body.shape.get());
+  const auto [known, is_new] = shapes_.try_emplace({source, change.m});
+  Made& made = known->second;
+  if (!is_new) return &made;
+  bool done = false;
+  const std::string failure = exa_failure_of([&] {
+    done = exact ? make_exact(node, made) : make_planar(node, made);
+    if (done && !made.shape.IsNull()) made.shape = exa_changed(made.shape, change);
+  });
+  if (!failure.empty()) fail(node, failure);
+  return done && failure.empty() ? &made : nullptr;
+}
+
+bool exaProducts::make_exact(const annNode& node, Made& made) {
+  apStatus status;
+  const std::shared_ptr<const exaShape> shape = exa_shape_of(node.body.shape, status);
+  if (!shape) return fail(node, status.failure().str());
+  made.shape = shape->shape();
+  made.colours = shape->colours();
+  return true;
+}
+
+bool exaProducts::make_planar(const annNode& node, Made& made) {
+  const std::shared_ptr<const annMesh> mesh = facets_.of(node);
+  if (!mesh) return false;
+  const std::size_t count = exa_planar_face_count(*mesh), most = limit(resources_);
+  if (count > most) {
+    return fail(node, "its mesh would become " + std::to_string(count) + " planar faces, more than the " +
+                          std::to_string(most) + " that FACET_LIMIT allows; raise it with --out facet-limit=" +
+                          std::to_string(count) + " or write a format of meshes");
+  }
+  exaPlanarShape planar = exa_planar_shape(*mesh);
+  if (planar.left_out > 0) {
+    findings_.count(velabsNOTE, "faces of a mesh that have no area are left out", 0, planar.left_out);
+  }
+  findings_.count(velabsNOTE, "meshes become planar faces, one for each flat facet");
+  made.shape = planar.shape;
+  made.colours = std::move(planar.colours);
+  return true;
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <TopoDS_Shape.hxx>
+#include <array>
+#include <gp_Trsf.hxx>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "annDefinitions.h"
+#include "exaExport.h"
+#include "exaFaceColours.h"
+#include "velTableInstance.h"
+#include "velabsOutput.h"
+#include "vltFacets.h"
+#include "vltOnce.h"
+
+// A part with its shape, or an assembly of others, as the kernel's formats hold them.
+struct exaProduct {
+  struct Use {
+    std::size_t product;
+    gp_Trsf location;
+  };
+  utString name;
+  TopoDS_Shape shape;  // null for assemblies
+  std::optional<annColour> colour;
+  exaFaceColours face_colours;
+  std::vector<Use> uses;
+};
+
+// A document as products, each described once however often it stands in the document. Locations turn and move; where
+// the document scales or mirrors, the shapes themselves are changed. REPRESENTATION says what becomes of meshes and
+// exact shapes, FACET_LIMIT how many planar faces one part may have.
+class VELEXACT_API exaProducts {
+ public:
+  exaProducts(const annDocument& document, const velTableInstance& resources, double factor, velabsOutput& output);
+
+  // False, and a message, when there is nothing to write or a part cannot be made.
+  bool make();
+
+  // What a product uses comes before it.
+  const std::vector<exaProduct>& products() const { return products_; }
+  const std::vector<exaProduct::Use>& top() const { return top_; }
+  bool has_colours() const;
+
+ private:
+  // What one product is made of: a definition, what shapes below it are changed by, and the colour around it.
+  struct Key {
+    std::size_t definition;
+    std::array<double, 12> change;
+    std::array<float, 4> colour;  // negative without one
+    auto operator<=>(const Key&) const = default;
+  };
+  struct Made {
+    TopoDS_Shape shape;
+    exaFaceColours colours;
+  };
+
+  bool add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
+                const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target);
+  // The product of a definition, or none when there is nothing in it. False, and a message, when it cannot be made.
+  bool find(std::size_t definition, const annTransform& change, const std::optional<annColour>& around,
+            std::optional<std::size_t>& product);
+  const Made* shape_of(const annNode& node, const annTransform& change);
+  bool make_exact(const annNode& node, Made& made);
+  bool make_planar(const annNode& node, Made& made);
+  bool fail(const annNode& node, const std::string& why);
+
+  const velTableInstance& resources_;
+  velabsOutput& output_;
+  annDefinitions definitions_;
+  vltFacets facets_;
+  vltOnce findings_;
+  annTransform change_;
+  std::map<Key, std::optional<std::size_t>> numbers_;
+  std::map<std::pair<const void*, std::array<double, 12>>, Made> shapes_;
+  std::vector<exaProduct> products_;
+  std::vector<exaProduct::Use> top_;
+};

@@ -1,0 +1,81 @@
+#include "exaWriting.h"
+
+#include <algorithm>
+
+#include "velMultipleFileOption.h"
+#include "vltNames.h"
+
+namespace {
+
+std::string extension_of(const utString& file) {
+  const std::string name = file.str().substr(file.str().rfind('/') + 1);
+  const std::size_t dot = name.rfind('.');
+  return dot == name.npos || dot == 0 ? "" : name.substr(dot + 1);
+}
+
+// What may stand in a name of a file anywhere.
+std::string file_name_of(const utString& part) {
+  std::string name = vlt_one_line(part);
+  for (char& c : name) {
+    const bool plain = std::isalnum(static_cast<unsigned char>(c)) || c == '-' || c == '_' || (c & 0x80);
+    if (!plain) c = '_';
+  }
+  return name.empty() ? "part" : name.substr(0, 100);
+}
+
+}  // namespace
+
+velLengthUnit exa_written_unit(const velTableInstance& resources, const annDocument& document) {
+  const auto wanted = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+  if (wanted != velLENGTH_UNSPECIFIED) return wanted;
+  return document.unit == velLENGTH_UNSPECIFIED ? velLENGTH_MILLIMETRE : document.unit;
+}
+
+bool exa_write_files(const exaProducts& products, const velTableInstance& resources, velabsOfStream& stream,
+                     velabsOutput& output, const exaWriteFile& write) {
+  const auto files = resources.value<velMultipleFileOption>("MULTIPLE_FILES", velMULTIPLE_ONE_FILE);
+  if (files == velMULTIPLE_ONE_FILE) return write(products.products(), products.top(), stream);
+  if (!stream.has_room_beside()) {
+    output.message(velabsERROR, "one file for each part needs an output that is a file");
+    return false;
+  }
+
+  const std::string extension = extension_of(stream.target());
+  vltUniqueNames names;
+  std::size_t count = 0;
+  for (const exaProduct& product : products.products()) {
+    if (product.shape.IsNull()) continue;
+    if (output.cancelled()) return false;
+    const std::string name = names.unique(file_name_of(product.name));
+    velabsOfStream& file = count++ == 0 ? stream : stream.companion(utString(name + "." + extension));
+    if (!write({product}, {{0, gp_Trsf()}}, file)) return false;
+  }
+  output.message(velabsNOTE, utString(std::to_string(count) + (count == 1 ? " part is" : " parts are") +
+                                      " written, each to a file of its own, without the places that they stand in"));
+  return true;
+}
+
+void exa_tell_losses(const annDocument& document, const char* format, velabsOutput& output) {
+  bool normals = false, colours = false, names = false;
+  for (const annPlacedBody& placed : ann_placed_bodies(document)) {
+    const annMesh* mesh = placed.node->body.mesh.get();
+    if (!mesh || placed.node->body.shape) continue;
+    normals = normals || !mesh->vertices->normals.empty();
+    colours = colours || !mesh->vertices->colours.empty();
+    names = names || std::any_of(mesh->materials.begin(), mesh->materials.end(),
+                                 [](const annMaterial& material) { return !material.name.empty(); });
+  }
+  auto note = [&](bool lost, const char* what) {
+    if (lost) output.message(velabsNOTE, utString(format) + " " + what);
+  };
+  note(normals, "holds no vertex normals: they are left out");
+  note(colours, "holds no vertex colours: they are left out");
+  note(names, "holds no names of materials: their colours are written without");
+}
+
+utString exa_stem(const utString& file) {
+  std::string name = file.str().substr(file.str().rfind('/') + 1);
+  const std::size_t dot = name.rfind('.');
+  if (dot != name.npos && dot > 0) name.resize(dot);
+  return utString(name);
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "exaExport.h"
+#include "exaProducts.h"
+#include "velLengthUnit.h"
+#include "velTableInstance.h"
+#include "velabsOfStream.h"
+#include "velabsResult.h"
+
+// What the writers of exact shapes do alike.
+
+// The unit that a file shall name: LENGTH_UNIT, else the document's, else millimetres.
+VELEXACT_API velLengthUnit exa_written_unit(const velTableInstance& resources, const annDocument& document);
+
+// Writes products to a stream; false when that failed, which was said.
+using exaWriteFile = std::function<bool(const std::vector<exaProduct>& products,
+                                        const std::vector<exaProduct::Use>& top, velabsOfStream& stream)>;
+
+// Calls `write` for everything, or, as MULTIPLE_FILES may ask, once for each part, as it is in itself: the first one
+// goes to the target, the others to files beside it that have the part's name before the extension.
+VELEXACT_API bool exa_write_files(const exaProducts& products, const velTableInstance& resources,
+                                  velabsOfStream& stream, velabsOutput& output, const exaWriteFile& write);
+
+// Says what meshes and nodes have that formats of exact shapes do not hold.
+VELEXACT_API void exa_tell_losses(const annDocument& document, const char* format, velabsOutput& output);
+
+// The last component of a file's name without its extension.
+VELEXACT_API utString exa_stem(const utString& file);

@@ -1,0 +1,105 @@
+#include "exaXcafWriter.h"
+
+#include <BRepBuilderAPI_Copy.hxx>
+#include <Quantity_ColorRGBA.hxx>
+#include <TDataStd_Name.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopLoc_Location.hxx>
+#include <TopTools_MapOfShape.hxx>
+#include <XCAFDoc_ColorTool.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+#include <algorithm>
+#include "exaPlacement.h"
+
+namespace {
+
+Quantity_ColorRGBA colour_of(const annColour& colour) {
+  auto part = [](float value) { return std::clamp(static_cast<double>(value), 0.0, 1.0); };
+  return {Quantity_Color(part(colour.red), part(colour.green), part(colour.blue), Quantity_TOC_sRGB),
+          static_cast<float>(part(colour.opacity))};
+}
+
+class Writer {
+ public:
+  Writer(const std::vector<exaProduct>& products, double unit, bool with_colours)
+      : products_(products), with_colours_(with_colours), document_(new TDocStd_Document("XmlXCAF")) {
+    XCAFDoc_DocumentTool::SetLengthUnit(document_, unit, UnitsMethods_LengthUnit_Millimeter);
+    shapes_ = XCAFDoc_DocumentTool::ShapeTool(document_->Main());
+    colours_ = XCAFDoc_DocumentTool::ColorTool(document_->Main());
+  }
+
+  Handle(TDocStd_Document) write(const std::vector<exaProduct::Use>& top, const utString& whole_name) {
+    // A part alone takes its place into its shape.
+    if (products_.size() == 1 && top.size() == 1) alone_at_ = top[0].location;
+    for (const exaProduct& product : products_) add(product);
+    if (products_.size() > 1 && !can_stand_alone(top)) {
+      const TDF_Label whole = shapes_->NewShape();
+      name(whole, whole_name);
+      for (const exaProduct::Use& use : top) place(whole, use);
+    }
+    shapes_->UpdateAssemblies();
+    return document_;
+  }
+
+ private:
+  void add(const exaProduct& product) {
+    const TDF_Label label = shapes_->NewShape();
+    labels_.push_back(label);
+    name(label, product.name);
+    if (product.shape.IsNull()) {
+      for (const exaProduct::Use& use : product.uses) place(label, use);
+      return;
+    }
+    // The kernel takes products of one shape for one product.
+    TopoDS_Shape shape = exa_changed(product.shape, exa_transform(alone_at_));
+    if (!known_.Add(shape.Located(TopLoc_Location()))) shape = BRepBuilderAPI_Copy(shape, false, false).Shape();
+    shapes_->SetShape(label, shape);
+    if (!with_colours_) return;
+    if (product.colour) colours_->SetColor(label, colour_of(*product.colour), XCAFDoc_ColorSurf);
+    std::size_t face = 0;
+    for (TopExp_Explorer it(shape, TopAbs_FACE); it.More() && !product.face_colours.empty(); it.Next(), ++face) {
+      const annColour* const colour = product.face_colours.colour(face);
+      if (!colour) continue;
+      const TDF_Label part = shapes_->AddSubShape(label, it.Current());
+      if (!part.IsNull()) colours_->SetColor(part, colour_of(*colour), XCAFDoc_ColorSurf);
+    }
+  }
+
+  void place(const TDF_Label& assembly, const exaProduct::Use& use) {
+    const TDF_Label component = shapes_->AddComponent(assembly, labels_[use.product], TopLoc_Location(use.location));
+    name(component, products_[use.product].name);
+  }
+
+  // Products that stand at the origin of the document and nowhere else can be on their own there.
+  bool can_stand_alone(const std::vector<exaProduct::Use>& top) const {
+    std::vector<int> uses(products_.size(), 0);
+    for (const exaProduct& product : products_) {
+      for (const exaProduct::Use& use : product.uses) ++uses[use.product];
+    }
+    return std::all_of(top.begin(), top.end(), [&](const exaProduct::Use& use) {
+      return use.location.Form() == gp_Identity && ++uses[use.product] == 1;
+    });
+  }
+
+  static void name(const TDF_Label& label, const utString& name) {
+    TDataStd_Name::Set(label, TCollection_ExtendedString(name.empty() ? "part" : name.c_str(), true));
+  }
+
+  const std::vector<exaProduct>& products_;
+  bool with_colours_;
+  Handle(TDocStd_Document) document_;
+  Handle(XCAFDoc_ShapeTool) shapes_;
+  Handle(XCAFDoc_ColorTool) colours_;
+  TopTools_MapOfShape known_;
+  std::vector<TDF_Label> labels_;
+  gp_Trsf alone_at_;
+};
+
+}  // namespace
+
+Handle(TDocStd_Document)
+    exa_xcaf_document(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, double unit,
+                      bool with_colours, const utString& name) {
+  return Writer(products, unit, with_colours).write(top, name);
+}

@@ -1,0 +1,127 @@
+#include "igesReader.h"
+
+#include <IGESCAFControl_Reader.hxx>
+#include <IGESData_GlobalSection.hxx>
+#include <IGESData_IGESModel.hxx>
+#include <Interface_Static.hxx>
+#include <TDocStd_Document.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+
+#include "exaProgress.h"
+#include "exaSession.h"
+#include "exaUnits.h"
+#include "exaXcafReader.h"
+#include "igesFormat.h"
+#include "velTrimOption.h"
+#include "vltInput.h"
+#include "vltScale.h"
+
+VELABS_INPUT_LIBRARY(igesReader)
+
+namespace {
+
+constexpr int percent_parsed = 20, percent_made = 90;
+
+// What the kernel keeps for the whole process, so each reading sets all of it.
+void set_parameters(const velTableInstance& resources) {
+  const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
+  const int modes[] = {0, 3, 2};  // as the file prefers, in space, in parameters
+  Interface_Static::SetIVal("read.surfacecurve.mode", modes[trim]);
+}
+
+// The last line of a whole file is that of its terminate section: a "T" in column 73.
+bool has_end(std::string_view bytes) {
+  constexpr std::size_t looked_at = 1024, column = 72;
+  std::string_view tail = bytes.substr(bytes.size() - std::min(bytes.size(), looked_at));
+  while (!tail.empty()) {
+    const std::size_t end = tail.find_last_not_of("\r\n \0");
+    if (end == tail.npos) return false;
+    tail = tail.substr(0, end + 1);
+    const std::size_t start = tail.find_last_of("\r\n") + 1;
+    const std::string_view line = tail.substr(start);
+    if (line.size() > column) return line[column] == 'T';
+    tail = tail.substr(0, start);
+  }
+  return false;
+}
+
+class Reading {
+ public:
+  Reading(const utString& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)
+      : file_(file), resources_(resources), document_(document), output_(output), session_(output) {}
+
+  velabsResult run() {
+    const bool done = session_.guarded("it cannot be read", [&] { return parse() && transfer(); });
+    if (output_.cancelled()) return velabsCANCELLED;
+    if (!done) return velabsFAILED;
+    session_.tell_complaints();
+    exaXcafReader reader(target_, exa_read_options(resources_), output_);
+    const bool read = session_.guarded("its parts cannot be read", [&] { return reader.read(document_); });
+    return read ? velabsDONE : velabsFAILED;
+  }
+
+ private:
+  bool fail(const std::string& why) {
+    if (!output_.cancelled()) output_.message(velabsERROR, utString(why + session_.reason()));
+    return false;
+  }
+
+  bool parse() {
+    reader_.emplace();
+    set_parameters(resources_);
+    reader_->SetNameMode(true);
+    reader_->SetColorMode(resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE);
+    reader_->SetLayerMode(false);
+    const IFSelect_ReturnStatus status = reader_->ReadFile(file_.c_str());
+    output_.progress(percent_parsed);
+    return status == IFSelect_RetDone || fail("it is no whole IGES file");
+  }
+
+  bool transfer() {
+    const double millimetres = reader_->IGESModel()->GlobalSection().UnitValue();
+    document_.unit = exa_unit(millimetres);
+    double unit = exa_millimetres(document_.unit);
+    if (millimetres > 0 && unit == 0) {
+      output_.message(velabsNOTE, "its unit of length is none that is known here: the numbers become millimetres");
+      document_.unit = velLENGTH_MILLIMETRE;
+    }
+    if (unit == 0) unit = 1;
+    target_ = new TDocStd_Document("XmlXCAF");
+    XCAFDoc_DocumentTool::SetLengthUnit(target_, unit, UnitsMethods_LengthUnit_Millimeter);
+    const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
+    const bool done = reader_->Transfer(target_, progress->Start());
+    reader_.reset();
+    return done || fail("its shapes cannot be made");
+  }
+
+  const utString& file_;
+  const velTableInstance& resources_;
+  annDocument& document_;
+  velabsOutput& output_;
+  exaSession session_;
+  std::optional<IGESCAFControl_Reader> reader_;
+  Handle(TDocStd_Document) target_;
+};
+
+}  // namespace
+
+igesReader::igesReader() : vltDescribed(iges_format, "Reads solids and surfaces from IGES files.") {}
+
+velabsResult igesReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
+                              velabsOutput& output) {
+  const std::optional<double> factor = vlt_scale(resources, output);
+  if (!factor) return velabsFAILED;
+  const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
+  if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
+  if (!has_end(mapped->bytes())) {
+    output.message(velabsERROR, "it is cut off: the terminate section is missing at its end");
+    return velabsFAILED;
+  }
+  const velabsResult result = Reading(file, resources, document, output).run();
+  if (*factor != 1) {
+    for (const auto& node : document.root.children) {
+      node->transform = annTransform::scaling(*factor) * node->transform;
+    }
+  }
+  return result;
+}

@@ -1,0 +1,135 @@
+#include "igesWriter.h"
+
+#include <IGESCAFControl_Writer.hxx>
+#include <IGESData_GlobalSection.hxx>
+#include <IGESData_IGESModel.hxx>
+#include <Interface_Static.hxx>
+#include <TCollection_HAsciiString.hxx>
+#include <cstdlib>
+#include <ctime>
+#include <ostream>
+
+#include "exaProgress.h"
+#include "exaSession.h"
+#include "exaStreams.h"
+#include "exaUnits.h"
+#include "exaWriting.h"
+#include "exaXcafWriter.h"
+#include "igesFormat.h"
+#include "utBool.h"
+#include "velTypeOption.h"
+#include "vltScale.h"
+
+VELABS_OUTPUT_LIBRARY(igesWriter)
+
+namespace {
+
+struct Unit {
+  velLengthUnit unit;
+  const char* name;
+  velLengthUnit written;
+};
+
+// The format knows all units but the yard.
+constexpr Unit units[] = {{velLENGTH_MICROMETRE, "UM", velLENGTH_MICROMETRE},
+                          {velLENGTH_MILLIMETRE, "MM", velLENGTH_MILLIMETRE},
+                          {velLENGTH_CENTIMETRE, "CM", velLENGTH_CENTIMETRE},
+                          {velLENGTH_METRE, "M", velLENGTH_METRE},
+                          {velLENGTH_KILOMETRE, "KM", velLENGTH_KILOMETRE},
+                          {velLENGTH_MICROINCH, "UIN", velLENGTH_MICROINCH},
+                          {velLENGTH_MIL, "MIL", velLENGTH_MIL},
+                          {velLENGTH_INCH, "INCH", velLENGTH_INCH},
+                          {velLENGTH_FOOT, "FT", velLENGTH_FOOT},
+                          {velLENGTH_YARD, "FT", velLENGTH_FOOT},
+                          {velLENGTH_MILE, "MI", velLENGTH_MILE}};
+
+const Unit& unit_for(velLengthUnit unit) {
+  for (const Unit& known : units) {
+    if (known.unit == unit) return known;
+  }
+  return units[1];
+}
+
+Handle(TCollection_HAsciiString) text(const std::string& value) {
+  return new TCollection_HAsciiString(value.c_str());
+}
+
+// The same for every run, unless SOURCE_DATE_EPOCH gives a time.
+std::string time_stamp() {
+  const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
+  const std::time_t seconds = epoch ? static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10)) : 0;
+  std::tm parts{};
+  char shown[40];
+  if (!gmtime_r(&seconds, &parts)) return "19700101.000000";
+  std::strftime(shown, sizeof shown, "%Y%m%d.%H%M%S", &parts);
+  return shown;
+}
+
+void set_header(const Handle(IGESData_IGESModel) & model, const utString& name) {
+  IGESData_GlobalSection header = model->GlobalSection();
+  header.SetSendName(text(name.str()));
+  header.SetFileName(text(name.str()));
+  header.SetSystemId(text("vel"));
+  header.SetInterfaceVersion(text("vel"));
+  header.SetReceiveName(text(name.str()));
+  header.SetDate(text(time_stamp()));
+  header.SetLastChangeDate(text(time_stamp()));
+  header.SetAuthorName(text(""));
+  header.SetCompanyName(text(""));
+  model->SetGlobalSection(header);
+}
+
+bool put(const Handle(TDocStd_Document) & source, const velTableInstance& resources, const Unit& unit,
+         velabsOfStream& stream, velabsOutput& output, const exaSession& session) {
+  const bool surfaces = resources.value<velTypeOption>("ENTITY_TYPES", velTYPE_ALL) == velTYPE_SURFACES;
+  Interface_Static::SetCVal("write.iges.unit", unit.name);
+  Interface_Static::SetIVal("write.iges.brep.mode", surfaces ? 0 : 1);
+  IGESCAFControl_Writer writer;
+  writer.SetColorMode(resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE);
+  writer.SetNameMode(true);
+  writer.SetLayerMode(false);
+  const Handle(exaProgress) progress = new exaProgress(output, 10, 80);
+  const bool done = writer.Transfer(source, progress->Start());
+  if (output.cancelled()) return false;
+  if (!done) {
+    output.message(velabsERROR, utString("its shapes cannot be written as IGES" + session.reason()));
+    return false;
+  }
+  writer.ComputeModel();
+  set_header(writer.Model(), exa_stem(stream.target()));
+  exaOutputBuffer buffer(stream);
+  std::ostream bytes(&buffer);
+  return writer.Write(bytes, false) || !stream.good();
+}
+
+}  // namespace
+
+igesWriter::igesWriter(velabsOfStream* stream)
+    : vltDescribed(iges_format, "Writes solids and surfaces to IGES files."), stream_(*stream) {}
+
+velabsResult igesWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
+  const velLengthUnit wanted = exa_written_unit(resources, document);
+  const std::optional<double> factor = vlt_output_scale_to(wanted, resources, document, output);
+  if (!factor) return velabsFAILED;
+  const Unit& unit = unit_for(wanted);
+  if (unit.written != wanted) output.message(velabsNOTE, "IGES is written in feet where yards are asked for");
+  exaProducts products(document, resources, *factor * vel_length_ratio(wanted, unit.written), output);
+  if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
+  exa_tell_losses(document, "IGES", output);
+  if (products.products().size() > 1) {
+    output.message(velabsNOTE, "IGES holds no assemblies: the parts are written side by side");
+  }
+  const utString name = document.root.name.empty() ? exa_stem(stream_.target()) : document.root.name;
+  const bool with_colours = resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
+  exaSession session(output);
+  auto write = [&](const auto& parts, const auto& top, velabsOfStream& stream) {
+    return session.guarded("it cannot be written", [&] {
+      const Handle(TDocStd_Document) source =
+          exa_xcaf_document(parts, top, exa_millimetres(unit.written), with_colours, name);
+      return put(source, resources, unit, stream, output, session);
+    });
+  };
+  const bool done = exa_write_files(products, resources, stream_, output, write);
+  if (output.cancelled()) return velabsCANCELLED;
+  return done ? velabsDONE : velabsFAILED;
+}

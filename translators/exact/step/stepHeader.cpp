@@ -1,0 +1,52 @@
+#include "stepHeader.h"
+
+#include <APIHeaderSection_MakeHeader.hxx>
+#include <Interface_HArray1OfHAsciiString.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
+#include <TCollection_HAsciiString.hxx>
+#include <cstdlib>
+#include <ctime>
+#include <string>
+
+namespace {
+
+Handle(TCollection_HAsciiString) text(const std::string& value) {
+  return new TCollection_HAsciiString(value.c_str());
+}
+
+Handle(Interface_HArray1OfHAsciiString) list(const char* value) {
+  const Handle(Interface_HArray1OfHAsciiString) result = new Interface_HArray1OfHAsciiString(1, 1);
+  result->SetValue(1, text(value));
+  return result;
+}
+
+std::string time_stamp() {
+  const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
+  const std::time_t seconds = epoch ? static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10)) : 0;
+  std::tm parts{};
+  char shown[40];
+  if (!gmtime_r(&seconds, &parts)) return "1970-01-01T00:00:00";
+  std::strftime(shown, sizeof shown, "%Y-%m-%dT%H:%M:%S", &parts);
+  return shown;
+}
+
+}  // namespace
+
+void step_make_repeatable(const Handle(StepData_StepModel) & model, const utString& name) {
+  APIHeaderSection_MakeHeader header(model);
+  header.SetName(text(name.str()));
+  header.SetTimeStamp(text(time_stamp()));
+  header.SetAuthor(list(""));
+  header.SetOrganization(list(""));
+  header.SetPreprocessorVersion(text("Open CASCADE 7"));
+  header.SetOriginatingSystem(text("vel"));
+  header.SetAuthorisation(text(""));
+  header.SetDescription(list("model"));
+  header.Apply(model);
+
+  int number = 0;
+  for (int i = 1; i <= model->NbEntities(); ++i) {
+    const auto use = Handle(StepRepr_NextAssemblyUsageOccurrence)::DownCast(model->Value(i));
+    if (!use.IsNull()) use->SetId(text(std::to_string(++number)));
+  }
+}

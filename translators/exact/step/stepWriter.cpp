@@ -1,0 +1,130 @@
+#include "stepWriter.h"
+
+#include <Interface_Static.hxx>
+#include <STEPCAFControl_Writer.hxx>
+#include <StepData_Protocol.hxx>
+#include <StepData_StepModel.hxx>
+#include <StepData_StepWriter.hxx>
+#include <XSControl_WorkSession.hxx>
+#include <ostream>
+
+#include "exaProgress.h"
+#include "exaSession.h"
+#include "exaStreams.h"
+#include "exaUnits.h"
+#include "exaWriting.h"
+#include "exaXcafWriter.h"
+#include "stepFormat.h"
+#include "stepHeader.h"
+#include "utBool.h"
+#include "velStepAPOption.h"
+#include "velTrimOption.h"
+#include "vltScale.h"
+
+VELABS_OUTPUT_LIBRARY(stepWriter)
+
+namespace {
+
+struct UnitName {
+  velLengthUnit unit;
+  const char* name;
+};
+
+constexpr UnitName unit_names[] = {
+    {velLENGTH_MICROMETRE, "UM"}, {velLENGTH_MILLIMETRE, "MM"}, {velLENGTH_CENTIMETRE, "CM"}, {velLENGTH_METRE, "M"},
+    {velLENGTH_KILOMETRE, "KM"},  {velLENGTH_MICROINCH, "UIN"}, {velLENGTH_MIL, "MIL"},       {velLENGTH_INCH, "INCH"},
+    {velLENGTH_FOOT, "FT"},       {velLENGTH_YARD, "FT"},       {velLENGTH_MILE, "MI"}};
+
+const char* name_of(velLengthUnit unit) {
+  for (const UnitName& entry : unit_names) {
+    if (entry.unit == unit) return entry.name;
+  }
+  return "MM";
+}
+
+const char* schema_of(velStepAPOption protocol) {
+  if (protocol == velSTEP_AP203) return "AP203";
+  return protocol == velSTEP_AP242 ? "AP242DIS" : "AP214IS";
+}
+
+// What the kernel keeps for the whole process, so each writing sets all of it.
+void set_parameters(const velTableInstance& resources, velLengthUnit unit) {
+  const auto protocol = resources.value<velStepAPOption>("STEP_AP", velSTEP_AP214);
+  const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
+  Interface_Static::SetCVal("write.step.schema", schema_of(protocol));
+  Interface_Static::SetCVal("write.step.unit", name_of(unit));
+  Interface_Static::SetIVal("write.surfacecurve.mode", trim == velTRIM_MODEL_SPACE ? 0 : 1);
+  Interface_Static::SetCVal("write.step.product.name", "part");
+}
+
+class Writing {
+ public:
+  Writing(const velTableInstance& resources, velLengthUnit unit, utString name, velabsOutput& output)
+      : resources_(resources), unit_(unit), name_(std::move(name)), output_(output), session_(output) {}
+
+  bool write(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, velabsOfStream& stream) {
+    return session_.guarded("it cannot be written", [&] { return put(products, top, stream); });
+  }
+
+ private:
+  bool put(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, velabsOfStream& stream) {
+    const bool with_colours = resources_.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
+    const Handle(TDocStd_Document) source =
+        exa_xcaf_document(products, top, exa_millimetres(unit_), with_colours, name_);
+    STEPCAFControl_Writer writer;
+    set_parameters(resources_, unit_);
+    // The schema counts when a model is made.
+    writer.ChangeWriter().Model(true);
+    writer.SetColorMode(with_colours);
+    writer.SetNameMode(true);
+    writer.SetLayerMode(false);
+    writer.SetPropsMode(false);
+    writer.SetSHUOMode(false);
+    writer.SetDimTolMode(false);
+    writer.SetMaterialMode(false);
+    const Handle(exaProgress) progress = new exaProgress(output_, 10, 80);
+    const bool done = writer.Transfer(source, STEPControl_AsIs, nullptr, progress->Start());
+    if (output_.cancelled()) return false;
+    if (!done) {
+      output_.message(velabsERROR, utString("its shapes cannot be written as STEP" + session_.reason()));
+      return false;
+    }
+    const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
+    step_make_repeatable(model, exa_stem(stream.target()));
+    StepData_StepWriter text(model);
+    text.SendModel(Handle(StepData_Protocol)::DownCast(model->Protocol()));
+    exaOutputBuffer buffer(stream);
+    std::ostream bytes(&buffer);
+    return text.Print(bytes) || stream.good();
+  }
+
+  const velTableInstance& resources_;
+  velLengthUnit unit_;
+  utString name_;
+  velabsOutput& output_;
+  exaSession session_;
+};
+
+}  // namespace
+
+stepWriter::stepWriter(velabsOfStream* stream)
+    : vltDescribed(step_format, "Writes assemblies of exact shapes to STEP files."), stream_(*stream) {}
+
+velabsResult stepWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
+  const velLengthUnit wanted = exa_written_unit(resources, document);
+  const std::optional<double> factor = vlt_output_scale_to(wanted, resources, document, output);
+  if (!factor) return velabsFAILED;
+  // The kernel writes no yards.
+  const velLengthUnit unit = wanted == velLENGTH_YARD ? velLENGTH_FOOT : wanted;
+  if (unit != wanted) output.message(velabsNOTE, "STEP is written in feet where yards are asked for");
+  exaProducts products(document, resources, *factor * vel_length_ratio(wanted, unit), output);
+  if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
+  exa_tell_losses(document, "STEP", output);
+  const utString name = document.root.name.empty() ? exa_stem(stream_.target()) : document.root.name;
+  Writing writing(resources, unit, name, output);
+  const bool done = exa_write_files(
+      products, resources, stream_, output,
+      [&](const auto& parts, const auto& top, velabsOfStream& stream) { return writing.write(parts, top, stream); });
+  if (output.cancelled()) return velabsCANCELLED;
+  return done ? velabsDONE : velabsFAILED;
+}
