@@ -1,5 +1,6 @@
 #include "velInfoCommand.h"
 
+#include "annDefinitions.h"
 #include "apNumberText.h"
 #include "velDriver.h"
 #include "velInputCheck.h"
@@ -22,7 +23,19 @@ struct Info {
   std::string unit;       // of the bounding box
   std::string unit_text;  // the same for people
   annStatistics statistics;
+  std::size_t products = 0;     // distinct parts and assemblies
+  std::size_t occurrences = 0;  // of them in assemblies
+  annStatistics definitions;    // each part once
 };
+
+// The parts of a document, each once however often it stands in it.
+std::vector<annPlacedBody> distinct_parts(const annDefinitions& definitions) {
+  std::vector<annPlacedBody> parts;
+  for (const annDefinitions::Definition& definition : definitions.definitions()) {
+    if (!definition.node->body.empty()) parts.push_back({definition.node, {}, {}});
+  }
+  return parts;
+}
 
 std::string text_of(const annVector& point) {
   std::string text;
@@ -52,7 +65,15 @@ void print_json(const Info& info, velConsole& console) {
                            {"faces", counts.faces},
                            {"triangles", counts.triangles},
                            {"vertices", counts.vertices},
-                           {"bounding_box", box}});
+                           {"bounding_box", box},
+                           {"occurrences", info.occurrences},
+                           {"definitions",
+                            {{"products", info.products},
+                             {"parts", info.definitions.parts},
+                             {"solids", info.definitions.solids},
+                             {"faces", info.definitions.faces},
+                             {"triangles", info.definitions.triangles},
+                             {"vertices", info.definitions.vertices}}}});
 }
 
 void print_table(const Info& info, velConsole& console) {
@@ -125,7 +146,14 @@ velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
             reader->file_name_ut().str(),
             unit,
             unit,
-            ann_statistics(driver.document())};
+            ann_statistics(driver.document()),
+            0,
+            0,
+            {}};
+  const annDefinitions definitions(driver.document());
+  info.products = definitions.definitions().size();
+  info.occurrences = definitions.occurrences();
+  info.definitions = ann_statistics(distinct_parts(definitions), false);
   if (request.unit) convert(info, driver.document().unit, *request.unit, installation, console);
   request.json ? print_json(info, console) : print_table(info, console);
   return velEXIT_DONE;

@@ -66,7 +66,7 @@ velExitCode velTranslation::carry_out() {
   const bool done = driver_->run();
   console_.end_progress();
   if (!done) return tell_failure();
-  statistics_ = ann_statistics(driver_->document());
+  statistics_ = ann_statistics(driver_->document(), false);
   return velEXIT_DONE;
 }
 

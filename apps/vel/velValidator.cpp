@@ -11,6 +11,7 @@ constexpr double endless = std::numeric_limits<double>::infinity();
 
 constexpr velValidator::Bounds all_bounds[] = {
     {"SCALE", 0, endless, true, velMSG_TAKES_ABOVE_ZERO},
+    {"FACET_LIMIT", 0, endless, true, velMSG_TAKES_ABOVE_ZERO},
     {"DIGITS", 0, 17, false, velMSG_TAKES_DIGITS},
     {"CHORD_TOLERANCE", 0, endless, false, velMSG_TAKES_FROM_ZERO},
     {"ANGLE_TOLERANCE", 0, 180, false, velMSG_TAKES_DEGREES},

@@ -18,11 +18,9 @@ namespace {
 constexpr std::size_t triangles_between_reports = std::size_t{1} << 14;
 
 annTolerance tolerance_of(const velTableInstance& resources) {
-  annTolerance result{resources.value<double>("CHORD_TOLERANCE"),
-                      resources.value<double>("ANGLE_TOLERANCE") * std::numbers::pi / 180};
-  if (!(result.chord > 0)) result.chord = 0.1;
-  if (!(result.angle > 0)) result.angle = 0.35;  // about 20 degrees
-  return result;
+  // 0 leaves it to the size of the shape.
+  return {resources.value<double>("CHORD_TOLERANCE"),
+          resources.value<double>("ANGLE_TOLERANCE") * std::numbers::pi / 180};
 }
 
 void tell_losses(const std::vector<annPlacedBody>& bodies, velLengthUnit unit, velabsOutput& output) {

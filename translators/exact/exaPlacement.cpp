@@ -35,6 +35,7 @@ annTransform exa_transform(const gp_Trsf& trsf) {
 gp_Trsf exa_trsf(const annTransform& transform) {
   const auto& m = transform.m;
   gp_Trsf result;
+  if (transform.is_identity()) return result;
   if (m[0] == 1 && m[5] == 1 && m[10] == 1) {
     // A pure translation stays exact.
     result.SetTranslation(gp_Vec(m[3], m[7], m[11]));

@@ -9,6 +9,7 @@ struct exaReadOptions {
   bool colours = true;
   bool allow_gaps = false;
   velTypeOption types = velTYPE_ALL;
+  bool split_compounds = false;  // the format knows no parts but the members of its groups
 };
 
 // From the resources READ_MATERIALS, ALLOW_GAPS and ENTITY_TYPES.

@@ -1,7 +1,6 @@
 #include "exaXcafReader.h"
 
 #include <BRep_Builder.hxx>
-#include <NCollection_DataMap.hxx>
 #include <Quantity_ColorRGBA.hxx>
 #include <TDF_LabelSequence.hxx>
 #include <TDF_Tool.hxx>
@@ -9,12 +8,13 @@
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
-#include <TopTools_ShapeMapHasher.hxx>
 #include <TopoDS_Compound.hxx>
+#include <TopoDS_Iterator.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "exaPlacement.h"
 
@@ -58,7 +58,32 @@ annColour colour_from(const Quantity_ColorRGBA& source) {
   return {rounded(red), rounded(green), rounded(blue), rounded(static_cast<double>(source.Alpha()))};
 }
 
-using ColourOfFace = NCollection_DataMap<TopoDS_Shape, annColour, TopTools_ShapeMapHasher>;
+bool is_group(const TopoDS_Shape& shape) {
+  if (shape.ShapeType() != TopAbs_COMPOUND) return false;
+  std::size_t parts = 0;
+  for (TopoDS_Iterator it(shape); it.More(); it.Next()) {
+    const bool compound = it.Value().ShapeType() == TopAbs_COMPOUND && TopExp_Explorer(it.Value(), TopAbs_FACE).More();
+    if (compound || it.Value().ShapeType() == TopAbs_SOLID) ++parts;
+  }
+  return parts > 0;
+}
+
+// What a group of groups comes to: solids, compounds of faces, and loose faces as they are.
+std::vector<TopoDS_Shape> members_of(const TopoDS_Shape& shape) {
+  std::vector<TopoDS_Shape> members, open{shape};
+  while (!open.empty()) {
+    const TopoDS_Shape current = open.back();
+    open.pop_back();
+    if (!is_group(current)) {
+      if (TopExp_Explorer(current, TopAbs_FACE).More()) members.push_back(current);
+      continue;
+    }
+    const std::size_t first = open.size();
+    for (TopoDS_Iterator it(current); it.More(); it.Next()) open.push_back(it.Value());
+    std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
+  }
+  return members;
+}
 
 // A shape whose faces all have one colour has that colour itself.
 std::optional<annColour> only_colour(const exaFaceColours& colours) {
@@ -118,10 +143,10 @@ void exaXcafReader::add_components(std::size_t number) {
 }
 
 void exaXcafReader::settle_all() {
-  // What stands in an assembly is settled before it.
+  // What stands in an assembly is settled before it. Settling adds definitions that are settled already.
   std::vector<std::size_t> next(definitions_.size(), 0);
   std::vector<std::size_t> open;
-  for (std::size_t start = 0; start < definitions_.size(); ++start) {
+  for (std::size_t start = 0; start < next.size(); ++start) {
     if (next[start] > 0) continue;
     open.push_back(start);
     while (!open.empty()) {
@@ -140,7 +165,7 @@ void exaXcafReader::settle_all() {
 void exaXcafReader::settle(Definition& definition) {
   if (!XCAFDoc_ShapeTool::IsAssembly(definition.label)) {
     make_body(definition);
-    definition.worth_showing = !definition.body.empty();
+    definition.worth_showing = !definition.body.empty() || !definition.components.empty();
     return;
   }
   auto& components = definition.components;
@@ -213,27 +238,65 @@ void exaXcafReader::make_body(Definition& definition) {
     return;
   }
 
-  // Colours of pieces hold for all of their faces, those of faces for themselves.
-  ColourOfFace of_piece, of_face;
+  if (options_.split_compounds) {
+    const std::vector<TopoDS_Shape> members = members_of(shape);
+    if (members.size() > 1) {
+      make_members(definition, members);
+      return;
+    }
+  }
+  give_shape(definition, shape, colours_below(definition.label));
+}
+
+void exaXcafReader::make_members(Definition& definition, const std::vector<TopoDS_Shape>& members) {
+  const exaColourMaps colours = colours_below(definition.label);
+  for (const TopoDS_Shape& member : members) {
+    auto part = std::make_unique<Definition>();
+    TDF_Label label;
+    if (shapes_->FindSubShape(definition.label, member, label)) {
+      part->name = name_of(label);
+      part->colour = colour_of(label);
+    }
+    give_shape(*part, member, colours);
+    part->worth_showing = true;
+    definition.components.push_back({definitions_.size(), {}, {}, {}});
+    definitions_.push_back(std::move(part));
+  }
+}
+
+exaColourMaps exaXcafReader::colours_below(const TDF_Label& label) const {
+  exaColourMaps maps;
   TDF_LabelSequence parts;
-  if (options_.colours) XCAFDoc_ShapeTool::GetSubShapes(definition.label, parts);
-  for (const TDF_Label& label : parts) {
-    const std::optional<annColour> colour = colour_of(label);
-    const TopoDS_Shape part = XCAFDoc_ShapeTool::GetShape(label);
+  if (options_.colours) XCAFDoc_ShapeTool::GetSubShapes(label, parts);
+  for (const TDF_Label& below : parts) {
+    const std::optional<annColour> colour = colour_of(below);
+    const TopoDS_Shape part = XCAFDoc_ShapeTool::GetShape(below);
     if (!colour || part.IsNull()) continue;
-    ColourOfFace& map = part.ShapeType() == TopAbs_FACE ? of_face : of_piece;
+    auto& map = part.ShapeType() == TopAbs_FACE ? maps.of_face : maps.of_piece;
     for (TopExp_Explorer it(part, TopAbs_FACE); it.More(); it.Next()) map.Bind(it.Current(), *colour);
   }
+  return maps;
+}
+
+void exaXcafReader::give_shape(Definition& definition, const TopoDS_Shape& shape, const exaColourMaps& maps) const {
   exaFaceColours colours;
-  if (!of_face.IsEmpty() || !of_piece.IsEmpty()) {
+  if (!maps.of_face.IsEmpty() || !maps.of_piece.IsEmpty()) {
     for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
-      const annColour* colour = of_face.Seek(it.Current());
-      colours.add(colour ? colour : of_piece.Seek(it.Current()));
+      const annColour* colour = maps.of_face.Seek(it.Current());
+      colours.add(colour ? colour : maps.of_piece.Seek(it.Current()));
     }
     colours.settle();
     if (const auto whole_colour = only_colour(colours)) {
       definition.colour = whole_colour;
       colours = {};
+    } else if (definition.colour) {
+      // A face in the colour of its part has none of its own.
+      const exaFaceColours all = std::exchange(colours, {});
+      for (std::size_t face = 0; face < all.of_face.size(); ++face) {
+        const annColour* const own = all.colour(face);
+        colours.add(own && *own == *definition.colour ? nullptr : own);
+      }
+      colours.settle();
     }
   }
   definition.body.shape = std::make_shared<exaShape>(shape, std::move(colours), options_.allow_gaps);

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <TDF_LabelMapHasher.hxx>
+#include <NCollection_DataMap.hxx>
 #include <TDocStd_Document.hxx>
+#include <TopTools_ShapeMapHasher.hxx>
 #include <XCAFDoc_ColorTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 #include <memory>
@@ -14,6 +15,12 @@
 #include "exaShape.h"
 #include "velabsOutput.h"
 #include "vltOnce.h"
+
+// Colours of the sub-shapes of a part. Those of pieces hold for all of their faces, those of faces for themselves.
+struct exaColourMaps {
+  NCollection_DataMap<TopoDS_Shape, annColour, TopTools_ShapeMapHasher> of_piece;
+  NCollection_DataMap<TopoDS_Shape, annColour, TopTools_ShapeMapHasher> of_face;
+};
 
 // Turns the kernel's document into nodes: a product becomes a node named after it wherever it occurs, its shape one
 // body that all of these share. The pieces that the kernel makes of a part of several representations become one body
@@ -47,6 +54,9 @@ class exaXcafReader {
   void settle(Definition& definition);
   void merge_pieces(Definition& definition);
   void make_body(Definition& definition);
+  void make_members(Definition& definition, const std::vector<TopoDS_Shape>& members);
+  void give_shape(Definition& definition, const TopoDS_Shape& shape, const exaColourMaps& colours) const;
+  exaColourMaps colours_below(const TDF_Label& label) const;
   TopoDS_Shape wanted(const TopoDS_Shape& shape) const;
   std::optional<annColour> colour_of(const TDF_Label& label) const;
   void fill(annNode& node, const Definition& definition) const;

@@ -1,36 +1,57 @@
 #include "vltFacets.h"
 
+#include <algorithm>
+#include <atomic>
+#include <exception>
 #include <numbers>
-
-namespace {
-
-constexpr double default_chord_in_metres = 1e-4;
-constexpr double default_chord_without_unit = 0.1;
-constexpr double default_angle = 0.35;  // about 20 degrees
-
-annTolerance tolerance(const annDocument& document, const velTableInstance& resources) {
-  annTolerance result{resources.value<double>("CHORD_TOLERANCE", 0),
-                      resources.value<double>("ANGLE_TOLERANCE", 0) * (std::numbers::pi / 180)};
-  const double metres = vel_metres(document.unit);
-  if (!(result.chord > 0)) result.chord = metres > 0 ? default_chord_in_metres / metres : default_chord_without_unit;
-  if (!(result.angle > 0)) result.angle = default_angle;
-  return result;
-}
-
-}  // namespace
+#include <thread>
+#include <vector>
 
 vltFacets::vltFacets(const annDocument& document, const velTableInstance& resources, velabsOutput& output)
-    : tolerance_(tolerance(document, resources)), output_(output) {}
+    : document_(document),
+      tolerance_{std::max(resources.value<double>("CHORD_TOLERANCE", 0), 0.0),
+                 std::max(resources.value<double>("ANGLE_TOLERANCE", 0), 0.0) * (std::numbers::pi / 180)},
+      output_(output) {}
 
 std::shared_ptr<const annMesh> vltFacets::of(const annNode& node) {
   if (node.body.mesh) return node.body.mesh;
-  const annExactShape* shape = node.body.shape.get();
-  if (auto known = made_.find(shape); known != made_.end()) return known->second;
-  apStatus status;
-  std::shared_ptr<const annMesh> mesh = shape->facets(tolerance_, status);
-  if (!mesh) {
-    output_.message(velabsERROR, utString("no facets for the shape of \"") + node.name + "\": " + status.failure());
-    return nullptr;
+  if (made_.empty()) make_all();
+  Facets& facets = made_[node.body.shape.get()];
+  if (facets.told || facets.status.ok() || output_.cancelled()) return facets.mesh;
+  facets.told = true;
+  const utString what = facets.mesh ? "not all facets for the shape of \"" : "no facets for the shape of \"";
+  output_.message(facets.mesh ? velabsWARNING : velabsERROR, what + node.name + "\": " + facets.status.failure());
+  return facets.mesh;
+}
+
+void vltFacets::make_all() {
+  std::vector<std::pair<const annExactShape*, Facets*>> shapes;
+  for (const annPlacedBody& placed : ann_placed_bodies(document_)) {
+    const annBody& body = placed.node->body;
+    if (body.mesh) continue;
+    const auto [known, is_new] = made_.try_emplace(body.shape.get());
+    if (is_new) shapes.emplace_back(known->first, &known->second);
   }
-  return made_[shape] = std::move(mesh);
+
+  std::atomic<std::size_t> next{0}, done{0};
+  auto work = [&] {
+    for (std::size_t i; (i = next.fetch_add(1)) < shapes.size() && !output_.cancelled();) {
+      auto& [shape, facets] = shapes[i];
+      try {
+        facets->mesh = shape->facets(tolerance_, facets->status);
+      } catch (const std::exception& exception) {
+        facets->status.set_failure(exception.what());
+      }
+      // The other half of the progress is the writing's.
+      output_.progress(static_cast<int>(50 * ++done / shapes.size()));
+    }
+  };
+  std::vector<std::jthread> threads;
+  const std::size_t workers = std::min<std::size_t>(shapes.size(), std::thread::hardware_concurrency());
+  try {
+    for (std::size_t i = 1; i < workers; ++i) threads.emplace_back(work);
+  } catch (const std::exception&) {
+    // With fewer threads it takes longer.
+  }
+  work();
 }

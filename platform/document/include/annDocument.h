@@ -38,4 +38,8 @@ struct annStatistics {
   std::size_t vertices = 0;
   std::optional<annBox> box;
 };
-VELPLATFORM_API annStatistics ann_statistics(const annDocument& document);
+// Measuring the box of exact shapes takes its time; `with_box` leaves it out.
+VELPLATFORM_API annStatistics ann_statistics(const annDocument& document, bool with_box = true);
+
+// The same for a list of parts, each counted once as it is in itself.
+VELPLATFORM_API annStatistics ann_statistics(const std::vector<annPlacedBody>& bodies, bool with_box);

@@ -13,7 +13,8 @@
 #include "utString.h"
 
 // How closely facets follow an exact shape: the largest distance between them and the surface, in the document's unit,
-// and the largest angle between neighbouring facets, in radians.
+// and the largest angle between neighbouring facets, in radians. 0 leaves it to the shape: the chord then is a two
+// thousandth of its size, the diagonal of its box, the angle about 20 degrees.
 struct annTolerance {
   double chord = 0;
   double angle = 0;
@@ -25,12 +26,14 @@ struct annShapeContent {
   std::size_t faces = 0;
 };
 
-// The exact form of a body, known to the document by what it can do and not by how it is held.
+// The exact form of a body, known to the document by what it can do and not by how it is held. Distinct shapes may be
+// asked from several threads at once.
 class VELPLATFORM_API annExactShape {
  public:
   virtual ~annExactShape();
 
-  // Facets that approximate the shape; null and a failed status when it cannot be done.
+  // Facets that approximate the shape; null and a failed status when it cannot be done. A failed status beside facets
+  // says which of them are missing.
   virtual std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status) const = 0;
 
   virtual annShapeContent content() const = 0;

@@ -66,10 +66,14 @@ std::vector<annPlacedBody> ann_placed_bodies(const annDocument& document) {
   return bodies;
 }
 
-annStatistics ann_statistics(const annDocument& document) {
+annStatistics ann_statistics(const annDocument& document, bool with_box) {
+  return ann_statistics(ann_placed_bodies(document), with_box);
+}
+
+annStatistics ann_statistics(const std::vector<annPlacedBody>& bodies, bool with_box) {
   annStatistics result;
   annPlacedVertices seen;
-  for (const annPlacedBody& placed : ann_placed_bodies(document)) {
+  for (const annPlacedBody& placed : bodies) {
     ++result.parts;
     const annBody& body = placed.node->body;
     std::optional<annBox> shape_box;
@@ -77,7 +81,7 @@ annStatistics ann_statistics(const annDocument& document) {
       const annShapeContent content = body.shape->content();
       result.solids += content.solids;
       result.faces += content.faces;
-      shape_box = body.shape->box(placed.placement);
+      if (with_box) shape_box = body.shape->box(placed.placement);
     } else {
       result.faces += body.mesh->face_count();
     }
@@ -90,7 +94,7 @@ annStatistics ann_statistics(const annDocument& document) {
     const std::size_t known = seen.count();
     if (seen.number_of(*body.mesh->vertices, placed.placement) < known) continue;
     result.vertices += body.mesh->vertices->points.size();
-    if (!shape_box) extend(result.box, *body.mesh->vertices, placed.placement);
+    if (with_box && !shape_box) extend(result.box, *body.mesh->vertices, placed.placement);
   }
   return result;
 }

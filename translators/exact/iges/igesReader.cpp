@@ -55,7 +55,9 @@ class Reading {
     if (output_.cancelled()) return velabsCANCELLED;
     if (!done) return velabsFAILED;
     session_.tell_complaints();
-    exaXcafReader reader(target_, exa_read_options(resources_), output_);
+    exaReadOptions options = exa_read_options(resources_);
+    options.split_compounds = true;
+    exaXcafReader reader(target_, options, output_);
     const bool read = session_.guarded("its parts cannot be read", [&] { return reader.read(document_); });
     return read ? velabsDONE : velabsFAILED;
   }

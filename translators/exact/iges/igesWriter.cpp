@@ -1,13 +1,17 @@
 #include "igesWriter.h"
 
+#include <IGESBasic_Name.hxx>
 #include <IGESCAFControl_Writer.hxx>
+#include <IGESControl_Controller.hxx>
 #include <IGESData_GlobalSection.hxx>
 #include <IGESData_IGESModel.hxx>
+#include <Interface_EntityIterator.hxx>
 #include <Interface_Static.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <cstdlib>
 #include <ctime>
 #include <ostream>
+#include <vector>
 
 #include "exaProgress.h"
 #include "exaSession.h"
@@ -79,9 +83,36 @@ void set_header(const Handle(IGESData_IGESModel) & model, const utString& name) 
   model->SetGlobalSection(header);
 }
 
+// The kernel gives names to entities in the order of a table by address. They are put in the order of the entities.
+void order_names(const Handle(IGESData_IGESModel) & model) {
+  std::vector<Handle(IGESBasic_Name)> names;
+  std::vector<std::pair<Handle(IGESData_IGESEntity), Handle(IGESBasic_Name)>> owners;
+  for (int i = 1; i <= model->NbEntities(); ++i) {
+    const Handle(IGESData_IGESEntity) entity = model->Entity(i);
+    const auto own = Handle(IGESBasic_Name)::DownCast(entity);
+    if (!own.IsNull()) names.push_back(own);
+    for (Interface_EntityIterator it = entity->Properties(); it.More(); it.Next()) {
+      const auto name = Handle(IGESBasic_Name)::DownCast(it.Value());
+      if (!name.IsNull()) owners.emplace_back(entity, name);
+    }
+  }
+  if (names.size() != owners.size()) return;
+  std::vector<Handle(TCollection_HAsciiString)> texts;
+  for (const auto& [entity, name] : owners) {
+    texts.push_back(name->Value());
+    entity->RemoveProperty(name);
+  }
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    names[i]->Init(1, texts[i]);
+    owners[i].first->AddProperty(names[i]);
+  }
+}
+
 bool put(const Handle(TDocStd_Document) & source, const velTableInstance& resources, const Unit& unit,
          velabsOfStream& stream, velabsOutput& output, const exaSession& session) {
   const bool surfaces = resources.value<velTypeOption>("ENTITY_TYPES", velTYPE_ALL) == velTYPE_SURFACES;
+  // The parameters are there once the kernel's part for IGES is, and count when a writer is made.
+  IGESControl_Controller::Init();
   Interface_Static::SetCVal("write.iges.unit", unit.name);
   Interface_Static::SetIVal("write.iges.brep.mode", surfaces ? 0 : 1);
   IGESCAFControl_Writer writer;
@@ -96,6 +127,7 @@ bool put(const Handle(TDocStd_Document) & source, const velTableInstance& resour
     return false;
   }
   writer.ComputeModel();
+  order_names(writer.Model());
   set_header(writer.Model(), exa_stem(stream.target()));
   exaOutputBuffer buffer(stream);
   std::ostream bytes(&buffer);

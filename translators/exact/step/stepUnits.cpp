@@ -11,12 +11,11 @@
 #include <StepRepr_Representation.hxx>
 #include <StepRepr_RepresentedDefinition.hxx>
 #include <StepShape_ShapeDefinitionRepresentation.hxx>
-#include <UnitsMethods.hxx>
 #include <unordered_set>
 
 namespace {
 
-double length_of(const Handle(StepRepr_RepresentationContext) & context) {
+double length_of(const Handle(StepRepr_RepresentationContext) & context, double working) {
   Handle(StepRepr_GlobalUnitAssignedContext) units;
   if (const auto both = Handle(StepGeom_GeomRepContextAndGlobUnitAssCtxAndGlobUncertaintyAssCtx)::DownCast(context)) {
     units = both->GlobalUnitAssignedContext();
@@ -29,7 +28,8 @@ double length_of(const Handle(StepRepr_RepresentationContext) & context) {
   if (units.IsNull()) return 0;
   STEPConstruct_UnitContext factors;
   factors.ComputeFactors(units);
-  return factors.LengthDone() ? factors.LengthFactor() * UnitsMethods::GetCasCadeLengthUnit() : 0;
+  // The factor is to the unit that the kernel works in, which a writing before may have changed.
+  return factors.LengthDone() ? factors.LengthFactor() * working : 0;
 }
 
 Handle(StepBasic_ProductDefinition) product_of(const Handle(StepShape_ShapeDefinitionRepresentation) & shape) {
@@ -49,7 +49,7 @@ double step_unit_of(const Handle(StepData_StepModel) & model) {
   for (int i = 1; i <= model->NbEntities(); ++i) {
     const auto shape = Handle(StepShape_ShapeDefinitionRepresentation)::DownCast(model->Value(i));
     if (shape.IsNull() || shape->UsedRepresentation().IsNull()) continue;
-    const double unit = length_of(shape->UsedRepresentation()->ContextOfItems());
+    const double unit = length_of(shape->UsedRepresentation()->ContextOfItems(), model->LocalLengthUnit());
     if (unit == 0) continue;
     const Handle(StepBasic_ProductDefinition) product = product_of(shape);
     if (!product.IsNull() && !parts.contains(product.get())) return unit;

@@ -1,0 +1,262 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <thread>
+
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+#include "annDefinitions.h"
+#include "annTriangulation.h"
+
+namespace {
+
+const Translator& reader(const std::string& format) {
+  static std::map<std::string, Translator> readers;
+  return readers.try_emplace(format, format + "reader").first->second;
+}
+const Translator& writer(const std::string& format) {
+  static std::map<std::string, Translator> writers;
+  return writers.try_emplace(format, format + "writer").first->second;
+}
+
+std::string bytes_of(const std::string& file) {
+  std::stringstream bytes;
+  bytes << std::ifstream(file, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+const std::string example = VEL_EXAMPLES "/assembly.step";
+
+class Exact : public testing::Test {
+ protected:
+  std::string path(const std::string& name) const { return directory_ / name; }
+
+  // Writes a document and reads it again.
+  Reading through(const annDocument& document, const std::string& format, Options out = {}, Options in = {}) {
+    const std::string file = path("through." + format);
+    Messages messages;
+    EXPECT_EQ(writer(format).write(document, file, messages, out), velabsDONE) << messages.errors;
+    Reading reading = reader(format).read(file, in);
+    EXPECT_EQ(reading.result, velabsDONE) << format << ": " << reading.messages.errors;
+    return reading;
+  }
+
+  TemporaryDirectory directory_;
+};
+
+void expect_box(const annStatistics& statistics, const annStatistics& expected, double factor = 1) {
+  ASSERT_TRUE(statistics.box && expected.box);
+  const double size = expected.box->max.x - expected.box->min.x;
+  auto near = [&](annVector a, annVector b) {
+    EXPECT_NEAR(a.x, b.x * factor, 1e-5 * size * factor);
+    EXPECT_NEAR(a.y, b.y * factor, 1e-5 * size * factor);
+    EXPECT_NEAR(a.z, b.z * factor, 1e-5 * size * factor);
+  };
+  near(statistics.box->min, expected.box->min);
+  near(statistics.box->max, expected.box->max);
+}
+
+// Six times the volume inside, and how many edges have not one neighbour on each side.
+struct Closedness {
+  double volume = 0;
+  std::size_t open_edges = 0;
+};
+Closedness closedness_of(const annMesh& mesh) {
+  Closedness result;
+  std::map<std::pair<std::uint32_t, std::uint32_t>, int> edges;
+  ann_for_each_triangle(mesh, [&](std::size_t, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
+    const auto& p = mesh.vertices->points;
+    result.volume += ann_dot(p[a], ann_cross(p[b], p[c]));
+    for (auto [from, to] : {std::pair(a, b), std::pair(b, c), std::pair(c, a)}) {
+      from < to ? ++edges[{from, to}] : --edges[{to, from}];
+    }
+  });
+  for (const auto& [edge, balance] : edges) result.open_edges += balance != 0;
+  return result;
+}
+
+// A cube of quads, from 0 to `size`; open without its last face.
+std::shared_ptr<annMesh> cube(double size, bool open = false) {
+  auto mesh = std::make_shared<annMesh>();
+  for (int i = 0; i < 8; ++i) {
+    mesh->vertices->points.push_back({(i & 1) * size, (i >> 1 & 1) * size, (i >> 2) * size});
+  }
+  constexpr std::uint32_t faces[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                                         {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+  for (const auto& face : faces) mesh->add_face(face);
+  mesh->materials = {{"", {1, 0, 0}}};
+  mesh->set_face_material(1, 0);
+  if (!open) return mesh;
+  auto shell = std::make_shared<annMesh>();
+  shell->vertices = mesh->vertices;
+  for (int i = 0; i < 5; ++i) shell->add_face(faces[i]);
+  return shell;
+}
+
+annDocument document_of(std::shared_ptr<const annMesh> mesh) {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  document.root.add_child("cube").body.mesh = std::move(mesh);
+  return document;
+}
+
+}  // namespace
+
+TEST_F(Exact, AnAssemblyKeepsWhatItIsMadeOfThroughStep) {
+  const Reading source = reader("step").read(example);
+  ASSERT_EQ(source.result, velabsDONE) << source.messages.errors;
+  for (const char* protocol : {"AP203", "AP214", "AP242"}) {
+    const Reading again = through(source.document, "step", {{"STEP_AP", protocol}, {"LENGTH_UNIT", "inch"}});
+    EXPECT_EQ(again.document.unit, velLENGTH_INCH);
+    expect_box(again.statistics(), source.statistics(), 1 / 25.4);
+    const annDefinitions before(source.document), after(again.document);
+    ASSERT_EQ(after.definitions().size(), before.definitions().size());
+    EXPECT_EQ(after.occurrences(), 3U);
+    const auto left = ann_placed_bodies(source.document), right = ann_placed_bodies(again.document);
+    ASSERT_EQ(right.size(), left.size());
+    for (std::size_t i = 0; i < left.size(); ++i) {
+      EXPECT_EQ(right[i].node->name, left[i].node->name);
+      EXPECT_EQ(right[i].colour, left[i].colour) << left[i].node->name.str();
+      EXPECT_EQ(right[i].node->body.shape->content().faces, left[i].node->body.shape->content().faces);
+      apStatus status;
+      const auto a = left[i].node->body.shape->facets({}, status), b = right[i].node->body.shape->facets({}, status);
+      ASSERT_TRUE(a && b);
+      EXPECT_EQ(a->materials, b->materials);
+      EXPECT_EQ(closedness_of(*b).open_edges, 0U);
+      EXPECT_NEAR(closedness_of(*b).volume * 25.4 * 25.4 * 25.4, closedness_of(*a).volume,
+                  1e-3 * closedness_of(*a).volume);
+    }
+  }
+}
+
+TEST_F(Exact, SurfacesStayExactThroughAllFormats) {
+  const Reading source = reader("step").read(example);
+  ASSERT_EQ(source.result, velabsDONE);
+  const Reading iges = through(source.document, "iges");
+  const Reading brep = through(iges.document, "brep", {{"FILE_FORMAT", "binary"}}, {{"LENGTH_UNIT", "millimetre"}});
+  const Reading text = through(brep.document, "brep", {}, {{"LENGTH_UNIT", "millimetre"}});
+  const Reading step = through(text.document, "step");
+  for (const Reading* reading : {&iges, &brep, &text, &step}) {
+    EXPECT_EQ(reading->statistics().solids, source.statistics().solids);
+    EXPECT_EQ(reading->statistics().faces, source.statistics().faces);
+    expect_box(reading->statistics(), source.statistics());
+  }
+  EXPECT_NE(bytes_of(path("through.step")).find("CYLINDRICAL_SURFACE"), std::string::npos);
+  const auto placed = ann_placed_bodies(iges.document);
+  const bool coloured =
+      std::any_of(placed.begin(), placed.end(), [](const auto& body) { return body.colour.has_value(); });
+  EXPECT_TRUE(coloured);
+}
+
+TEST_F(Exact, TheSameInputGivesTheSameBytes) {
+  const Reading source = reader("step").read(example);
+  for (const char* format : {"step", "iges", "brep"}) {
+    Messages messages;
+    std::string first;
+    for (int i = 0; i < 2; ++i) {
+      const std::string file = path(std::string("same.") + format);
+      ASSERT_EQ(writer(format).write(source.document, file, messages), velabsDONE);
+      if (i == 0) first = bytes_of(file);
+      EXPECT_TRUE(bytes_of(file) == first) << format;
+    }
+  }
+  apStatus status;
+  const auto placed = ann_placed_bodies(source.document);
+  const Reading again = reader("step").read(example);
+  EXPECT_EQ(placed[0].node->body.shape->save(status),
+            ann_placed_bodies(again.document)[0].node->body.shape->save(status));
+}
+
+TEST_F(Exact, MeshesBecomePlanarFaces) {
+  const struct {
+    bool open;
+    std::size_t solids, faces;
+  } cases[] = {{false, 1, 6}, {true, 0, 5}};
+  for (const char* format : {"step", "iges", "brep"}) {
+    for (const auto& it : cases) {
+      const Reading reading = through(document_of(cube(10, it.open)), format);
+      EXPECT_EQ(reading.statistics().solids, it.solids) << format;
+      EXPECT_EQ(reading.statistics().faces, it.faces) << format;
+      ASSERT_TRUE(reading.statistics().box);
+      EXPECT_NEAR(reading.statistics().box->max.z, 10, 1e-6);
+    }
+  }
+  Messages messages;
+  EXPECT_EQ(writer("step").write(document_of(cube(1)), path("limit.step"), messages, {{"FACET_LIMIT", "5"}}),
+            velabsFAILED);
+  EXPECT_NE(messages.errors.find("facet-limit=6"), std::string::npos) << messages.errors;
+  messages = {};
+  EXPECT_EQ(writer("step").write(document_of(cube(1)), path("exact.step"), messages, {{"REPRESENTATION", "exact"}}),
+            velabsFAILED);
+}
+
+TEST_F(Exact, PlacementsThatScaleAndMirrorChangeTheShapes) {
+  annDocument document = document_of(cube(10));
+  document.root.children[0]->transform = {{-2, 0, 0, 5, 0, 2, 0, 0, 0, 0, 2, 0}};
+  annNode& stretched = document.root.add_child("stretched");
+  stretched.body = document.root.children[0]->body;
+  stretched.transform = {{1, 0, 0, 100, 0, 3, 0, 0, 0, 0, 1, 0}};
+  const annStatistics expected = ann_statistics(document);
+  for (const char* format : {"step", "brep"}) {
+    const Reading reading = through(document, format);
+    expect_box(reading.statistics(), expected);
+    EXPECT_EQ(reading.statistics().solids, 2U);
+    for (const annPlacedBody& placed : ann_placed_bodies(reading.document)) {
+      apStatus status;
+      const auto mesh = placed.node->body.shape->facets({}, status);
+      ASSERT_TRUE(mesh);
+      EXPECT_EQ(closedness_of(*mesh).open_edges, 0U);
+      EXPECT_GT(closedness_of(*mesh).volume, 0);
+    }
+  }
+}
+
+TEST_F(Exact, EachPartGoesToAFileOfItsOwn) {
+  const Reading source = reader("step").read(example);
+  Messages messages;
+  ASSERT_EQ(writer("step").write(source.document, path("parts.step"), messages, {{"MULTIPLE_FILES", "file per part"}}),
+            velabsDONE);
+  EXPECT_EQ(reader("step").read(path("parts.step")).statistics().parts, 1U);
+  EXPECT_EQ(reader("step").read(path("parts.bolt.step")).statistics().solids, 1U);
+}
+
+TEST_F(Exact, TwoInputsAreReadAtOnce) {
+  std::vector<Reading> readings(4);
+  {
+    std::vector<std::jthread> threads;
+    for (Reading& reading : readings) threads.emplace_back([&] { reading = reader("step").read(example); });
+  }
+  for (const Reading& reading : readings) EXPECT_EQ(reading.statistics().solids, 3U) << reading.messages.errors;
+}
+
+TEST_F(Exact, BrokenFilesGiveAReasonAndNothingElse) {
+  const Reading source = reader("step").read(example);
+  for (const std::string format : {"step", "iges", "brep"}) {
+    const std::string whole_file = path("whole." + format), cut_file = path("cut." + format);
+    Messages messages;
+    ASSERT_EQ(writer(format).write(source.document, whole_file, messages), velabsDONE);
+    const std::string whole = bytes_of(whole_file);
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    for (std::size_t tenth = 1; tenth < 10; ++tenth) {
+      std::ofstream(cut_file, std::ios::binary) << whole.substr(0, whole.size() * tenth / 10);
+      const Reading reading = reader(format).read(cut_file);
+      EXPECT_EQ(reading.result, velabsFAILED) << format << ' ' << tenth;
+      EXPECT_FALSE(reading.fault()) << format << ' ' << tenth;
+    }
+    for (std::size_t i = 0; i < 60; ++i) {
+      std::string damaged = whole;
+      damaged[(i * 7919 + 400) * 31 % damaged.size()] ^= static_cast<char>(1 + i % 15);
+      std::ofstream(cut_file, std::ios::binary) << damaged;
+      EXPECT_FALSE(reader(format).read(cut_file).fault()) << format << ' ' << i;
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << format;
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << format;
+    EXPECT_EQ(reader(format).read(whole_file, {}, true).result, velabsCANCELLED) << format;
+  }
+}
