@@ -236,10 +236,13 @@ TEST_F(Exact, TwoInputsAreReadAtOnce) {
 
 TEST_F(Exact, BrokenFilesGiveAReasonAndNothingElse) {
   const Reading source = reader("step").read(example);
+  Messages messages;
+  for (const std::string format : {"step", "iges", "brep"}) {
+    const std::string file = path("whole." + format);
+    ASSERT_EQ(writer(format).write(source.document, file, messages), velabsDONE) << format << messages.errors;
+  }
   for (const std::string format : {"step", "iges", "brep"}) {
     const std::string whole_file = path("whole." + format), cut_file = path("cut." + format);
-    Messages messages;
-    ASSERT_EQ(writer(format).write(source.document, whole_file, messages), velabsDONE);
     const std::string whole = bytes_of(whole_file);
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();

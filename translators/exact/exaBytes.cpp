@@ -1,6 +1,9 @@
+#include <BRepBuilderAPI_Copy.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
 #include <BinTools.hxx>
+#include <TopExp.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
 #include <istream>
 #include <sstream>
 
@@ -10,11 +13,30 @@
 
 // Shapes as bytes of the kind "brep".
 
+namespace {
+
+// Algorithms leave marks of their visits in a shape; what is saved does not show them.
+TopoDS_Shape without_marks(const TopoDS_Shape& shape) {
+  const TopoDS_Shape copy = BRepBuilderAPI_Copy(shape, false, false).Shape();
+  TopTools_IndexedMapOfShape parts;
+  TopExp::MapShapes(copy, parts);
+  for (int i = 1; i <= parts.Extent(); ++i) {
+    TopoDS_Shape part = parts(i);
+    part.Checked(false);
+    part.Modified(false);
+  }
+  return copy;
+}
+
+}  // namespace
+
 std::string exaShape::save(apStatus& status) const {
   std::ostringstream bytes;
   bytes.imbue(std::locale::classic());
-  const std::string failure = exa_failure_of(
-      [&] { BinTools::Write(shape_, bytes, false, false, BinTools_FormatVersion_CURRENT, Message_ProgressRange()); });
+  const std::string failure = exa_failure_of([&] {
+    BinTools::Write(without_marks(shape_), bytes, false, false, BinTools_FormatVersion_CURRENT,
+                    Message_ProgressRange());
+  });
   if (!failure.empty() || !bytes) {
     status.set_failure(failure.empty() ? "the shape cannot be written" : failure);
     return {};
@@ -26,6 +48,7 @@ std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& stat
   exaInputBuffer buffer(bytes);
   std::istream stream(&buffer);
   stream.imbue(std::locale::classic());
+  stream.exceptions(std::ios_base::badbit | std::ios_base::failbit);
   TopoDS_Shape shape;
   const std::string failure = exa_failure_of([&] {
     if (bytes.substr(0, 64).find("Open CASCADE Topology") != bytes.npos) {

@@ -7,6 +7,7 @@
 #include <Standard_Failure.hxx>
 #include <exception>
 
+#include "exaFence.h"
 #include "vltNames.h"
 
 namespace {
@@ -48,8 +49,7 @@ void be_quiet() {
 std::string exa_failure_of(const std::function<void()>& work) {
   be_quiet();
   try {
-    work();
-    return "";
+    return exa_fenced(work) ? "" : "the kernel broke down on it; it names something that is not there";
   } catch (const Standard_Failure& failure) {
     const std::string text = failure.GetMessageString() ? failure.GetMessageString() : "";
     return text.empty() ? failure.DynamicType()->Name() : vlt_one_line(utString(text));

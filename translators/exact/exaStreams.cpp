@@ -1,9 +1,11 @@
 #include "exaStreams.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace {
 
+constexpr int most_reads_behind_end = 100;
 constexpr std::size_t piece = std::size_t{1} << 18;
 
 }  // namespace
@@ -22,7 +24,11 @@ void exaInputBuffer::hand_over(std::size_t at) {
 
 exaInputBuffer::int_type exaInputBuffer::underflow() {
   const std::size_t at = static_cast<std::size_t>(gptr() - eback());
-  if (at >= bytes_.size() || !output_ || output_->cancelled()) return traits_type::eof();
+  if (at >= bytes_.size() || !output_ || output_->cancelled()) {
+    // Some readers of the kernel never look whether there is more.
+    if (++reads_behind_end_ > most_reads_behind_end) throw std::runtime_error("the bytes end too early");
+    return traits_type::eof();
+  }
   output_->progress(static_cast<int>(static_cast<double>(at) / static_cast<double>(bytes_.size()) * percent_));
   hand_over(at);
   return traits_type::to_int_type(*gptr());

@@ -24,6 +24,7 @@ class VELEXACT_API exaInputBuffer : public std::streambuf {
   std::string_view bytes_;
   velabsOutput* output_;
   int percent_;
+  int reads_behind_end_ = 0;
 };
 
 // The kernel's writers into an output stream.

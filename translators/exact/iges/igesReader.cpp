@@ -6,6 +6,7 @@
 #include <Interface_Static.hxx>
 #include <TDocStd_Document.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
+#include <memory>
 
 #include "exaProgress.h"
 #include "exaSession.h"
@@ -50,6 +51,13 @@ class Reading {
   Reading(const utString& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)
       : file_(file), resources_(resources), document_(document), output_(output), session_(output) {}
 
+  // What the kernel left unfinished may break down once more.
+  ~Reading() {
+    exa_failure_of([reader = reader_.release()] { delete reader; });
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
   velabsResult run() {
     const bool done = session_.guarded("it cannot be read", [&] { return parse() && transfer(); });
     if (output_.cancelled()) return velabsCANCELLED;
@@ -69,7 +77,7 @@ class Reading {
   }
 
   bool parse() {
-    reader_.emplace();
+    reader_ = std::make_unique<IGESCAFControl_Reader>();
     set_parameters(resources_);
     reader_->SetNameMode(true);
     reader_->SetColorMode(resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE);
@@ -101,7 +109,7 @@ class Reading {
   annDocument& document_;
   velabsOutput& output_;
   exaSession session_;
-  std::optional<IGESCAFControl_Reader> reader_;
+  std::unique_ptr<IGESCAFControl_Reader> reader_;
   Handle(TDocStd_Document) target_;
 };
 

@@ -7,6 +7,7 @@
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XSControl_WorkSession.hxx>
 #include <istream>
+#include <memory>
 
 #include "exaProgress.h"
 #include "exaSession.h"
@@ -44,6 +45,13 @@ class Reading {
   Reading(const utString& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)
       : file_(file), resources_(resources), document_(document), output_(output), session_(output) {}
 
+  // What the kernel left unfinished may break down once more.
+  ~Reading() {
+    exa_failure_of([reader = reader_.release()] { delete reader; });
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
   velabsResult run(std::string_view bytes) {
     bool whole = false;
     const bool done = session_.guarded("it cannot be read", [&] {
@@ -65,7 +73,7 @@ class Reading {
   }
 
   bool parse(std::string_view bytes) {
-    reader_.emplace();
+    reader_ = std::make_unique<STEPCAFControl_Reader>();
     set_parameters(resources_);
     reader_->SetNameMode(true);
     reader_->SetColorMode(resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE);
@@ -106,7 +114,7 @@ class Reading {
   annDocument& document_;
   velabsOutput& output_;
   exaSession session_;
-  std::optional<STEPCAFControl_Reader> reader_;
+  std::unique_ptr<STEPCAFControl_Reader> reader_;
   Handle(TDocStd_Document) target_;
 };
 
