@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
@@ -78,6 +80,18 @@ Closedness closedness_of(const annMesh& mesh) {
   });
   for (const auto& [edge, balance] : edges) result.open_edges += balance != 0;
   return result;
+}
+
+// Reads in a process of its own, as a kernel that broke down is used no more in one. 0 when it ended as it should.
+int faults_of_reading(const std::string& format, const std::string& file) {
+  const pid_t child = fork();
+  if (child == 0) {
+    alarm(20);
+    _exit(reader(format).read(file).fault());
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  return status;
 }
 
 // A cube of quads, from 0 to `size`; open without its last face.
@@ -252,11 +266,11 @@ TEST_F(Exact, BrokenFilesGiveAReasonAndNothingElse) {
       EXPECT_EQ(reading.result, velabsFAILED) << format << ' ' << tenth;
       EXPECT_FALSE(reading.fault()) << format << ' ' << tenth;
     }
-    for (std::size_t i = 0; i < 60; ++i) {
+    for (std::size_t i = 0; i < 40; ++i) {
       std::string damaged = whole;
       damaged[(i * 7919 + 400) * 31 % damaged.size()] ^= static_cast<char>(1 + i % 15);
       std::ofstream(cut_file, std::ios::binary) << damaged;
-      EXPECT_FALSE(reader(format).read(cut_file).fault()) << format << ' ' << i;
+      EXPECT_EQ(faults_of_reading(format, cut_file), 0) << format << ' ' << i;
     }
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << format;
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << format;

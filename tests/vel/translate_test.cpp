@@ -154,7 +154,9 @@ TEST(Translate, InfoTellsWhatAFileHolds) {
   info.erase("library");
   EXPECT_EQ(info, json::parse(R"({"file": "b.obj", "file_type": "OBJ", "translator": "OBJ", "unit": "unspecified",
                                   "parts": 1, "solids": 0, "faces": 1, "triangles": 2, "vertices": 4,
-                                  "bounding_box": {"min": [0, 0, 0], "max": [2, 3, 0]}})"));
+                                  "bounding_box": {"min": [0, 0, 0], "max": [2, 3, 0]}, "occurrences": 0,
+                                  "definitions": {"products": 1, "parts": 1, "solids": 0, "faces": 1,
+                                                  "triangles": 2, "vertices": 4}})"));
   const Outcome table = installation.run({"info", "b.obj"});
   EXPECT_NE(table.out.find("triangles       2\n"), std::string::npos) << table.out;
   EXPECT_NE(table.out.find("largest x y z   2 3 0\n"), std::string::npos) << table.out;

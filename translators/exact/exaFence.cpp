@@ -1,5 +1,6 @@
 #include "exaFence.h"
 
+#include <atomic>
 #include <csetjmp>
 #include <csignal>
 #include <cstdint>
@@ -14,6 +15,9 @@ constexpr std::uintptr_t null_page_end = 1 << 16;
 
 thread_local sigjmp_buf* landing = nullptr;
 thread_local int silent = 0;
+
+// The kernel was left in the middle of something: what it holds may be locked or half made.
+std::atomic<bool> broken{false};
 
 struct sigaction previous = {};
 std::mutex install_lock;
@@ -85,6 +89,7 @@ class Landing {
 }  // namespace
 
 bool exa_fenced(const std::function<void()>& work) {
+  if (broken) return false;
   gag_streams();
   const Handler handler;
   const Silence silence;
@@ -94,6 +99,7 @@ bool exa_fenced(const std::function<void()>& work) {
   if (sigsetjmp(place, 1) != 0) {
     silent = silence_here;
     landing = &place;
+    broken = true;
     return false;
   }
   work();

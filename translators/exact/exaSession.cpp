@@ -49,7 +49,7 @@ void be_quiet() {
 std::string exa_failure_of(const std::function<void()>& work) {
   be_quiet();
   try {
-    return exa_fenced(work) ? "" : "the kernel broke down on it; it names something that is not there";
+    return exa_fenced(work) ? "" : "the file is damaged and the kernel broke down on it";
   } catch (const Standard_Failure& failure) {
     const std::string text = failure.GetMessageString() ? failure.GetMessageString() : "";
     return text.empty() ? failure.DynamicType()->Name() : vlt_one_line(utString(text));
