@@ -441,7 +441,7 @@ TEST(ThreemfWriter, SpellsTheModelExactly) {
             "xmlns:m=\"http://schemas.microsoft.com/3dmanufacturing/material/2015/02\">\n<resources>\n"
             "<basematerials id=\"1\">\n<base name=\"steel\" displaycolor=\"#00FF00\"/>\n</basematerials>\n"
             "<m:colorgroup id=\"2\">\n<m:color color=\"#0000FF\"/>\n<m:color color=\"#FF000080\"/>\n</m:colorgroup>\n"
-            "<object id=\"3\" type=\"model\" name=\"a\">\n<mesh>\n<vertices>\n" +
+            "<object id=\"3\" type=\"model\" name=\"a\" pid=\"2\" pindex=\"1\">\n<mesh>\n<vertices>\n" +
                 a + bc + d + more +
                 "<triangle v1=\"0\" v2=\"1\" v3=\"2\" pid=\"2\" p1=\"1\" p2=\"1\" p3=\"1\"/>\n"
                 "<triangle v1=\"0\" v2=\"2\" v3=\"3\" pid=\"2\" p1=\"1\" p2=\"1\" p3=\"1\"/>\n"

@@ -117,25 +117,34 @@ void threemfModelText::groups() {
 
 void threemfModelText::begin_mesh() {
   mesh_ = &objects_.meshes()[object_];
-  const annMesh& mesh = *mesh_->mesh;
   choose_vertices();
   choose_looks();
   block_ += "<object id=\"" + std::to_string(mesh_->id) + "\" type=\"model\"";
   name(*mesh_->name);
-  const auto only = colours_.shows_faces(mesh) ? only_material(mesh) : std::nullopt;
-  std::optional<threemfColours::Property> whole;
-  if (only) {
-    whole = colours_.property(mesh.materials[*only]);
-    looks_[*only].clear();
-  } else if (mesh_->colour) {
-    whole = {threemfColours::colour_group, colours_.index_of(*mesh_->colour)};
-  }
-  if (whole) {
+  if (const auto whole = property_of_object()) {
     block_ += " pid=\"" + std::to_string(whole->group) + "\" pindex=\"" + std::to_string(whole->index) + "\"";
   }
   block_ += ">\n<mesh>\n<vertices>\n";
   at_ = 0;
   step_ = VERTICES;
+}
+
+// Where faces have looks of their own, the object needs one too, for faces without; when there are none of those, any
+// will do.
+std::optional<threemfColours::Property> threemfModelText::property_of_object() {
+  const annMesh& mesh = *mesh_->mesh;
+  const bool faces_shown = colours_.shows_faces(mesh);
+  if (const auto only = faces_shown ? only_material(mesh) : std::nullopt) {
+    looks_[*only].clear();
+    return colours_.property(mesh.materials[*only]);
+  }
+  if (mesh_->colour) return threemfColours::Property{threemfColours::colour_group, colours_.index_of(*mesh_->colour)};
+  if (!vertex_colours_.empty()) {
+    return threemfColours::Property{threemfColours::colour_group, vertex_colours_[mesh.corners.front()]};
+  }
+  const auto& looks = mesh.face_materials;
+  if (!faces_shown || std::find(looks.begin(), looks.end(), annMesh::no_material) != looks.end()) return std::nullopt;
+  return colours_.property(mesh.materials[looks.front()]);
 }
 
 // Vertices that other meshes share are written with each mesh, so only those that its faces use; a list of its own is

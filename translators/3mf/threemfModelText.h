@@ -41,6 +41,7 @@ class threemfModelText {
   void head();
   void groups();
   void begin_mesh();
+  std::optional<threemfColours::Property> property_of_object();
   void choose_vertices();
   void choose_looks();
   void vertices();
