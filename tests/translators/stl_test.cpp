@@ -194,7 +194,7 @@ TEST(StlReader, StopsWhenCancelled) {
   EXPECT_EQ(reader.read(file, {}, true).result, velabsCANCELLED);
 }
 
-// A quad and a triangle in red, once as it stands and once mirrored and moved.
+// A quad and a triangle in red glass, once as it stands and once mirrored and moved.
 annDocument two_parts() {
   annDocument document;
   document.unit = velLENGTH_MILLIMETRE;
@@ -202,7 +202,7 @@ annDocument two_parts() {
   mesh->vertices->points = {{0, 0, 0}, {2, 0, 0}, {2, 1, 0}, {0, 1, 0}, {0, 0, 0.1}};
   mesh->add_face(std::vector<std::uint32_t>{0, 1, 2, 3});
   mesh->add_face(std::vector<std::uint32_t>{0, 1, 4});
-  mesh->materials.push_back({"red", {1, 0, 0, 1}});
+  mesh->materials.push_back({"red", {1, 0, 0, 0.5F}});
   mesh->set_face_material(1, 0);
   document.root.add_child("one\nline").body.mesh = mesh;
   annNode& mirrored = document.root.add_child("");
@@ -220,9 +220,10 @@ TEST(StlWriter, WritesWhatItReads) {
                            {{"FILE_FORMAT", form}, {"LENGTH_UNIT", "inch"}, {"SCALE", "25.4"}}),
               velabsDONE);
     EXPECT_NE(messages.notes.find("of the numbers is inch"), std::string::npos);
+    const bool binary = std::string(form) == "binary";
+    EXPECT_NE(messages.notes.find(binary ? "no opacity" : "no colours"), std::string::npos);
     const Reading reading = reader.read(directory / "a.stl");
     ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
-    const bool binary = std::string(form) == "binary";
     EXPECT_EQ(reading.document.root.children.size(), binary ? 1u : 2u);
     EXPECT_EQ(reading.node(0).name, binary ? "" : "one line");
     EXPECT_EQ(reading.statistics().triangles, 6u);
@@ -235,6 +236,9 @@ TEST(StlWriter, WritesWhatItReads) {
     const auto face = mesh.face(binary ? 3 : 0);
     EXPECT_GT(ann_cross(points[face[1]] - points[face[0]], points[face[2]] - points[face[0]]).z, 0);
   }
+  Messages messages;
+  ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"WRITE_MATERIALS", "0"}}), velabsDONE);
+  EXPECT_EQ(messages.notes.find("colours"), std::string::npos) << messages.notes;
 }
 
 TEST(StlWriter, SpellsTextExactly) {

@@ -74,7 +74,7 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
   }
   const vltCarries carries{
       .format = "3MF", .parts = true, .tree = true, .colours = true, .material_names = true, .vertex_colours = true};
-  vlt_tell_losses(document, *bodies, carries, velLENGTH_UNSPECIFIED, output);
+  vlt_tell_losses(document, *bodies, carries, velLENGTH_UNSPECIFIED, resources, output);
   tell_left_out(objects, output);
   if (has_both_colours(objects, colours)) {
     output.message(velabsNOTE,

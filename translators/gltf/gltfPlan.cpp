@@ -22,6 +22,7 @@ std::size_t gltfPlan::Accessor::size() const {
 
 gltfPlanner::gltfPlanner(const annDocument& document, const velTableInstance& resources, velabsOutput& output)
     : document_(document),
+      resources_(resources),
       output_(output),
       facets_(document, resources, output),
       materials_(flag(resources, "WRITE_MATERIALS")),
@@ -66,7 +67,7 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
                            .material_names = true,
                            .vertex_normals = true,
                            .vertex_colours = true};
-  vlt_tell_losses(document_, bodies_, carries, velLENGTH_UNSPECIFIED, output_);
+  vlt_tell_losses(document_, bodies_, carries, velLENGTH_UNSPECIFIED, resources_, output_);
   if (without_faces_ > 0) {
     output_.message(velabsNOTE, "glTF holds no meshes without faces: their parts are written as empty nodes");
   }

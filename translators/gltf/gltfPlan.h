@@ -64,7 +64,8 @@ struct gltfPlan {
   std::size_t data_size = 0;
 };
 
-// Makes the plan for a document; says what gets lost. A mesh without faces cannot be written: its node is empty.
+// Makes the plan for a document, which it must not outlive, nor the resources; says what gets lost. A mesh without
+// faces cannot be written: its node is empty.
 class gltfPlanner {
  public:
   gltfPlanner(const annDocument& document, const velTableInstance& resources, velabsOutput& output);
@@ -87,6 +88,7 @@ class gltfPlanner {
   bool fail(const utString& reason);
 
   const annDocument& document_;
+  const velTableInstance& resources_;
   velabsOutput& output_;
   vltFacets facets_;
   bool materials_, normals_, colours_, z_up_;

@@ -53,7 +53,7 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
                            .vertex_normals = true,
                            .vertex_colours = true,
                            .vertex_opacity = false};
-  vlt_tell_losses(document, *bodies, carries, unit, output);
+  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
   if (!looks.empty()) {
     velabsOfStream& companion = stream_.companion("mtl");
     stream_.write("mtllib " + std::filesystem::path(companion.target().str()).filename().string() + "\n");

@@ -21,7 +21,7 @@ velabsResult offWriter::write(const annDocument& document, const velTableInstanc
   if (!mesh.check(output)) return velabsFAILED;
   const vltCarries carries{
       .format = "OFF", .polygons = true, .colours = true, .vertex_normals = true, .vertex_colours = true};
-  vlt_tell_losses(document, *bodies, carries, unit, output);
+  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
   mesh.tell_mixture(output);
   return offMeshWriter(mesh, *digits, stream_, output).write();
 }

@@ -31,7 +31,7 @@ velabsResult plyWriter::write(const annDocument& document, const velTableInstanc
   if (!mesh.check(output)) return velabsFAILED;
   const vltCarries carries{
       .format = "PLY", .polygons = true, .colours = true, .vertex_normals = true, .vertex_colours = true};
-  vlt_tell_losses(document, *bodies, carries, unit, output);
+  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
   mesh.tell_mixture(output);
   if (mesh.face_colours() && !mesh.all_faces_coloured()) {
     output.message(velabsNOTE, "PLY holds colours for all faces or none: those without one are written light grey");

@@ -20,7 +20,8 @@ velabsResult stlWriter::write(const annDocument& document, const velTableInstanc
 
   const bool text = resources.value<velFileFormat>("FILE_FORMAT", velFORMAT_BINARY) == velFORMAT_ASCII;
   const bool one_solid = !resources.value<utString>("SOLID_NAME").empty();
-  vlt_tell_losses(document, *bodies, {.format = "STL", .parts = text && !one_solid, .colours = !text}, unit, output);
+  const vltCarries carries{.format = "STL", .parts = text && !one_solid, .colours = !text, .opacity = false};
+  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
   return text ? stl_write_text(*bodies, resources, stream_, output)
               : stl_write_binary(*bodies, resources, stream_, output);
 }

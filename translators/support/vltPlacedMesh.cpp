@@ -21,11 +21,27 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
 }
 
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
-                     velLengthUnit written_unit, velabsOutput& output) {
+                     velLengthUnit written_unit, const velTableInstance& resources, velabsOutput& output) {
   auto note = [&](bool lost, const utString& what) {
     if (lost) output.message(velabsNOTE, utString(carries.format) + " " + what);
   };
+  auto is_wanted = [&](const char* key) { return resources.value<utBool>(key, utTRUE) == utTRUE; };
   auto any_body = [&](auto test) { return std::any_of(bodies.begin(), bodies.end(), test); };
+  auto any_material = [&](auto test) {
+    return any_body([&](const vltPlacedMesh& body) {
+      return std::any_of(body.mesh->materials.begin(), body.mesh->materials.end(), test);
+    });
+  };
+  auto has_colour = [](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); };
+  auto is_seen_through = [](const vltPlacedMesh& body) { return body.colour && body.colour->opacity != 1; };
+  auto tell_lost_looks = [&] {
+    if (!carries.colours) return note(any_body(has_colour), "holds no colours in this form: they are not written");
+    note(!carries.opacity && (any_body(is_seen_through) ||
+                              any_material([](const annMaterial& look) { return look.colour.opacity != 1; })),
+         "holds no opacity of colours: it is left out");
+    note(!carries.material_names && any_material([](const annMaterial& look) { return !look.name.empty(); }),
+         "holds no names of materials: their colours are written without");
+  };
 
   note(any_body([](const vltPlacedMesh& body) { return body.node->body.shape != nullptr; }),
        "holds no exact shapes: their facets are written");
@@ -37,21 +53,15 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
        "holds one body: the " + std::to_string(bodies.size()) + " parts are written as one, without their names");
   note(carries.parts && !carries.tree && deep && bodies.size() > 1,
        "holds no assemblies: the parts are written side by side");
-  note(!carries.colours &&
-           any_body([](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); }),
-       "holds no colours in this form: they are not written");
-  note(carries.colours && !carries.material_names && any_body([](const vltPlacedMesh& body) {
-         auto has_name = [](const annMaterial& material) { return !material.name.empty(); };
-         return std::any_of(body.mesh->materials.begin(), body.mesh->materials.end(), has_name);
-       }),
-       "holds no names of materials: their colours are written without");
+  if (is_wanted("WRITE_MATERIALS")) tell_lost_looks();
   note(!carries.vertex_normals &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
        "holds no vertex normals: they are left out");
   note(!carries.vertex_colours &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
        "holds no vertex colours: they are left out");
-  note(carries.vertex_colours && !carries.vertex_opacity && any_body([](const vltPlacedMesh& body) {
+  const bool opaque_vertices = carries.vertex_colours && !carries.vertex_opacity && is_wanted("WRITE_VERTEX_COLOURS");
+  note(opaque_vertices && any_body([](const vltPlacedMesh& body) {
          const std::vector<annColour>& colours = body.mesh->vertices->colours;
          return std::any_of(colours.begin(), colours.end(), [](const annColour& c) { return c.opacity != 1; });
        }),

@@ -37,13 +37,15 @@ struct vltCarries {
   bool parts = false;           // several bodies with their names
   bool tree = false;            // their arrangement in assemblies
   bool colours = false;         // of parts and faces
+  bool opacity = true;          // of these colours, where they are held at all
   bool material_names = false;  // how a colour is called
   bool vertex_normals = false;
   bool vertex_colours = false;
   bool vertex_opacity = true;  // of the colours of vertices, where they are held at all
 };
 
-// Says in one note for each kind what the document has and the format does not hold. Formats of bare numbers hold no
-// length unit: the note names the one that the numbers are in. Formats with a unit of their own give none here.
+// Says in one note for each kind what the document has and the format does not hold; nothing of colours that the
+// resources WRITE_MATERIALS and WRITE_VERTEX_COLOURS leave out. Formats of bare numbers hold no length unit: the note
+// names the one that the numbers are in. Formats with a unit of their own give none here.
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
-                     velLengthUnit written_unit, velabsOutput& output);
+                     velLengthUnit written_unit, const velTableInstance& resources, velabsOutput& output);
