@@ -96,7 +96,7 @@ constexpr Text texts[] = {
      "%1: this name has no extension that tells a format. Formats that can be written: %2; choose one with --to."},
     {velMSG_NO_TEMPORARY_DIRECTORY,
      "%1: no directory can be made there: %2. Name a file with -o, or set TMPDIR to a directory that you may write."},
-    {velMSG_TRANSLATED, "%1: %2, %3, %4 (%5, from %6)"},
+    {velMSG_TRANSLATED, "%1: %2 (%3, from %4)"},
 
     {velMSG_UNKNOWN_KEY, "%1 %2: %3 has no such option. %4"},
     {velMSG_KNOWN_KEYS, "Known are %1."},

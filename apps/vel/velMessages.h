@@ -74,7 +74,7 @@ enum velMessage : unsigned int {
   velMSG_OUTPUT_DIRECTORY_CLOSED,   // file
   velMSG_CANCELLED,                 // file
   velMSG_CANCELLED_NOT_WRITTEN,     // file
-  velMSG_TRANSLATED,                // file, parts, faces, vertices, format, inputs
+  velMSG_TRANSLATED,                // file, counts, format, inputs
   velMSG_OUTPUT_WITHOUT_EXTENSION,  // file, formats
   velMSG_NO_TEMPORARY_DIRECTORY,    // directory, reason
 

@@ -10,10 +10,11 @@ std::string summary(const velTranslateRequest& request, const velTranslation& tr
   std::vector<std::string> sources;
   for (const std::string& input : request.inputs) sources.push_back(vel_last_component(input));
   const annStatistics& statistics = *translation.statistics();
-  return vel_text(
-      velMSG_TRANSLATED,
-      {request.output, vel_counted(statistics.parts, velMSG_PART), vel_counted(statistics.faces, velMSG_FACE),
-       vel_counted(statistics.vertices, velMSG_VERTEX), translation.format(), vel_joined(sources)});
+  std::vector<std::string> counts{vel_counted(statistics.parts, velMSG_PART),
+                                  vel_counted(statistics.faces, velMSG_FACE)};
+  // Exact shapes have none that anybody counts.
+  if (statistics.vertices > 0) counts.push_back(vel_counted(statistics.vertices, velMSG_VERTEX));
+  return vel_text(velMSG_TRANSLATED, {request.output, vel_joined(counts), translation.format(), vel_joined(sources)});
 }
 
 void print_json(const velTranslateRequest& request, const velTranslation& translation, bool done, velConsole& console) {
