@@ -239,6 +239,12 @@ TEST(PlyReader, ReadsColoursOfAllRangesAndNormals) {
     EXPECT_EQ(mesh.materials.at(mesh.face_material(1)).colour, (annColour{0, 0, 0, 1})) << range.type;
     EXPECT_TRUE(reader.read(file, {{"READ_MATERIALS", "0"}}).mesh().materials.empty());
   }
+  const std::string colour = "property float red\nproperty float green\nproperty float blue\n";
+  const std::string odd =
+      Bytes(false)(0.F, 0.F, 0.F, std::nanf(""), 0.2F, 1.F).file("element vertex 1\n" + xyz + colour);
+  const Reading mended = reader.read(directory.write("o.ply", odd));
+  EXPECT_EQ(mended.mesh().vertices->colours.at(0), (annColour{0, 0.2F, 1, 1}));
+  EXPECT_NE(mended.messages.warnings.find("no number is taken as 0"), std::string::npos);
   const std::string normals = "property float nx\nproperty float ny\nproperty float nz\n";
   for (const char* last : {"0 0 0", "0 0 nan"}) {
     const Reading reading = reader.read(directory.write(

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr std::string_view odd_colour = "a colour that is no number is taken as 0";
+
 // Real components count to 1, but to 255 in files in which one is greater.
 template <typename Colours, typename ColourOf>
 void bring_into_range(Colours& colours, std::array<float, 4> full, bool has_opacity, ColourOf colour_of) {
@@ -143,7 +145,7 @@ annColour plyMesh::raw_colour(const double* components) {
     if (std::isfinite(component)) {
       c[i] = component;
     } else {
-      findings_.count(velabsWARNING, "a colour that is no number is taken as 0");
+      findings_.count(velabsWARNING, odd_colour);
     }
   }
   return {c[0], c[1], c[2], c[3]};
@@ -158,7 +160,19 @@ void plyMesh::finish() {
   }
 }
 
+// Vertices that are read in blocks bring their colours unseen.
+void plyMesh::drop_odd_components() {
+  for (annColour& colour : mesh_->vertices->colours) {
+    for (float* component : {&colour.red, &colour.green, &colour.blue, &colour.opacity}) {
+      if (std::isfinite(*component)) continue;
+      *component = 0;
+      findings_.count(velabsWARNING, odd_colour);
+    }
+  }
+}
+
 void plyMesh::finish_vertex_colours() {
+  drop_odd_components();
   bring_into_range(mesh_->vertices->colours, full_vertex_, vertex_opacity_,
                    [](annColour& colour) -> annColour& { return colour; });
 }

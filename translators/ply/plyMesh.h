@@ -45,6 +45,7 @@ class plyMesh {
   bool is_vertex(long long number);
   bool has_room(std::size_t corners);
   annColour raw_colour(const double* components);
+  void drop_odd_components();
   void finish_vertex_colours();
   void finish_materials();
 
