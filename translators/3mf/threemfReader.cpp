@@ -6,6 +6,7 @@
 #include "threemfFormat.h"
 #include "threemfModelParser.h"
 #include "threemfRelationships.h"
+#include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
 
@@ -124,7 +125,7 @@ velabsResult threemfReader::read(const utString& file, const velTableInstance& r
   threemfArchive archive(output);
   if (!archive.open(mapped->bytes())) return velabsFAILED;
   vltOnce findings(output);
-  threemfReading reading{findings, *scale, resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE};
+  threemfReading reading{findings, *scale, vlt_flag(resources, "READ_MATERIALS")};
   const velabsResult result = PackageReader(archive, reading, output).read(document);
   findings.tell();
   return result;

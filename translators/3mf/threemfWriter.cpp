@@ -6,16 +6,13 @@
 #include "threemfObjects.h"
 #include "threemfPackage.h"
 #include "threemfUnits.h"
+#include "vltFlag.h"
 #include "vltScale.h"
 #include "vltTextOutput.h"
 
 VELABS_OUTPUT_LIBRARY(threemfWriter)
 
 namespace {
-
-bool flag(const velTableInstance& resources, const char* key) {
-  return resources.value<utBool>(key, utTRUE) == utTRUE;
-}
 
 velLengthUnit written_unit(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
   const auto wish = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
@@ -67,7 +64,7 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
   const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
   if (!factor) return velabsFAILED;
 
-  threemfColours colours(flag(resources, "WRITE_MATERIALS"), flag(resources, "WRITE_VERTEX_COLOURS"));
+  threemfColours colours(vlt_flag(resources, "WRITE_MATERIALS"), vlt_flag(resources, "WRITE_VERTEX_COLOURS"));
   const threemfObjects objects(document, *bodies, colours);
   if (objects.items().empty()) {
     output.message(velabsWARNING, "the model has no faces that 3MF could hold: nothing will be built from the file");

@@ -4,11 +4,9 @@
 #include <cmath>
 #include <limits>
 
-namespace {
+#include "vltFlag.h"
 
-bool flag(const velTableInstance& resources, const char* key) {
-  return resources.value<utBool>(key, utFALSE) == utTRUE;
-}
+namespace {
 
 std::array<float, 4> numbers_of(const annColour& colour) {
   return {colour.red, colour.green, colour.blue, colour.opacity};
@@ -25,10 +23,10 @@ gltfPlanner::gltfPlanner(const annDocument& document, const velTableInstance& re
       resources_(resources),
       output_(output),
       facets_(document, resources, output),
-      materials_(flag(resources, "WRITE_MATERIALS")),
-      normals_(flag(resources, "WRITE_NORMALS")),
-      colours_(flag(resources, "WRITE_VERTEX_COLOURS")),
-      z_up_(flag(resources, "Z_UP")) {}
+      materials_(vlt_flag(resources, "WRITE_MATERIALS")),
+      normals_(vlt_flag(resources, "WRITE_NORMALS")),
+      colours_(vlt_flag(resources, "WRITE_VERTEX_COLOURS")),
+      z_up_(vlt_flag(resources, "Z_UP")) {}
 
 std::optional<gltfPlan> gltfPlanner::plan(double factor) {
   plan_.factor = factor;

@@ -4,16 +4,13 @@
 #include "gltfFormat.h"
 #include "gltfScene.h"
 #include "vltBeside.h"
+#include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
 
 VELABS_INPUT_LIBRARY(gltfReader)
 
 namespace {
-
-bool flag(const velTableInstance& resources, const char* key) {
-  return resources.value<utBool>(key, utFALSE) == utTRUE;
-}
 
 // What a file holds beside nodes and meshes.
 bool count_left_out(const gltfModel& model, vltOnce& findings) {
@@ -47,11 +44,11 @@ class Reading {
     gltfWork work(output_);
     gltfBuffers buffers(model, vlt_directory_of(file.str()), container->binary, work);
     gltfAccessors accessors(model, buffers, findings_);
-    gltfVertexPools pools(accessors, {factor, flag(resources_, "WELD_POINTS")}, work, findings_);
+    gltfVertexPools pools(accessors, {factor, vlt_flag(resources_, "WELD_POINTS")}, work, findings_);
     gltfMaterials materials(model, findings_);
-    gltfMeshes meshes(model, accessors, pools, flag(resources_, "READ_MATERIALS") ? &materials : nullptr, work,
+    gltfMeshes meshes(model, accessors, pools, vlt_flag(resources_, "READ_MATERIALS") ? &materials : nullptr, work,
                       findings_);
-    if (!gltfScene(model, meshes, {factor, flag(resources_, "Z_UP")}, findings_).read(document)) return false;
+    if (!gltfScene(model, meshes, {factor, vlt_flag(resources_, "Z_UP")}, findings_).read(document)) return false;
     findings_.tell();
     return !output_.cancelled();
   }

@@ -6,6 +6,7 @@
 #include "gltfFormat.h"
 #include "gltfPlanText.h"
 #include "gltfUri.h"
+#include "vltFlag.h"
 #include "vltScale.h"
 
 VELABS_OUTPUT_LIBRARY(gltfWriter)
@@ -22,7 +23,7 @@ velabsResult gltfWriter::write(const annDocument& document, const velTableInstan
 
   stream_.write(gltf_text_of(*plan));
   if (plan->data_size > 0) {
-    const bool embedded = !stream_.has_room_beside() || resources.value<utBool>("EMBED_BUFFERS", utFALSE) == utTRUE;
+    const bool embedded = !stream_.has_room_beside() || vlt_flag(resources, "EMBED_BUFFERS");
     velabsOfStream& data_stream = embedded ? stream_ : stream_.companion("bin");
     const std::string name = std::filesystem::path(data_stream.target().str()).filename().string();
     stream_.write(",\"uri\":\"");

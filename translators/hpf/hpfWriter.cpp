@@ -5,8 +5,8 @@
 #include "hpfFormat.h"
 #include "hpfOutput.h"
 #include "hpfPlan.h"
-#include "utBool.h"
 #include "vltFacets.h"
+#include "vltFlag.h"
 
 VELABS_OUTPUT_LIBRARY(hpfWriter)
 
@@ -41,7 +41,7 @@ hpfWriter::hpfWriter(velabsOfStream* stream)
     : vltDescribed(hpf_format, "Writes whole documents to HPF files."), stream_(*stream) {}
 
 velabsResult hpfWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  const bool with_facets = resources.value<utBool>("WRITE_FACETS", utTRUE) == utTRUE;
+  const bool with_facets = vlt_flag(resources, "WRITE_FACETS");
   MissingFacets missing(output);
   vltFacets facets(document, resources, missing);
   std::unordered_set<const annExactShape*> without;

@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+#include "vltFlag.h"
+
 objMeshWriter::objMeshWriter(velabsOfStream& stream, const velTableInstance& resources, int digits, objLooks* looks,
                              const vltVertexLists& lists, vltProgress& progress, velabsOutput& output)
     : stream_(stream),
@@ -10,8 +12,8 @@ objMeshWriter::objMeshWriter(velabsOfStream& stream, const velTableInstance& res
       text_(stream, digits),
       looks_(looks),
       progress_(progress),
-      with_normals_(resources.value<utBool>("WRITE_NORMALS", utTRUE) == utTRUE),
-      with_colours_(resources.value<utBool>("WRITE_VERTEX_COLOURS", utTRUE) == utTRUE),
+      with_normals_(vlt_flag(resources, "WRITE_NORMALS")),
+      with_colours_(vlt_flag(resources, "WRITE_VERTEX_COLOURS")),
       lists_(lists) {}
 
 bool objMeshWriter::write(const vltPlacedMesh& body, std::size_t number) {

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "objNumbers.h"
+#include "vltFlag.h"
 #include "vltInput.h"
 #include "vltNames.h"
 #include "vltProgress.h"
@@ -18,7 +19,7 @@ objParser::objParser(const utString& name, apMappedFile& file, const velTableIns
                      velabsOutput& output, double factor)
     : file_(file),
       output_(output),
-      read_materials_(resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE),
+      read_materials_(vlt_flag(resources, "READ_MATERIALS")),
       findings_(output),
       lines_(file.bytes()),
       vertices_(factor, file.bytes().size(), findings_, output),

@@ -5,6 +5,7 @@
 #include "objFormat.h"
 #include "objLooks.h"
 #include "objMeshWriter.h"
+#include "vltFlag.h"
 #include "vltNames.h"
 #include "vltScale.h"
 #include "vltVertexLists.h"
@@ -14,10 +15,6 @@ VELABS_OUTPUT_LIBRARY(objWriter)
 namespace {
 
 constexpr std::size_t progress_step = std::size_t{1} << 15;
-
-bool flag(const velTableInstance& resources, const char* key) {
-  return resources.value<utBool>(key, utTRUE) == utTRUE;
-}
 
 // Whether a reader would take the companion's name from its line as it is.
 bool can_be_referred_to(const velabsOfStream& stream) {
@@ -40,7 +37,7 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
   if (!bodies) return velabsFAILED;
 
   const bool room = stream_.has_room_beside();
-  objLooks looks(room && flag(resources, "WRITE_MATERIALS") ? *bodies : std::vector<vltPlacedMesh>());
+  objLooks looks(room && vlt_flag(resources, "WRITE_MATERIALS") ? *bodies : std::vector<vltPlacedMesh>());
   if (!looks.empty() && !can_be_referred_to(stream_)) {
     output.message(velabsWARNING, "no materials are written: OBJ cannot refer to a file of the name it would have");
     looks = objLooks({});

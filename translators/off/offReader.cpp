@@ -2,6 +2,7 @@
 
 #include "offFormat.h"
 #include "offParser.h"
+#include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
 
@@ -15,7 +16,7 @@ velabsResult offReader::read(const utString& file, const velTableInstance& resou
   if (!factor) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
-  const bool materials = resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE;
+  const bool materials = vlt_flag(resources, "READ_MATERIALS");
   offParser parser(*mapped, materials, *factor, output);
   const velabsResult result = parser.read();
   if (result == velabsDONE) document.root.add_child("").body.mesh = parser.mesh();

@@ -2,6 +2,7 @@
 
 #include "plyBody.h"
 #include "plyFormat.h"
+#include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
 
@@ -17,7 +18,7 @@ velabsResult plyReader::read(const utString& file, const velTableInstance& resou
   if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
   plyHead head;
   if (!head.read(mapped->bytes(), output)) return velabsFAILED;
-  const bool materials = resources.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE;
+  const bool materials = vlt_flag(resources, "READ_MATERIALS");
   plyBody body(*mapped, head, materials, *factor, output);
   const velabsResult result = body.read();
   if (result == velabsDONE) document.root.add_child("").body.mesh = body.mesh();

@@ -7,6 +7,7 @@
 #include "stlColours.h"
 #include "stlCorners.h"
 #include "stlFormat.h"
+#include "vltFlag.h"
 #include "vltNames.h"
 #include "vltProgress.h"
 #include "vltWords.h"
@@ -81,8 +82,8 @@ bool stlBinaryReader::count_triangles() {
 }
 
 velabsResult stlBinaryReader::read_triangles(annMesh& mesh, annNode& node, double factor) {
-  const bool weld = resources_.value<utBool>("WELD_POINTS", utTRUE) == utTRUE;
-  const bool colours = resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE;
+  const bool weld = vlt_flag(resources_, "WELD_POINTS");
+  const bool colours = vlt_flag(resources_, "READ_MATERIALS");
   if (3 * count_ > annMesh::no_material - 1) {
     output_.message(velabsERROR, utString("byte 80: " + with_plural(count_) + " are more than a mesh can number"));
     return velabsFAILED;

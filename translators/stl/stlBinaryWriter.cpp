@@ -8,6 +8,7 @@
 #include "stlColours.h"
 #include "stlFormat.h"
 #include "stlTriangles.h"
+#include "vltFlag.h"
 #include "vltNames.h"
 #include "vltProgress.h"
 #include "vltWords.h"
@@ -124,7 +125,7 @@ velabsResult stl_write_binary(const std::vector<vltPlacedMesh>& bodies, const ve
     return velabsFAILED;
   }
   stream.write(head(resources.value<utString>("SOLID_NAME"), static_cast<std::uint32_t>(count)));
-  const bool colours = resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
+  const bool colours = vlt_flag(resources, "WRITE_MATERIALS");
   TriangleWriter writer(stream, output, count, colours);
   for (const vltPlacedMesh& body : bodies) {
     if (!writer.write(body)) return writer.result();

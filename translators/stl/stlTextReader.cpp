@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "vltFlag.h"
 #include "vltInput.h"
 #include "vltNames.h"
 
@@ -18,7 +19,7 @@ stlTextReader::stlTextReader(apMappedFile& file, const velTableInstance& resourc
       document_(document),
       words_(file.bytes()),
       progress_(output, file.bytes().size(), progress_step, &file),
-      weld_(resources.value<utBool>("WELD_POINTS", utTRUE) == utTRUE) {}
+      weld_(vlt_flag(resources, "WELD_POINTS")) {}
 
 velabsResult stlTextReader::read(double factor) {
   factor_ = factor;

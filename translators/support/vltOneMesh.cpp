@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+#include "vltFlag.h"
 
-bool flag(const velTableInstance& resources, const char* key) {
-  return resources.value<utBool>(key, utTRUE) == utTRUE;
-}
+namespace {
 
 bool is_of_byte(float level) {
   if (!(level >= 0 && level <= 1)) return false;
@@ -33,7 +31,7 @@ vltOneMesh::vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableI
     : bodies_(bodies), lists_(bodies) {
   auto spread = [&](const char* key, auto has) {
     const auto& lists = lists_.all();
-    if (!flag(resources, key) || std::none_of(lists.begin(), lists.end(), has)) return Spread::none;
+    if (!vlt_flag(resources, key) || std::none_of(lists.begin(), lists.end(), has)) return Spread::none;
     auto has_or_is_empty = [&](const vltVertexList& list) { return list.vertices->points.empty() || has(list); };
     return std::all_of(lists.begin(), lists.end(), has_or_is_empty) ? Spread::all : Spread::some;
   };
@@ -44,7 +42,7 @@ vltOneMesh::vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableI
     bytes_ = bytes_ && std::all_of(colours.begin(), colours.end(), vlt_is_of_bytes);
   }
   for (const vltPlacedMesh& body : bodies) look_at_faces(body);
-  face_colours_ = face_colours_ && flag(resources, "WRITE_MATERIALS");
+  face_colours_ = face_colours_ && vlt_flag(resources, "WRITE_MATERIALS");
 }
 
 void vltOneMesh::look_at_faces(const vltPlacedMesh& body) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "vltFacets.h"
+#include "vltFlag.h"
 
 std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& document,
                                                             const velTableInstance& resources, double factor,
@@ -25,7 +26,6 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   auto note = [&](bool lost, const utString& what) {
     if (lost) output.message(velabsNOTE, utString(carries.format) + " " + what);
   };
-  auto is_wanted = [&](const char* key) { return resources.value<utBool>(key, utTRUE) == utTRUE; };
   auto any_body = [&](auto test) { return std::any_of(bodies.begin(), bodies.end(), test); };
   auto any_material = [&](auto test) {
     return any_body([&](const vltPlacedMesh& body) {
@@ -53,14 +53,15 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
        "holds one body: the " + std::to_string(bodies.size()) + " parts are written as one, without their names");
   note(carries.parts && !carries.tree && deep && bodies.size() > 1,
        "holds no assemblies: the parts are written side by side");
-  if (is_wanted("WRITE_MATERIALS")) tell_lost_looks();
+  if (vlt_flag(resources, "WRITE_MATERIALS")) tell_lost_looks();
   note(!carries.vertex_normals &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
        "holds no vertex normals: they are left out");
   note(!carries.vertex_colours &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
        "holds no vertex colours: they are left out");
-  const bool opaque_vertices = carries.vertex_colours && !carries.vertex_opacity && is_wanted("WRITE_VERTEX_COLOURS");
+  const bool opaque_vertices =
+      carries.vertex_colours && !carries.vertex_opacity && vlt_flag(resources, "WRITE_VERTEX_COLOURS");
   note(opaque_vertices && any_body([](const vltPlacedMesh& body) {
          const std::vector<annColour>& colours = body.mesh->vertices->colours;
          return std::any_of(colours.begin(), colours.end(), [](const annColour& c) { return c.opacity != 1; });
