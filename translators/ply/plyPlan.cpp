@@ -96,16 +96,16 @@ void plyPlan::tell_left_out(vltOnce& findings) const {
     findings.count(velabsNOTE, "the element " + vlt_quoted(element_->name) + " is left out", element_->line);
     return;
   }
-  std::string names;
+  std::string listed;
   std::size_t count = 0;
   for (std::size_t i = 0; i < roles_.size(); ++i) {
     const plyProperty& property = element_->properties[i];
     if (role(i) != plyNO_ROLE || is_corners(i)) continue;
     if (ignores_colours_ && is_colour(role_of(property.name))) continue;
-    if (++count <= most_names) names += (count > 1 ? ", " : "") + vlt_quoted(property.name);
+    if (++count <= most_names) listed += (count > 1 ? ", " : "") + vlt_quoted(property.name);
   }
   if (count == 0) return;
-  if (count > most_names) names += " and " + std::to_string(count - most_names) + " others";
-  findings.count(velabsNOTE, (count == 1 ? "the property " : "the properties ") + names + " of the element " +
+  if (count > most_names) listed += " and " + std::to_string(count - most_names) + " others";
+  findings.count(velabsNOTE, (count == 1 ? "the property " : "the properties ") + listed + " of the element " +
                                  vlt_quoted(element_->name) + (count == 1 ? " is" : " are") + " left out");
 }

@@ -1,5 +1,7 @@
 #include "vltOnce.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::size_t most_kinds = 40;
@@ -13,6 +15,7 @@ void vltOnce::count(velabsSeverity severity, std::string_view what, std::size_t 
   }
   if (order_.size() == most_kinds) {
     more_ += how_many;
+    more_severity_ = std::max(more_severity_, severity);
     return;
   }
   auto kind = kinds_.emplace(what, Kind{severity, line, how_many}).first;
@@ -28,8 +31,11 @@ void vltOnce::tell() {
     if (kind.count > 1) text += " (" + std::to_string(kind.count) + " times)";
     output_.message(kind.severity, utString(text));
   }
-  if (more_ > 0) output_.message(velabsWARNING, utString(std::to_string(more_) + " findings of further kinds"));
+  if (more_ > 0) {
+    output_.message(more_severity_, utString(std::to_string(more_) + " findings of further kinds are not named"));
+  }
   kinds_.clear();
   order_.clear();
   more_ = 0;
+  more_severity_ = velabsNOTE;
 }

@@ -9,7 +9,8 @@
 #include "velabsOutput.h"
 
 // Findings of which a file may hold thousands, each kind of them told once, at the end, with how many there were and
-// where the first one stood. A file that holds many kinds gets the first ones and a count of the others.
+// where the first one stood. A file that holds many kinds gets the first ones and a count of the others,
+// told as gravely as the gravest of them.
 class vltOnce {
  public:
   explicit vltOnce(velabsOutput& output) : output_(output) {}
@@ -30,4 +31,5 @@ class vltOnce {
   std::map<std::string, Kind, std::less<>> kinds_;
   std::vector<std::string_view> order_;
   std::size_t more_ = 0;
+  velabsSeverity more_severity_ = velabsNOTE;
 };
