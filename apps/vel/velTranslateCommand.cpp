@@ -1,5 +1,8 @@
 #include "velTranslateCommand.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "velFiles.h"
 #include "velMessages.h"
 #include "velText.h"
@@ -15,6 +18,14 @@ std::string summary(const velTranslateRequest& request, const velTranslation& tr
   // Exact shapes have none that anybody counts.
   if (statistics.vertices > 0) counts.push_back(vel_counted(statistics.vertices, velMSG_VERTEX));
   return vel_text(velMSG_TRANSLATED, {request.output, vel_joined(counts), translation.format(), vel_joined(sources)});
+}
+
+// What goes there is for a program, which does not want to be told.
+bool is_standard_output(const std::string& file) {
+  struct stat one;
+  struct stat other;
+  return stat(file.c_str(), &one) == 0 && fstat(STDOUT_FILENO, &other) == 0 && one.st_dev == other.st_dev &&
+         one.st_ino == other.st_ino;
 }
 
 void print_json(const velTranslateRequest& request, const velTranslation& translation, bool done, velConsole& console) {
@@ -36,7 +47,7 @@ velExitCode vel_translate(const velTranslateRequest& request, velConsole& consol
   const velExitCode code = translation.run();
   if (request.json) {
     print_json(request, translation, code == velEXIT_DONE, console);
-  } else if (code == velEXIT_DONE && !request.quiet) {
+  } else if (code == velEXIT_DONE && !request.quiet && !is_standard_output(request.output)) {
     console.print_line(summary(request, translation));
   }
   return code;

@@ -468,7 +468,7 @@ TEST(ThreemfWriter, KeepsColoursApart) {
   other.colour = blue;
   Messages messages;
   ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE);
-  EXPECT_NE(messages.notes.find("taken to be in millimetre"), std::string::npos) << messages.notes;
+  EXPECT_NE(messages.warnings.find("taken to be in millimetre"), std::string::npos) << messages.warnings;
   const Reading reading = reader.read(directory / "a.3mf");
   EXPECT_EQ(reading.node(0).children.at(0)->colour, red);
   EXPECT_EQ(reading.node(0).children.at(1)->colour, blue);

@@ -14,8 +14,8 @@ bool take_odd_number(std::string_view& rest, double& number, std::size_t line, v
                      std::string_view& wrong) {
   const std::string_view word = vlt_take_word(rest);
   std::string_view behind = word;
-  // "1.#QNAN" is how some programs write what is no number.
-  if (!ap_take_double(behind, number) || behind.starts_with('#')) {
+  // "1.#QNAN" is how some programs write what is no number, "0,5" what a decimal comma makes of one.
+  if (!ap_take_double(behind, number) || behind.starts_with('#') || behind.starts_with(',')) {
     wrong = word;
     return false;
   }

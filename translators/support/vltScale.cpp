@@ -4,12 +4,12 @@
 
 namespace {
 
-double converted(double scale, velLengthUnit unit, const annDocument& document, velabsSeverity severity,
-                 velabsOutput& output) {
+double converted(double scale, velLengthUnit unit, const annDocument& document, velabsOutput& output) {
   if (unit == document.unit) return scale;
   if (document.unit != velLENGTH_UNSPECIFIED) return scale * vel_length_ratio(document.unit, unit);
-  output.message(severity, utString("the model has no length unit, so its numbers are taken to be in ") +
-                               co_value_to_text(unit) + " already and stay unchanged");
+  output.message(velabsWARNING, utString("the model has no length unit, so its numbers are taken to be in ") +
+                                    co_value_to_text(unit) +
+                                    " already; if they are not, name their unit by LENGTH_UNIT when it is read");
   return scale;
 }
 
@@ -33,12 +33,12 @@ std::optional<double> vlt_output_scale(const velTableInstance& resources, const 
   const auto wanted = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
   unit = wanted == velLENGTH_UNSPECIFIED ? document.unit : wanted;
   if (!scale || unit == document.unit) return scale;
-  return converted(*scale, unit, document, velabsWARNING, output);
+  return converted(*scale, unit, document, output);
 }
 
 std::optional<double> vlt_output_scale_to(velLengthUnit unit, const velTableInstance& resources,
                                           const annDocument& document, velabsOutput& output) {
   const std::optional<double> scale = vlt_scale(resources, output);
   if (!scale) return scale;
-  return converted(*scale, unit, document, velabsNOTE, output);
+  return converted(*scale, unit, document, output);
 }

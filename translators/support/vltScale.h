@@ -22,6 +22,6 @@ std::optional<double> vlt_output_scale(const velTableInstance& resources, const 
                                        velabsOutput& output, velLengthUnit& unit);
 
 // Writing a format whose file says, or whose standard fixes, that its numbers are in `unit`. The numbers of a document
-// without a unit are taken to be in it already, and a note says so.
+// without a unit are taken to be in it already, and a warning says so.
 std::optional<double> vlt_output_scale_to(velLengthUnit unit, const velTableInstance& resources,
                                           const annDocument& document, velabsOutput& output);

@@ -34,7 +34,7 @@ bool v2v_write_output(const v2vOutputTranslatorElements& elements, const v2vTran
 
   if (failure.is_null()) v2v_guarded([&] { stream.commit(); }, failure);
   // A full disk is the reason behind whatever the translator made of it.
-  if (!stream.good()) failure = stream.failure();
+  if (const utString reason = stream.failure_of_any(); !reason.is_null()) failure = reason;
   if (!failure.empty()) report.message(velabsERROR, utString("cannot write ") + elements.file() + ": " + failure);
   return failure.is_null();
 }

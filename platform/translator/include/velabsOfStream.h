@@ -49,6 +49,8 @@ class VELPLATFORM_API velabsOfStream {
   bool good() const { return failure_.is_null(); }
   // Why the writing failed, for people; null while all is well.
   const utString& failure() const { return failure_; }
+  // The same of this file or else of the first companion that failed, with its name.
+  utString failure_of_any() const;
 
   // Writes out what is buffered, then puts the companions and, last, this file in place. False when anything failed;
   // the targets are then as they were, but for a companion already replaced on a file system that cannot exchange

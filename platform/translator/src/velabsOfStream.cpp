@@ -92,6 +92,14 @@ velabsOfStream& velabsOfStream::companion(const utString& extension) {
   return companion;
 }
 
+utString velabsOfStream::failure_of_any() const {
+  if (!good()) return failure_;
+  for (const auto& companion : companions_) {
+    if (!companion->good()) return companion->target_ + ": " + companion->failure_;
+  }
+  return {};
+}
+
 bool velabsOfStream::has_room_beside() const {
   return !velabsReplacementFile::is_written_directly(target_);
 }
