@@ -51,11 +51,15 @@ exaShape::exaShape(TopoDS_Shape shape, exaFaceColours colours, bool allow_gaps)
 
 exaShape::~exaShape() = default;
 
+// The closest box would take longer to find than the facets themselves, so this one may be somewhat too large.
 double exaShape::size() const {
-  const std::optional<annBox> around = box({});
-  if (!around) return 0;
-  const annVector diagonal = around->max - around->min;
-  return std::sqrt(ann_dot(diagonal, diagonal));
+  double result = 0;
+  exa_failure_of([&] {
+    Bnd_Box box;
+    BRepBndLib::Add(shape_, box, false);
+    if (!box.IsVoid() && !box.IsOpen()) result = std::sqrt(box.SquareExtent());
+  });
+  return result;
 }
 
 std::shared_ptr<const annMesh> exaShape::facets(const annTolerance& wanted, apStatus& status) const {
