@@ -74,9 +74,9 @@ std::string vel_replace_cache(const std::string& file, const std::string& text) 
   return reason;
 }
 
-void vel_keep_cache(const velInstallation& installation, const std::string& text) {
+void vel_keep_cache(const velInstallation& installation, const std::string& text, bool renewed) {
   const std::string file = installation.user_cache_file();
-  if (file.empty() || holds(installation.cache_file(), text)) return;
+  if (file.empty() || (!renewed && holds(installation.cache_file(), text))) return;
   const bool is_locked = access(file.c_str(), F_OK) == 0 && access(file.c_str(), W_OK) != 0;
   if (is_locked || !installation.directories()->get_schema_dir(vlnSchemaTranslators).create_user_dir()) return;
   vel_replace_cache(file, text);

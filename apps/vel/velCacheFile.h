@@ -25,6 +25,6 @@ velCacheText vel_cache_text(const vlnTranslatorDlls& inputs, const vlnTranslator
 // cannot be done, and the old file is as it was; empty when it is done.
 std::string vel_replace_cache(const std::string& file, const std::string& text);
 
-// Makes the text the user's cache, without a word when that cannot be done. A cache in force that says the same, and a
-// file that the user may not write to, are left alone.
-void vel_keep_cache(const velInstallation& installation, const std::string& text);
+// Makes the text the user's cache, without a word when that cannot be done. A cache in force that says the same is left
+// alone unless its time has to be `renewed`, and a file that the user may not write to is left alone always.
+void vel_keep_cache(const velInstallation& installation, const std::string& text, bool renewed);

@@ -25,7 +25,7 @@ velDriver::~velDriver() {
   if (wanted_cache_.empty()) return;
   try {
     console_.send_out();
-    vel_keep_cache(installation_, wanted_cache_);
+    vel_keep_cache(installation_, wanted_cache_, has_replaced_libraries_);
   } catch (const std::exception&) {
     // Without a cache the next start takes longer, and nothing else.
   }
@@ -42,13 +42,13 @@ std::unique_ptr<vlnDLLLoader> velDriver::create_dll_loader() {
 void velDriver::load_silently() {
   initialise(document_, std::make_shared<velValidator>(), apILibraryLoaderOperations::system(),
              apISynchOperations::system());
-  describe_replaced_libraries();
+  has_replaced_libraries_ = describe_replaced_libraries();
   wanted_cache_ = is_any_opened() ? vel_cache_text(inputs(), outputs(), *app_info()->ut_encoding()).text : "";
 }
 
-void velDriver::describe_replaced_libraries() const {
+bool velDriver::describe_replaced_libraries() const {
   struct stat cache;
-  if (stat(installation_.cache_file().c_str(), &cache) != 0) return;
+  if (stat(installation_.cache_file().c_str(), &cache) != 0) return false;
   // The time at which a file came to its place; that of its content may be any time before.
   auto is_newer = [&](const utString& library) {
     struct stat file;
@@ -56,13 +56,16 @@ void velDriver::describe_replaced_libraries() const {
     const timespec &came = file.st_ctim, &written = cache.st_mtim;
     return came.tv_sec != written.tv_sec ? came.tv_sec > written.tv_sec : came.tv_nsec >= written.tv_nsec;
   };
+  bool any = false;
   for (const vlnTranslatorDlls* set : {&inputs(), &outputs()}) {
     vlnTranslatorDllsIT translators(*set);
     while (++translators) {
+      if (!translators()->from_cache() || !is_newer(translators()->file_ut())) continue;
       vlnTranslatorLoadStatus ignored(vlnLOAD_OK);
-      if (translators()->from_cache() && is_newer(translators()->file_ut())) translators()->load_now(ignored);
+      any = translators()->load_now(ignored) || any;
     }
   }
+  return any;
 }
 
 void velDriver::load() {

@@ -58,8 +58,8 @@ class velDriver : public vlnTranslator {
   bool translate_input_files() override;
 
  private:
-  // A library that came after the cache was written says anew what it is.
-  void describe_replaced_libraries() const;
+  // A library that came after the cache was written says anew what it is. True when there is any.
+  bool describe_replaced_libraries() const;
   bool is_any_opened() const;
 
   velInstallation& installation_;
@@ -71,5 +71,6 @@ class velDriver : public vlnTranslator {
   // What the cache should hold after the last loading, taken before a use of a library touches its description; empty
   // when the cache spared every library its opening.
   std::string wanted_cache_;
+  bool has_replaced_libraries_ = false;
   std::deque<velTableInstance> input_tables_;  // of the last request; the engine keeps their addresses
 };

@@ -54,6 +54,12 @@ TEST(Cache, ALibraryThatWasReplacedIsAskedAgain) {
   EXPECT_EQ(from_cache(installation), std::pair(3, 4));
   EXPECT_EQ(installation.run({"list"}).out.find("OBJ     output"), std::string::npos);
   EXPECT_EQ(from_cache(installation), std::pair(4, 4));
+
+  // One that says the same as before is asked once as well, and not at every start.
+  fs::last_write_time(installation.cache_file(),
+                      fs::last_write_time(installation.library("stlreader.dll")) - std::chrono::hours(1));
+  EXPECT_EQ(from_cache(installation), std::pair(0, 4));
+  EXPECT_EQ(from_cache(installation), std::pair(4, 4));
 }
 
 TEST(Cache, WhatNeverGetsARecordDoesNotLeadToWritingAtEveryStart) {
