@@ -228,8 +228,9 @@ TEST_F(Exact, EachPartGoesToAFileOfItsOwn) {
 TEST_F(Exact, TwoInputsAreReadAtOnce) {
   std::vector<Reading> readings(4);
   {
+    const Translator& step = reader("step");
     std::vector<std::jthread> threads;
-    for (Reading& reading : readings) threads.emplace_back([&] { reading = reader("step").read(example); });
+    for (Reading& reading : readings) threads.emplace_back([&] { reading = step.read(example); });
   }
   for (const Reading& reading : readings) EXPECT_EQ(reading.statistics().solids, 3U) << reading.messages.errors;
 }
