@@ -22,16 +22,22 @@ namespace {
 
 constexpr int copies_of_each = 25;
 
-// Copies of the real translators, so that there are many libraries to open.
+// Copies of the real translators, so that there are many libraries to open. They lie as in an installation, because
+// some look for libraries beside it.
 const std::string& libraries() {
-  static const TemporaryDirectory directory;
+  static const TemporaryDirectory root;
   static const std::string path = [] {
-    for (const auto& entry : std::filesystem::directory_iterator(VEL_TRANSLATORS)) {
+    namespace fs = std::filesystem;
+    const fs::path built = fs::path(VEL_TRANSLATORS).parent_path().parent_path().parent_path();
+    const fs::path copies = root / "sys/exec/lib";
+    fs::create_directories(copies);
+    fs::create_directory_symlink(built / "lib", root / "lib");
+    for (const auto& entry : fs::directory_iterator(VEL_TRANSLATORS)) {
       for (int i = 0; i < copies_of_each; ++i) {
-        std::filesystem::copy_file(entry.path(), directory / (std::to_string(i) + entry.path().filename().string()));
+        fs::copy_file(entry.path(), copies / (std::to_string(i) + entry.path().filename().string()));
       }
     }
-    return directory.path().string();
+    return copies.string();
   }();
   return path;
 }
