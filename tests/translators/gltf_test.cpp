@@ -200,7 +200,33 @@ TEST(GltfReader, TakesColoursAsTheyAreShown) {
   EXPECT_NEAR(mesh.vertices->colours.at(0).blue, 0.5014, 1e-3);
   EXPECT_EQ(mesh.vertices->colours.at(0).opacity, 0.2F);
   EXPECT_EQ(mesh.vertices->colours.at(4), (annColour{1, 1, 1, 1}));  // of a primitive without
-  EXPECT_TRUE(read(file.glb(), {"READ_MATERIALS", "0"}).mesh().face_materials.empty());
+  const Reading plain = read(file.glb(), {"READ_MATERIALS", "0"});
+  EXPECT_TRUE(plain.mesh().face_materials.empty());
+  EXPECT_EQ(plain.mesh().vertices->colours.at(0).opacity, 0.2F);
+}
+
+TEST(GltfReader, LetsOpacityCountWhereTheMaterialSaysSo) {
+  const struct {
+    const char* materials;
+    float of_material, of_vertex;
+  } cases[] = {{R"([{}])", 1, 1},
+               {R"([{"alphaMode":"OPAQUE"}])", 1, 1},
+               {R"([{"alphaMode":"BLEND"}])", 0.4F, 0.2F},
+               {R"([{"alphaMode":"MASK"}])", 0, 0},
+               {R"([{"alphaMode":"MASK","alphaCutoff":0.3}])", 1, 0},
+               {R"([{"alphaMode":"MASK","alphaCutoff":0.1}])", 1, 1}};
+  for (const auto& c : cases) {
+    File file;
+    file.json["materials"] = Json::parse(c.materials);
+    file.json["materials"][0]["pbrMetallicRoughness"]["baseColorFactor"] = {1, 1, 1, 0.4};
+    file.primitive()["material"] = 0;
+    file.primitive()["attributes"]["COLOR_0"] =
+        file.add<float>("VEC4", 5126, {1, 1, 1, 0.2F, 1, 1, 1, 0.2F, 1, 1, 1, 0.2F, 1, 1, 1, 0.2F});
+    const Reading reading = read(file.glb());
+    ASSERT_EQ(reading.result, velabsDONE) << c.materials << reading.messages.errors;
+    EXPECT_EQ(reading.mesh().materials[0].colour.opacity, c.of_material) << c.materials;
+    EXPECT_EQ(reading.mesh().vertices->colours.at(0).opacity, c.of_vertex) << c.materials;
+  }
 }
 
 TEST(GltfReader, PlacesNodesAndSharesMeshes) {
@@ -247,7 +273,7 @@ TEST(GltfReader, WeldsAsAskedAndTellsWhatIsLeftOut) {
   EXPECT_EQ(reading.mesh().vertices->normals.at(0), (annVector{0, 0, 1}));
   EXPECT_EQ(reading.messages.notes,
             "textures are left out (2 times)\ncameras are left out\ntexture coordinates are left out\n"
-            "points and lines are left out (3 times)\nof materials only name, colour and opacity are kept\n"
+            "of materials only name, colour and opacity are kept\npoints and lines are left out (3 times)\n"
             "of a mesh that a node shows in many places one is read\n");
   reading = read(file.glb(), {"WELD_POINTS", "1"});
   EXPECT_EQ(corners(reading), (Corners{0, 1, 0}));
@@ -441,6 +467,30 @@ TEST(GltfWriter, WritesWhatItReads) {
   }
   EXPECT_TRUE(std::filesystem::exists(directory / "b c.bin"));
   EXPECT_FALSE(std::filesystem::exists(directory / "d.bin"));
+}
+
+TEST(GltfWriter, KeepsTheOpacityOfVertices) {
+  annDocument document;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
+  mesh->vertices->colours = {{1, 0, 0, 0.25F}, {0, 1, 0, 1}, {0, 0, 1, 0}};
+  mesh->corners = {0, 1, 2, 2, 1, 0};
+  mesh->materials.push_back({"paint", {1, 1, 0, 1}});
+  mesh->face_materials = {annMesh::no_material, 0};
+  document.root.add_child("a").body.mesh = mesh;
+  TemporaryDirectory directory;
+  for (const char* with_materials : {"1", "0"}) {
+    Messages messages;
+    ASSERT_EQ(binary_writer.write(document, directory / "a.glb", messages, {{"WRITE_MATERIALS", with_materials}}),
+              velabsDONE);
+    const Reading reading = reader.read(directory / "a.glb", {{"WELD_POINTS", "0"}});
+    ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+    const annMesh& again = reading.mesh();
+    EXPECT_EQ(again.vertices->colours, mesh->vertices->colours);
+    const bool has_materials = *with_materials == '1';
+    EXPECT_EQ(again.materials, has_materials ? mesh->materials : std::vector<annMaterial>());
+    EXPECT_EQ(again.face_materials, has_materials ? mesh->face_materials : Corners());
+  }
 }
 
 TEST(GltfWriter, SharesWhatIsSharedAndCountsInSmallNumbers) {

@@ -6,19 +6,42 @@
 #include "gltfFormat.h"
 #include "vltNames.h"
 
-const annMaterial* gltfMaterials::find(std::size_t index) {
-  std::optional<annMaterial>& material = materials_[index];
-  if (!material) material = read(model_.item(gltfMATERIALS, index));
+float gltfAlpha::opacity(double alpha) const {
+  if (mode == BLEND) return static_cast<float>(std::clamp(alpha, 0.0, 1.0));
+  return mode == MASK && alpha < cutoff ? 0 : 1;
+}
+
+const gltfMaterial* gltfMaterials::find(std::size_t index) {
+  std::optional<gltfMaterial>& material = materials_[index];
+  if (!material) material = read(index);
   return material ? &*material : nullptr;
 }
 
-std::optional<annMaterial> gltfMaterials::read(const gltfValue& value) const {
-  std::string_view name, alpha_mode = "OPAQUE";
+std::optional<gltfAlpha> gltfMaterials::alpha(std::size_t index) const {
+  constexpr const char* modes[] = {"OPAQUE", "MASK", "BLEND"};
+  const gltfValue value = model_.item(gltfMATERIALS, index);
+  std::string_view mode = modes[gltfAlpha::OPAQUE];
+  gltfAlpha alpha;
+  if (!value.read("alphaMode", mode) || !value.read("alphaCutoff", alpha.cutoff)) return std::nullopt;
+  const auto* const known = std::find(std::begin(modes), std::end(modes), mode);
+  if (known == std::end(modes)) {
+    value.fail("alphaMode", vlt_quoted(mode) + " is none of OPAQUE, MASK and BLEND");
+    return std::nullopt;
+  }
+  alpha.mode = static_cast<gltfAlpha::Mode>(known - std::begin(modes));
+  return alpha;
+}
+
+std::optional<gltfMaterial> gltfMaterials::read(std::size_t index) const {
+  const gltfValue value = model_.item(gltfMATERIALS, index);
+  const std::optional<gltfAlpha> alpha = this->alpha(index);
+  if (!alpha) return std::nullopt;
+  std::string_view name;
   std::optional<gltfValue> metallic, extensions, specular;
   std::array<double, 4> colour{1, 1, 1, 1};
   std::array<double, 3> emission{};
   double metal = 0, roughness = 1;  // what is not said is no loss
-  if (!value.read("name", name) || !value.read("alphaMode", alpha_mode) || !value.read("emissiveFactor", emission) ||
+  if (!value.read("name", name) || !value.read("emissiveFactor", emission) ||
       !value.read("pbrMetallicRoughness", metallic) || !value.read("extensions", extensions)) {
     return std::nullopt;
   }
@@ -31,14 +54,10 @@ std::optional<annMaterial> gltfMaterials::read(const gltfValue& value) const {
     colour = {1, 1, 1, 1};
     if (!specular->read("diffuseFactor", colour)) return std::nullopt;
   }
-  if (alpha_mode != "OPAQUE" && alpha_mode != "MASK" && alpha_mode != "BLEND") {
-    value.fail("alphaMode", vlt_quoted(alpha_mode) + " is none of OPAQUE, MASK and BLEND");
-    return std::nullopt;
-  }
   if (emission != std::array<double, 3>{} || metal != 0 || roughness != 1 || extensions) {
     findings_.count(velabsNOTE, "of materials only name, colour and opacity are kept");
   }
-  const double opacity = alpha_mode == "OPAQUE" ? 1 : std::clamp(colour[3], 0.0, 1.0);
-  return annMaterial{utString(name), annColour{gltf_shown(colour[0]), gltf_shown(colour[1]), gltf_shown(colour[2]),
-                                               static_cast<float>(opacity)}};
+  const annColour shown{gltf_shown(colour[0]), gltf_shown(colour[1]), gltf_shown(colour[2]), alpha->opacity(colour[3])};
+  const bool is_look = !name.empty() || specular || (metallic && metallic->has("baseColorFactor"));
+  return gltfMaterial{{utString(name), shown}, is_look};
 }

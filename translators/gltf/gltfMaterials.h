@@ -1,11 +1,29 @@
 #pragma once
 
+#include <compare>
 #include <optional>
 #include <vector>
 
 #include "annMaterial.h"
 #include "gltfModel.h"
 #include "vltOnce.h"
+
+// Where alpha counts. A material that does not say so is opaque, whatever it and its vertices have.
+struct gltfAlpha {
+  enum Mode { OPAQUE, MASK, BLEND };
+
+  Mode mode = OPAQUE;
+  double cutoff = 0.5;  // of MASK: what is less cannot be seen, everything else is opaque
+
+  float opacity(double alpha) const;
+
+  friend auto operator<=>(const gltfAlpha&, const gltfAlpha&) = default;
+};
+
+struct gltfMaterial {
+  annMaterial look;
+  bool is_look;  // false when it has neither a name nor a colour: the looks are those of the vertices then
+};
 
 // The materials of a file: of each the name, the base colour and, where the file says that it counts, the opacity.
 class gltfMaterials {
@@ -14,12 +32,15 @@ class gltfMaterials {
       : model_(model), findings_(findings), materials_(model.count(gltfMATERIALS)) {}
 
   // Null, and a message, when the material is not as it must be.
-  const annMaterial* find(std::size_t index);
+  const gltfMaterial* find(std::size_t index);
+
+  // Nothing, and a message, when the material does not say it as it must.
+  std::optional<gltfAlpha> alpha(std::size_t index) const;
 
  private:
-  std::optional<annMaterial> read(const gltfValue& value) const;
+  std::optional<gltfMaterial> read(std::size_t index) const;
 
   const gltfModel& model_;
   vltOnce& findings_;
-  std::vector<std::optional<annMaterial>> materials_;
+  std::vector<std::optional<gltfMaterial>> materials_;
 };

@@ -36,9 +36,7 @@ bool gltfMeshes::read(const gltfValue& value, Mesh& mesh) {
   auto made = std::make_shared<annMesh>();
   made->vertices = pool->vertices;
   for (std::size_t material : parts.materials.all()) {
-    const annMaterial* look = materials_->find(material);
-    if (!look) return false;
-    made->materials.push_back(*look);
+    made->materials.push_back(materials_.find(material)->look);
   }
   for (const Primitive& primitive : parts.primitives) {
     if (!add_triangles(primitive, *pool, *made)) return false;
@@ -64,7 +62,8 @@ bool gltfMeshes::read_primitive(const gltfValue& value, Parts& parts) {
     return true;
   }
   if (value.has("targets")) findings_.count(velabsNOTE, "morph targets are left out");
-  if (!model_.refer(value, "indices", gltfACCESSORS, primitive.indices) || !read_material(value, parts, primitive)) {
+  if (!model_.refer(value, "indices", gltfACCESSORS, primitive.indices) ||
+      !read_material(value, attributes, parts, primitive)) {
     return false;
   }
   primitive.set = parts.sets.number_of(attributes);
@@ -88,10 +87,25 @@ bool gltfMeshes::read_attributes(const gltfValue& value, gltfAttributes& attribu
   return true;
 }
 
-bool gltfMeshes::read_material(const gltfValue& value, Parts& parts, Primitive& primitive) {
+bool gltfMeshes::read_material(const gltfValue& value, gltfAttributes& attributes, Parts& parts, Primitive& primitive) {
   std::optional<std::size_t> material;
   if (!model_.refer(value, "material", gltfMATERIALS, material)) return false;
-  if (material && materials_) primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
+  if (!material) return true;
+  const bool has_colours = attributes.colours != gltfAttributes::none;
+  if (has_colours) {
+    std::string_view type;
+    if (!model_.item(gltfACCESSORS, attributes.colours).read("type", type)) return false;
+    const std::optional<gltfAlpha> alpha = materials_.alpha(*material);
+    if (!alpha) return false;
+    // Colours without opacity are shared whatever the materials say of it.
+    if (type == "VEC4") attributes.alpha = *alpha;
+  }
+  if (!with_looks_) return true;
+  const gltfMaterial* known = materials_.find(*material);
+  if (!known) return false;
+  if (!has_colours || known->is_look) {
+    primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
+  }
   return true;
 }
 

@@ -14,13 +14,14 @@
 // face has the material of its primitive.
 class gltfMeshes {
  public:
-  // Without `materials` faces have none.
-  gltfMeshes(const gltfModel& model, gltfAccessors& accessors, gltfVertexPools& pools, gltfMaterials* materials,
-             gltfWork& work, vltOnce& findings)
+  // Unless `with_looks`, faces have no materials.
+  gltfMeshes(const gltfModel& model, gltfAccessors& accessors, gltfVertexPools& pools, gltfMaterials& materials,
+             bool with_looks, gltfWork& work, vltOnce& findings)
       : model_(model),
         accessors_(accessors),
         pools_(pools),
         materials_(materials),
+        with_looks_(with_looks),
         work_(work),
         findings_(findings),
         meshes_(model.count(gltfMESHES)) {}
@@ -65,14 +66,15 @@ class gltfMeshes {
   bool read(const gltfValue& value, Mesh& mesh);
   bool read_primitive(const gltfValue& value, Parts& parts);
   bool read_attributes(const gltfValue& value, gltfAttributes& attributes);
-  bool read_material(const gltfValue& value, Parts& parts, Primitive& primitive);
+  bool read_material(const gltfValue& value, gltfAttributes& attributes, Parts& parts, Primitive& primitive);
   bool add_triangles(const Primitive& primitive, const gltfVertexPool& pool, annMesh& mesh);
   bool read_indices(const Primitive& primitive, std::size_t vertex_count);
 
   const gltfModel& model_;
   gltfAccessors& accessors_;
   gltfVertexPools& pools_;
-  gltfMaterials* materials_;
+  gltfMaterials& materials_;
+  bool with_looks_;
   gltfWork& work_;
   vltOnce& findings_;
   std::vector<std::optional<Mesh>> meshes_;

@@ -121,14 +121,19 @@ void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annCol
   planned.group_of_material.assign(mesh.materials.size() + 1, none);
   std::vector<std::size_t> triangles;
 
+  const std::optional<std::size_t> colours = plan_.pools[planned.pool].colours;
+  const bool blends = colours && plan_.accessors[*colours].components == 4;
+
   // Two materials of the mesh may be one of the file.
   std::map<std::optional<std::size_t>, std::size_t> known;
   auto group_for = [&](std::size_t slot) {
     std::optional<std::size_t> material;
     if (materials_ && slot < mesh.materials.size()) {
-      material = material_number(mesh.materials[slot]);
+      material = material_number(mesh.materials[slot], blends);
     } else if (colour) {
-      material = material_number({{}, *colour});
+      material = material_number(annMaterial{{}, *colour}, blends);
+    } else if (blends) {
+      material = material_number(std::nullopt, blends);
     }
     const auto [group, is_new] = known.try_emplace(material, planned.groups.size());
     if (is_new) {
@@ -197,10 +202,12 @@ std::size_t gltfPlanner::add_accessor(std::size_t count, std::size_t components,
   return plan_.accessors.size() - 1;
 }
 
-std::size_t gltfPlanner::material_number(const annMaterial& material) {
-  const auto [known, is_new] =
-      material_numbers_.try_emplace({material.name.str(), numbers_of(material.colour)}, plan_.materials.size());
-  if (is_new) plan_.materials.push_back(material);
+std::size_t gltfPlanner::material_number(const std::optional<annMaterial>& look, bool blends) {
+  blends = blends || (look && look->colour.opacity < 1);
+  LookKey key;
+  if (look) key.emplace(look->name.str(), numbers_of(look->colour));
+  const auto [known, is_new] = material_numbers_.try_emplace({key, blends}, plan_.materials.size());
+  if (is_new) plan_.materials.push_back({look, blends});
   return known->second;
 }
 

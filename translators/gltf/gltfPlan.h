@@ -41,6 +41,11 @@ struct gltfPlan {
     std::optional<std::size_t> normals{};
     std::optional<std::size_t> colours{};
   };
+  // A look, and whether opacities count: those of vertices do where it says so.
+  struct Material {
+    std::optional<annMaterial> look;
+    bool blends = false;
+  };
   // The faces of a mesh that have one look.
   struct Group {
     std::optional<std::size_t> material;
@@ -59,7 +64,7 @@ struct gltfPlan {
   std::vector<Node> nodes;
   std::vector<Mesh> meshes;
   std::vector<Pool> pools;
-  std::vector<annMaterial> materials;
+  std::vector<Material> materials;
   std::vector<Accessor> accessors;
   std::size_t data_size = 0;
 };
@@ -83,7 +88,7 @@ class gltfPlanner {
   bool add_pool(const annVertices& vertices, std::size_t& index);
   bool add_positions(const annVertices& vertices, std::size_t& index);
   std::size_t add_accessor(std::size_t count, std::size_t components, gltfComponentType type);
-  std::size_t material_number(const annMaterial& material);
+  std::size_t material_number(const std::optional<annMaterial>& look, bool blends);
   bool has_faces_without_look(const annMesh& mesh);
   bool fail(const utString& reason);
 
@@ -97,6 +102,7 @@ class gltfPlanner {
   std::map<Look, std::size_t> meshes_;
   std::map<const annVertices*, std::size_t> pools_;
   std::map<const annMesh*, bool> without_look_;
-  std::map<std::tuple<std::string, std::array<float, 4>>, std::size_t> material_numbers_;
+  using LookKey = std::optional<std::tuple<std::string, std::array<float, 4>>>;
+  std::map<std::tuple<LookKey, bool>, std::size_t> material_numbers_;
   std::size_t without_faces_ = 0;
 };

@@ -35,7 +35,7 @@ class TextMaker {
     json_.close('}').close(']');
     list("nodes", plan_.nodes, [&](const gltfPlan::Node& node) { write(node); });
     list("meshes", plan_.meshes, [&](const gltfPlan::Mesh& mesh) { write(mesh); });
-    list("materials", plan_.materials, [&](const annMaterial& material) { write(material); });
+    list("materials", plan_.materials, [&](const gltfPlan::Material& material) { write(material); });
     list("accessors", plan_.accessors, [&](const gltfPlan::Accessor& accessor) { write(accessor); });
     list("bufferViews", plan_.accessors, [&](const gltfPlan::Accessor& accessor) { write_view(accessor); });
     if (plan_.data_size > 0) {
@@ -94,13 +94,17 @@ class TextMaker {
     json_.close(']');
   }
 
-  void write(const annMaterial& material) {
-    const annColour& colour = material.colour;
-    if (!material.name.empty()) json_.key("name").text(material.name.view());
-    json_.key("pbrMetallicRoughness").open('{').key("baseColorFactor").open('[');
-    for (float part : {colour.red, colour.green, colour.blue}) json_.number(short_linear(part));
-    json_.number(colour.opacity).close(']').key("metallicFactor").number(std::size_t{0}).close('}');
-    if (colour.opacity < 1) json_.key("alphaMode").text("BLEND");
+  void write(const gltfPlan::Material& material) {
+    if (material.look && !material.look->name.empty()) json_.key("name").text(material.look->name.view());
+    json_.key("pbrMetallicRoughness").open('{');
+    if (material.look) {
+      const annColour& colour = material.look->colour;
+      json_.key("baseColorFactor").open('[');
+      for (float part : {colour.red, colour.green, colour.blue}) json_.number(short_linear(part));
+      json_.number(colour.opacity).close(']');
+    }
+    json_.key("metallicFactor").number(std::size_t{0}).close('}');
+    if (material.blends) json_.key("alphaMode").text("BLEND");
   }
 
   void write(const gltfPlan::Accessor& accessor) {

@@ -46,8 +46,7 @@ class Reading {
     gltfAccessors accessors(model, buffers, findings_);
     gltfVertexPools pools(accessors, {factor, vlt_flag(resources_, "WELD_POINTS")}, work, findings_);
     gltfMaterials materials(model, findings_);
-    gltfMeshes meshes(model, accessors, pools, vlt_flag(resources_, "READ_MATERIALS") ? &materials : nullptr, work,
-                      findings_);
+    gltfMeshes meshes(model, accessors, pools, materials, vlt_flag(resources_, "READ_MATERIALS"), work, findings_);
     if (!gltfScene(model, meshes, {factor, vlt_flag(resources_, "Z_UP")}, findings_).read(document)) return false;
     findings_.tell();
     return !output_.cancelled();

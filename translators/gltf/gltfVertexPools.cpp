@@ -63,7 +63,7 @@ bool gltfVertexPools::make(const std::vector<gltfAttributes>& sets, gltfVertexPo
     const std::size_t count = vertices.points.size() - pool.starts.back();
     if (with_normals == sets.size() && !add_normals(set.normals, count, vertices.normals)) return false;
     if (set.colours != gltfAttributes::none) {
-      if (!add_colours(set.colours, count, vertices.colours)) return false;
+      if (!add_colours(set, count, vertices.colours)) return false;
     } else if (has_colours) {
       vertices.colours.resize(vertices.points.size(), annColour{1, 1, 1, 1});
     }
@@ -106,9 +106,9 @@ bool gltfVertexPools::add_normals(std::size_t accessor_index, std::size_t expect
   });
 }
 
-bool gltfVertexPools::add_colours(std::size_t accessor_index, std::size_t expected, std::vector<annColour>& colours) {
+bool gltfVertexPools::add_colours(const gltfAttributes& set, std::size_t expected, std::vector<annColour>& colours) {
   gltfAccessor accessor;
-  if (!accessors_.find(accessor_index, colours_expected, accessor) || !has_count(accessor, expected)) return false;
+  if (!accessors_.find(set.colours, colours_expected, accessor) || !has_count(accessor, expected)) return false;
   const std::size_t start = colours.size();
   colours.resize(start + accessor.count);
   return gltf_with_type(accessor.type, [&]<typename T>(T) {
@@ -123,7 +123,7 @@ bool gltfVertexPools::add_colours(std::size_t accessor_index, std::size_t expect
         shown = {gltf_shown(colour.x), gltf_shown(colour.y), gltf_shown(colour.z), 1};
         last = colour;
       }
-      shown.opacity = static_cast<float>(std::clamp(opacity, 0.0, 1.0));
+      shown.opacity = set.alpha.opacity(opacity);
       colours[start + i] = shown;
       return true;
     });

@@ -9,6 +9,7 @@
 
 #include "annVertices.h"
 #include "gltfAccessors.h"
+#include "gltfMaterials.h"
 
 // The accessors that describe the vertices of a primitive.
 struct gltfAttributes {
@@ -17,6 +18,7 @@ struct gltfAttributes {
   std::size_t positions = none;
   std::size_t normals = none;
   std::size_t colours = none;
+  gltfAlpha alpha{};  // what the opacity of the colours comes to
 
   friend auto operator<=>(const gltfAttributes&, const gltfAttributes&) = default;
 };
@@ -47,7 +49,7 @@ class gltfVertexPools {
   bool make(const std::vector<gltfAttributes>& sets, gltfVertexPool& pool);
   bool add_points(std::size_t accessor, std::vector<annVector>& points);
   bool add_normals(std::size_t accessor, std::size_t expected, std::vector<annVector>& normals);
-  bool add_colours(std::size_t accessor, std::size_t expected, std::vector<annColour>& colours);
+  bool add_colours(const gltfAttributes& set, std::size_t expected, std::vector<annColour>& colours);
   bool has_count(const gltfAccessor& accessor, std::size_t expected);
   bool fail(const gltfAccessor& accessor, std::string_view reason);
   void weld(gltfVertexPool& pool);
