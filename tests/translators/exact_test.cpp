@@ -195,6 +195,28 @@ TEST_F(Exact, MeshesBecomePlanarFaces) {
             velabsFAILED);
 }
 
+TEST_F(Exact, PartsOfAnAssemblyStandSideBySideInIges) {
+  annDocument document = document_of(cube(10));
+  annNode& assembly = document.root.add_child("assembly");
+  assembly.transform = {{1, 0, 0, 100, 0, 1, 0, 0, 0, 0, 1, 0}};
+  const char* const names[] = {
+      "M\xC3\xB6"
+      "bel",
+      "\xE6\xA4\x85\xE5\xAD\x90", ""};
+  const auto loose = cube(10, true);
+  for (const char* name : names) {
+    annNode& node = assembly.add_child(name);
+    node.body.mesh = loose;
+    node.transform = {{1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 20.0 * assembly.children.size()}};
+  }
+  const Reading iges = through(document, "iges");
+  const auto placed = ann_placed_bodies(iges.document);
+  ASSERT_EQ(placed.size(), 4U);
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(placed[i + 1].node->name.str(), names[i]);
+  EXPECT_EQ(iges.statistics().faces, 21U);
+  expect_box(iges.statistics(), ann_statistics(document));
+}
+
 TEST_F(Exact, PlacementsThatScaleAndMirrorChangeTheShapes) {
   annDocument document = document_of(cube(10));
   document.root.children[0]->transform = {{-2, 0, 0, 5, 0, 2, 0, 0, 0, 0, 2, 0}};

@@ -1,6 +1,6 @@
 #include "exaProducts.h"
 
-#include <TopExp_Explorer.hxx>
+#include <algorithm>
 
 #include "exaPlacement.h"
 #include "exaPlanarShape.h"
@@ -41,6 +41,10 @@ bool exaProducts::make() {
   if (!top_.empty()) return true;
   output_.message(velabsERROR, "the model holds no shape");
   return false;
+}
+
+bool exaProducts::has_assemblies() const {
+  return std::any_of(products_.begin(), products_.end(), [](const exaProduct& it) { return it.shape.IsNull(); });
 }
 
 bool exaProducts::has_colours() const {

@@ -41,6 +41,7 @@ class VELEXACT_API exaProducts {
   // What a product uses comes before it.
   const std::vector<exaProduct>& products() const { return products_; }
   const std::vector<exaProduct::Use>& top() const { return top_; }
+  bool has_assemblies() const;
   bool has_colours() const;
 
  private:

@@ -118,6 +118,12 @@ bool exaXcafReader::read(annDocument& document) {
   return false;
 }
 
+utString exaXcafReader::own_name(const TDF_Label& label) const {
+  const utString name = name_of(label);
+  // Where the format knows no products, the kinds of shapes are all that the kernel has to name most of them by.
+  return options_.split_compounds && is_kind(name) ? utString() : name;
+}
+
 std::size_t exaXcafReader::define(const TDF_Label& label) {
   const auto [known, is_new] = numbers_.try_emplace(entry(label), definitions_.size());
   if (is_new) {
@@ -129,7 +135,7 @@ std::size_t exaXcafReader::define(const TDF_Label& label) {
 
 void exaXcafReader::add_components(std::size_t number) {
   Definition& definition = *definitions_[number];
-  definition.name = name_of(definition.label);
+  definition.name = own_name(definition.label);
   definition.colour = colour_of(definition.label);
   if (!XCAFDoc_ShapeTool::IsAssembly(definition.label)) return;
   TDF_LabelSequence components;
@@ -254,7 +260,7 @@ void exaXcafReader::make_members(Definition& definition, const std::vector<TopoD
     auto part = std::make_unique<Definition>();
     TDF_Label label;
     if (shapes_->FindSubShape(definition.label, member, label)) {
-      part->name = name_of(label);
+      part->name = own_name(label);
       part->colour = colour_of(label);
     }
     give_shape(*part, member, colours);

@@ -48,6 +48,7 @@ class exaXcafReader {
     bool worth_showing = false;
   };
 
+  utString own_name(const TDF_Label& label) const;
   std::size_t define(const TDF_Label& label);
   void add_components(std::size_t number);
   void settle_all();

@@ -22,20 +22,20 @@ Quantity_ColorRGBA colour_of(const annColour& colour) {
 
 class Writer {
  public:
-  Writer(const std::vector<exaProduct>& products, double unit, bool with_colours)
-      : products_(products), with_colours_(with_colours), document_(new TDocStd_Document("XmlXCAF")) {
+  Writer(const std::vector<exaProduct>& products, double unit, bool with_colours, const exaXcafNames& names)
+      : products_(products), with_colours_(with_colours), names_(names), document_(new TDocStd_Document("XmlXCAF")) {
     XCAFDoc_DocumentTool::SetLengthUnit(document_, unit, UnitsMethods_LengthUnit_Millimeter);
     shapes_ = XCAFDoc_DocumentTool::ShapeTool(document_->Main());
     colours_ = XCAFDoc_DocumentTool::ColorTool(document_->Main());
   }
 
-  Handle(TDocStd_Document) write(const std::vector<exaProduct::Use>& top, const utString& whole_name) {
+  Handle(TDocStd_Document) write(const std::vector<exaProduct::Use>& top) {
     // A part alone takes its place into its shape.
     if (products_.size() == 1 && top.size() == 1) alone_at_ = top[0].location;
     for (const exaProduct& product : products_) add(product);
     if (products_.size() > 1 && !can_stand_alone(top)) {
       const TDF_Label whole = shapes_->NewShape();
-      name(whole, whole_name);
+      name(whole, names_.whole);
       for (const exaProduct::Use& use : top) place(whole, use);
     }
     shapes_->UpdateAssemblies();
@@ -82,12 +82,14 @@ class Writer {
     });
   }
 
-  static void name(const TDF_Label& label, const utString& name) {
-    TDataStd_Name::Set(label, TCollection_ExtendedString(name.empty() ? "part" : name.c_str(), true));
+  void name(const TDF_Label& label, const utString& own) const {
+    const utString& name = own.empty() ? names_.unnamed : own;
+    if (!name.empty()) TDataStd_Name::Set(label, TCollection_ExtendedString(name.c_str(), !names_.bytes));
   }
 
   const std::vector<exaProduct>& products_;
   bool with_colours_;
+  const exaXcafNames& names_;
   Handle(TDocStd_Document) document_;
   Handle(XCAFDoc_ShapeTool) shapes_;
   Handle(XCAFDoc_ColorTool) colours_;
@@ -100,6 +102,6 @@ class Writer {
 
 Handle(TDocStd_Document)
     exa_xcaf_document(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, double unit,
-                      bool with_colours, const utString& name) {
-  return Writer(products, unit, with_colours).write(top, name);
+                      bool with_colours, const exaXcafNames& names) {
+  return Writer(products, unit, with_colours, names).write(top);
 }

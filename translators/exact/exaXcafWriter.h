@@ -4,9 +4,14 @@
 
 #include "exaProducts.h"
 
+struct exaXcafNames {
+  utString whole;      // of the assembly that gets made around products that do not stand at the origin
+  utString unnamed;    // of products without a name; null leaves them so
+  bool bytes = false;  // a character for each byte, for a format whose characters are bytes
+};
+
 // The kernel's document of products, for its writers of STEP and IGES. `unit` is the length of the numbers' unit in
-// millimetres. Where products do not stand at the origin they get an assembly around them, which has the name. What the
-// kernel throws passes through.
+// millimetres. What the kernel throws passes through.
 Handle(TDocStd_Document)
     exa_xcaf_document(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, double unit,
-                      bool with_colours, const utString& name);
+                      bool with_colours, const exaXcafNames& names);

@@ -26,7 +26,18 @@ TopoDS_Shape compound_of(const std::vector<TopoDS_Shape>& shapes, const std::vec
   TopoDS_Compound compound;
   BRep_Builder builder;
   builder.MakeCompound(compound);
-  for (const exaProduct::Use& use : uses) builder.Add(compound, placed(shapes, use));
+  for (const exaProduct::Use& use : uses) {
+    const TopoDS_Shape shape = placed(shapes, use);
+    if (shape.ShapeType() <= TopAbs_SOLID) {
+      builder.Add(compound, shape);
+      continue;
+    }
+    // Loose faces in one compound would be taken for one part.
+    TopoDS_Compound part;
+    builder.MakeCompound(part);
+    builder.Add(part, shape);
+    builder.Add(compound, part);
+  }
   return compound;
 }
 

@@ -20,6 +20,7 @@
 #include "exaWriting.h"
 #include "exaXcafWriter.h"
 #include "igesFormat.h"
+#include "igesParts.h"
 #include "utBool.h"
 #include "velTypeOption.h"
 #include "vltScale.h"
@@ -148,16 +149,18 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
   exaProducts products(document, resources, *factor * vel_length_ratio(wanted, unit.written), output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   exa_tell_losses(document, "IGES", output);
-  if (products.products().size() > 1) {
-    output.message(velabsNOTE, "IGES holds no assemblies: the parts are written side by side");
+  if (products.has_assemblies()) {
+    output.message(velabsNOTE,
+                   "assemblies are not written as IGES: their parts stand side by side, each as often as "
+                   "it occurs");
   }
-  const utString name = document.root.name.empty() ? exa_stem(stream_.target()) : document.root.name;
   const bool with_colours = resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
   exaSession session(output);
   auto write = [&](const auto& parts, const auto& top, velabsOfStream& stream) {
     return session.guarded("it cannot be written", [&] {
+      const std::vector<exaProduct> placed = iges_parts(parts, top);
       const Handle(TDocStd_Document) source =
-          exa_xcaf_document(parts, top, exa_millimetres(unit.written), with_colours, name);
+          exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {"", "", true});
       return put(source, resources, unit, stream, output, session);
     });
   };

@@ -70,7 +70,7 @@ class Writing {
   bool put(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, velabsOfStream& stream) {
     const bool with_colours = resources_.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
     const Handle(TDocStd_Document) source =
-        exa_xcaf_document(products, top, exa_millimetres(unit_), with_colours, name_);
+        exa_xcaf_document(products, top, exa_millimetres(unit_), with_colours, {name_, "part"});
     STEPCAFControl_Writer writer;
     set_parameters(resources_, unit_);
     // The schema counts when a model is made.
