@@ -3,12 +3,22 @@
 
 vel_say() { echo "vel: $*" >&2; }
 
-# vel_need PACKAGE...: installs the Debian packages that are missing, or says what to install.
-vel_need() {
+# vel_missing PACKAGE...: which of these Debian packages are not installed.
+vel_missing() {
   missing=
   for package in "$@"; do
     dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing="$missing $package"
   done
+  [ -z "$missing" ] || echo "${missing# }"
+}
+
+# vel_install PACKAGE...: installs Debian packages; needs $as_root. What apt says goes to $log.
+vel_install() { DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends "$@" >>"$log" 2>&1; }
+
+# vel_need PACKAGE...: installs the Debian packages that are missing, or says what to install. One that cannot be had
+# keeps none of the others away.
+vel_need() {
+  missing=$(vel_missing "$@")
   [ -z "$missing" ] && return 0
 
   if [ "$(id -u)" = 0 ]; then
@@ -17,21 +27,21 @@ vel_need() {
     as_root="sudo -n"
   else
     vel_say "these packages are missing; install them and call again:"
-    vel_say "  sudo apt-get install$missing"
+    vel_say "  sudo apt-get install $missing"
     return 1
   fi
-  vel_say "installing$missing"
+  vel_say "installing $missing"
   log=$(mktemp)
-  if DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends $missing >"$log" 2>&1 ||
-    { $as_root apt-get update >"$log" 2>&1 &&
-      DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends $missing >"$log" 2>&1; }; then
-    rm -f "$log"
-    return 0
+  if ! vel_install $missing && $as_root apt-get update >"$log" 2>&1 && ! vel_install $missing; then
+    for package in $missing; do vel_install "$package"; done
   fi
-  tail -n 5 "$log" >&2
+  missing=$(vel_missing $missing)
+  if [ -n "$missing" ]; then
+    tail -n 5 "$log" >&2
+    vel_say "could not install $missing"
+  fi
   rm -f "$log"
-  vel_say "could not install$missing"
-  return 1
+  [ -z "$missing" ]
 }
 
 # vel_compiler: a compiler and the tools that drive it. Nothing here works without them.
@@ -43,18 +53,20 @@ vel_compiler() {
 # What the program and its translators are built on, and what the tests and benchmarks need beside that. Whatever of it
 # cannot be had is left out of the build, which says so.
 vel_program_packages="libcli11-dev nlohmann-json3-dev libexpat1-dev libpng-dev libzip-dev libocct-data-exchange-dev"
-vel_test_packages="libgtest-dev libbenchmark-dev"
-# Large, and for one test only; asked for by itself, so that without it the others still come.
-vel_browser_packages="chromium"
+vel_test_packages="libgtest-dev libbenchmark-dev chromium"
 
-# vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done.
+# vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done with the packages that are installed now. The
+# directory keeps the list of those that it was configured without.
 vel_configure() {
   directory=$(vel_build_directory "$1")
-  [ -f "$directory/build.ninja" ] && return 0
+  without=$directory/.configured-without
+  missing=$(vel_missing $vel_program_packages $vel_test_packages)
+  [ -f "$directory/build.ninja" ] && [ "$(cat "$without" 2>/dev/null)" = "$missing" ] && return 0
   log=$(mktemp)
   if (cd "$root" && cmake --preset "$@") >"$log" 2>&1; then
     grep '^-- vel: ' "$log" | sed 's/^-- //' >&2
     rm -f "$log"
+    echo "$missing" >"$without"
     return 0
   fi
   cat "$log" >&2
