@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "ReadingCase.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
@@ -25,25 +26,11 @@ std::string outline(const annNode& node, const std::string& path = "") {
   return result;
 }
 
-struct Case {
-  const char* what;
-  std::string content;
-  std::string expected;      // the outline, or part of the error after "!"
-  const char* message = "";  // part of the warnings and notes; none allowed when empty
-};
+using Case = ReadingCase<std::string>;
 
 void check(const Case& c, const TemporaryDirectory& directory) {
-  const Reading reading = reader.read(directory.write("case.obj", c.content));
-  EXPECT_FALSE(reading.fault()) << c.what;
-  if (c.expected.starts_with('!')) {
-    EXPECT_NE(reading.messages.errors.find(c.expected.substr(1)), std::string::npos)
-        << c.what << ": " << reading.messages.errors;
-    return;
-  }
-  EXPECT_EQ(outline(reading.document.root), c.expected) << c.what << ": " << reading.messages.errors;
-  const std::string said = reading.messages.warnings + reading.messages.notes;
-  EXPECT_NE(said.find(c.message), said.npos) << c.what << ": " << said;
-  EXPECT_EQ(said.empty(), !*c.message) << c.what << ": " << said;
+  check_reading(c, reader.read(directory.write("case.obj", c.content)),
+                [](const annDocument& document) { return outline(document.root); });
 }
 
 TEST(ObjReader, ReadsFacesInAllTheirSpellings) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "ReadingCase.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
@@ -10,35 +11,10 @@ const Translator writer("offwriter");
 
 const std::string square = "0 0 0\n1 0 0\n1 1 0\n0 1 0\n";
 
-struct Case {
-  const char* what;
-  std::string content;
-  std::string expected;      // the corners of all faces, "0 1 2|0 2 3", or part of the error after "!"
-  const char* message = "";  // part of the warnings and notes; none allowed when empty
-};
-
-std::string outline(const annMesh& mesh) {
-  std::string result;
-  for (std::size_t i = 0; i < mesh.face_count(); ++i) {
-    for (std::uint32_t corner : mesh.face(i)) result += std::to_string(corner) + " ";
-    result.back() = '|';
-  }
-  return result.substr(0, result.empty() ? 0 : result.size() - 1);
-}
+using Case = ReadingCase<std::string>;
 
 void check(const Case& c, const TemporaryDirectory& directory) {
-  const Reading reading = reader.read(directory.write("case.off", c.content));
-  EXPECT_FALSE(reading.fault()) << c.what;
-  if (c.expected.starts_with('!')) {
-    EXPECT_NE(reading.messages.errors.find(c.expected.substr(1)), std::string::npos)
-        << c.what << ": " << reading.messages.errors;
-    return;
-  }
-  ASSERT_EQ(reading.result, velabsDONE) << c.what << ": " << reading.messages.errors;
-  EXPECT_EQ(outline(reading.mesh()), c.expected) << c.what;
-  const std::string said = reading.messages.warnings + reading.messages.notes;
-  EXPECT_NE(said.find(c.message), said.npos) << c.what << ": " << said;
-  EXPECT_EQ(said.empty(), !*c.message) << c.what << ": " << said;
+  check_reading(c, reader.read(directory.write("case.off", c.content)), corners_of);
 }
 
 TEST(OffReader, ReadsAllHeadsAndLines) {

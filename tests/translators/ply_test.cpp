@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "ReadingCase.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
@@ -24,36 +25,10 @@ std::string faces(int count, const std::string& properties = list) {
   return "element face " + std::to_string(count) + "\n" + properties;
 }
 
-struct Case {
-  const char* what;
-  std::string content;
-  std::string expected;      // the corners of all faces, "0 1 2|0 2 3", or part of the error after "!"
-  const char* message = "";  // part of the warnings and notes; none allowed when empty
-};
-
-std::string outline(const annMesh& mesh) {
-  std::string result;
-  for (std::size_t i = 0; i < mesh.face_count(); ++i) {
-    if (i > 0) result += "|";
-    for (std::uint32_t corner : mesh.face(i))
-      result += (result.empty() || result.back() == '|' ? "" : " ") + std::to_string(corner);
-  }
-  return result;
-}
+using Case = ReadingCase<std::string>;
 
 void check(const Case& c, const TemporaryDirectory& directory) {
-  const Reading reading = reader.read(directory.write("case.ply", c.content));
-  EXPECT_FALSE(reading.fault()) << c.what;
-  if (c.expected.starts_with('!')) {
-    EXPECT_NE(reading.messages.errors.find(c.expected.substr(1)), std::string::npos)
-        << c.what << ": " << reading.messages.errors;
-    return;
-  }
-  ASSERT_EQ(reading.result, velabsDONE) << c.what << ": " << reading.messages.errors;
-  EXPECT_EQ(outline(reading.mesh()), c.expected) << c.what;
-  const std::string said = reading.messages.warnings + reading.messages.notes;
-  EXPECT_NE(said.find(c.message), said.npos) << c.what << ": " << said;
-  EXPECT_EQ(said.empty(), !*c.message) << c.what << ": " << said;
+  check_reading(c, reader.read(directory.write("case.ply", c.content)), corners_of);
 }
 
 std::string with_breaks(std::string text, const char* line_break) {
@@ -201,7 +176,7 @@ TEST(PlyReader, ReadsBothOrdersOfBytes) {
       const std::vector<annVector> expected{{0.5, -2, 1}, {1.5, 0, 1}, {1, 300, -1}};
       EXPECT_EQ(reading.mesh().vertices->points, expected);
       if (reading.mesh().face_count() > 0) {
-        EXPECT_EQ(outline(reading.mesh()), "0 1 2|2 1 0");
+        EXPECT_EQ(corners_of(reading.document), "0 1 2|2 1 0");
       }
     }
     check({"mixed runs",

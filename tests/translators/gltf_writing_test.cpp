@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "GltfFile.h"
+
+namespace {
+
+// An assembly: a quad and a triangle, the triangle in glass, shown in the colour of each of two parts and once without.
+annDocument assembly() {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, 0, 0}, {2000, 0, 0}, {2000, 1000, 0}, {0, 1000, 0}, {0, 0, 125}};
+  mesh->vertices->normals.assign(5, {0, 0.6, 0.8});
+  mesh->add_face(Corners{0, 1, 2, 3});
+  mesh->add_face(Corners{0, 1, 4});
+  mesh->materials.push_back({"glass \"\xC3\xA9\"\n", {0.1F, 200 / 255.0F, 1, 0.3F}});
+  mesh->set_face_material(1, 0);
+  auto coloured = std::make_shared<annMesh>(*mesh);
+  coloured->vertices = std::make_shared<annVertices>(*mesh->vertices);
+  for (int i = 0; i < 5; ++i) coloured->vertices->colours.push_back({static_cast<float>(i) / 255, 0.7F, 0.04F, 1});
+
+  annNode& top = document.root.add_child("top");
+  top.colour = annColour{1, 0, 0, 1};
+  top.transform.m = {0, -1, 0, 1500, 1, 0, 0, 0, 0, 0, -1, 250};
+  annNode& red = top.add_child("red");
+  red.body.mesh = mesh;
+  annNode& blue = red.add_child("");
+  blue.colour = annColour{0, 0, 1, 0.5F};
+  blue.body.mesh = mesh;
+  top.add_child("again").body.mesh = mesh;
+  document.root.add_child("none").body.mesh = coloured;
+  document.root.add_child("empty").body.mesh = std::make_shared<annMesh>();
+  return document;
+}
+
+TEST(GltfWriter, WritesWhatItReads) {
+  TemporaryDirectory directory;
+  const std::tuple<const Translator&, const char*, const char*> ways[] = {
+      {binary_writer, "a.glb", "0"}, {text_writer, "b c.gltf", "0"}, {text_writer, "d.gltf", "1"}};
+  for (const auto& [writer, name, embed] : ways) {
+    Messages messages;
+    ASSERT_EQ(writer.write(assembly(), directory / name, messages, {{"Z_UP", "1"}, {"EMBED_BUFFERS", embed}}),
+              velabsDONE);
+    EXPECT_NE(messages.notes.find("triangles only"), std::string::npos);
+    EXPECT_NE(messages.notes.find("without faces"), std::string::npos);
+    const Reading reading = reader.read(directory / name, {{"WELD_POINTS", "0"}, {"Z_UP", "1"}});
+    ASSERT_EQ(reading.result, velabsDONE) << name << reading.messages.errors;
+
+    const annNode& top = reading.node(0);
+    EXPECT_EQ(top.name, "top");
+    EXPECT_EQ(top.transform.m, (std::array<double, 12>{0, -1, 0, 1.5, 1, 0, 0, 0, 0, 0, -1, 0.25}));
+    const annNode& red = *top.children.at(0);
+    const annNode& blue = *red.children.at(0);
+    EXPECT_EQ(red.name.str() + blue.name.str() + top.children.at(1)->name.str(), "redagain");
+    EXPECT_EQ(top.children.at(1)->body.mesh, red.body.mesh);
+    EXPECT_EQ(blue.body.mesh->vertices, red.body.mesh->vertices);
+    EXPECT_EQ(red.body.mesh->materials[0].colour, (annColour{1, 0, 0, 1}));
+    EXPECT_EQ(red.body.mesh->materials[1], assembly().root.children[1]->body.mesh->materials[0]);
+    EXPECT_EQ(blue.body.mesh->materials[0].colour, (annColour{0, 0, 1, 0.5F}));
+    EXPECT_EQ(red.body.mesh->face_materials, (Corners{0, 0, 1}));
+    EXPECT_EQ(red.body.mesh->vertices->points[4], (annVector{0, 0, 0.125}));
+    EXPECT_NEAR(red.body.mesh->vertices->normals[4].y, 0.6, 1e-7);
+    EXPECT_EQ(reading.mesh(1).face_materials, (Corners{annMesh::no_material, annMesh::no_material, 0}));
+    const auto& colours = reading.mesh(1).vertices->colours;
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_NEAR(colours.at(i).red * 255, static_cast<double>(i), 1e-4);
+    EXPECT_NEAR(colours.at(0).green, 0.7, 1e-6);
+    EXPECT_TRUE(reading.node(2).body.empty());
+
+    // What was read is written as it stood.
+    ASSERT_EQ(binary_writer.write(reading.document, directory / "again.glb", messages, {{"Z_UP", "1"}}), velabsDONE);
+    EXPECT_EQ(TemporaryDirectory::read(directory / "again.glb"), TemporaryDirectory::read(directory / "a.glb")) << name;
+  }
+  EXPECT_TRUE(std::filesystem::exists(directory / "b c.bin"));
+  EXPECT_FALSE(std::filesystem::exists(directory / "d.bin"));
+}
+
+TEST(GltfWriter, KeepsTheOpacityOfVertices) {
+  annDocument document;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
+  mesh->vertices->colours = {{1, 0, 0, 0.25F}, {0, 1, 0, 1}, {0, 0, 1, 0}};
+  mesh->corners = {0, 1, 2, 2, 1, 0};
+  mesh->materials.push_back({"paint", {1, 1, 0, 1}});
+  mesh->face_materials = {annMesh::no_material, 0};
+  document.root.add_child("a").body.mesh = mesh;
+  TemporaryDirectory directory;
+  for (const char* with_materials : {"1", "0"}) {
+    Messages messages;
+    ASSERT_EQ(binary_writer.write(document, directory / "a.glb", messages, {{"WRITE_MATERIALS", with_materials}}),
+              velabsDONE);
+    const Reading reading = reader.read(directory / "a.glb", {{"WELD_POINTS", "0"}});
+    ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+    const annMesh& again = reading.mesh();
+    EXPECT_EQ(again.vertices->colours, mesh->vertices->colours);
+    const bool has_materials = *with_materials == '1';
+    EXPECT_EQ(again.materials, has_materials ? mesh->materials : std::vector<annMaterial>());
+    EXPECT_EQ(again.face_materials, has_materials ? mesh->face_materials : Corners());
+  }
+}
+
+TEST(GltfWriter, SharesWhatIsSharedAndCountsInSmallNumbers) {
+  TemporaryDirectory directory;
+  Messages messages;
+  ASSERT_EQ(text_writer.write(assembly(), directory / "a.gltf", messages,
+                              {{"WRITE_MATERIALS", "0"}, {"WRITE_NORMALS", "0"}, {"WRITE_VERTEX_COLOURS", "0"}}),
+            velabsDONE);
+  const Json json = Json::parse(TemporaryDirectory::read(directory / "a.gltf"));
+  EXPECT_EQ(json["meshes"].size(), 2u);
+  EXPECT_EQ(json["accessors"].size(), 4u);
+  EXPECT_EQ(json["accessors"][1]["componentType"], 5123);
+  EXPECT_EQ(json["accessors"][0]["max"], Json::parse("[2,1,0.125]"));
+  EXPECT_FALSE(json.contains("materials"));
+
+  annDocument large;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points.resize(65536);
+  mesh->corners = {0, 1, 65535};
+  large.root.body.mesh = mesh;
+  ASSERT_EQ(binary_writer.write(large, directory / "a.glb", messages), velabsDONE);
+  EXPECT_EQ(reader.read(directory / "a.glb", {{"WELD_POINTS", "0"}}).mesh().corners, mesh->corners);
+}
+
+TEST(GltfWriter, SaysWhyItCannotWrite) {
+  TemporaryDirectory directory;
+  Messages messages;
+  EXPECT_EQ(binary_writer.write({}, directory / "a.glb", messages), velabsFAILED);
+  EXPECT_NE(messages.errors.find("no shape"), std::string::npos);
+  EXPECT_EQ(binary_writer.write(assembly(), directory / "a.glb", messages, {{"SCALE", "1e40"}}), velabsFAILED);
+  EXPECT_NE(messages.errors.find("\"red\": a coordinate is too large"), std::string::npos) << messages.errors;
+}
+
+TEST(Gltf, StopsWhenCancelled) {
+  TemporaryDirectory directory;
+  annDocument document;
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points.resize(500000);
+  mesh->corners.resize(300000);
+  document.root.add_child("a").body.mesh = mesh;
+  Messages messages;
+  ASSERT_EQ(binary_writer.write(document, directory / "a.glb", messages), velabsDONE);
+  EXPECT_EQ(reader.read(directory / "a.glb", {}, true).result, velabsCANCELLED);
+  messages.cancel = true;
+  EXPECT_EQ(binary_writer.write(document, directory / "b.glb", messages), velabsCANCELLED);
+  EXPECT_FALSE(std::filesystem::exists(directory / "b.glb"));
+}
+
+}  // namespace
