@@ -1,30 +1,10 @@
 #include "unitsConversion.h"
 
 #include <cstddef>
+#include <iterator>
 #include <numbers>
 
 namespace {
-
-struct LengthText {
-  const char* name;
-  const char* symbol;
-};
-
-// In the order of the values.
-constexpr LengthText length_texts[] = {
-    {"unspecified", ""},
-    {"micrometre", "\u00b5m"},
-    {"millimetre", "mm"},
-    {"centimetre", "cm"},
-    {"metre", "m"},
-    {"kilometre", "km"},
-    {"microinch", "\u00b5in"},
-    {"mil", "mil"},
-    {"inch", "in"},
-    {"foot", "ft"},
-    {"yard", "yd"},
-    {"mile", "mi"},
-};
 
 struct AngleText {
   const char* name;
@@ -38,10 +18,9 @@ constexpr AngleText angle_texts[] = {
 };
 
 // Null for a number that is no unit.
-template <typename Text, std::size_t N, typename Unit>
-const Text* text_of(const Text (&texts)[N], Unit unit) {
+const AngleText* text_of(velAngularUnit unit) {
   const auto position = static_cast<std::size_t>(unit);
-  return position < N ? &texts[position] : nullptr;
+  return position < std::size(angle_texts) ? &angle_texts[position] : nullptr;
 }
 
 }  // namespace
@@ -53,28 +32,26 @@ double unitsConversion::convert_length(double value, velLengthUnit from, velLeng
 }
 
 double unitsConversion::convert_angle(double value, velAngularUnit from, velAngularUnit to) const {
-  const AngleText* given = text_of(angle_texts, from);
-  const AngleText* wanted = text_of(angle_texts, to);
+  const AngleText* given = text_of(from);
+  const AngleText* wanted = text_of(to);
   if (!given || !wanted || given == wanted) return value;
   return value * wanted->per_turn / given->per_turn;
 }
 
 const char* unitsConversion::length_name(velLengthUnit unit) const {
-  const LengthText* text = text_of(length_texts, unit);
-  return text ? text->name : "";
+  return vel_length_name(unit);
 }
 
 const char* unitsConversion::angle_name(velAngularUnit unit) const {
-  const AngleText* text = text_of(angle_texts, unit);
+  const AngleText* text = text_of(unit);
   return text ? text->name : "";
 }
 
 const char* unitsConversion::length_symbol(velLengthUnit unit) const {
-  const LengthText* text = text_of(length_texts, unit);
-  return text ? text->symbol : "";
+  return vel_length_symbol(unit);
 }
 
 const char* unitsConversion::angle_symbol(velAngularUnit unit) const {
-  const AngleText* text = text_of(angle_texts, unit);
+  const AngleText* text = text_of(unit);
   return text ? text->symbol : "";
 }

@@ -11,14 +11,6 @@ namespace {
 
 constexpr double farthest = 1e30;
 
-// As drawings write it.
-const char* short_name(velLengthUnit unit) {
-  constexpr std::array<const char*, 12> names{"",           "\xC2\xB5m", "mm", "cm", "m",  "km",
-                                              "\xC2\xB5in", "mil",       "in", "ft", "yd", "mi"};
-  const auto number = static_cast<std::size_t>(unit);
-  return number < names.size() ? names[number] : "";
-}
-
 template <typename Values>
 std::string numbers(const Values& values) {
   std::string text;
@@ -68,7 +60,8 @@ std::string viewSceneText::add_mesh(const viewMesh& mesh, std::size_t number) {
 }
 
 void viewSceneText::write(velabsOfStream& stream) {
-  stream.write("{\"title\":" + view_json_text(title_) + ",\"unit\":\"" + short_name(unit_) + "\",\n\"meshes\":[");
+  stream.write("{\"title\":" + view_json_text(title_) + ",\"unit\":\"" + vel_length_symbol(unit_) +
+               "\",\n\"meshes\":[");
   stream.write(meshes_);
   stream.write("],\n\"nodes\":[");
   for (std::size_t i = 0; i < scene_.nodes.size(); ++i) write_node(scene_.nodes[i], i, stream);

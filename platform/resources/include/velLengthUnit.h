@@ -23,8 +23,17 @@ enum velLengthUnit {
 // Appends the names in the order of the values.
 VELPLATFORM_API void velLengthUnit_strings(utStringcoDList& names);
 
+// Appends the abbreviations that one can type, "um", "mm" and so on, of the units that have another one than their
+// name.
+VELPLATFORM_API void velLengthUnit_abbreviations(utStringcoDList& abbreviations);
+
+// From a name, an abbreviation or a symbol, case aside.
 VELPLATFORM_API bool co_value_from_text(const utString& text, velLengthUnit& value);
 VELPLATFORM_API utString co_value_to_text(velLengthUnit value);
+
+// The name, and what stands behind a number: "mm"; that of "unspecified" is empty. "" for a number that is no unit.
+VELPLATFORM_API const char* vel_length_name(velLengthUnit unit);
+VELPLATFORM_API const char* vel_length_symbol(velLengthUnit unit);
 
 // The length of one unit in metres; 0 for "unspecified".
 VELPLATFORM_API double vel_metres(velLengthUnit unit);

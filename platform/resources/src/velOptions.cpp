@@ -5,7 +5,6 @@
 #include "velAngularUnit.h"
 #include "velDisplayOption.h"
 #include "velFileFormat.h"
-#include "velLengthUnit.h"
 #include "velLintorVersion.h"
 #include "velLintorWideCurveOption.h"
 #include "velMultipleFileOption.h"
@@ -38,8 +37,6 @@
   }
 
 VEL_OPTION_TYPE(velAngularUnit, "degree", "radian", "gradian", "arc minute", "arc second", "turn")
-VEL_OPTION_TYPE(velLengthUnit, "unspecified", "micrometre", "millimetre", "centimetre", "metre", "kilometre",
-                "microinch", "mil", "inch", "foot", "yard", "mile")
 VEL_OPTION_TYPE(velMultipleFileOption, "one file", "file per part")
 VEL_OPTION_TYPE(velTrimOption, "as preferred", "model space", "parameter space")
 VEL_OPTION_TYPE(velDisplayOption, "shaded", "shaded with edges", "wireframe", "hidden line")
@@ -51,25 +48,3 @@ VEL_OPTION_TYPE(velSolidworksReadOption, "exact", "facets", "both")
 VEL_OPTION_TYPE(velLintorVersion, "latest", "1", "2", "3")
 VEL_OPTION_TYPE(velRepresentationOption, "as is", "exact", "facets")
 VEL_OPTION_TYPE(velLintorWideCurveOption, "curve", "outline", "face")
-
-namespace {
-
-// In units of which every length is a whole number, so that ratios come out as exact as a double can hold them: tenths
-// of a nanometre. The international inch and its multiples; in the order of the values.
-double whole_length(velLengthUnit unit) {
-  constexpr std::array lengths{0.0, 1e4, 1e7, 1e8, 1e10, 1e13, 254.0, 254e3, 254e6, 3048e6, 9144e6, 1609344e7};
-  auto position = static_cast<std::size_t>(unit);
-  return position < lengths.size() ? lengths[position] : 0.0;
-}
-
-}  // namespace
-
-double vel_metres(velLengthUnit unit) {
-  return whole_length(unit) / 1e10;
-}
-
-double vel_length_ratio(velLengthUnit from, velLengthUnit to) {
-  const double numerator = whole_length(from);
-  const double denominator = whole_length(to);
-  return numerator == 0 || denominator == 0 ? 1.0 : numerator / denominator;
-}
