@@ -97,6 +97,8 @@ class VLN_API vlnTranslator {
   // What the engine is told about one input file, or about the output. Default-made, so `invalid`, when no translator
   // suits.
   v2vTranslatorElements input_elements(const utString& file);
+  // With the translator that the application chose for the file; null when none suits.
+  v2vTranslatorElements input_elements(const utString& file, const vlnTranslatorInfo* translator);
   v2vOutputTranslatorElements output_elements(const utString& file, const utString& format);
 
   // The translator's resource file: the user's copy, else the installation's, else a "default" in the user's directory.

@@ -22,7 +22,7 @@ void report(const velCacheText& cache, const std::vector<velDiscovery::Failure>&
   for (const auto& failure : failures) {
     console.warning(vel_text(velMSG_CACHE_LEFT_OUT, {failure.library, vel_sentence(failure.reason)}));
   }
-  console.print_line(vel_text(velMSG_CACHE_WRITTEN, {file, vel_counted(cache.records, velMSG_RECORD)}));
+  console.report(vel_text(velMSG_CACHE_WRITTEN, {file, vel_counted(cache.records, velMSG_RECORD)}));
 }
 
 }  // namespace
@@ -85,19 +85,19 @@ velExitCode vel_cache_clear(velConsole& console) {
   if (!installation.found()) return velEXIT_FAILED;
   const std::string file = installation.user_cache_file();
   if (file.empty()) {
-    console.print_line(vel_text(velMSG_CACHE_NO_APP_DATA));
+    console.report(vel_text(velMSG_CACHE_NO_APP_DATA));
     return velEXIT_DONE;
   }
   if (unlink(file.c_str()) == 0) {
-    console.print_line(vel_text(velMSG_CACHE_REMOVED, {file}));
+    console.report(vel_text(velMSG_CACHE_REMOVED, {file}));
   } else if (errno == ENOENT) {
-    console.print_line(vel_text(velMSG_CACHE_NOT_THERE, {file}));
+    console.report(vel_text(velMSG_CACHE_NOT_THERE, {file}));
   } else {
     console.error(vel_text(velMSG_CACHE_NOT_REMOVED, {file, std::strerror(errno)}));
     return velEXIT_FAILED;
   }
   if (const std::string other = installation.cache_file(); !other.empty()) {
-    console.print_line(vel_text(velMSG_CACHE_OTHER_IN_FORCE, {other}));
+    console.report(vel_text(velMSG_CACHE_OTHER_IN_FORCE, {other}));
   }
   return velEXIT_DONE;
 }

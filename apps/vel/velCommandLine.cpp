@@ -22,6 +22,7 @@ struct Parsed {
   velCommand command;
   std::vector<std::string> files;  // that the command reads or writes
   std::string log;                 // empty: none
+  bool quiet = false;
 };
 
 constexpr char json_help[] = "Print one JSON object";
@@ -47,6 +48,11 @@ void add_options_for(CLI::App& app, const char* side, std::vector<std::string>& 
   app.add_option(side, words, help)->type_name("KEY=VALUE")->expected(1)->take_all()->allow_extra_args(false);
 }
 
+void add_from(CLI::App& app, std::string& format) {
+  app.add_option("--from", format, "The format to read, its name or an extension; without it the content tells")
+      ->type_name("FORMAT");
+}
+
 void add_translate(CLI::App& program, Parsed& parsed) {
   struct Words {
     velTranslateRequest request;
@@ -56,11 +62,12 @@ void add_translate(CLI::App& program, Parsed& parsed) {
   CLI::App* app = program.add_subcommand("translate", "Translate one or more files into one");
   app->add_option("IN", words->request.inputs, "The files to read")->required()->type_name("");
   app->add_option("-o,--output", words->request.output, "The file to write")->required()->type_name("OUT");
-  app->add_option("--to", words->request.format, "The format to write; without it the extension of OUT chooses")
+  add_from(*app, words->request.from);
+  app->add_option("--to", words->request.format,
+                  "The format to write, named likewise; without it the extension of OUT tells")
       ->type_name("FORMAT");
   add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
   add_options_for(*app, "--out", words->out, "An option for writing");
-  app->add_flag("--quiet", words->request.quiet, "Say nothing but warnings and errors")->disable_flag_override();
   app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
   app->callback([words, &parsed] {
     velTranslateRequest& request = words->request;
@@ -88,6 +95,7 @@ void add_view(CLI::App& program, Parsed& parsed) {
   app->add_option("--png", words->png, "Write a picture; no page then but with -o")
       ->type_name("FILE WIDTHxHEIGHT")
       ->expected(2);
+  add_from(*app, words->request.from);
   add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
   app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
   app->callback([words, page, &parsed] {
@@ -119,6 +127,7 @@ velLengthUnit unit_named(const std::string& name) {
   if (co_value_from_text(name, unit) && unit != velLENGTH_UNSPECIFIED) return unit;
   utStringcoDList names;
   velLengthUnit_strings(names);
+  velLengthUnit_abbreviations(names);
   std::vector<std::string> units;
   for (std::size_t i = velLENGTH_UNSPECIFIED + 1; i < names.count(); ++i) units.push_back(names[i].str());
   throw CLI::ValidationError("--unit", vel_text(velMSG_UNKNOWN_UNIT, {name, vel_joined(units)}));
@@ -129,8 +138,9 @@ void add_info(CLI::App& program, Parsed& parsed) {
   CLI::App* app = program.add_subcommand("info", "Tell what a file holds");
   app->add_option("FILE", request->file, "The file to read")->required()->type_name("");
   auto unit = std::make_shared<std::string>();
-  CLI::Option* option = app->add_option("--unit", *unit, "The unit of length to show, as `vel options` names units");
+  CLI::Option* option = app->add_option("--unit", *unit, "The unit of length to show: mm, inch and so on");
   option->type_name("UNIT");
+  add_from(*app, request->from);
   app->add_flag("--json", request->json, json_help)->disable_flag_override();
   app->callback([request, unit, option, &parsed] {
     refuse_standard_streams(request->file);
@@ -151,7 +161,9 @@ void add_list(CLI::App& program, Parsed& parsed) {
 void add_options(CLI::App& program, Parsed& parsed) {
   auto request = std::make_shared<velOptionsRequest>();
   CLI::App* app = program.add_subcommand("options", "List the options of a format");
-  app->add_option("FORMAT", request->format, "The format, as `vel list` names it")->required()->type_name("");
+  app->add_option("FORMAT", request->format, "The format: its name or an extension, as `vel list` shows them")
+      ->required()
+      ->type_name("");
   app->add_flag("--json", request->json, json_help)->disable_flag_override();
   app->callback([request, &parsed] {
     parsed.command = [request](velConsole& console) { return vel_options(*request, console); };
@@ -294,6 +306,8 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
   program.set_help_flag("-h,--help", "Print this help");
   program.set_version_flag("--version", "vel " VEL_VERSION, "Print the version");
   program.add_option("--log", parsed.log, "Append every message to this file too")->type_name("FILE");
+  program.add_flag("-q,--quiet", parsed.quiet, "Say nothing but errors and what was asked for")
+      ->disable_flag_override();
   add_translate(program, parsed);
   add_view(program, parsed);
   add_info(program, parsed);
@@ -302,7 +316,9 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
   add_cache(program, parsed);
   add_dirs(program, parsed);
   for (CLI::App* group : {&program, program.get_subcommand("cache")}) {
-    for (CLI::App* app : group->get_subcommands(nullptr)) app->group("Commands")->fallthrough();
+    for (CLI::App* app : group->get_subcommands(nullptr)) {
+      app->group("Commands")->fallthrough()->footer("Every command takes -q and --log FILE too; see `vel --help`.");
+    }
   }
 
   exit_code = velEXIT_DONE;
@@ -324,6 +340,7 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
     exit_code = velEXIT_USAGE;
     return nullptr;
   }
+  if (parsed.quiet) console.be_quiet();
   if (!parsed.log.empty()) exit_code = open_log(parsed, console);
   return exit_code == velEXIT_DONE ? parsed.command : nullptr;
 }

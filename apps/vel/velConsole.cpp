@@ -65,7 +65,7 @@ void velConsole::message(velabsSeverity severity, std::string_view text) {
   messages_.push_back({severity, std::string(text)});
   const std::string line = std::string("vel: ") + vel_severity_name(severity) + ": " + vel_printable(text) + "\n";
   log_.print(line.c_str());
-  if (quiet_ && severity == velabsNOTE) return;
+  if (quiet_ && severity != velabsERROR) return;
   progress_.end();
   // What was printed before comes before it on a terminal too.
   flush_results();
@@ -80,6 +80,10 @@ void velConsole::print(std::string_view text) {
 
 void velConsole::print_line(std::string_view text) {
   print(vel_printable(text) + "\n");
+}
+
+void velConsole::report(std::string_view text) {
+  if (!quiet_) print_line(text);
 }
 
 void velConsole::show_progress(int percent) {

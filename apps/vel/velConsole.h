@@ -27,7 +27,7 @@ class velConsole {
   velConsole(const velConsole&) = delete;
   velConsole& operator=(const velConsole&) = delete;
 
-  // No progress and no notes from now on; a log gets its notes all the same.
+  // From now on errors and results only; a log gets its notes and warnings all the same.
   void be_quiet();
 
   // From now on messages are appended to this file too. False, and an error was said, when they cannot be.
@@ -43,6 +43,8 @@ class velConsole {
   void print(std::string_view text);
   // A result of one line, made printable.
   void print_line(std::string_view text);
+  // A line of what was done, which nobody asked for: not when quiet.
+  void report(std::string_view text);
 
   void show_progress(int percent);
   // The work goes on, and nobody knows how far it is.

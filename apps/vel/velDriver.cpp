@@ -11,6 +11,7 @@
 #include "velLoader.h"
 #include "velMessages.h"
 #include "velValidator.h"
+#include "vlnResourceHandler.h"
 #include "vlnTranslatorDllsIT.h"
 
 velDriver::velDriver(velInstallation& installation, velConsole& console)
@@ -104,11 +105,22 @@ bool velDriver::is_cache_damaged() const {
   return !intact;
 }
 
+const velResources& velDriver::resources(const utString& path) {
+  return resources_.try_emplace(path, path).first->second;
+}
+
+void velDriver::set_up_resources(const vlnTranslatorInfo* info, velTableInstance& table, const Resources& requested) {
+  table = resources(resource_path(info)).values;
+  velValidator validator;
+  for (const auto& [key, value] : requested) vlnResourceHandler(&validator, key).insert(value, table);
+}
+
 bool velDriver::translate_input_files() {
   input_tables_.clear();
   v2vTranslatorElementscoPageArr inputs;
   for (int i = 0; i < num_input_files(); ++i) {
-    const v2vTranslatorElements made = input_elements(resolve_input_file(input_file(i)));
+    const auto* reader = readers_.at(static_cast<std::size_t>(i));
+    const v2vTranslatorElements made = input_elements(resolve_input_file(input_file(i)), reader);
     if (made.invalid()) return false;
     // The next input fills the table of this one again.
     const velTableInstance& own = input_tables_.emplace_back(*made.resources());
@@ -120,9 +132,9 @@ bool velDriver::translate_input_files() {
                                 secondary_output()) != 0;
 }
 
-bool velDriver::read(const utString& file) {
+bool velDriver::read(const utString& file, const vlnTranslatorInfo& reader) {
   v2vTranslatorElementscoPageArr inputs;
-  inputs.append(input_elements(resolve_input_file(file)));
+  inputs.append(input_elements(resolve_input_file(file), &reader));
   return v2vVel2vel().read(app_info(), *get_thread_comm(), libraries_, inputs, *document_, primary_output(),
                            secondary_output()) != 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "velConsoleOutput.h"
 #include "velDiscovery.h"
 #include "velInstallation.h"
+#include "velResources.h"
 #include "vlnTranslator.h"
 
 // The program's translation driver. After `load` its two sets tell what can be read and written. What it is made from
@@ -35,8 +37,11 @@ class velDriver : public vlnTranslator {
   bool is_cache_damaged() const;
   void warn_of_damaged_cache() const;
 
+  // The translators of the input files of the next `run`, in the order of the files.
+  void use_readers(const std::vector<const vlnTranslatorInfo*>& readers) { readers_ = readers; }
+
   // Reads one file into the document and writes nothing. False when it cannot be read.
-  bool read(const utString& file);
+  bool read(const utString& file, const vlnTranslatorInfo& reader);
 
   // The model of the last `run` or `read`.
   const annDocument& document() const { return *document_; }
@@ -47,6 +52,9 @@ class velDriver : public vlnTranslator {
   using vlnTranslator::app_dirs;
   using vlnTranslator::resource_path;
 
+  // What a resource file says; each is read once.
+  const velResources& resources(const utString& path);
+
   void set_up_application() override;
   utObserverPtr<velabsAppInfo> app_info() override { return &installation_.app_info(); }
   utObserverPtr<velabsOutput> primary_output() override { return &output_; }
@@ -54,6 +62,7 @@ class velDriver : public vlnTranslator {
   std::unique_ptr<vlnDLLLoader> create_dll_loader() override;
   // A file is named as its user named it.
   utString resolve_input_file(const utString& name) override { return name; }
+  void set_up_resources(const vlnTranslatorInfo* info, velTableInstance& table, const Resources& requested) override;
   // Each input has resources of its own, so that what one format's file says does not reach another format.
   bool translate_input_files() override;
 
@@ -72,5 +81,7 @@ class velDriver : public vlnTranslator {
   // when the cache spared every library its opening.
   std::string wanted_cache_;
   bool has_replaced_libraries_ = false;
-  std::deque<velTableInstance> input_tables_;  // of the last request; the engine keeps their addresses
+  std::vector<const vlnTranslatorInfo*> readers_;
+  std::map<utString, velResources> resources_;  // by path
+  std::deque<velTableInstance> input_tables_;   // of the last request; the engine keeps their addresses
 };

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "velDriver.h"
+#include "velKeyValues.h"
 #include "vlnTranslatorInfo.h"
 
 // The options of one format: the keys of its resource file, with what each takes and the value that holds when nobody
@@ -13,8 +14,7 @@ class velFormatOptions {
  public:
   struct Option {
     utString key;
-    std::string type;                  // "text", "real", "whole", "true/false" or "one of"
-    std::vector<std::string> allowed;  // nothing for the first three types
+    velKeyValues values;
     std::string default_value;
     std::string description;
   };
@@ -34,11 +34,8 @@ class velFormatOptions {
   static bool is_for_reading_only(const Option& option);
   static bool is_for_writing_only(const Option& option);
 
-  // Empty when the value is one that the option takes, else what it takes.
-  static std::string refusal(const Option& option, const utString& value);
-
  private:
-  void add_keys_of(const utString& path, const velTableInstance& table);
+  void add_keys_of(const velResourceFile& file, const velTableInstance& table);
   void add(const utString& key, const utString& description, const velTableInstance& table);
 
   std::string file_;

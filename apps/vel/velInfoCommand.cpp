@@ -7,6 +7,7 @@
 #include "velInterrupt.h"
 #include "velJson.h"
 #include "velMessages.h"
+#include "velOptionCheck.h"
 #include "velText.h"
 #include "velUnits.h"
 #include "vluFileTypeFinder.h"
@@ -124,9 +125,13 @@ velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
   if (!installation.found()) return velEXIT_FAILED;
   velDriver driver(installation, console);
   driver.load();
-  if (const velExitCode code = vel_check_input_translators({request.file}, driver, console)) return code;
+  std::vector<const vlnTranslatorInfo*> readers;
+  if (const velExitCode code = vel_choose_readers({request.file}, request.from, driver, readers, console)) return code;
+  const vlnTranslatorInfo& reader = *readers.front();
+  vlnTranslator::Resources none;
+  vel_check_options(driver, readers, "--in", none, console);
 
-  const bool done = driver.read(request.file);
+  const bool done = driver.read(request.file, reader);
   console.end_progress();
   if (!done && vel_interrupted()) {
     console.error(vel_text(velMSG_CANCELLED, {request.file}));
@@ -137,13 +142,12 @@ velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
     return velEXIT_BAD_INPUT;
   }
 
-  const vlnTranslatorInfo* reader = driver.inputs().translator_for_file(request.file);
   const std::string unit = co_value_to_text(driver.document().unit).str();
   Info info{request.file,
             vluFileTypeInfo::name(vluFileTypeFinder::find_file_type(request.file)).str(),
-            reader->format_name().ut_string().str(),
-            reader->file_ut().str(),
-            reader->file_name_ut().str(),
+            reader.format_name().ut_string().str(),
+            reader.file_ut().str(),
+            reader.file_name_ut().str(),
             unit,
             unit,
             ann_statistics(driver.document()),

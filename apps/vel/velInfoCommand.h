@@ -10,6 +10,7 @@
 // `vel info`: what a file holds.
 struct velInfoRequest {
   std::string file;
+  std::string from;                   // its format; empty: as its content says
   std::optional<velLengthUnit> unit;  // in which lengths are shown; without one in the file's
   bool json = false;
 };

@@ -29,18 +29,22 @@ std::string complaint_about(const std::string& file) {
   return state.st_size == 0 ? vel_text(velMSG_INPUT_EMPTY, {shown}) : "";
 }
 
-// Empty when there is a translator for it that can be used.
-std::string complaint_about_translator(const std::string& file, const velDriver& driver) {
-  if (const vlnTranslatorInfo* info = driver.inputs().translator_for_file(file)) {
-    return vel_library_complaint(driver, *info, file);
-  }
+// Why nobody reads a file.
+std::string complaint_about_content(const std::string& file, const velDriver& driver) {
   const vluFileType type = vluFileTypeFinder::find_file_type(file);
-  const std::string formats = vel_format_names(driver.inputs());
+  const std::string formats = vel_format_names({&driver.inputs()});
   if (type == vluUNKNOWN) return vel_text(velMSG_CONTENT_UNKNOWN, {file, formats});
   const std::string name = vluFileTypeInfo::name(type).str();
   const std::string packages = vel_packages_for_format(name);
   if (!packages.empty()) return vel_text(velMSG_READER_NOT_BUILT, {file, name, packages});
   return vel_text(velMSG_NO_READER, {file, name, formats});
+}
+
+// Why nobody reads a format that was asked for.
+std::string complaint_about_format(const std::string& format, const velDriver& driver) {
+  const std::string packages = vel_packages_for_format(format);
+  return packages.empty() ? vel_text(velMSG_NO_READER_OF_FORMAT, {format, vel_format_names({&driver.inputs()})})
+                          : vel_text(velMSG_WRITER_NOT_BUILT, {format, packages});
 }
 
 }  // namespace
@@ -56,11 +60,19 @@ velExitCode vel_check_input_files(const std::vector<std::string>& files, velCons
   return code;
 }
 
-velExitCode vel_check_input_translators(const std::vector<std::string>& files, const velDriver& driver,
-                                        velConsole& console) {
+velExitCode vel_choose_readers(const std::vector<std::string>& files, const std::string& from, const velDriver& driver,
+                               std::vector<const vlnTranslatorInfo*>& readers, velConsole& console) {
+  const vlnTranslatorInfo* named = from.empty() ? nullptr : vel_translator_named(driver.inputs(), from);
+  if (!named && !from.empty()) {
+    console.error(complaint_about_format(from, driver));
+    return velEXIT_NO_TRANSLATOR;
+  }
   velExitCode code = velEXIT_DONE;
   for (const std::string& file : files) {
-    const std::string complaint = complaint_about_translator(file, driver);
+    const vlnTranslatorInfo* reader = named ? named : driver.inputs().translator_for_file(file);
+    readers.push_back(reader);
+    const std::string complaint =
+        reader ? vel_library_complaint(driver, *reader, file) : complaint_about_content(file, driver);
     if (complaint.empty()) continue;
     console.error(complaint);
     code = velEXIT_NO_TRANSLATOR;

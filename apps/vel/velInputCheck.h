@@ -13,9 +13,10 @@
 // Missing, unreadable, empty, or no regular file at all. Never blocks.
 velExitCode vel_check_input_files(const std::vector<std::string>& files, velConsole& console);
 
-// Of a type that nothing reads, or read by a library that cannot be opened.
-velExitCode vel_check_input_translators(const std::vector<std::string>& files, const velDriver& driver,
-                                        velConsole& console);
+// Of a type that nothing reads, or read by a library that cannot be opened. Else `readers` are those of the files, in
+// their order: the one of the format `from`, or of this extension; when that is empty, the one for the file's content.
+velExitCode vel_choose_readers(const std::vector<std::string>& files, const std::string& from, const velDriver& driver,
+                               std::vector<const vlnTranslatorInfo*>& readers, velConsole& console);
 
 // The complaint about the translator of a file whose library cannot be opened; empty when it can.
 std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info, const std::string& file);

@@ -59,9 +59,10 @@ enum velMessage : unsigned int {
   velMSG_INPUT_UNREADABLE,    // file, reason
   velMSG_INPUT_EMPTY,         // file
   velMSG_EMPTY_NAME,
-  velMSG_CONTENT_UNKNOWN,   // file, formats
-  velMSG_NO_READER,         // file, file type, formats
-  velMSG_READER_NOT_BUILT,  // file, file type, packages
+  velMSG_CONTENT_UNKNOWN,      // file, formats
+  velMSG_NO_READER,            // file, file type, formats
+  velMSG_READER_NOT_BUILT,     // file, file type, packages
+  velMSG_NO_READER_OF_FORMAT,  // format, formats
 
   velMSG_NO_FORMAT_FOR_NAME = 100,  // file, formats
   velMSG_WRITER_NOT_BUILT,          // file or format, packages
@@ -97,6 +98,7 @@ enum velMessage : unsigned int {
   velMSG_FOR_READING_ONLY,  // side, key
   velMSG_FOR_WRITING_ONLY,  // side, key
   velMSG_TAKES_PIXELS,
+  velMSG_TAKES_BACKGROUND,
 
   velMSG_CACHE_NO_PLACE = 140,
   velMSG_CACHE_KEPT,          // file, reason
@@ -114,6 +116,8 @@ enum velMessage : unsigned int {
   velMSG_CACHE_NOT_THERE,       // file
   velMSG_CACHE_NOT_REMOVED,     // file, reason
   velMSG_CACHE_OTHER_IN_FORCE,  // file
+
+  velMSG_BAD_VALUE_IN_FILE = 160,  // file, line, value, key, what it takes
 
   velMSG_FILE_WITHOUT_UNIT = 180,  // file
   velMSG_UNIT_CONVERTED,           // unit, the file's unit

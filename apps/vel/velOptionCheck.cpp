@@ -35,7 +35,7 @@ class Checker {
       return false;
     }
     key = option->key;
-    const std::string refusal = velFormatOptions::refusal(*option, value);
+    const std::string refusal = vel_refusal(key, value);
     if (refusal.empty()) {
       warn_if_without_effect(side, key);
       return true;

@@ -1,7 +1,5 @@
 #include "velOptionsCommand.h"
 
-#include <set>
-
 #include "velFiles.h"
 #include "velFormatOptions.h"
 #include "velJson.h"
@@ -9,17 +7,13 @@
 #include "velOptionNames.h"
 #include "velText.h"
 #include "velTranslators.h"
-#include "vlnTranslatorDllsIT.h"
 
 namespace {
 
-std::string all_format_names(const velDriver& driver) {
-  std::set<std::string> names;
-  for (const vlnTranslatorDlls* set : {&driver.inputs(), &driver.outputs()}) {
-    auto formats = set->formats();
-    while (++formats) names.insert(formats().ut_string().str());
-  }
-  return names.empty() ? "none" : vel_joined({names.begin(), names.end()});
+std::string complaint_about_format(const std::string& format, const velDriver& driver) {
+  const std::string packages = vel_packages_for_format(format);
+  if (!packages.empty()) return vel_text(velMSG_WRITER_NOT_BUILT, {format, packages});
+  return vel_text(velMSG_UNKNOWN_FORMAT, {format, vel_format_names({&driver.inputs(), &driver.outputs()})});
 }
 
 void print_json(const std::string& format, const velFormatOptions& options, velConsole& console) {
@@ -27,8 +21,8 @@ void print_json(const std::string& format, const velFormatOptions& options, velC
   for (const auto& option : options.options()) {
     list.push_back({{"key", option.key.str()},
                     {"name", vel_option_name(option.key).str()},
-                    {"type", option.type},
-                    {"allowed", option.allowed},
+                    {"type", option.values.type},
+                    {"allowed", option.values.allowed},
                     {"default", option.default_value},
                     {"description", option.description}});
   }
@@ -43,7 +37,9 @@ void print_text(const std::string& format, const velFormatOptions& options, velC
   const std::string file = vel_last_component(options.file());
   std::string text;
   for (const auto& option : options.options()) {
-    const std::string takes = option.allowed.empty() ? option.type : option.type + ": " + vel_joined(option.allowed);
+    const std::string takes = option.values.allowed.empty()
+                                  ? option.values.type
+                                  : option.values.type + ": " + vel_joined(option.values.allowed);
     if (!text.empty()) text += "\n";
     text += vel_wrapped(vel_option_name(option.key).str() + " = " + option.default_value, 0) + vel_wrapped(takes, 4) +
             vel_wrapped(option.description, 4) +
@@ -60,10 +56,9 @@ velExitCode vel_options(const velOptionsRequest& request, velConsole& console) {
   velDriver driver(installation, console);
   driver.load();
 
-  const vlnTranslatorInfo* info = driver.inputs().translator_for_format(request.format);
-  if (!info) info = driver.outputs().translator_for_format(request.format);
+  const vlnTranslatorInfo* info = vel_translator_named(driver.inputs(), driver.outputs(), request.format);
   if (!info) {
-    console.error(vel_text(velMSG_UNKNOWN_FORMAT, {request.format, all_format_names(driver)}));
+    console.error(complaint_about_format(request.format, driver));
     return velEXIT_NO_TRANSLATOR;
   }
   const velFormatOptions options(driver, *info);

@@ -23,7 +23,7 @@ std::optional<velMessage> complaint_about(const std::string& output, const std::
 
   struct stat state = {};
   const bool exists = stat(output.c_str(), &state) == 0;
-  if (vel_names_directory(output)) return velMSG_OUTPUT_IS_DIRECTORY;
+  if (output.ends_with('/') || (exists && S_ISDIR(state.st_mode))) return velMSG_OUTPUT_IS_DIRECTORY;
   if (exists && !may(output, W_OK)) return velMSG_OUTPUT_READ_ONLY;
   // A device or a pipe is written as it stands; a file is made beside the old one.
   if (exists && !S_ISREG(state.st_mode)) return std::nullopt;
@@ -39,11 +39,6 @@ std::optional<velMessage> complaint_about(const std::string& output, const std::
 }
 
 }  // namespace
-
-bool vel_names_directory(const std::string& output) {
-  struct stat state = {};
-  return output.ends_with('/') || (stat(output.c_str(), &state) == 0 && S_ISDIR(state.st_mode));
-}
 
 velExitCode vel_check_output(const std::string& output, const std::vector<std::string>& inputs, velConsole& console) {
   const std::optional<velMessage> complaint = complaint_about(output, inputs);

@@ -42,13 +42,12 @@ void print_json(const velTranslateRequest& request, const velTranslation& transl
 }  // namespace
 
 velExitCode vel_translate(const velTranslateRequest& request, velConsole& console) {
-  if (request.quiet) console.be_quiet();
   velTranslation translation(request, console);
   const velExitCode code = translation.run();
   if (request.json) {
     print_json(request, translation, code == velEXIT_DONE, console);
-  } else if (code == velEXIT_DONE && !request.quiet && !is_standard_output(request.output)) {
-    console.print_line(summary(request, translation));
+  } else if (code == velEXIT_DONE && !is_standard_output(request.output)) {
+    console.report(summary(request, translation));
   }
   return code;
 }

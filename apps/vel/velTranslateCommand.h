@@ -4,7 +4,6 @@
 
 // `vel translate`: one or more files into one.
 struct velTranslateRequest : velTranslationRequest {
-  bool quiet = false;
   bool json = false;
 };
 

@@ -9,26 +9,28 @@
 
 velExitCode velTranslation::run() {
   if (const velExitCode code = vel_check_input_files(request_.inputs, console_)) return code;
+  if (const velExitCode code = vel_check_output(request_.output, request_.inputs, console_)) return code;
   installation_.emplace(console_);
   if (!installation_->found()) return velEXIT_FAILED;
   driver_.emplace(*installation_, console_);
   driver_->load();
-  if (const velExitCode code = vel_check_input_translators(request_.inputs, *driver_, console_)) return code;
+  if (const velExitCode code = vel_choose_readers(request_.inputs, request_.from, *driver_, readers_, console_)) {
+    return code;
+  }
   if (const velExitCode code = choose_output()) return code;
   if (const velExitCode code = set_options()) return code;
-  if (const velExitCode code = vel_check_output(request_.output, request_.inputs, console_)) return code;
   return carry_out();
 }
 
 velExitCode velTranslation::choose_output() {
   const vlnTranslatorDlls& writers = driver_->outputs();
   writer_ = request_.format.empty() ? writers.translator_for_file(request_.output)
-                                    : writers.translator_for_format(request_.format);
+                                    : vel_translator_named(writers, request_.format);
   if (!writer_) {
     const std::string& subject = request_.format.empty() ? request_.output : request_.format;
     const std::string packages =
         request_.format.empty() ? vel_packages_for_file(vel_last_component(subject)) : vel_packages_for_format(subject);
-    console_.error(packages.empty() ? vel_text(complaint_about_format(), {subject, vel_format_names(writers)})
+    console_.error(packages.empty() ? vel_text(complaint_about_format(), {subject, vel_format_names({&writers})})
                                     : vel_text(velMSG_WRITER_NOT_BUILT, {subject, packages}));
     return velEXIT_NO_TRANSLATOR;
   }
@@ -42,17 +44,14 @@ velExitCode velTranslation::choose_output() {
 // Why there is no writer.
 velMessage velTranslation::complaint_about_format() const {
   if (!request_.format.empty()) return velMSG_NO_WRITER;
-  if (vel_names_directory(request_.output)) return velMSG_OUTPUT_IS_DIRECTORY;
   const std::size_t dot = vel_last_component(request_.output).find('.');
   return dot == std::string::npos ? velMSG_OUTPUT_WITHOUT_EXTENSION : velMSG_NO_FORMAT_FOR_NAME;
 }
 
 velExitCode velTranslation::set_options() {
-  std::vector<const vlnTranslatorInfo*> readers;
-  for (const std::string& input : request_.inputs) readers.push_back(driver_->inputs().translator_for_file(input));
   vlnTranslator::Resources in = request_.input_options;
   vlnTranslator::Resources out = request_.output_options;
-  const bool input_good = vel_check_options(*driver_, readers, "--in", in, console_);
+  const bool input_good = vel_check_options(*driver_, readers_, "--in", in, console_);
   if (!vel_check_options(*driver_, {writer_}, "--out", out, console_) || !input_good) return velEXIT_USAGE;
   for (const auto& [key, value] : in) driver_->set_input_resource(key, value);
   for (const auto& [key, value] : out) driver_->set_output_resource(key, value);
@@ -62,6 +61,7 @@ velExitCode velTranslation::set_options() {
 velExitCode velTranslation::carry_out() {
   const std::vector<utString> inputs(request_.inputs.begin(), request_.inputs.end());
   driver_->set_input_file_list(itIterator<utString>(inputs));
+  driver_->use_readers(readers_);
   driver_->output_file_and_format(request_.output, format_);
   const bool done = driver_->run();
   console_.end_progress();

@@ -13,8 +13,9 @@
 // What is to be translated into what.
 struct velTranslationRequest {
   std::vector<std::string> inputs;
+  std::string from;  // the format of every input, or its extension; empty: as their content says
   std::string output;
-  std::string format;  // empty: the extension of the output chooses
+  std::string format;  // of the output, or its extension; empty: the extension of its name chooses
   vlnTranslator::Resources input_options;
   vlnTranslator::Resources output_options;
 };
@@ -48,6 +49,7 @@ class velTranslation {
   velConsole& console_;
   std::optional<velInstallation> installation_;
   std::optional<velDriver> driver_;
+  std::vector<const vlnTranslatorInfo*> readers_;  // of each input
   const vlnTranslatorInfo* writer_ = nullptr;
   std::string format_;
   std::optional<annStatistics> statistics_;

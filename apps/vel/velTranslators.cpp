@@ -47,14 +47,32 @@ std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& input
   return rows;
 }
 
-std::string vel_format_names(const vlnTranslatorDlls& set) {
+std::string vel_format_names(std::initializer_list<const vlnTranslatorDlls*> sets) {
   std::set<std::string> names;
-  auto formats = set.formats();
-  while (++formats) names.insert(formats().ut_string().str());
+  for (const vlnTranslatorDlls* set : sets) {
+    vlnTranslatorDllsIT translators(*set);
+    while (++translators) names.insert(translators()->format_name().ut_string().str());
+  }
   return names.empty() ? "none" : vel_joined({names.begin(), names.end()});
 }
 
 namespace {
+
+bool is_same(const std::string& a, const std::string& b) {
+  return strcasecmp(a.c_str(), b.c_str()) == 0;
+}
+
+const vlnTranslatorInfo* translator_for_extension(const vlnTranslatorDlls& set, const std::string& text) {
+  const std::string wanted = text.starts_with('.') ? text.substr(1) : text;
+  vlnTranslatorDllsIT translators(set);
+  while (++translators) {
+    const std::vector<std::string> known = vel_translator_row(*translators()).extensions;
+    if (std::any_of(known.begin(), known.end(), [&](const auto& extension) { return is_same(extension, wanted); })) {
+      return translators();
+    }
+  }
+  return nullptr;
+}
 
 struct NeedyFormat {
   const char* format;
@@ -65,30 +83,45 @@ struct NeedyFormat {
 const std::vector<NeedyFormat>& needy_formats() {
   static const std::vector<NeedyFormat> formats{{"STEP", {"step", "stp"}, "libocct-data-exchange-dev"},
                                                 {"IGES", {"iges", "igs"}, "libocct-data-exchange-dev"},
-                                                {"BREP", {"brep", "brp"}, "libocct-data-exchange-dev"}};
+                                                {"BREP", {"brep", "brp"}, "libocct-data-exchange-dev"},
+                                                {"3MF", {"3mf"}, "libzip-dev and libexpat1-dev"},
+                                                {"PNG", {"png"}, "libpng-dev"}};
   return formats;
 }
 
-bool is_same(const std::string& a, const std::string& b) {
-  return strcasecmp(a.c_str(), b.c_str()) == 0;
+std::string packages_for_extension(const std::string& text) {
+  for (const NeedyFormat& needy : needy_formats()) {
+    for (const char* extension : needy.extensions) {
+      if (is_same(extension, text)) return needy.packages;
+    }
+  }
+  return "";
 }
 
 }  // namespace
+
+const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& set, const std::string& text) {
+  const vlnTranslatorInfo* named = set.translator_for_format(text);
+  return named ? named : translator_for_extension(set, text);
+}
+
+const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs,
+                                              const std::string& text) {
+  for (const vlnTranslatorDlls* set : {&inputs, &outputs}) {
+    if (const vlnTranslatorInfo* named = set->translator_for_format(text)) return named;
+  }
+  const vlnTranslatorInfo* reader = translator_for_extension(inputs, text);
+  return reader ? reader : translator_for_extension(outputs, text);
+}
 
 std::string vel_packages_for_format(const std::string& format) {
   for (const NeedyFormat& needy : needy_formats()) {
     if (is_same(needy.format, format)) return needy.packages;
   }
-  return "";
+  return packages_for_extension(format.starts_with('.') ? format.substr(1) : format);
 }
 
 std::string vel_packages_for_file(const std::string& file) {
   const std::size_t dot = file.rfind('.');
-  if (dot == std::string::npos) return "";
-  for (const NeedyFormat& needy : needy_formats()) {
-    for (const char* extension : needy.extensions) {
-      if (is_same(extension, file.substr(dot + 1))) return needy.packages;
-    }
-  }
-  return "";
+  return dot == std::string::npos ? "" : packages_for_extension(file.substr(dot + 1));
 }

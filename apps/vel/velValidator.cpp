@@ -1,6 +1,8 @@
 #include "velValidator.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "apNumberText.h"
@@ -18,6 +20,15 @@ constexpr velValidator::Bounds all_bounds[] = {
     {"WIDTH", 1, 16384, false, velMSG_TAKES_PIXELS},
     {"HEIGHT", 1, 16384, false, velMSG_TAKES_PIXELS},
 };
+
+constexpr const char* views[] = {"iso", "front", "back", "left", "right", "top", "bottom"};
+
+// "transparent" or "#RRGGBB".
+bool is_background(const utString& value) {
+  const std::string_view text = value.view();
+  return value.case_compare("transparent") ||
+         (text.size() == 7 && text.front() == '#' && text.find_first_not_of("0123456789abcdefABCDEF", 1) == text.npos);
+}
 
 bool is_within_bounds(const utString& key, double number) {
   const velValidator::Bounds* bounds = velValidator::bounds(key);
@@ -43,4 +54,16 @@ bool velValidator::validate_int(const utString& key, const utString& value) {
 bool velValidator::validate_double(const utString& key, const utString& value) {
   double number = 0;
   return ap_parse_double(value.view(), number) && std::isfinite(number) && is_within_bounds(key, number);
+}
+
+bool velValidator::validate_text(const utString& key, const utString& value) {
+  if (key.case_compare("BACKGROUND")) return is_background(value);
+  const std::vector<std::string> known = words(key);
+  return known.empty() ||
+         std::any_of(known.begin(), known.end(), [&](const auto& word) { return value.case_compare(utString(word)); });
+}
+
+std::vector<std::string> velValidator::words(const utString& key) {
+  if (!key.case_compare("VIEW")) return {};
+  return {std::begin(views), std::end(views)};
 }

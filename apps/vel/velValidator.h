@@ -1,10 +1,13 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "velMessages.h"
 #include "vlnValidator.h"
 
-// Accepts whole numbers that an int holds and finite real numbers, both with a decimal point whatever the locale, as
-// far as they make sense for their key.
+// Accepts whole numbers that an int holds, finite real numbers, both with a decimal point whatever the locale, and
+// texts, as far as they make sense for their key.
 class velValidator : public vlnValidator {
  public:
   struct Bounds {
@@ -19,4 +22,10 @@ class velValidator : public vlnValidator {
 
   // Null for a key that takes every number.
   static const Bounds* bounds(const utString& key);
+
+  // Whether the value of a key that takes texts makes sense for it.
+  static bool validate_text(const utString& key, const utString& value);
+
+  // The words that a key takes that knows some words only; none for other keys.
+  static std::vector<std::string> words(const utString& key);
 };

@@ -10,6 +10,7 @@
 #include "velDesktop.h"
 #include "velFiles.h"
 #include "velMessages.h"
+#include "velOutputCheck.h"
 #include "velText.h"
 #include "velTranslation.h"
 #include "velValidator.h"
@@ -53,7 +54,10 @@ class View {
     if (request_.json) {
       print_json(code == velEXIT_DONE);
     } else {
-      for (const std::string& file : written_) console_.print_line(file);
+      for (const std::string& file : written_) {
+        const bool was_given = file == request_.picture || file == request_.page;
+        was_given ? console_.report(file) : console_.print_line(file);
+      }
     }
     if (code == velEXIT_DONE && !page_.empty() && !request_.json) vel_open_on_desktop(page_);
     return code;
@@ -61,6 +65,10 @@ class View {
 
  private:
   velExitCode show() {
+    for (const std::string& file : {request_.picture, request_.page}) {
+      if (file.empty()) continue;
+      if (const velExitCode code = vel_check_output(file, request_.inputs, console_)) return code;
+    }
     if (!request_.picture.empty()) {
       const vlnTranslator::Resources size{{"WIDTH", std::to_string(request_.width)},
                                           {"HEIGHT", std::to_string(request_.height)}};
@@ -80,7 +88,7 @@ class View {
   }
 
   velExitCode write(const std::string& file, const char* format, const vlnTranslator::Resources& options) {
-    const velTranslationRequest request{request_.inputs, file, format, request_.input_options, options};
+    const velTranslationRequest request{request_.inputs, request_.from, file, format, request_.input_options, options};
     velTranslation translation(request, console_);
     const velExitCode code = translation.run();
     counts_ = translation.counts();

@@ -14,6 +14,7 @@ struct velViewRequest {
   std::string picture;  // empty: none
   int width = 0;        // of the picture, in pixels
   int height = 0;
+  std::string from;  // the format of the inputs; empty: as their content says
   vlnTranslator::Resources input_options;
   bool json = false;
 };
@@ -21,6 +22,6 @@ struct velViewRequest {
 // "800x600". False when it is something else, or more or less than a picture may have.
 bool vel_size_from_text(const std::string& text, int& width, int& height);
 
-// Prints the name of what was written, the picture's before the page's. A page is opened in the user's browser where
-// there is a desktop and the standard output is a terminal.
+// Prints the name of what was written, the picture's before the page's; when quiet, only one that was not given. A page
+// is opened in the user's browser where there is a desktop and the standard output is a terminal.
 velExitCode vel_view(const velViewRequest& request, velConsole& console);

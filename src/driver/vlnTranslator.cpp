@@ -88,7 +88,10 @@ bool vlnTranslator::translate_input_files() {
 }
 
 v2vTranslatorElements vlnTranslator::input_elements(const utString& file) {
-  const vlnTranslatorInfo* translator = inputs_->translator_for_file(file);
+  return input_elements(file, inputs_->translator_for_file(file));
+}
+
+v2vTranslatorElements vlnTranslator::input_elements(const utString& file, const vlnTranslatorInfo* translator) {
   if (!translator) return {};
   vlnTranslatorLoadStatus status(vlnLOAD_OK);
   translator->load_now(status);

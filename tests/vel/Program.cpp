@@ -7,7 +7,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -77,6 +79,14 @@ bool Running::wait_for_error(const std::string& text) {
     if (!read_some()) return false;
   }
   return true;
+}
+
+bool Running::wait_for_file(const std::string& file, const std::string& text) {
+  for (int attempt = 0; attempt < 6000; ++attempt) {
+    if (fs::exists(file) && TemporaryDirectory::read(file).find(text) != std::string::npos) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return false;
 }
 
 void Running::signal(int number) const {

@@ -22,6 +22,8 @@ class Running {
 
   // Waits until the standard error holds `text`; false when the program ends before that.
   bool wait_for_error(const std::string& text);
+  // Waits until a file holds `text`; false when it does not after a long while.
+  static bool wait_for_file(const std::string& file, const std::string& text);
   void signal(int number) const;
   Outcome finish();
 

@@ -54,7 +54,12 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"off.off", "-o", "old.obj"}, 3, {"off.off", "OFF", "OBJ, STL"}},
       {{"good.stl", "-o", "out.xyz"}, 3, {"out.xyz", "OBJ, STL", "--to"}},
       {{"good.stl", "-o", "out"}, 3, {"no extension", "OBJ, STL", "--to"}},
-      {{"good.stl", "-o", "directory"}, 3, {"directory: ", "name a file in it"}},
+      {{"cut.stl", "-o", "directory"}, 1, {"directory: ", "name a file in it"}},
+      {{"cut.stl", "-o", "directory/"}, 1, {"directory/: ", "name a file in it"}},
+      {{"cut.stl", "-o", "none/out.xyz"}, 1, {"none/", "does not exist"}},
+      {{"garbage.stl", "-o", "old.obj", "--from", "stl"}, 4, {"garbage.stl", "Nothing was written"}},
+      {{"good.stl", "-o", "old.obj", "--from", "XYZ"}, 3, {"XYZ: no translator reads", "OBJ, STL", "--from"}},
+      {{"good.stl", "-o", "old.obj", "--from", "STEP"}, 3, {"STEP", "libocct-data-exchange-dev"}},
       {{"good.stl", "-o", "old.obj", "--to", "XYZ"}, 3, {"XYZ", "OBJ, STL"}},
       {{"good.stl", "-o", "old.obj", "--in", "NO_SUCH=1"}, 2, {"--in NO_SUCH", "weld-points"}},
       {{"good.stl", "-o", "old.obj", "--out", "WELD_POINTS=1"}, 2, {"WELD_POINTS", "OBJ"}},
@@ -119,6 +124,17 @@ TEST(Translate, WritesAndTellsWhat) {
   EXPECT_TRUE(work.read(work / "own.stl").starts_with("solid"));
   EXPECT_LT(own.err.find("STL.rsc, line 2"), own.err.find("STL.rsc, line 3")) << own.err;
 
+  // A value that makes no sense is such a fault, for each command that reads the file.
+  installation.home().write("velbase/resources/STL.rsc", "SCALE = 0\n");
+  for (const Outcome& outcome :
+       {installation.run({"translate", "a.stl", "-o", "sense.obj"}), installation.run({"info", "a.stl"})}) {
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_NE(outcome.err.find("STL.rsc, line 1: \"0\" is no value of SCALE: it must be a number greater than 0. "
+                               "This line was passed over."),
+              std::string::npos)
+        << outcome.err;
+  }
+
   // They reach the inputs of their own format only, whatever stands first.
   installation.home().write("velbase/resources/STL.rsc", "SCALE = 10\n");
   for (const bool stl_first : {true, false}) {
@@ -126,6 +142,19 @@ TEST(Translate, WritesAndTellsWhat) {
     const std::string both = work.read(work / "both.obj");
     EXPECT_NE(both.find("v 10 0 0\n"), std::string::npos) << both;
     EXPECT_NE(both.find("v 1 0 0\n"), std::string::npos) << both;
+  }
+}
+
+TEST(Translate, ReadsAsToldWhereTheContentSaysNothing) {
+  const Installation installation;
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "remark by somebody\n";
+  installation.work().write("a", text + tetrahedron_obj);
+  EXPECT_EQ(installation.run({"translate", "a", "-o", "b.stl"}).code, 3);
+  for (const char* format : {"OBJ", "obj", ".obj"}) {
+    const Outcome outcome = installation.run({"translate", "a", "-o", "b", "--from", format, "--to", ".stl"});
+    EXPECT_EQ(outcome.out, "b: 1 part, 4 faces, 4 vertices (STL, from a)\n") << outcome.err;
+    EXPECT_EQ(installation.run({"info", "a", "--from", format}).code, 0);
   }
 }
 
@@ -189,16 +218,19 @@ TEST(Translate, ProgressGrowsOnATerminalAndEndsItsLine) {
   installation.add_fixture("slow_input.dll");
   installation.work().write("slow.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
   for (const bool quiet : {false, true}) {
-    std::vector<std::string> words{"translate", "slow.off", "-o", "out.stl", "--log", "log"};
-    if (quiet) words.push_back("--quiet");
+    const std::string log = quiet ? "quiet.log" : "log";
+    std::vector<std::string> words{"translate", "slow.off", "-o", "out.stl", "--log", log};
+    if (quiet) words.push_back("-q");
     Running running = installation.start(words, "", true);
     // Half of the reading, which is half of the work; then a dot for each second without news.
-    ASSERT_TRUE(running.wait_for_error(quiet ? "half-way" : "half-way\r\n%30%."));
+    ASSERT_TRUE(quiet ? Running::wait_for_file(installation.work() / log, "half-way")
+                      : running.wait_for_error("half-way\r\n%30%."));
     running.signal(SIGINT);
     const Outcome outcome = running.finish();
+    const std::string cancelled = "vel: error: out.stl: cancelled; nothing was written.\r\n";
+    EXPECT_TRUE(quiet ? outcome.err == cancelled : outcome.err.ends_with("\r\n" + cancelled)) << outcome.err;
     EXPECT_EQ(outcome.err.find('%') == std::string::npos, quiet) << outcome.err;
-    EXPECT_TRUE(outcome.err.ends_with("\r\nvel: error: out.stl: cancelled; nothing was written.\r\n")) << outcome.err;
     EXPECT_EQ(outcome.err.find('\033'), std::string::npos);
+    EXPECT_EQ(TemporaryDirectory::read(installation.work() / log).find_first_of("%"), std::string::npos);
   }
-  EXPECT_EQ(TemporaryDirectory::read(installation.work() / "log").find_first_of("%"), std::string::npos);
 }

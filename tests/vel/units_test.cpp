@@ -23,6 +23,11 @@ TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
   EXPECT_EQ(converted.err, "");
   EXPECT_EQ(json::parse(converted.out)["unit"], "millimetre");
   EXPECT_EQ(box_of(converted), json({25.4, 25.4, 50.8}));
+  // Short names of units will do everywhere.
+  installation.home().write("velbase/resources/STL.rsc", "LENGTH_UNIT = in\n");
+  EXPECT_EQ(installation.run({"info", "a.stl", "--json", "--unit", "mm"}).out, converted.out);
+  EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "feet.stl", "--out", "length-unit=FT"}).code, 0);
+  EXPECT_EQ(box_of(installation.run({"info", "feet.stl", "--json"})), json({1.0F / 12, 1.0F / 12, 2.0F / 12}));
   const Outcome table = installation.run({"info", "a.stl", "--unit", "millimetre"});
   EXPECT_NE(table.out.find("millimetre (from inch)\n"), std::string::npos) << table.out;
   EXPECT_NE(table.out.find("25.4 25.4 50.8\n"), std::string::npos) << table.out;
@@ -35,6 +40,9 @@ TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
       << unitless.err;
   EXPECT_EQ(json::parse(unitless.out)["unit"], "inch");
   EXPECT_EQ(box_of(unitless), json({1 / 25.4, 1 / 25.4, 2 / 25.4}));
+  const Outcome quiet = installation.run({"-q", "info", "a.stl", "--json", "--unit", "inch"});
+  EXPECT_EQ(quiet.out, unitless.out);
+  EXPECT_EQ(quiet.err, "");
 }
 
 TEST(Units, WithoutTheirServiceEverythingElseWorks) {

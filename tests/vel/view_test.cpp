@@ -77,8 +77,32 @@ TEST(View, WritesWhatIsAskedForAndNothingElse) {
     EXPECT_EQ(told["page"], "q.html");
     EXPECT_EQ(told["counts"]["triangles"], 4);
     EXPECT_TRUE(fs::exists(installation.work() / "q.png") && fs::exists(installation.work() / "q.html"));
+    EXPECT_EQ(installation.view({"a.stl", "--png", "q.png", "40x30", "-q"}).out, "");
   }
   EXPECT_EQ(installation.temporary_count(), 0u);
+}
+
+TEST(View, ItsFormatsAreFormatsLikeOthers) {
+  const Showing installation;
+  EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "page", "--to", "html"}).out.find("page: "), 0u);
+  EXPECT_EQ(installation.run({"options", "html"}).out, installation.run({"options", "Viewer"}).out);
+  EXPECT_NE(installation.run({"options", "nonsense"}).err.find(", Viewer."), std::string::npos);
+  if (!fs::exists(installation.library("pngwriter.dll"))) return;
+
+  // The options that are checked before anything is read are those that the writer takes.
+  const auto options = nlohmann::json::parse(installation.run({"options", "png", "--json"}).out)["options"];
+  std::vector<std::pair<std::string, int>> values{{"view=above", 2},          {"background=red", 2},
+                                                  {"background=#1234567", 2}, {"background=#12345G", 2},
+                                                  {"background=#aB1290", 0},  {"background=Transparent", 0}};
+  for (const auto& option : options) {
+    if (option["name"] != "view") continue;
+    for (const std::string view : option["allowed"]) values.emplace_back("view=" + view, 0);
+  }
+  EXPECT_EQ(values.size(), 13u);
+  for (const auto& [value, code] : values) {
+    const Outcome outcome = installation.run({"translate", "a.stl", "-o", "p.png", "--out", value, "--out", "width=9"});
+    EXPECT_EQ(outcome.code, code) << value << outcome.err;
+  }
 }
 
 TEST(View, FailuresLeaveNothing) {
@@ -88,6 +112,7 @@ TEST(View, FailuresLeaveNothing) {
                                                             {{"cut.stl"}, 4},
                                                             {{"cut.stl", "-o", "p.html"}, 4},
                                                             {{"a.stl", "-o", "none/p.html"}, 1},
+                                                            {{"a.stl", "--png", "p.png", "5x5", "-o", "none/p"}, 1},
                                                             {{"a.stl", "-o", "a.stl"}, 1},
                                                             {{"a.stl", "-o", ""}, 2},
                                                             {{"a.stl", "--png", "p.png"}, 2},

@@ -7,6 +7,7 @@
 #include "apExport.h"
 #include "coResource.h"
 #include "utString.h"
+#include "velResourceFile.h"
 
 // The resource values of one use: those that were set here, behind them those of the parent, behind them the defaults
 // of the process's table. Copies are independent but share their parent, which must outlive them.
@@ -17,6 +18,9 @@ class VELPLATFORM_API velTableInstance {
   // Starts afresh with the values of a resource file. A missing file leaves the defaults; a line that is broken, has an
   // unknown key or a value that its type does not know costs that line and is told by `problems()`.
   void initialise(const utString& path);
+
+  // The same with a file that was read already; `path` is for the problems.
+  void initialise(const utString& path, const velResourceFile& file);
 
   // Nonzero when the value was taken; 0 when the key is not known or the value is none of its type. A number follows
   // the locale that is in force for this thread.

@@ -3,19 +3,20 @@
 #include <string>
 #include <utility>
 
-#include "velResourceFile.h"
 #include "velResourceTable.h"
 #include "vluFileHelpers.h"
 
 void velTableInstance::initialise(const utString& path) {
+  apStatus status;
+  const bool exists = vlu_check_file_exists(path) != vluFILE_NOT_FOUND;
+  initialise(path, exists ? velResourceFile::read(path, status) : velResourceFile());
+  if (!status.ok()) problems_.push_back(path + ": " + status.failure());
+}
+
+void velTableInstance::initialise(const utString& path, const velResourceFile& file) {
   values_.clear();
   keys_.clear();
   problems_.clear();
-  if (vlu_check_file_exists(path) == vluFILE_NOT_FOUND) return;
-
-  apStatus status;
-  const velResourceFile file = velResourceFile::read(path, status);
-  if (!status.ok()) problems_.push_back(path + ": " + status.failure());
   auto report = [&](int line, const utString& reason) {
     problems_.push_back(path + ", line " + std::to_string(line) + ": " + reason);
   };
