@@ -153,6 +153,43 @@ TEST_F(Exact, SurfacesStayExactThroughAllFormats) {
   EXPECT_TRUE(coloured);
 }
 
+// The bolt of the example has a cone of 45 degrees.
+TEST_F(Exact, StepStatesTheUnitsThatAreAskedFor) {
+  const Reading source = reader("step").read(example);
+  const auto half_angle = [&] {
+    const std::string text = bytes_of(path("through.step")), cone = text.substr(text.find("CONICAL_SURFACE"));
+    return std::stod(cone.substr(cone.substr(0, cone.find(';')).rfind(',') + 1));
+  };
+  const std::pair<const char*, double> angles[] = {
+      {"radian", 0.785398163397}, {"degree", 45}, {"gradian", 50}, {"turn", 0.125}};
+  for (const auto& [unit, angle] : angles) {
+    const Reading again = through(source.document, "step", {{"ANGULAR_UNIT", unit}, {"LENGTH_UNIT", "yard"}});
+    EXPECT_EQ(again.document.unit, velLENGTH_YARD);
+    expect_box(again.statistics(), source.statistics(), 1 / 914.4);
+    EXPECT_NEAR(half_angle(), angle, 1e-9 * angle) << unit;
+    const std::string text = bytes_of(path("through.step"));
+    EXPECT_EQ(text.find("PCURVE") != std::string::npos, std::string(unit) == "radian");
+    EXPECT_EQ(text.find("FOOT"), std::string::npos);
+    EXPECT_EQ(through(again.document, "step").statistics().solids, 3U);
+    EXPECT_NEAR(half_angle(), 0.785398163397, 1e-9) << unit;
+  }
+}
+
+TEST_F(Exact, AFileWithoutShapesIsSaidToBeOne) {
+  const std::string start =
+      "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\n"
+      "FILE_NAME('','',(''),(''),'','','');\n";
+  const std::string end = "ENDSEC;\nDATA;\n#1=CARTESIAN_POINT('',(0.,0.,0.));\nENDSEC;\nEND-ISO-10303-21;\n";
+  const std::pair<const char*, const char*> headers[] = {
+      {"FILE_SCHEMA(('PLANT_SCHEMA { 1 0 }'));\n", "no solid, shell or face; its schema is \"PLANT_SCHEMA\""},
+      {"", "no solid, shell or face; it names no schema"}};
+  for (const auto& [schema, reason] : headers) {
+    const Reading reading = reader("step").read(directory_.write("empty.step", start + schema + end));
+    EXPECT_EQ(reading.result, velabsFAILED);
+    EXPECT_NE(reading.messages.errors.find(reason), std::string::npos) << reading.messages.errors;
+  }
+}
+
 TEST_F(Exact, TheSameInputGivesTheSameBytes) {
   const Reading source = reader("step").read(example);
   for (const char* format : {"step", "iges", "brep"}) {

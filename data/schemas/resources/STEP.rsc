@@ -4,6 +4,10 @@
 # Numbers are converted from the model's unit; "unspecified" keeps the model's, millimetres without one.
 LENGTH_UNIT = unspecified
 
+# Unit of the plane angles in the file (writing; reading takes it from the file): degree, radian, gradian, arc minute,
+# arc second or turn. All but radian leave curves in the parameters of surfaces out, as TRIM = model space does.
+ANGULAR_UNIT = radian
+
 # Factor for all coordinates, greater than 0 (reading and writing).
 SCALE = 1
 

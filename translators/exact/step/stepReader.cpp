@@ -14,6 +14,7 @@
 #include "exaStreams.h"
 #include "exaUnits.h"
 #include "exaXcafReader.h"
+#include "stepContent.h"
 #include "stepFormat.h"
 #include "stepReferences.h"
 #include "stepUnits.h"
@@ -105,8 +106,9 @@ class Reading {
     XCAFDoc_DocumentTool::SetLengthUnit(target_, unit, UnitsMethods_LengthUnit_Millimeter);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const bool done = reader_->Transfer(target_, progress->Start());
+    if (!done) fail(step_why_empty(reader_->Reader().StepModel()));
     reader_.reset();
-    return done || fail("its shapes cannot be made");
+    return done;
   }
 
   const utString& file_;

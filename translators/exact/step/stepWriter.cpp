@@ -16,7 +16,9 @@
 #include "exaXcafWriter.h"
 #include "stepFormat.h"
 #include "stepHeader.h"
+#include "stepStatedUnits.h"
 #include "utBool.h"
+#include "velAngularUnit.h"
 #include "velStepAPOption.h"
 #include "velTrimOption.h"
 #include "vltScale.h"
@@ -47,13 +49,19 @@ const char* schema_of(velStepAPOption protocol) {
   return protocol == velSTEP_AP242 ? "AP242DIS" : "AP214IS";
 }
 
+velAngularUnit angle_of(const velTableInstance& resources) {
+  return resources.value<velAngularUnit>("ANGULAR_UNIT", velANGLE_RADIAN);
+}
+
 // What the kernel keeps for the whole process, so each writing sets all of it.
 void set_parameters(const velTableInstance& resources, velLengthUnit unit) {
   const auto protocol = resources.value<velStepAPOption>("STEP_AP", velSTEP_AP214);
   const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
   Interface_Static::SetCVal("write.step.schema", schema_of(protocol));
   Interface_Static::SetCVal("write.step.unit", name_of(unit));
-  Interface_Static::SetIVal("write.surfacecurve.mode", trim == velTRIM_MODEL_SPACE ? 0 : 1);
+  // The parameters of round surfaces are angles, which the kernel writes in radians.
+  const bool parameters = trim != velTRIM_MODEL_SPACE && angle_of(resources) == velANGLE_RADIAN;
+  Interface_Static::SetIVal("write.surfacecurve.mode", parameters ? 1 : 0);
   Interface_Static::SetCVal("write.step.product.name", "part");
 }
 
@@ -69,8 +77,10 @@ class Writing {
  private:
   bool put(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, velabsOfStream& stream) {
     const bool with_colours = resources_.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
+    // The kernel writes no yards; these numbers go through it as feet.
+    const velLengthUnit made = unit_ == velLENGTH_YARD ? velLENGTH_FOOT : unit_;
     const Handle(TDocStd_Document) source =
-        exa_xcaf_document(products, top, exa_millimetres(unit_), with_colours, {name_, "part"});
+        exa_xcaf_document(products, top, exa_millimetres(made), with_colours, {name_, "part"});
     STEPCAFControl_Writer writer;
     set_parameters(resources_, unit_);
     // The schema counts when a model is made.
@@ -90,6 +100,8 @@ class Writing {
       return false;
     }
     const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
+    if (unit_ == velLENGTH_YARD) step_state_yards(model);
+    step_state_angles(model, angle_of(resources_));
     step_make_repeatable(model, exa_stem(stream.target()));
     StepData_StepWriter text(model);
     text.SendModel(Handle(StepData_Protocol)::DownCast(model->Protocol()));
@@ -111,13 +123,10 @@ stepWriter::stepWriter(velabsOfStream* stream)
     : vltDescribed(step_format, "Writes assemblies of exact shapes to STEP files."), stream_(*stream) {}
 
 velabsResult stepWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  const velLengthUnit wanted = exa_written_unit(resources, document);
-  const std::optional<double> factor = vlt_output_scale_to(wanted, resources, document, output);
+  const velLengthUnit unit = exa_written_unit(resources, document);
+  const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
   if (!factor) return velabsFAILED;
-  // The kernel writes no yards.
-  const velLengthUnit unit = wanted == velLENGTH_YARD ? velLENGTH_FOOT : wanted;
-  if (unit != wanted) output.message(velabsNOTE, "STEP is written in feet where yards are asked for");
-  exaProducts products(document, resources, *factor * vel_length_ratio(wanted, unit), output);
+  exaProducts products(document, resources, *factor, output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   exa_tell_losses(document, "STEP", output);
   const utString name = document.root.name.empty() ? exa_stem(stream_.target()) : document.root.name;
