@@ -49,7 +49,7 @@ void add_options_for(CLI::App& app, const char* side, std::vector<std::string>& 
 }
 
 void add_from(CLI::App& app, std::string& format) {
-  app.add_option("--from", format, "The format to read, its name or an extension; without it the content tells")
+  app.add_option("--from", format, "The format to read, by name or extension; else the content tells")
       ->type_name("FORMAT");
 }
 
@@ -63,8 +63,7 @@ void add_translate(CLI::App& program, Parsed& parsed) {
   app->add_option("IN", words->request.inputs, "The files to read")->required()->type_name("");
   app->add_option("-o,--output", words->request.output, "The file to write")->required()->type_name("OUT");
   add_from(*app, words->request.from);
-  app->add_option("--to", words->request.format,
-                  "The format to write, named likewise; without it the extension of OUT tells")
+  app->add_option("--to", words->request.format, "The format to write, named likewise; else the extension of OUT tells")
       ->type_name("FORMAT");
   add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
   add_options_for(*app, "--out", words->out, "An option for writing");
@@ -94,7 +93,8 @@ void add_view(CLI::App& program, Parsed& parsed) {
   page->type_name("PAGE");
   app->add_option("--png", words->png, "Write a picture; no page then but with -o")
       ->type_name("FILE WIDTHxHEIGHT")
-      ->expected(2);
+      ->type_size(2)
+      ->expected(1);
   add_from(*app, words->request.from);
   add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
   app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
