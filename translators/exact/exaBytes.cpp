@@ -7,6 +7,7 @@
 #include <istream>
 #include <sstream>
 
+#include "exaNesting.h"
 #include "exaSession.h"
 #include "exaShape.h"
 #include "exaStreams.h"
@@ -59,6 +60,10 @@ std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& stat
   });
   if (!failure.empty() || shape.IsNull()) {
     status.set_failure("the bytes of the shape are not whole" + (failure.empty() ? "" : ": " + failure));
+    return nullptr;
+  }
+  if (const std::string fault = exa_nesting(shape).fault(); !fault.empty()) {
+    status.set_failure("it " + fault);
     return nullptr;
   }
   const exaShape plain(shape);

@@ -30,6 +30,7 @@ velabsResult brepReader::read(const utString& file, const velTableInstance& reso
   session.tell_complaints();
   brepTree tree(exa_read_options(resources), output);
   const bool read = session.guarded("it cannot be read", [&] { return tree.read(*shape, document.root); });
+  if (output.cancelled()) return velabsCANCELLED;
   if (!read) return velabsFAILED;
   for (const auto& node : document.root.children) node->transform = annTransform::scaling(*factor) * node->transform;
   return velabsDONE;

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr std::size_t most_nodes = 2'000'000;
-
 bool has_faces(const TopoDS_Shape& shape) {
   return TopExp_Explorer(shape, TopAbs_FACE).More();
 }
@@ -35,16 +33,12 @@ bool is_assembly(const TopoDS_Shape& shape) {
 
 bool brepTree::read(const exaShape& shape, annNode& root) {
   std::vector<Open> open{{shape.shape(), &root}};
-  std::size_t nodes = 0;
-  while (!open.empty()) {
+  while (!open.empty() && !output_.cancelled()) {
     const Open current = open.back();
     open.pop_back();
-    if (++nodes > most_nodes) {
-      output_.message(velabsERROR, utString("its compounds hold more than " + std::to_string(most_nodes) + " parts"));
-      return false;
-    }
     add(current, open);
   }
+  if (output_.cancelled()) return false;
   if (left_out_ > 0) output_.message(velabsNOTE, "curves and points without a surface are left out");
   if (!bodies_.IsEmpty()) return true;
   output_.message(velabsERROR, options_.types == velTYPE_ALL

@@ -14,7 +14,7 @@ class brepTree {
  public:
   brepTree(const exaReadOptions& options, velabsOutput& output) : options_(options), output_(output) {}
 
-  // False, and a message, when the shape has no faces or its compounds stand in each other too often.
+  // False when the work is cancelled, and, with a message, when the shape has no faces.
   bool read(const exaShape& shape, annNode& root);
 
  private:

@@ -14,6 +14,7 @@
 #include "exaStreams.h"
 #include "exaUnits.h"
 #include "exaXcafReader.h"
+#include "stepAssemblies.h"
 #include "stepContent.h"
 #include "stepFormat.h"
 #include "stepReferences.h"
@@ -90,6 +91,8 @@ class Reading {
     if (output_.cancelled()) return false;
     if (status != IFSelect_RetDone) return fail("it is no whole STEP file");
     if (!has_end(bytes)) return fail("it is cut off: \"END-ISO-10303-21;\" is missing at its end");
+    const std::string fault = step_nesting(reader_->Reader().StepModel()).fault();
+    if (!fault.empty()) return fail("it " + fault);
     return step_settle_references(reader_->ChangeReader(), file_, output_);
   }
 

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <StepData_StepModel.hxx>
+
+#include "exaNesting.h"
+
+// Which products and representations of a parsed file stand in which others.
+exaNesting step_nesting(const Handle(StepData_StepModel) & model);
