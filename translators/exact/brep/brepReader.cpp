@@ -23,7 +23,7 @@ velabsResult brepReader::read(const utString& file, const velTableInstance& reso
   apStatus status;
   const std::shared_ptr<const exaShape> shape = exa_parse(mapped->bytes(), status);
   if (!shape) {
-    output.message(velabsERROR, utString("it is no whole BREP file" + session.reason()));
+    output.message(velabsERROR, utString("it is no whole BREP file: ") + status.failure() + session.reason());
     return velabsFAILED;
   }
   if (output.cancelled()) return velabsCANCELLED;
