@@ -320,6 +320,42 @@ TEST_F(ExactCorpus, OnePartInSeveralFormatsIsTheSame) {
   }
 }
 
+TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
+  namespace fs = std::filesystem;
+  const fs::path here = directory_.path() / "assembly", source = std::getenv("VEL_CORPUS");
+  fs::copy(source / "step/s1-c5-214", here);
+  const std::string main = TemporaryDirectory::read((here / "s1-c5-214.stp").string());
+  const auto referring_to = [&](const std::string& name) {
+    const std::string text = std::regex_replace(main, std::regex("'HEAD\\.stp'"), "'" + name + "'");
+    return translator("stepreader").read(directory_.write("assembly/other.stp", text));
+  };
+  EXPECT_EQ(referring_to("HEAD.stp").statistics().parts, 11U);
+
+  fs::create_directory(here / "below");
+  fs::rename(here / "HEAD.stp", here / "below/HEAD.stp");
+  const Reading missing = referring_to("HEAD.stp");
+  EXPECT_EQ(missing.statistics().parts, 9U) << missing.messages.errors;
+  EXPECT_NE(missing.messages.warnings.find("\"HEAD.stp\" that it refers to is missing"), std::string::npos);
+  // Its own references are looked for beside it.
+  const Reading half = referring_to("below/HEAD.stp");
+  EXPECT_EQ(half.statistics().parts, 9U);
+  EXPECT_NE(half.messages.warnings.find("HEAD_BACK.stp"), std::string::npos) << half.messages.warnings;
+  for (const char* name : {"HEAD_BACK.stp", "HEAD_FRONT.stp"}) fs::copy(here / name, here / "below" / name);
+  EXPECT_EQ(referring_to("below/HEAD.stp").statistics().parts, 11U);
+
+  directory_.write("assembly/HEAD.stp", "no model\n");
+  EXPECT_NE(referring_to("HEAD.stp").messages.warnings.find("no whole STEP file"), std::string::npos);
+
+  fs::rename(here / "below", directory_.path() / "beside");
+  fs::create_symlink(directory_.path() / "beside/HEAD.stp", here / "LINK.stp");
+  for (const std::string& outside :
+       {std::string("../beside/HEAD.stp"), directory_ / "beside/HEAD.stp", std::string("LINK.stp")}) {
+    const Reading reading = referring_to(outside);
+    EXPECT_EQ(reading.result, velabsFAILED) << outside;
+    EXPECT_NE(reading.messages.errors.find("lies outside its directory"), std::string::npos) << outside;
+  }
+}
+
 TEST_F(ExactCorpus, EveryReaderGivesAReasonForBrokenFiles) {
   std::vector<CorpusFile> broken = corpus_files();
   std::erase_if(broken, [](const CorpusFile& file) { return file.folder != "malformed"; });

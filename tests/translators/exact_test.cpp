@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <map>
 #include <set>
 #include <sstream>
@@ -187,6 +189,49 @@ TEST_F(Exact, AFileWithoutShapesIsSaidToBeOne) {
     const Reading reading = reader("step").read(directory_.write("empty.step", start + schema + end));
     EXPECT_EQ(reading.result, velabsFAILED);
     EXPECT_NE(reading.messages.errors.find(reason), std::string::npos) << reading.messages.errors;
+  }
+}
+
+// A plane at right angles to the edges that bound a face on it.
+TEST_F(Exact, AFaceThatCannotBeMeshedIsLeftOutOnlyWhenAskedFor) {
+  Messages messages;
+  ASSERT_EQ(writer("brep").write(document_of(cube(10)), path("cube.brep"), messages, {{"FILE_FORMAT", "ascii"}}),
+            velabsDONE);
+  std::string text = bytes_of(path("cube.brep"));
+  const std::string plane = "1 0 0 0 0 0 -1 -1 0 -0 0 1 0 ", turned = "1 0 0 0 1 0 0 0 1 0 0 0 1 ";
+  const std::size_t at = text.find(plane);
+  ASSERT_NE(at, std::string::npos);
+  text.replace(at, plane.size(), turned);
+  const std::string file = directory_.write("gap.brep", text);
+
+  for (const char* format : {"glb", "stl", "viewer"}) {
+    Messages refused, allowed;
+    const std::string target = path(std::string("gap.") + format);
+    EXPECT_EQ(writer(format).write(reader("brep").read(file).document, target, refused), velabsFAILED) << format;
+    EXPECT_NE(refused.errors.find("1 of its 6 faces cannot be meshed; to leave them out"), std::string::npos)
+        << refused.errors;
+    EXPECT_NE(refused.errors.find("allow-gaps=1"), std::string::npos) << refused.errors;
+    EXPECT_FALSE(std::filesystem::exists(target));
+    const Reading going_on = reader("brep").read(file, {{"ALLOW_GAPS", "1"}});
+    EXPECT_EQ(writer(format).write(going_on.document, target, allowed), velabsDONE) << format << allowed.errors;
+    EXPECT_NE(allowed.warnings.find("1 of its 6 faces"), std::string::npos) << allowed.warnings;
+  }
+  EXPECT_EQ(reader("stl").read(path("gap.stl")).statistics().triangles, 10U);
+}
+
+// What the kernel prints is dropped, on the threads where a program tells of the work.
+TEST_F(Exact, WhatIsSaidWhileTheKernelWorksIsHeard) {
+  class Printing : public Messages {
+   public:
+    void progress(int) override { std::cerr << "going on\n"; }
+  };
+  const Reading source = reader("step").read(example);
+  for (const char* format : {"step", "iges"}) {
+    Printing messages;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(writer(format).write(source.document, path(std::string("heard.") + format), messages), velabsDONE);
+    const std::string printed = testing::internal::GetCapturedStderr();
+    EXPECT_NE(printed.find("going on"), std::string::npos) << format;
   }
 }
 

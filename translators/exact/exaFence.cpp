@@ -7,6 +7,7 @@
 #include <iostream>
 #include <mutex>
 #include <streambuf>
+#include <utility>
 
 namespace {
 
@@ -87,6 +88,12 @@ class Landing {
 };
 
 }  // namespace
+
+exaAloud::exaAloud() : silent_(std::exchange(silent, 0)) {}
+
+exaAloud::~exaAloud() {
+  silent = silent_;
+}
 
 bool exa_fenced(const std::function<void()>& work) {
   if (broken) return false;

@@ -7,3 +7,15 @@
 // with its memory, and the kernel is used no more in this process. Other faults take their course. What the work throws
 // passes through. Meanwhile whatever it prints to the standard streams on this thread is dropped.
 bool exa_fenced(const std::function<void()>& work);
+
+// As long as it lives, what this thread prints is printed, also within a fence.
+class exaAloud {
+ public:
+  exaAloud();
+  ~exaAloud();
+  exaAloud(const exaAloud&) = delete;
+  exaAloud& operator=(const exaAloud&) = delete;
+
+ private:
+  int silent_;
+};

@@ -4,6 +4,7 @@
 
 #include "brepFormat.h"
 #include "brepTree.h"
+#include "exaOutput.h"
 #include "exaSession.h"
 #include "exaShape.h"
 #include "vltInput.h"
@@ -14,7 +15,8 @@ VELABS_INPUT_LIBRARY(brepReader)
 brepReader::brepReader() : vltDescribed(brep_format, "Reads exact shapes from BREP files, text and binary.") {}
 
 velabsResult brepReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
-                              velabsOutput& output) {
+                              velabsOutput& listener) {
+  exaOutput output(listener);
   const std::optional<double> factor = vlt_input_scale(resources, document, output);
   if (!factor) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);

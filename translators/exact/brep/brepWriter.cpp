@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "brepFormat.h"
+#include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
 #include "exaStreams.h"
@@ -54,7 +55,8 @@ TopoDS_Shape whole(const std::vector<exaProduct>& products, const std::vector<ex
 brepWriter::brepWriter(velabsOfStream* stream)
     : vltDescribed(brep_format, "Writes exact shapes to BREP files, text or binary."), stream_(*stream) {}
 
-velabsResult brepWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
+velabsResult brepWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& listener) {
+  exaOutput output(listener);
   velLengthUnit unit = velLENGTH_UNSPECIFIED;
   const std::optional<double> factor = vlt_output_scale(resources, document, output, unit);
   if (!factor) return velabsFAILED;

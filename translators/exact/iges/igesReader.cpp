@@ -8,6 +8,7 @@
 #include <XCAFDoc_DocumentTool.hxx>
 #include <memory>
 
+#include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
 #include "exaUnits.h"
@@ -118,7 +119,8 @@ class Reading {
 igesReader::igesReader() : vltDescribed(iges_format, "Reads solids and surfaces from IGES files.") {}
 
 velabsResult igesReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
-                              velabsOutput& output) {
+                              velabsOutput& listener) {
+  exaOutput output(listener);
   const std::optional<double> factor = vlt_scale(resources, output);
   if (!factor) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);

@@ -13,6 +13,7 @@
 #include <ostream>
 #include <vector>
 
+#include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
 #include "exaStreams.h"
@@ -140,7 +141,8 @@ bool put(const Handle(TDocStd_Document) & source, const velTableInstance& resour
 igesWriter::igesWriter(velabsOfStream* stream)
     : vltDescribed(iges_format, "Writes solids and surfaces to IGES files."), stream_(*stream) {}
 
-velabsResult igesWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
+velabsResult igesWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& listener) {
+  exaOutput output(listener);
   const velLengthUnit wanted = exa_written_unit(resources, document);
   const std::optional<double> factor = vlt_output_scale_to(wanted, resources, document, output);
   if (!factor) return velabsFAILED;

@@ -9,6 +9,7 @@
 #include <istream>
 #include <memory>
 
+#include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
 #include "exaStreams.h"
@@ -128,7 +129,8 @@ class Reading {
 stepReader::stepReader() : vltDescribed(step_format, "Reads assemblies of exact shapes from STEP files.") {}
 
 velabsResult stepReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
-                              velabsOutput& output) {
+                              velabsOutput& listener) {
+  exaOutput output(listener);
   const std::optional<double> factor = vlt_scale(resources, output);
   if (!factor) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);

@@ -35,24 +35,34 @@ bool lies_in(const fs::path& directory, const fs::path& file) {
 }  // namespace
 
 bool step_settle_references(STEPControl_Reader& reader, const utString& file, velabsOutput& output) {
-  std::vector<std::string> pending = references_of(reader);
-  if (pending.empty()) return true;
+  struct Reference {
+    std::string name;
+    fs::path from;  // the directory of the file that names it
+  };
   std::error_code error;
   const fs::path directory = fs::canonical(file.str(), error).parent_path();
-  std::set<std::string> seen;
+  std::vector<Reference> pending;
+  auto add = [&](STEPControl_Reader& of, const fs::path& from) {
+    std::vector<std::string> names = references_of(of);
+    for (auto name = names.rbegin(); name != names.rend(); ++name) pending.push_back({std::move(*name), from});
+  };
+  add(reader, directory);
+  std::set<fs::path> seen;
   while (!pending.empty()) {
-    const std::string name = pending.back();
+    const Reference reference = std::move(pending.back());
     pending.pop_back();
-    if (!seen.insert(name).second) continue;
-    const std::string shown = vlt_quoted(name);
-    const fs::path real = fs::weakly_canonical(directory / name, error);
-    if (error || fs::path(name).is_absolute() || !lies_in(directory, real)) {
+    const std::string shown = vlt_quoted(reference.name);
+    const fs::path real = fs::weakly_canonical(reference.from / reference.name, error);
+    if (error || fs::path(reference.name).is_absolute() || !lies_in(directory, real)) {
       output.message(velabsERROR, utString("it refers to the file " + shown +
                                            ", which lies outside its directory; put both into one directory"));
       return false;
     }
+    if (!seen.insert(real).second) continue;
     if (!fs::is_regular_file(real, error)) {
-      output.message(velabsWARNING, utString("the file " + shown + " that it refers to is missing: its part is empty"));
+      output.message(velabsWARNING, utString("the file " + shown +
+                                             " that it refers to is missing: what stands in it is left out; put it "
+                                             "where the name says"));
       continue;
     }
     if (output.cancelled()) return false;
@@ -62,10 +72,11 @@ bool step_settle_references(STEPControl_Reader& reader, const utString& file, ve
     }
     STEPControl_Reader other;
     if (other.ReadFile(real.c_str()) != IFSelect_RetDone) {
-      output.message(velabsWARNING, utString("the file " + shown + " that it refers to is no whole STEP file"));
+      output.message(velabsWARNING,
+                     utString("the file " + shown + " that it refers to is no whole STEP file: it is left out"));
       continue;
     }
-    for (std::string& below : references_of(other)) pending.push_back(std::move(below));
+    add(other, real.parent_path());
   }
   return true;
 }

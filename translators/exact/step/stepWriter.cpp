@@ -8,6 +8,7 @@
 #include <XSControl_WorkSession.hxx>
 #include <ostream>
 
+#include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
 #include "exaStreams.h"
@@ -122,7 +123,8 @@ class Writing {
 stepWriter::stepWriter(velabsOfStream* stream)
     : vltDescribed(step_format, "Writes assemblies of exact shapes to STEP files."), stream_(*stream) {}
 
-velabsResult stepWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
+velabsResult stepWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& listener) {
+  exaOutput output(listener);
   const velLengthUnit unit = exa_written_unit(resources, document);
   const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
   if (!factor) return velabsFAILED;
