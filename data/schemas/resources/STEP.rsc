@@ -18,9 +18,8 @@ READ_MATERIALS = 1
 # Curves and points are never taken.
 ENTITY_TYPES = all
 
-# Which curves bound a face where a file gives both (reading and writing).
-# Reading: "model space" makes those in the parameters of the surface anew from those in space.
-# Writing: "model space" leaves those in the parameters of the surface out, which makes smaller files.
+# Which curves bound a face where there are both (writing). "model space" leaves those in the parameters of the surface
+# out, which makes smaller files. Reading takes both and makes those that are missing.
 TRIM = as preferred
 
 # Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.

@@ -20,7 +20,6 @@
 #include "stepFormat.h"
 #include "stepReferences.h"
 #include "stepUnits.h"
-#include "velTrimOption.h"
 #include "vltInput.h"
 #include "vltScale.h"
 
@@ -29,13 +28,6 @@ VELABS_INPUT_LIBRARY(stepReader)
 namespace {
 
 constexpr int percent_parsed = 40, percent_made = 90;
-
-// What the kernel keeps for the whole process, so each reading sets all of it.
-void set_parameters(const velTableInstance& resources) {
-  const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
-  // 0 takes curves in the parameters of surfaces as they are, -3 makes them anew from those in space.
-  Interface_Static::SetIVal("read.surfacecurve.mode", trim == velTRIM_MODEL_SPACE ? -3 : 0);
-}
 
 // A file that was cut off often looks whole to the kernel: what is missing is just not there.
 bool has_end(std::string_view bytes) {
@@ -77,7 +69,8 @@ class Reading {
 
   bool parse(std::string_view bytes) {
     reader_ = std::make_unique<STEPCAFControl_Reader>();
-    set_parameters(resources_);
+    // The kernel keeps it for the whole process: curves in the parameters of surfaces are taken as they are.
+    Interface_Static::SetIVal("read.surfacecurve.mode", 0);
     reader_->SetNameMode(true);
     reader_->SetColorMode(resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE);
     reader_->SetLayerMode(false);
