@@ -1,9 +1,4 @@
-#include <gtest/gtest.h>
-#include <fstream>
-#include <iterator>
-
-#include "TemporaryDirectory.h"
-#include "Translator.h"
+#include "ExactFiles.h"
 
 // Small files whose assemblies would fill the memory, or end the process, if they were walked through.
 
@@ -12,32 +7,13 @@ namespace {
 constexpr int enough_to_fill_memory = 40;
 constexpr int too_deep = 3000;
 
-class ExactNesting : public testing::Test {
+class ExactNesting : public ExactFiles {
  protected:
-  // What a writer makes of one triangle, as the ground to build on.
-  std::string written(const std::string& format) const {
-    annDocument document;
-    auto mesh = std::make_shared<annMesh>();
-    mesh->vertices->points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
-    mesh->add_face(std::array<std::uint32_t, 3>{0, 1, 2});
-    document.root.add_child("part").body.mesh = mesh;
-    const std::string file = directory_ / ("ground." + format);
-    Messages messages;
-    EXPECT_EQ(Translator(format + "writer").write(document, file, messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE)
-        << messages.errors;
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
-
   void expect_refused(const std::string& format, const std::string& bytes, const std::string& why) const {
-    const std::string file = directory_ / ("nested." + format);
-    std::ofstream(file, std::ios::binary) << bytes;
-    const Reading reading = Translator(format + "reader").read(file);
+    const Reading reading = read(bytes, format);
     EXPECT_EQ(reading.result, velabsFAILED);
     EXPECT_NE(reading.messages.errors.find(why), std::string::npos) << reading.messages.errors;
   }
-
-  TemporaryDirectory directory_;
 };
 
 // Products that show the one before them so many times, the last one in the first one too if wanted.
@@ -73,12 +49,12 @@ std::string of_compounds(const std::string& ground, int count, int times) {
 }  // namespace
 
 TEST_F(ExactNesting, AssembliesThatFillTheMemoryOrEndNowhereAreRefused) {
-  const std::string step = written("step");
+  const std::string step = written(triangle("part"), "step");
   expect_refused("step", with_products(step, enough_to_fill_memory, 2, false), "more than 2000000 times");
   expect_refused("step", with_products(step, too_deep, 1, false), "more than 1000 deep");
   expect_refused("step", with_products(step, 3, 1, true), "stands in itself");
 
-  const std::string brep = written("brep");
+  const std::string brep = written(triangle("part"), "brep");
   expect_refused("brep", of_compounds(brep, enough_to_fill_memory, 2), "more than 2000000 times");
   expect_refused("brep", of_compounds(brep, too_deep, 1), "more than 1000 deep");
 }

@@ -1,27 +1,18 @@
 #include "threemfText.h"
 
 #include <charconv>
-#include <cstdint>
 
 #include "apNumberText.h"
+#include "vltUtf8.h"
 
 namespace {
 
 // The length of the UTF-8 character in front, 0 when there is none or XML cannot hold it.
 std::size_t character_length(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  if (byte(0) < 0x80) return byte(0) >= 0x20 || text[0] == '\t' || text[0] == '\n' || text[0] == '\r' ? 1 : 0;
-  const std::size_t length = byte(0) >= 0xF0 ? 4 : byte(0) >= 0xE0 ? 3 : 2;
-  if (byte(0) < 0xC2 || byte(0) > 0xF4 || text.size() < length) return 0;
-  std::uint32_t code = byte(0) & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) return 0;
-    code = code << 6 | (byte(i) & 0x3F);
-  }
-  constexpr std::uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-  if (code < smallest[length] || code > 0x10FFFF || surrogate || code == 0xFFFE || code == 0xFFFF) return 0;
-  return length;
+  const char c = text.front();
+  if (c >= 0 && c < 0x20) return c == '\t' || c == '\n' || c == '\r' ? 1 : 0;
+  const bool is_no_character = text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
+  return is_no_character ? 0 : vlt_utf8_size(text);
 }
 
 }  // namespace

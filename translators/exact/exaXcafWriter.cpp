@@ -10,7 +10,10 @@
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 #include <algorithm>
+
 #include "exaPlacement.h"
+#include "vltNames.h"
+#include "vltUtf8.h"
 
 namespace {
 
@@ -18,6 +21,24 @@ Quantity_ColorRGBA colour_of(const annColour& colour) {
   auto part = [](float value) { return std::clamp(static_cast<double>(value), 0.0, 1.0); };
   return {Quantity_Color(part(colour.red), part(colour.green), part(colour.blue), Quantity_TOC_sRGB),
           static_cast<float>(part(colour.opacity))};
+}
+
+// The kernel's own decoding goes on behind the end of a text that ends within a character.
+TCollection_ExtendedString kernel_text(const utString& name) {
+  const std::string valid = vlt_as_utf8(vlt_one_line(name));
+  std::u16string text;
+  for (std::string_view rest = valid; !rest.empty();) {
+    const std::size_t size = vlt_utf8_size(rest);
+    const char32_t code = vlt_utf8_code(rest, size);
+    if (code > 0xFFFF) {
+      text += static_cast<char16_t>(0xD7C0 + (code >> 10));
+      text += static_cast<char16_t>(0xDC00 + (code & 0x3FF));
+    } else {
+      text += static_cast<char16_t>(code);
+    }
+    rest.remove_prefix(size);
+  }
+  return {text.c_str()};
 }
 
 class Writer {
@@ -84,7 +105,7 @@ class Writer {
 
   void name(const TDF_Label& label, const utString& own) const {
     const utString& name = own.empty() ? names_.unnamed : own;
-    if (!name.empty()) TDataStd_Name::Set(label, TCollection_ExtendedString(name.c_str(), !names_.bytes));
+    if (!name.empty()) TDataStd_Name::Set(label, kernel_text(name));
   }
 
   const std::vector<exaProduct>& products_;

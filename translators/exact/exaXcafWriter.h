@@ -5,9 +5,8 @@
 #include "exaProducts.h"
 
 struct exaXcafNames {
-  utString whole;      // of the assembly that gets made around products that do not stand at the origin
-  utString unnamed;    // of products without a name; null leaves them so
-  bool bytes = false;  // a character for each byte, for a format whose characters are bytes
+  utString whole;    // of the assembly that gets made around products that do not stand at the origin
+  utString unnamed;  // of products without a name; null leaves them so
 };
 
 // The kernel's document of products, for its writers of STEP and IGES. `unit` is the length of the numbers' unit in

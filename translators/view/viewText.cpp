@@ -5,28 +5,12 @@
 #include <cstdint>
 
 #include "apNumberText.h"
+#include "vltUtf8.h"
 
 namespace {
 
 constexpr std::size_t element_size = std::size_t{3} << 22;
 constexpr std::size_t line_size = 3 << 14;
-
-// The length of the UTF-8 character at the front; 0 when there is none.
-std::size_t character_size(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned lead = byte(0);
-  if (lead < 0x80) return 1;
-  const std::size_t size = lead >= 0xf0 ? 4 : lead >= 0xe0 ? 3 : 2;
-  if (lead < 0xc2 || lead > 0xf4 || text.size() < size) return 0;
-  for (std::size_t i = 1; i < size; ++i) {
-    if ((byte(i) & 0xc0) != 0x80) return 0;
-  }
-  // Longer than need be, halves of a pair, or beyond the last character.
-  const unsigned second = byte(1);
-  const bool bad = (lead == 0xe0 && second < 0xa0) || (lead == 0xed && second >= 0xa0) ||
-                   (lead == 0xf0 && second < 0x90) || (lead == 0xf4 && second >= 0x90);
-  return bad ? 0 : size;
-}
 
 template <typename Number>
 std::string number_text(Number value) {
@@ -39,7 +23,7 @@ template <typename Escape>
 std::string escaped(std::string_view text, Escape escape) {
   std::string result;
   while (!text.empty()) {
-    const std::size_t size = character_size(text);
+    const std::size_t size = vlt_utf8_size(text);
     if (size == 1) {
       escape(result, text.front());
     } else if (size > 1) {

@@ -14,6 +14,7 @@
 #include "exaUnits.h"
 #include "exaXcafReader.h"
 #include "igesFormat.h"
+#include "igesNames.h"
 #include "velTrimOption.h"
 #include "vltInput.h"
 #include "vltScale.h"
@@ -85,7 +86,9 @@ class Reading {
     reader_->SetLayerMode(false);
     const IFSelect_ReturnStatus status = reader_->ReadFile(file_.c_str());
     output_.progress(percent_parsed);
-    return status == IFSelect_RetDone || fail("it is no whole IGES file");
+    if (status != IFSelect_RetDone) return fail("it is no whole IGES file");
+    iges_repair_names(reader_->IGESModel());
+    return true;
   }
 
   bool transfer() {

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <ostream>
+#include <string_view>
 #include <vector>
 
 #include "exaOutput.h"
@@ -20,10 +21,13 @@
 #include "exaUnits.h"
 #include "exaWriting.h"
 #include "exaXcafWriter.h"
+#include "igesAscii.h"
 #include "igesFormat.h"
 #include "igesParts.h"
 #include "utBool.h"
 #include "velTypeOption.h"
+#include "vltNames.h"
+#include "vltOnce.h"
 #include "vltScale.h"
 
 VELABS_OUTPUT_LIBRARY(igesWriter)
@@ -56,8 +60,9 @@ const Unit& unit_for(velLengthUnit unit) {
   return units[1];
 }
 
-Handle(TCollection_HAsciiString) text(const std::string& value) {
-  return new TCollection_HAsciiString(value.c_str());
+Handle(TCollection_HAsciiString) text(std::string_view value) {
+  bool changed = false;
+  return new TCollection_HAsciiString(iges_ascii(value, changed).c_str());
 }
 
 // The same for every run, unless SOURCE_DATE_EPOCH gives a time.
@@ -73,16 +78,26 @@ std::string time_stamp() {
 
 void set_header(const Handle(IGESData_IGESModel) & model, const utString& name) {
   IGESData_GlobalSection header = model->GlobalSection();
-  header.SetSendName(text(name.str()));
-  header.SetFileName(text(name.str()));
+  header.SetSendName(text(name.view()));
+  header.SetFileName(text(name.view()));
   header.SetSystemId(text("vel"));
   header.SetInterfaceVersion(text("vel"));
-  header.SetReceiveName(text(name.str()));
+  header.SetReceiveName(text(name.view()));
   header.SetDate(text(time_stamp()));
   header.SetLastChangeDate(text(time_stamp()));
   header.SetAuthorName(text(""));
   header.SetCompanyName(text(""));
   model->SetGlobalSection(header);
+}
+
+void put_names(std::vector<exaProduct>& parts, vltOnce& findings) {
+  for (exaProduct& part : parts) {
+    bool changed = false;
+    part.name = utString(iges_ascii(vlt_one_line(part.name), changed));
+    if (changed)
+      findings.count(velabsNOTE,
+                     "IGES holds names in ASCII: accents are left out, and \"?\" stands for other characters");
+  }
 }
 
 // The kernel gives names to entities in the order of a table by address. They are put in the order of the entities.
@@ -157,16 +172,19 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
                    "it occurs");
   }
   const bool with_colours = resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
+  vltOnce findings(output);
   exaSession session(output);
   auto write = [&](const auto& parts, const auto& top, velabsOfStream& stream) {
     return session.guarded("it cannot be written", [&] {
-      const std::vector<exaProduct> placed = iges_parts(parts, top);
+      std::vector<exaProduct> placed = iges_parts(parts, top);
+      put_names(placed, findings);
       const Handle(TDocStd_Document) source =
-          exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {"", "", true});
+          exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {});
       return put(source, resources, unit, stream, output, session);
     });
   };
   const bool done = exa_write_files(products, resources, stream_, output, write);
+  findings.tell();
   if (output.cancelled()) return velabsCANCELLED;
   return done ? velabsDONE : velabsFAILED;
 }

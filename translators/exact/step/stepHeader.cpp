@@ -8,6 +8,8 @@
 #include <ctime>
 #include <string>
 
+#include "vltUtf8.h"
+
 namespace {
 
 Handle(TCollection_HAsciiString) text(const std::string& value) {
@@ -34,7 +36,7 @@ std::string time_stamp() {
 
 void step_make_repeatable(const Handle(StepData_StepModel) & model, const utString& name) {
   APIHeaderSection_MakeHeader header(model);
-  header.SetName(text(name.str()));
+  header.SetName(text(vlt_as_utf8(name.view())));
   header.SetTimeStamp(text(time_stamp()));
   header.SetAuthor(list(""));
   header.SetOrganization(list(""));

@@ -8,6 +8,7 @@
 #include <XSControl_WorkSession.hxx>
 #include <istream>
 #include <memory>
+#include <optional>
 
 #include "exaOutput.h"
 #include "exaProgress.h"
@@ -19,6 +20,7 @@
 #include "stepContent.h"
 #include "stepFormat.h"
 #include "stepReferences.h"
+#include "stepText.h"
 #include "stepUnits.h"
 #include "vltInput.h"
 #include "vltScale.h"
@@ -79,7 +81,8 @@ class Reading {
     reader_->SetGDTMode(false);
     reader_->SetMatMode(false);
     reader_->SetViewMode(false);
-    exaInputBuffer buffer(bytes, &output_, percent_parsed);
+    const std::optional<std::string> repaired = step_repaired(bytes);
+    exaInputBuffer buffer(repaired ? *repaired : bytes, &output_, percent_parsed);
     std::istream stream(&buffer);
     const IFSelect_ReturnStatus status = reader_->ChangeReader().ReadStream(file_.c_str(), stream);
     if (output_.cancelled()) return false;

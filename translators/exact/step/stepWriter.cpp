@@ -6,18 +6,17 @@
 #include <StepData_StepModel.hxx>
 #include <StepData_StepWriter.hxx>
 #include <XSControl_WorkSession.hxx>
-#include <ostream>
 
 #include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
-#include "exaStreams.h"
 #include "exaUnits.h"
 #include "exaWriting.h"
 #include "exaXcafWriter.h"
 #include "stepFormat.h"
 #include "stepHeader.h"
 #include "stepStatedUnits.h"
+#include "stepText.h"
 #include "utBool.h"
 #include "velAngularUnit.h"
 #include "velStepAPOption.h"
@@ -106,9 +105,8 @@ class Writing {
     step_make_repeatable(model, exa_stem(stream.target()));
     StepData_StepWriter text(model);
     text.SendModel(Handle(StepData_Protocol)::DownCast(model->Protocol()));
-    exaOutputBuffer buffer(stream);
-    std::ostream bytes(&buffer);
-    return text.Print(bytes) || stream.good();
+    step_print(text, stream);
+    return true;
   }
 
   const velTableInstance& resources_;

@@ -1,0 +1,88 @@
+#include <algorithm>
+#include <utility>
+
+#include "ExactFiles.h"
+
+namespace {
+
+const std::string unknown = "\xEF\xBF\xBD", e_acute = "\xC3\xA9", sun = "\xE6\x97\xA5", smile = "\xF0\x9F\x98\x80";
+
+bool is_ascii(const std::string& text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::string repeated(const std::string& text, int times) {
+  std::string result;
+  while (times-- > 0) result += text;
+  return result;
+}
+
+class ExactNames : public ExactFiles {
+ protected:
+  std::string name_read(const std::string& bytes, const std::string& format) const {
+    const Reading reading = read(bytes, format);
+    EXPECT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+    return reading.result == velabsDONE ? reading.node(0).name.str() : "";
+  }
+};
+
+}  // namespace
+
+TEST_F(ExactNames, StepSpellsAllCharactersInAscii) {
+  const struct {
+    std::string name, spelled, read;
+  } cases[] = {{e_acute + sun + "!" + smile, R"(\X2\00E965E5\X0\!\X4\0001F600\X0\)", e_acute + sun + "!" + smile},
+               {R"(it's \X2\00E9\X0\ c:\S\D)", R"(it''s \\X2\\00E9\\X0\\ c:\\S\\D)", R"(it's \X2\00E9\X0\ c:\S\D)"},
+               {"two\nlines", "two lines", "two lines"},
+               {"lat\xE9", R"(lat\X2\FFFD\X0\)", "lat" + unknown},
+               {"half\xE6\x97", R"(half\X2\FFFDFFFD\X0\)", "half" + unknown + unknown},
+               {"\xED\xA0\x80", R"(\X2\FFFDFFFDFFFD\X0\)", unknown + unknown + unknown}};
+  for (const auto& it : cases) {
+    const std::string bytes = written(triangle(it.name), "step");
+    EXPECT_TRUE(is_ascii(bytes)) << it.name;
+    EXPECT_NE(bytes.find("PRODUCT('" + it.spelled + "',"), bytes.npos) << it.name;
+    EXPECT_EQ(name_read(bytes, "step"), it.read);
+  }
+}
+
+TEST_F(ExactNames, LongNamesOverSeveralLinesStayWhole) {
+  for (int start = 0; start < 4; ++start) {
+    const std::string name = std::string(static_cast<std::size_t>(start), 'x') + repeated(sun + e_acute + smile, 60);
+    const std::string bytes = written(triangle(name), "step");
+    EXPECT_TRUE(is_ascii(bytes));
+    EXPECT_EQ(name_read(bytes, "step"), name);
+  }
+}
+
+TEST_F(ExactNames, IgesWritesAsciiAndSaysSo) {
+  const std::pair<std::string, std::string> cases[] = {{e_acute + sun, "e?"},
+                                                       {"M\xC3\xB6"
+                                                        "bel",
+                                                        "Mobel"},
+                                                       {"Stra\xC3\x9F"
+                                                        "e \xC5\x81\xC3\xB3"
+                                                        "d\xC5\xBA",
+                                                        "Strasse Lodz"},
+                                                       {"e\xCC\x81t\xC3\xA9", "ete"},
+                                                       {"lat\xE9", "lat?"},
+                                                       {"plain", "plain"}};
+  for (const auto& [name, ascii] : cases) {
+    Messages messages;
+    const std::string bytes = written(triangle(name), "iges", messages);
+    EXPECT_TRUE(is_ascii(bytes)) << name;
+    EXPECT_EQ(name_read(bytes, "iges"), ascii);
+    EXPECT_EQ(messages.notes.find("names in ASCII") != std::string::npos, name != ascii) << name;
+  }
+}
+
+// Each has the five bytes of the name that it stands for.
+TEST_F(ExactNames, NamesInOtherEncodingsAreRead) {
+  const std::pair<std::string, std::string> cases[] = {{"abcd\xE9", "abcd" + e_acute},
+                                                       {"\xE9\xE8\xE7 x", e_acute + "\xC3\xA8\xC3\xA7 x"},
+                                                       {e_acute + "abc", e_acute + "abc"},
+                                                       {"\xE9" + e_acute + "ab", e_acute + e_acute + "ab"}};
+  for (const std::string format : {"step", "iges"}) {
+    const std::string ground = written(triangle("N-A-M"), format);
+    for (const auto& [bytes, name] : cases) EXPECT_EQ(name_read(replaced(ground, "N-A-M", bytes), format), name);
+  }
+}
