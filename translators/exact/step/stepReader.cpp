@@ -71,7 +71,8 @@ class Reading {
 
   bool parse(std::string_view bytes) {
     reader_ = std::make_unique<STEPCAFControl_Reader>();
-    // The kernel keeps it for the whole process: curves in the parameters of surfaces are taken as they are.
+    // The kernel keeps these for the whole process. Curves in the parameters of surfaces are taken as they are.
+    Interface_Static::SetCVal("read.step.codepage", "UTF8");
     Interface_Static::SetIVal("read.surfacecurve.mode", 0);
     reader_->SetNameMode(true);
     reader_->SetColorMode(resources_.value<utBool>("READ_MATERIALS", utTRUE) == utTRUE);

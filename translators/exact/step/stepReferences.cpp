@@ -1,13 +1,17 @@
 #include "stepReferences.h"
 
+#include <Interface_Static.hxx>
 #include <STEPConstruct_ExternRefs.hxx>
 #include <XSControl_WorkSession.hxx>
 #include <filesystem>
+#include <memory>
 #include <set>
 #include <system_error>
 #include <vector>
 
+#include "apMappedFile.h"
 #include "vltNames.h"
+#include "vltUtf8.h"
 
 namespace {
 
@@ -30,6 +34,12 @@ std::vector<std::string> references_of(STEPControl_Reader& reader) {
 bool lies_in(const fs::path& directory, const fs::path& file) {
   const fs::path relative = file.lexically_relative(directory);
   return !relative.empty() && *relative.begin() != "..";
+}
+
+bool is_utf8(const fs::path& file) {
+  apStatus status;
+  const std::unique_ptr<apMappedFile> mapped = apMappedFile::open(utString(file.string()), status);
+  return !mapped || vlt_is_utf8(mapped->bytes());
 }
 
 }  // namespace
@@ -76,6 +86,8 @@ bool step_settle_references(STEPControl_Reader& reader, const utString& file, ve
                      utString("the file " + shown + " that it refers to is no whole STEP file: it is left out"));
       continue;
     }
+    // The kernel reads all of them in one encoding, and on behind the end of a name that is in another one.
+    if (!is_utf8(real)) Interface_Static::SetCVal("read.step.codepage", "iso8859-1");
     add(other, real.parent_path());
   }
   return true;
