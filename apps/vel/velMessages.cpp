@@ -88,6 +88,8 @@ constexpr Text texts[] = {
     {velMSG_NO_WRITER, "%1: no translator writes this format. Formats that can be written: %2; choose one with --to."},
     {velMSG_OUTPUT_IS_INPUT, "%1: it is an input too; name another output. Nothing was written."},
     {velMSG_OUTPUT_IS_DIRECTORY, "%1: this names a directory; name a file in it. Nothing was written."},
+    {velMSG_OUTPUT_IN_CIRCLE,
+     "%1: this is a link that leads back to itself; remove it or name another output. Nothing was written."},
     {velMSG_OUTPUT_READ_ONLY, "%1: it may not be written to; name another output. Nothing was written."},
     {velMSG_OUTPUT_NO_DIRECTORY, "%1: its directory does not exist; make it first. Nothing was written."},
     {velMSG_OUTPUT_BELOW_FILE, "%1: it lies below a file; name another output. Nothing was written."},

@@ -69,6 +69,7 @@ enum velMessage : unsigned int {
   velMSG_NO_WRITER,                 // format, formats
   velMSG_OUTPUT_IS_INPUT,           // file
   velMSG_OUTPUT_IS_DIRECTORY,       // file
+  velMSG_OUTPUT_IN_CIRCLE,          // file
   velMSG_OUTPUT_READ_ONLY,          // file
   velMSG_OUTPUT_NO_DIRECTORY,       // file
   velMSG_OUTPUT_BELOW_FILE,         // file

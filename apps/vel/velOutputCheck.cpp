@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 
 #include "velFiles.h"
@@ -23,6 +24,7 @@ std::optional<velMessage> complaint_about(const std::string& output, const std::
 
   struct stat state = {};
   const bool exists = stat(output.c_str(), &state) == 0;
+  if (!exists && errno == ELOOP) return velMSG_OUTPUT_IN_CIRCLE;
   if (output.ends_with('/') || (exists && S_ISDIR(state.st_mode))) return velMSG_OUTPUT_IS_DIRECTORY;
   if (exists && !may(output, W_OK)) return velMSG_OUTPUT_READ_ONLY;
   // A device or a pipe is written as it stands; a file is made beside the old one.

@@ -87,7 +87,18 @@ TEST_F(Engine, SeveralInputsStandInTheirOrderInOneUnit) {
   EXPECT_EQ(written(), "inch( 1.000(a 1.000(a_1 1.000)(named 1.000)(a_2 1.000))(b 1.000)(in mm 0.039))end");
   EXPECT_EQ(TemporaryDirectory::read(directory_ / "out.side"), "a");
   EXPECT_EQ(counts(), std::pair(3, 0));
-  EXPECT_TRUE(output_.messages.empty());
+  EXPECT_EQ(output_.messages,
+            (std::vector<std::string>{directory_ / "a.script: it has no length unit, so its numbers are taken to be in "
+                                                   "inch, the unit of " +
+                                      (directory_ / "b.script") +
+                                      "; if they are not, name their unit by LENGTH_UNIT when it is read"}));
+  output_.messages.clear();
+
+  // Where no file has a unit, nothing is taken for another. The old output does not name what stands beside it.
+  EXPECT_EQ(translate({"node\n", "node\n"}), 1);
+  EXPECT_EQ(output_.messages.size(), 1u);
+  EXPECT_TRUE(last_message().ends_with("out_1.side is written instead")) << last_message();
+  EXPECT_EQ(TemporaryDirectory::read(directory_ / "out.side"), "a");
 }
 
 TEST_F(Engine, ASingleInputKeepsItsTop) {
@@ -170,6 +181,7 @@ TEST_F(Engine, AWriterThatFailsLeavesTheOldOutput) {
 TEST_F(Engine, RequestsThatCannotWorkAreRefusedBeforeAnythingIsRead) {
   std::filesystem::create_directory(directory_ / "d");
   std::filesystem::create_hard_link(target_, directory_ / "other_name");
+  std::filesystem::create_symlink("circle", directory_ / "circle");
   const std::string input = directory_.write("a.script", "throw was read");
   v2vTranslatorElementscoPageArr inputs;
   inputs.append({input, nullptr, reader_, 0, "Script"});
@@ -179,6 +191,7 @@ TEST_F(Engine, RequestsThatCannotWorkAreRefusedBeforeAnythingIsRead) {
   } cases[] = {{target_, "it is an input too"},
                {directory_ / "d/../a.script", "it is an input too"},
                {directory_ / "d", "it is a directory"},
+               {directory_ / "circle", "leads back to itself"},
                {directory_ / "new/", "it is a directory"},
                {directory_ / "no/out", "its directory does not exist"},
                {directory_ / "a.script/out", "does not exist"},

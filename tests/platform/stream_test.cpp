@@ -104,10 +104,12 @@ TEST(OfStream, FailuresAreToldOnceAndForAll) {
   TemporaryDirectory directory;
   const std::string pipe = directory / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  fs::create_symlink("circle", directory / "circle");
   struct Case {
     std::string target;
     const char* failure;
   } cases[] = {{"/dev/full", "No space left on device"},
+               {directory / "circle", "Too many levels of symbolic links"},
                {directory.path().string(), "Is a directory"},
                {directory / "missing/out", "No such file or directory"},
                {directory / "missing/", "Is a directory"},
@@ -124,6 +126,7 @@ TEST(OfStream, FailuresAreToldOnceAndForAll) {
     EXPECT_FALSE(stream.commit()) << c.target;
     EXPECT_EQ(stream.failure(), c.failure) << c.target;
   }
+  EXPECT_TRUE(fs::is_symlink(directory / "circle"));
 }
 
 TEST(OfStream, APipeWhoseReaderGoesIsAFailureAndNoSignal) {
@@ -177,6 +180,41 @@ TEST(OfStream, CompanionsComeWithTheFileOrNotAtAll) {
   clash.write("lost");
   EXPECT_FALSE(clash.commit());
   EXPECT_EQ(TemporaryDirectory::read(target), "new");
+}
+
+TEST(OfStream, CompanionsTakeThePlaceOfTheirTargetsOwnOnly) {
+  struct Case {
+    const char* what;
+    std::string target, old, input, name;
+  };
+  const std::string far(velabsOfStream::buffer_size - 20, 'x');
+  const Case cases[] = {{"named by the old target", "out.obj", "mtllib out.mtl", "o about\n", "out.mtl"},
+                        {"across the pieces of a file", "out.obj", far + " mtllib out.mtl\n" + far, "", "out.mtl"},
+                        {"not named", "out.obj", "v 0 0 0\n", "", "out_5.mtl"},
+                        {"only the end of a name", "out.obj", "mtllib about.mtl a.out.mtl a_out.mtl", "", "out_5.mtl"},
+                        {"more than the name", "out.obj", "mtllib out.mtlx", "", "out_5.mtl"},
+                        {"named by an input too", "out.obj", "mtllib out.mtl", "mtllib .\\sub\\out.mtl", "out_5.mtl"},
+                        {"the second choice of an earlier time", "out.obj", "mtllib out_4.mtl", "", "out_4.mtl"},
+                        {"blanks as codes", "an out.gltf", R"({"uri":"an%20out.mtl"})", "", "an out.mtl"},
+                        {"codes in an input", "an out.gltf", R"({"uri":"an%20out.mtl"})",
+                         R"({"uri":"an\u0020out\u002emtl"})", "an out_5.mtl"},
+                        {"an input itself", "out.obj", "mtllib out_2.mtl", "", "out_5.mtl"},
+                        {"a link", "out.obj", "mtllib out_3.mtl", "", "out_5.mtl"}};
+  for (const Case& c : cases) {
+    TemporaryDirectory directory;
+    const std::string target = directory.write(c.target, c.old), input = directory.write("input", c.input);
+    const std::string stem = c.target.substr(0, c.target.find('.'));
+    for (const char* end : {".mtl", "_1.mtl", "_2.mtl", "_4.mtl"}) directory.write(stem + end, "of others");
+    fs::create_symlink("elsewhere", directory / (stem + "_3.mtl"));
+    velabsOfStream stream(target, {input, directory / (stem + "_2.mtl")});
+    stream.companion("mtl").write("new");
+    EXPECT_TRUE(stream.commit()) << c.what;
+    EXPECT_EQ(stream.told_of_companions().is_null(), c.name == stem + ".mtl") << c.what;
+    for (const auto& entry : fs::directory_iterator(directory.path())) {
+      const bool is_new = fs::exists(entry) && TemporaryDirectory::read(entry.path()) == "new";
+      EXPECT_EQ(is_new, entry.path().filename() == c.name) << c.what << ": " << entry.path();
+    }
+  }
 }
 
 TEST(AppInfo, SchemaPathCoversEveryInstallation) {

@@ -36,12 +36,26 @@ void name_nodes(Nodes& nodes, const std::string& stem) {
   }
 }
 
+// Where all the models came without a unit there is none to be mistaken about.
+void warn_of_missing_units(const std::vector<v2vInputModel>& models, const v2vInputModel& giver, v2vReport& report) {
+  for (const v2vInputModel& model : models) {
+    if (model.document.unit != velLENGTH_UNSPECIFIED) continue;
+    report.message(velabsWARNING, model.file + ": it has no length unit, so its numbers are taken to be in " +
+                                      co_value_to_text(giver.document.unit) + ", the unit of " + giver.file +
+                                      "; if they are not, name their unit by LENGTH_UNIT when it is read");
+  }
+}
+
 }  // namespace
 
-void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target) {
+void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target, v2vReport& report) {
   target = annDocument();
-  for (const v2vInputModel& model : models) {
-    if (target.unit == velLENGTH_UNSPECIFIED) target.unit = model.document.unit;
+  const auto giver = std::find_if(models.begin(), models.end(), [](const v2vInputModel& model) {
+    return model.document.unit != velLENGTH_UNSPECIFIED;
+  });
+  if (giver != models.end()) {
+    target.unit = giver->document.unit;
+    warn_of_missing_units(models, *giver, report);
   }
   if (models.size() == 1) target.root.name = models[0].document.root.name;
 

@@ -4,6 +4,7 @@
 
 #include "annDocument.h"
 #include "utString.h"
+#include "v2vReport.h"
 
 // One input after it was read.
 struct v2vInputModel {
@@ -12,7 +13,8 @@ struct v2vInputModel {
 };
 
 // Puts the models, in their order, into `target`, which is cleared first and takes them over. The unit is the first one
-// that a model specifies; a model in another one is scaled by its placement. Unnamed nodes at the top get the name of
+// that a model specifies; a model in another one is scaled by its placement, and the numbers of one without a unit are
+// taken to be in it, with a warning. Unnamed nodes at the top get the name of
 // their file without its extension, numbered when it has several. Of several models, each that has more than one node
 // at the top becomes one node of that name.
-void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target);
+void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target, v2vReport& report);

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <string>
 
 #include "apFrustrumChooser.h"
@@ -37,6 +38,7 @@ utString reason_against_place(const utString& file) {
   if (file.str().back() == '/' || (exists && S_ISDIR(status.st_mode))) {
     return "it is a directory; name a file in it";
   }
+  if (!exists && errno == ELOOP) return "it is a link that leads back to itself; remove it or name another output";
   if (exists && !may_write(file.str(), W_OK)) return "it may not be written to; name another output";
   if (exists && !S_ISREG(status.st_mode)) return {};
 

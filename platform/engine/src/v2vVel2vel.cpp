@@ -55,7 +55,7 @@ bool read_all(const v2vTranslatorElementscoPageArr& inputs, Libraries& libraries
   std::vector<v2vInputModel> models;
   if (!v2v_read_inputs(make_tasks(inputs, libraries), app_info, report, comm, models) || report.cancelled())
     return false;
-  v2v_merge(models, document);
+  v2v_merge(models, document, report);
   return true;
 }
 
@@ -77,7 +77,7 @@ bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslator
   annDocument own;
   annDocument& document = output.document() ? *output.document() : own;
   const bool written = read_all(elements.inputs(), libraries, app_info, comm, report, document) &&
-                       v2v_write_output(output, *writer, document, app_info, report);
+                       v2v_write_output(elements, *writer, document, app_info, report);
   if (written) {
     report.finished();
   } else if (report.cancelled()) {

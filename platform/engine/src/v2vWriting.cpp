@@ -1,6 +1,7 @@
 #include "v2vWriting.h"
 
 #include <memory>
+#include <vector>
 
 #include "v2vGuard.h"
 
@@ -22,19 +23,29 @@ utString write_document(const v2vOutputTranslatorElements& elements, const v2vTr
   return output.told_error() ? "" : "its translator gave up";
 }
 
+std::vector<utString> input_files(const v2vTranslatorElementscoPageArr& inputs) {
+  std::vector<utString> files;
+  for (std::size_t i = 0; i < inputs.count(); ++i) files.push_back(inputs[i].file());
+  return files;
+}
+
 }  // namespace
 
-bool v2v_write_output(const v2vOutputTranslatorElements& elements, const v2vTranslatorLibrary& library,
+bool v2v_write_output(const v2vTranslationElements& elements, const v2vTranslatorLibrary& library,
                       const annDocument& document, const velabsAppInfo* app_info, v2vReport& report) {
-  velabsOfStream stream(elements.file());
-  v2vWritingOutput output(report, elements.file());
+  const utString& file = elements.output().file();
+  velabsOfStream stream(file, input_files(elements.inputs()));
+  v2vWritingOutput output(report, file);
   utString failure;
-  v2v_guarded([&] { failure = write_document(elements, library, document, app_info, stream, output); }, failure);
+  v2v_guarded([&] { failure = write_document(elements.output(), library, document, app_info, stream, output); },
+              failure);
   if (report.cancelled()) return false;
 
   if (failure.is_null()) v2v_guarded([&] { stream.commit(); }, failure);
   // A full disk is the reason behind whatever the translator made of it.
   if (const utString reason = stream.failure_of_any(); !reason.is_null()) failure = reason;
-  if (!failure.empty()) report.message(velabsERROR, utString("cannot write ") + elements.file() + ": " + failure);
+  if (!failure.empty()) report.message(velabsERROR, utString("cannot write ") + file + ": " + failure);
+  const utString told = stream.told_of_companions();
+  if (failure.is_null() && !told.is_null()) output.message(velabsNOTE, told);
   return failure.is_null();
 }

@@ -2,41 +2,15 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 #include <string>
 #include <utility>
 
 #include "velabsBackgroundWriter.h"
+#include "velabsCompanionName.h"
 #include "velabsReplacementFile.h"
 
-namespace {
-
-bool is_there(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::not_found;
-}
-
-utString with_extension(const utString& target, const utString& extension, const std::string& suffix = "") {
-  const std::string& path = target.str();
-  const std::size_t name = path.rfind('/') + 1;
-  const std::size_t dot = path.rfind('.');
-  const bool has_extension = dot != path.npos && dot > name;
-  return path.substr(0, has_extension ? dot : path.npos) + suffix + "." + extension.str();
-}
-
-// A file of the name that is wished for is replaced along with the target or not at all.
-utString companion_name(const utString& target, const utString& extension) {
-  utString name = with_extension(target, extension);
-  if (name == target || is_there(target.str())) return name;
-  for (unsigned number = 1; is_there(name.str()); ++number) {
-    name = with_extension(target, extension, "_" + std::to_string(number));
-  }
-  return name;
-}
-
-}  // namespace
-
-velabsOfStream::velabsOfStream(utString target) : target_(std::move(target)) {}
+velabsOfStream::velabsOfStream(utString target, std::vector<utString> inputs)
+    : target_(std::move(target)), inputs_(std::move(inputs)) {}
 
 velabsOfStream::~velabsOfStream() = default;
 
@@ -83,10 +57,11 @@ velabsOfStream& velabsOfStream::companion(const utString& extension) {
   for (const auto& companion : companions_) {
     if (companion->extension_ == extension) return *companion;
   }
-  const utString name = companion_name(target_, extension);
-  auto& companion = *companions_.emplace_back(std::make_unique<velabsOfStream>(name));
+  const velabsCompanionName chosen(target_, extension, inputs_);
+  auto& companion = *companions_.emplace_back(std::make_unique<velabsOfStream>(chosen.name));
   companion.extension_ = extension;
-  if (name == target_) companion.failure_ = "a file beside the output would have its name";
+  companion.wished_ = chosen.wished;
+  if (chosen.name == target_) companion.failure_ = "a file beside the output would have its name";
   // What goes to a device or a pipe has nothing beside it.
   companion.discards_ = !has_room_beside();
   return companion;
@@ -100,6 +75,18 @@ utString velabsOfStream::failure_of_any() const {
   return {};
 }
 
+utString velabsOfStream::told_of_companions() const {
+  auto is_elsewhere = [](const auto& companion) {
+    return !companion->discards_ && companion->target_ != companion->wished_;
+  };
+  const auto first = std::find_if(companions_.begin(), companions_.end(), is_elsewhere);
+  if (first == companions_.end()) return {};
+  const auto count = std::count_if(first, companions_.end(), is_elsewhere);
+  const std::string others = count > 1 ? ", and so for " + std::to_string(count - 1) + " more" : "";
+  return (*first)->wished_ + " is not known to belong to this output alone and stays as it is: " + (*first)->target_ +
+         " is written instead" + others;
+}
+
 bool velabsOfStream::has_room_beside() const {
   return !velabsReplacementFile::is_written_directly(target_);
 }
@@ -109,8 +96,11 @@ bool velabsOfStream::finish() {
   put({buffer_.get(), used_});
   used_ = 0;
   writer_.reset();
-  if (good() && file_) file_->settle(failure_);
   return good();
+}
+
+bool velabsOfStream::settle(bool on_disk) {
+  return !file_ || file_->settle(on_disk, failure_);
 }
 
 bool velabsOfStream::commit() {
@@ -133,8 +123,17 @@ bool velabsOfStream::commit() {
   for (velabsOfStream* stream : all) {
     if (!stream->finish()) return fail(*stream);
   }
+  // Where one of them takes the place of an old file, that one may depend on all the others.
+  const bool on_disk = std::any_of(
+      all.begin(), all.end(), [](const velabsOfStream* stream) { return stream->file_ && stream->file_->has_old(); });
   for (velabsOfStream* stream : all) {
-    if (stream->file_ && !stream->file_->replace(stream->failure_)) return fail(*stream);
+    if (!stream->settle(on_disk)) return fail(*stream);
+  }
+  for (velabsOfStream* stream : all) {
+    if (!stream->file_) continue;
+    // Behind the last one nothing can fail any more.
+    const bool done = stream == this ? file_->take(failure_) : stream->file_->replace(stream->failure_);
+    if (!done) return fail(*stream);
   }
   for (velabsOfStream* stream : all) {
     if (stream->file_) stream->file_->keep();

@@ -131,8 +131,8 @@ int write_all(int file, std::string_view bytes) {
 
 }  // namespace
 
-velabsReplacementFile::velabsReplacementFile(int file, std::string target, std::string name, mode_t mode)
-    : file_(file), target_(std::move(target)), name_(std::move(name)), mode_(mode) {}
+velabsReplacementFile::velabsReplacementFile(int file, std::string target, std::string name, mode_t mode, bool has_old)
+    : file_(file), target_(std::move(target)), name_(std::move(name)), mode_(mode), has_old_(has_old) {}
 
 bool velabsReplacementFile::is_written_directly(const utString& target) {
   struct stat status;
@@ -154,7 +154,7 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open_directly(cons
   }
   // Only the opening must not wait.
   if (own < 0) fcntl(file, F_SETFL, fcntl(file, F_GETFL) & ~O_NONBLOCK);
-  return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, "", "", 0));
+  return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, "", "", 0, false));
 }
 
 std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utString& target, utString& failure) {
@@ -167,6 +167,11 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utStrin
   const std::string place = behind_links(target.str());
   struct stat status;
   const bool exists = stat(place.c_str(), &status) == 0;
+  // Links that lead in a circle are there and lead nowhere: what took their place would not be where they point.
+  if (!exists && errno == ELOOP) {
+    failure = reason_of(ELOOP);
+    return nullptr;
+  }
   if (place.back() == '/' || (exists && S_ISDIR(status.st_mode))) {
     failure = reason_of(EISDIR);
     return nullptr;
@@ -188,7 +193,7 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utStrin
     return nullptr;
   }
   const mode_t mode = exists ? status.st_mode & 0777 : mode_of_new_files();
-  return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, place, name, mode));
+  return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, place, name, mode, exists));
 }
 
 velabsReplacementFile::~velabsReplacementFile() {
@@ -215,7 +220,7 @@ bool velabsReplacementFile::write(std::string_view bytes, utString& failure) {
   return error == 0;
 }
 
-bool velabsReplacementFile::settle(utString& failure) {
+bool velabsReplacementFile::settle(bool on_disk, utString& failure) {
   if (target_.empty()) {
     const bool closed = close_file();
     if (!closed) failure = reason_of(errno);
@@ -225,7 +230,7 @@ bool velabsReplacementFile::settle(utString& failure) {
   if (stat(target_.c_str(), &old) == 0 && fchown(file_, old.st_uid, old.st_gid) != 0) {
     [[maybe_unused]] const int group_at_least = fchown(file_, static_cast<uid_t>(-1), old.st_gid);
   }
-  bool done = fchmod(file_, mode_) == 0;
+  bool done = fchmod(file_, mode_) == 0 && (!on_disk || fdatasync(file_) == 0);
   for (int attempt = 0; done && name_.empty() && attempt < 8; ++attempt) {
     const std::string name = name_beside(target_);
     if (linkat(AT_FDCWD, descriptor_path(file_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
@@ -237,6 +242,16 @@ bool velabsReplacementFile::settle(utString& failure) {
   done = done && !name_.empty() && close_file();
   if (!done) failure = reason_of(errno);
   return done;
+}
+
+bool velabsReplacementFile::take(utString& failure) {
+  if (target_.empty()) return true;
+  if (rename(name_.c_str(), target_.c_str()) != 0) {
+    failure = reason_of(errno);
+    return false;
+  }
+  name_.clear();
+  return true;
 }
 
 bool velabsReplacementFile::replace(utString& failure) {
