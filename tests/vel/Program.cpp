@@ -75,8 +75,9 @@ bool Running::read_some() {
 }
 
 bool Running::wait_for_error(const std::string& text) {
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::minutes(1);
   while (outcome_.err.find(text) == std::string::npos) {
-    if (!read_some()) return false;
+    if (std::chrono::steady_clock::now() > limit || !read_some()) return false;
   }
   return true;
 }

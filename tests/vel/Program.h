@@ -20,7 +20,7 @@ class Running {
   Running(const std::vector<std::string>& words, const std::vector<std::string>& variables,
           const std::string& directory, const std::string& out_file = "", bool terminal = false);
 
-  // Waits until the standard error holds `text`; false when the program ends before that.
+  // Waits until the standard error holds `text`; false when the program ends before that or a minute has gone.
   bool wait_for_error(const std::string& text);
   // Waits until a file holds `text`; false when it does not after a long while.
   static bool wait_for_file(const std::string& file, const std::string& text);

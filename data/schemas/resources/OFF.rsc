@@ -24,7 +24,7 @@ WRITE_VERTEX_COLOURS = 1
 DIGITS = 0
 
 # Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
-# 0: a tenth of a millimetre, or 0.1 without a unit.
+# 0: a two thousandth of the part's size, the diagonal of its box.
 CHORD_TOLERANCE = 0
 
 # Exact shapes: largest angle between neighbouring facets, in degrees (writing). 0: 20 degrees.
