@@ -227,6 +227,7 @@ TEST(ObjWriter, KeepsMaterialsThroughACompanionFile) {
   ASSERT_EQ(writer.write(first.document, directory / "my out.v2.obj", messages), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "my out.v2.mtl"),
             "newmtl deep_red\nKd 0.7 0 0\nd 0.25\nnewmtl deep_red_2\nKd 0 0.1 0\nnewmtl plain\nKd 0.8 0.8 0.8\n");
+  EXPECT_NE(messages.notes.find("\"deep red\" becomes \"deep_red\", and 1 more likewise"), std::string::npos);
   const Reading second = reader.read(directory / "my out.v2.obj");
   ASSERT_EQ(second.result, velabsDONE) << second.messages.errors;
   EXPECT_EQ(second.messages.warnings, "");

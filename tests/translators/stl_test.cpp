@@ -241,6 +241,35 @@ TEST(StlWriter, WritesWhatItReads) {
   EXPECT_EQ(messages.notes.find("colours"), std::string::npos) << messages.notes;
 }
 
+TEST(StlWriter, WarnsOfRoundingThatShapesShow) {
+  TemporaryDirectory directory;
+  const struct {
+    const char* what;
+    double offset, scale;
+    const char *form, *warning;
+  } cases[] = {{"near", 300.123, 1, "binary", ""},
+               {"far", 4500000.123456, 1, "binary", "move its points by up to 0.12"},
+               {"far, in numbers that floats hold", 4500000, 10, "binary", ""},
+               {"far for its size", 300.123, 1e-3, "binary", "move its points by up to"},
+               {"far and large", 4500000.123456, 1e5, "binary", ""},
+               {"text", 4500000.123456, 1, "ascii", ""}};
+  for (const auto& c : cases) {
+    annDocument document;
+    auto mesh = std::make_shared<annMesh>();
+    for (int i = 0; i < 3000; ++i) {
+      mesh->vertices->points.push_back({c.scale * (i % 2), c.scale * (i % 3), c.scale * (i == 2999 ? 1 : 0)});
+    }
+    mesh->add_face(std::vector<std::uint32_t>{0, 1, 2});
+    annNode& node = document.root.add_child("");
+    node.transform.m[3] = c.offset;
+    node.body.mesh = mesh;
+    Messages messages;
+    ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"FILE_FORMAT", c.form}}), velabsDONE);
+    EXPECT_EQ(messages.warnings.empty(), std::string(c.warning).empty()) << c.what << ": " << messages.warnings;
+    EXPECT_NE(messages.warnings.find(c.warning), std::string::npos) << c.what << ": " << messages.warnings;
+  }
+}
+
 TEST(StlWriter, SpellsTextExactly) {
   TemporaryDirectory directory;
   annDocument document;

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "vltFlag.h"
+#include "vltRounding.h"
 
 namespace {
 
@@ -66,6 +67,7 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
                            .vertex_normals = true,
                            .vertex_colours = true};
   vlt_tell_losses(document_, bodies_, carries, velLENGTH_UNSPECIFIED, resources_, output_);
+  vlt_tell_rounding(bodies_, "glTF", "another format, OBJ for instance,", output_);
   if (without_faces_ > 0) {
     output_.message(velabsNOTE, "glTF holds no meshes without faces: their parts are written as empty nodes");
   }
@@ -82,7 +84,7 @@ bool gltfPlanner::add_node(const annNode& node, std::optional<std::size_t> paren
   if (!node.body.empty()) {
     const std::shared_ptr<const annMesh> mesh = facets_.of(node);
     if (!mesh) return false;
-    bodies_.push_back({&node, mesh, {}, colour});
+    bodies_.push_back({&node, mesh, annTransform::scaling(plan_.factor), colour});
     if (mesh->corners.empty()) {
       ++without_faces_;
     } else if (std::size_t index = 0; add_mesh(mesh, colour, index)) {

@@ -49,7 +49,9 @@ objLooks::objLooks(const std::vector<vltPlacedMesh>& bodies) : plain_(none) {
       if (body.mesh->face_materials.empty()) break;  // all faces alike
     }
   }
-  if (any_without) plain_ = look_of({"plain", plain_colour});
+  if (!any_without) return;
+  plain_ = look_of({"plain", plain_colour});
+  looks_[plain_].own_name = {};
 }
 
 std::size_t objLooks::number_of(const vltPlacedMesh& body, std::size_t face) {
@@ -64,8 +66,19 @@ std::size_t objLooks::number_of(const vltPlacedMesh& body, std::size_t face) {
 std::size_t objLooks::look_of(const annMaterial& material) {
   const std::string name = one_word(material);
   const auto [known, is_new] = by_name_and_colour_.try_emplace(key_of(name, material.colour), looks_.size());
-  if (is_new) looks_.push_back({names_.unique(name), material.colour});
+  if (is_new) looks_.push_back({names_.unique(name), material.colour, material.name});
   return known->second;
+}
+
+void objLooks::tell_renamed(velabsOutput& output) const {
+  auto is_renamed = [](const Look& look) { return !look.own_name.empty() && look.own_name != look.name; };
+  const auto first = std::find_if(looks_.begin(), looks_.end(), is_renamed);
+  if (first == looks_.end()) return;
+  const auto count = std::count_if(first, looks_.end(), is_renamed);
+  const std::string others = count > 1 ? ", and " + std::to_string(count - 1) + " more likewise" : "";
+  output.message(velabsNOTE,
+                 utString("OBJ names materials by one word each, that no other has: " +
+                          vlt_quoted(first->own_name.view()) + " becomes " + vlt_quoted(first->name) + others));
 }
 
 const std::string& objLooks::name_for(const vltPlacedMesh& body, std::size_t face) {

@@ -18,6 +18,9 @@ class objLooks {
 
   bool empty() const { return looks_.empty(); }
 
+  // Says in one note which names of materials are others in the file.
+  void tell_renamed(velabsOutput& output) const;
+
   // The name for a face; empty for one without a look when nothing before it had one. Behind others such a face gets a
   // plain look of its own, because a file cannot take a material back. To be asked in the order of writing.
   const std::string& name_for(const vltPlacedMesh& body, std::size_t face);
@@ -28,6 +31,7 @@ class objLooks {
   struct Look {
     std::string name;
     annColour colour;
+    utString own_name;  // in the document, if it has one there
   };
 
   std::size_t look_of(const annMaterial& material);

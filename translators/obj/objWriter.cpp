@@ -55,6 +55,7 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
     velabsOfStream& companion = stream_.companion("mtl");
     stream_.write("mtllib " + std::filesystem::path(companion.target().str()).filename().string() + "\n");
     looks.write(companion);
+    looks.tell_renamed(output);
   }
   const vltVertexLists lists(*bodies);
   std::size_t faces = 0;

@@ -4,6 +4,7 @@
 #include "stlFormat.h"
 #include "stlTextWriter.h"
 #include "velFileFormat.h"
+#include "vltRounding.h"
 #include "vltScale.h"
 
 VELABS_OUTPUT_LIBRARY(stlWriter)
@@ -22,6 +23,7 @@ velabsResult stlWriter::write(const annDocument& document, const velTableInstanc
   const bool one_solid = !resources.value<utString>("SOLID_NAME").empty();
   const vltCarries carries{.format = "STL", .parts = text && !one_solid, .colours = !text, .opacity = false};
   vlt_tell_losses(document, *bodies, carries, unit, resources, output);
+  if (!text) vlt_tell_rounding(*bodies, "binary STL", "FILE_FORMAT ascii", output);
   return text ? stl_write_text(*bodies, resources, stream_, output)
               : stl_write_binary(*bodies, resources, stream_, output);
 }

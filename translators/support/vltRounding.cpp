@@ -1,0 +1,78 @@
+#include "vltRounding.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+
+namespace {
+
+constexpr double share_of_size = 1e-5;
+constexpr double float_rounding = 0x1p-24;  // of a number, at most
+
+// Never inlined: gcc 12 takes a number for the float that it becomes where it turns several of them to and fro at once.
+[[gnu::noinline]] float rounded(double value) {
+  return static_cast<float>(value);
+}
+
+double largest(const annVector& v) {
+  return std::max({std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
+}
+
+// What is known of the points seen so far.
+class Seen {
+ public:
+  void take(const annVector& point) {
+    if (!box_) {
+      box_ = annBox{point, point};
+      first_ = largest(point);
+    }
+    box_->include(point);
+    auto moved = [](double value) { return std::fabs(value - static_cast<double>(rounded(value))); };
+    moved_ = std::max({moved_, moved(point.x), moved(point.y), moved(point.z)});
+  }
+
+  double size() const {
+    const annVector across = box_->max - box_->min;
+    return std::sqrt(ann_dot(across, across));
+  }
+  double moved() const { return moved_; }
+  bool too_far() const { return box_ && size() > 0 && moved_ > share_of_size * size() && std::isfinite(moved_); }
+
+  // True once no further point can change that all is well: none lies further out than the first one and the size of
+  // the whole, and with the size grows what may be lost.
+  bool never_too_far() const { return (first_ + size()) * float_rounding < share_of_size * size(); }
+
+ private:
+  std::optional<annBox> box_;
+  double first_ = 0;
+  double moved_ = 0;
+};
+
+// False when there is no need to look further.
+bool look_at(const vltPlacedMesh& body, Seen& seen) {
+  constexpr std::size_t step = 256;
+  const std::vector<annVector>& points = body.mesh->vertices->points;
+  const bool placed = !body.placement.is_identity();
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    seen.take(placed ? body.placement.point(points[i]) : points[i]);
+    if (i % step == step - 1 && seen.never_too_far()) return false;
+  }
+  return points.empty() || !seen.never_too_far();
+}
+
+}  // namespace
+
+void vlt_tell_rounding(const std::vector<vltPlacedMesh>& bodies, const char* format, const char* instead,
+                       velabsOutput& output) {
+  Seen seen;
+  for (const vltPlacedMesh& body : bodies) {
+    if (!look_at(body, seen)) return;
+  }
+  if (!seen.too_far()) return;
+  char moved[32];
+  std::snprintf(moved, sizeof moved, "%.2g", seen.moved());
+  output.message(velabsWARNING, utString("the model lies so far from the origin that the short numbers of ") + format +
+                                    " move its points by up to " + moved + "; " + instead +
+                                    " holds them as they are, and a model that is moved to the origin loses nothing");
+}
