@@ -139,6 +139,12 @@ TEST(OffWriter, PutsPartsTogether) {
             "OFF\n9 3 0\n0 0 0\n1 0 1\n0 1 0\n0 0 0\n1 0 -1\n0 1 0\n0 0 0\n1 0 0\n0 1 0.12\n3 0 1 2\n3 3 5 4 255 0 "
             "0\n3 6 7 8\n");
   EXPECT_NE(messages.notes.find("no normals are written"), std::string::npos) << messages.notes;
+
+  // Colours of vertices would hide that of a part without any.
+  bare.colour = annColour{0, 0, 1, 1};
+  ASSERT_EQ(writer.write(reading.document, directory / "b.off", messages), velabsDONE);
+  const std::string text = TemporaryDirectory::read(directory / "b.off");
+  EXPECT_NE(text.find("\n0 0 0 0 0 1 1\n1 0 0 0 0 1 1\n0 1 0.125 0 0 1 1\n"), text.npos) << text;
 }
 
 }  // namespace

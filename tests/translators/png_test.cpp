@@ -90,6 +90,14 @@ TEST(Png, TheNearerHidesTheFartherAndGlassShowsIt) {
             picture_of(alone, top).share([](const auto& p) { return p[3] > 100; }, 0.1, 0.9));
 }
 
+TEST(Png, ColoursOfVerticesStandInPlaceOfThoseOfFaces) {
+  annDocument document = coloured_cube();
+  auto mesh = std::make_shared<annMesh>(*document.root.children[0]->body.mesh);
+  mesh->vertices->colours.assign(8, {0, 1, 0, 1});
+  document.root.children[0]->body.mesh = mesh;
+  EXPECT_EQ(colour_name(picture_of(document, {{"VIEW", "top"}}).at(0.5, 0.5)), 'g');
+}
+
 TEST(Png, LinesStandOnEdgesWhenAskedFor) {
   const auto dark = [](const Picture::Pixel& p) { return p[3] > 127 && p[0] + p[1] + p[2] < 160; };
   const annDocument document = coloured_cube();

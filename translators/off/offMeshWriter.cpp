@@ -54,7 +54,7 @@ bool offMeshWriter::vertices(const vltVertexList& list) {
       for (double value : {n.x, n.y, n.z}) behind_blank(static_cast<float>(value));
     }
     if (mesh_.vertex_colours()) {
-      colour(from.colours.empty() ? annColour{1, 1, 1, 1} : from.colours[i], mesh_.vertex_colours_are_bytes(), 4);
+      colour(mesh_.colours_of(list)[i], mesh_.vertex_colours_are_bytes(), 4);
     }
     text_.text("\n");
     if (!go_on()) return false;

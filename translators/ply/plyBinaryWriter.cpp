@@ -65,6 +65,7 @@ class BinaryWriter {
   bool entries(const vltVertexList& list) {
     constexpr std::size_t most_size = 3 * sizeof(double) + 3 * sizeof(float) + 4 * sizeof(float);
     const annVertices& from = *list.vertices;
+    const annColour* const tints = colours == Colours::none ? nullptr : content_.mesh.colours_of(list).data();
     const bool placed = !list.placement.is_identity();
     for (std::size_t i = 0; i < from.points.size();) {
       const std::size_t end = std::min(from.points.size(), i + entries_at_once);
@@ -83,7 +84,7 @@ class BinaryWriter {
           put(to, static_cast<float>(n.z));
         }
         if constexpr (colours != Colours::none) {
-          const annColour colour = from.colours.empty() ? annColour{1, 1, 1, 1} : from.colours[i];
+          const annColour colour = tints[i];
           if constexpr (colours == Colours::bytes) {
             put(to, vlt_bytes_of(colour));
           } else {

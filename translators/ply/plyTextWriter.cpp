@@ -38,7 +38,7 @@ class TextWriter {
         for (double value : {n.x, n.y, n.z}) behind_blank(static_cast<float>(value));
       }
       if (content_.vertex_colours != Colours::none) {
-        colour(from.colours.empty() ? annColour{1, 1, 1, 1} : from.colours[i]);
+        colour(content_.mesh.colours_of(list)[i]);
       }
       text_.text("\n");
       if (!pace_.go_on(1)) return false;

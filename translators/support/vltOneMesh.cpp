@@ -37,12 +37,29 @@ vltOneMesh::vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableI
   };
   normals_ = spread("WRITE_NORMALS", [](const vltVertexList& list) { return !list.vertices->normals.empty(); });
   colours_ = spread("WRITE_VERTEX_COLOURS", [](const vltVertexList& list) { return !list.vertices->colours.empty(); });
+  if (vertex_colours()) make_colours(vlt_flag(resources, "WRITE_MATERIALS"));
   for (const vltVertexList& list : lists_.all()) {
-    const std::vector<annColour>& colours = list.vertices->colours;
+    if (!vertex_colours()) break;
+    const std::vector<annColour>& colours = colours_of(list);
     bytes_ = bytes_ && std::all_of(colours.begin(), colours.end(), vlt_is_of_bytes);
   }
   for (const vltPlacedMesh& body : bodies) look_at_faces(body);
   face_colours_ = face_colours_ && vlt_flag(resources, "WRITE_MATERIALS");
+}
+
+void vltOneMesh::make_colours(bool of_faces) {
+  made_colours_.resize(lists_.all().size());
+  for (std::size_t number = 0; number < bodies_.size(); ++number) {
+    const vltPlacedMesh& body = bodies_[number];
+    std::vector<annColour>& colours = made_colours_[lists_.number_of(number)];
+    if (!body.mesh->vertices->colours.empty()) continue;
+    colours.resize(body.mesh->vertices->points.size(), {1, 1, 1, 1});
+    for (std::size_t face = 0; of_faces && face < body.mesh->face_count(); ++face) {
+      const std::optional<annColour> colour = body.face_colour(face);
+      if (!colour) continue;
+      for (std::uint32_t vertex : body.mesh->face(face)) colours[vertex] = *colour;
+    }
+  }
 }
 
 void vltOneMesh::look_at_faces(const vltPlacedMesh& body) {
@@ -82,7 +99,8 @@ void vltOneMesh::tell_mixture(velabsOutput& output) const {
     output.message(velabsNOTE, "no normals are written: not every part has them, and one mesh has them all or none");
   }
   if (colours_ == Spread::some) {
-    output.message(velabsNOTE, "vertices without a colour are written white, because others have one");
+    output.message(velabsNOTE,
+                   "vertices without a colour are written in that of their faces, else white, because others have one");
   }
 }
 

@@ -25,8 +25,13 @@ class vltOneMesh {
 
   // Every vertex has a normal. With normals on some parts only, none is written: nobody can make up the others.
   bool normals() const { return normals_ == Spread::all; }
-  // Some vertex has a colour; the others are white.
+  // Some vertex has a colour.
   bool vertex_colours() const { return colours_ != Spread::none; }
+  // Those of a list, one for each vertex, when some vertex has one. A list without any gets those of its faces, because
+  // colours of vertices stand in place of theirs, and white for faces without one.
+  const std::vector<annColour>& colours_of(const vltVertexList& list) const {
+    return list.vertices->colours.empty() ? made_colours_[lists_.index_of(list)] : list.vertices->colours;
+  }
   // All components of vertex colours, or of the colours of faces, are whole numbers divided by 255.
   bool vertex_colours_are_bytes() const { return bytes_; }
 
@@ -40,12 +45,14 @@ class vltOneMesh {
 
  private:
   enum class Spread { none, some, all };
+  void make_colours(bool of_faces);
   void look_at_faces(const vltPlacedMesh& body);
 
   const std::vector<vltPlacedMesh>& bodies_;
   vltVertexLists lists_;
   std::size_t faces_ = 0;
   std::size_t largest_face_ = 0;
+  std::vector<std::vector<annColour>> made_colours_;  // of lists without any beside others that have them
   Spread normals_ = Spread::none, colours_ = Spread::none;
   bool bytes_ = true;
   bool face_colours_ = false, all_coloured_ = true;

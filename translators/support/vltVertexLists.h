@@ -22,6 +22,8 @@ class vltVertexLists {
   // The number of the list that a body uses.
   std::size_t number_of(std::size_t body) const { return list_of_[body]; }
   const vltVertexList& of(std::size_t body) const { return lists_[list_of_[body]]; }
+  // The number of a list that `all` holds.
+  std::size_t index_of(const vltVertexList& list) const { return static_cast<std::size_t>(&list - lists_.data()); }
   // Of all lists.
   std::size_t vertex_count() const { return count_; }
 

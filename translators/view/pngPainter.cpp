@@ -93,13 +93,7 @@ void pngPainter::place(const viewScene::Node& node, const viewMesh& mesh) {
 }
 
 void pngPainter::paint_range(const viewMesh& mesh, const viewMesh::Range& range, const annColour& look, pngBand& band) {
-  const bool own = range.material == annMesh::no_material;
-  auto colour_at = [&](std::uint32_t vertex) -> annColour {
-    if (mesh.colours.empty()) return look;
-    const annColour& c = mesh.colours[vertex];
-    if (own) return c;
-    return {c.red * look.red, c.green * look.green, c.blue * look.blue, c.opacity * look.opacity};
-  };
+  auto colour_at = [&](std::uint32_t vertex) { return mesh.colours.empty() ? look : mesh.colours[vertex]; };
   for (std::uint32_t i = 3 * range.first; i < 3 * (range.first + range.count); i += 3) {
     const std::uint32_t* const corners = mesh.corners.data() + i;
     const pngPoint &a = points_[corners[0]], &b = points_[corners[1]], &c = points_[corners[2]];

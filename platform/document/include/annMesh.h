@@ -26,7 +26,7 @@ struct VELPLATFORM_API annMesh {
   std::vector<std::uint32_t> face_starts;
 
   // The looks that faces of this mesh may have, and for each face the number of its own or `no_material`; no numbers at
-  // all when no face has one.
+  // all when no face has one. Where the vertices have colours, those are seen instead.
   std::vector<annMaterial> materials;
   std::vector<std::uint32_t> face_materials;
 

@@ -142,11 +142,11 @@ class Renderer {
     for (const shown of this.meshes) {
       if (!shown || shown.drawn.length === 0) continue;
       for (const [look, first, count] of shown.mesh.ranges) {
-        const own = look < 0;
+        const own = look < 0, tinted = Boolean(shown.mesh.colours);
         const draw = { shown, first: 3 * first * shown.bytes, count: 3 * count, look: own ? null : this.model.colours[look] };
-        draw.kind = (own ? 0 : 1) + (shown.mesh.colours ? 2 : 0);
-        const clear = (!own && draw.look[3] < 1) || shown.mesh.clear;
-        const opaque = clear ? 0 : own && !shown.mesh.colours ? shown.opaque : shown.drawn.length;
+        draw.kind = tinted ? 2 : own ? 0 : 1;
+        const clear = tinted ? shown.mesh.clear : !own && draw.look[3] < 1;
+        const opaque = clear ? 0 : own && !tinted ? shown.opaque : shown.drawn.length;
         if (opaque > 0) this.solids.push({ ...draw, instances: opaque });
         for (let i = opaque; i < shown.drawn.length; ++i) {
           this.clears.push({ ...draw, instances: 1, offset: i, middle: this.middleOf(shown.drawn[i]) });

@@ -54,7 +54,6 @@ void main() {
   normal = mat3(view) * turned;
   colour = lookKind == 0 ? paint : look;
   if (lookKind == 2) colour = tint;
-  if (lookKind == 3) colour = look * tint;
   beyond = dot(plane.xyz, p) - plane.w;
   selected = state.y;
 }`;
