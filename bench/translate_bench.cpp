@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -45,10 +46,17 @@ const Inputs& inputs() {
   return made;
 }
 
+// Nothing stands there yet: what an earlier run wrote would have to be replaced, which waits for the disk.
+std::string fresh(const std::string& name) {
+  const std::string file = inputs().file(name);
+  std::filesystem::remove(file);
+  return file;
+}
+
 void translate(benchmark::State& state, const Words& in, const std::string& out, const Words& options) {
   Words words{VEL_PROGRAM, "translate", "--quiet"};
   for (const std::string& name : in) words.push_back(inputs().file(name));
-  words.insert(words.end(), {"-o", inputs().file(out)});
+  words.insert(words.end(), {"-o", fresh(out)});
   for (const std::string& option : options) words.insert(words.end(), {"--out", option});
   measure_program(state, words);
 }
@@ -58,11 +66,11 @@ void info(benchmark::State& state, const std::string& in) {
 }
 
 void copy(benchmark::State& state, const std::string& in, const std::string& out) {
-  measure_program(state, {"cp", inputs().file(in), inputs().file(out)});
+  measure_program(state, {"cp", inputs().file(in), fresh(out)});
 }
 
 void bare(benchmark::State& state, const std::string& how, const std::string& in, const std::string& out) {
-  measure_program(state, {VEL_BARE_TRANSLATION, how, inputs().file(in), inputs().file(out)});
+  measure_program(state, {VEL_BARE_TRANSLATION, how, inputs().file(in), fresh(out)});
 }
 
 template <typename... Arguments>
