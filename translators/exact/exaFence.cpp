@@ -95,8 +95,8 @@ exaAloud::~exaAloud() {
   silent = silent_;
 }
 
-bool exa_fenced(const std::function<void()>& work) {
-  if (broken) return false;
+exaOutcome exa_fenced(const std::function<void()>& work) {
+  if (broken) return exaOutcome::REFUSED;
   gag_streams();
   const Handler handler;
   const Silence silence;
@@ -107,8 +107,8 @@ bool exa_fenced(const std::function<void()>& work) {
     silent = silence_here;
     landing = &place;
     broken = true;
-    return false;
+    return exaOutcome::BROKE_DOWN;
   }
   work();
-  return true;
+  return exaOutcome::DONE;
 }

@@ -49,7 +49,16 @@ void be_quiet() {
 std::string exa_failure_of(const std::function<void()>& work) {
   be_quiet();
   try {
-    return exa_fenced(work) ? "" : "the file is damaged and the kernel broke down on it";
+    switch (exa_fenced(work)) {
+      case exaOutcome::DONE:
+        break;
+      case exaOutcome::BROKE_DOWN:
+        return "the file is damaged and the kernel broke down on it";
+      case exaOutcome::REFUSED:
+        return "the kernel broke down on another file or shape before and is used no more; translate this one by "
+               "itself";
+    }
+    return "";
   } catch (const Standard_Failure& failure) {
     const std::string text = failure.GetMessageString() ? failure.GetMessageString() : "";
     return text.empty() ? failure.DynamicType()->Name() : vlt_one_line(utString(text));
