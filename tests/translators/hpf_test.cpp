@@ -23,7 +23,7 @@ std::shared_ptr<annMesh> triangle() {
 // A shape that makes facets, as one does whose library is there.
 class Shape : public annExactShape {
  public:
-  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus&) const override {
+  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus&, annProgress*) const override {
     auto mesh = triangle();
     mesh->vertices->points[0].x = tolerance.chord;
     return mesh;

@@ -4,14 +4,14 @@
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <BRep_Tool.hxx>
 #include <IMeshTools_Parameters.hxx>
+#include <Message_ProgressIndicator.hxx>
 #include <Poly_Triangulation.hxx>
-#include <Precision.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Face.hxx>
-#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "annWelder.h"
 
@@ -19,6 +19,21 @@ namespace {
 
 // From here on several threads are worth while for one shape. Smaller ones are meshed beside each other.
 constexpr std::size_t faces_for_threads = 64;
+
+// Passes the progress of the kernel on and stops the kernel.
+class Indicator : public Message_ProgressIndicator {
+ public:
+  explicit Indicator(annProgress* progress) : progress_(progress) {}
+
+ protected:
+  Standard_Boolean UserBreak() override { return progress_ && progress_->cancelled(); }
+  void Show(const Message_ProgressScope&, const Standard_Boolean) override {
+    if (progress_) progress_->done(GetPosition());
+  }
+
+ private:
+  annProgress* progress_;
+};
 
 class FacetMaker {
  public:
@@ -68,7 +83,7 @@ class FacetMaker {
 }  // namespace
 
 std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,
-                                          const annTolerance& tolerance, std::size_t& missing) {
+                                          const annTolerance& tolerance, std::size_t& missing, annProgress* progress) {
   const TopoDS_Shape copy = BRepBuilderAPI_Copy(shape, false, false).Shape();
   std::vector<TopoDS_Face> faces;
   for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next()) {
@@ -76,18 +91,20 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
   }
 
   IMeshTools_Parameters parameters;
-  parameters.Deflection = std::max(tolerance.chord, 10 * Precision::Confusion());
+  parameters.Deflection = tolerance.chord;
   parameters.Angle = tolerance.angle;
   parameters.InParallel = faces.size() >= faces_for_threads;
-  BRepMesh_IncrementalMesh(copy, parameters);
+  const Handle(Indicator) indicator = new Indicator(progress);
+  BRepMesh_IncrementalMesh(copy, parameters, indicator->Start());
+  auto cancelled = [&] { return progress && progress->cancelled(); };
 
   auto mesh = std::make_shared<annMesh>();
   for (const annColour& colour : colours.colours) mesh->materials.push_back({{}, colour});
   FacetMaker maker(*mesh);
   missing = 0;
-  for (std::size_t face = 0; face < faces.size(); ++face) {
+  for (std::size_t face = 0; face < faces.size() && !cancelled(); ++face) {
     if (!maker.add(faces[face])) ++missing;
     if (!colours.empty()) mesh->face_materials.resize(mesh->corners.size() / 3, colours.of_face[face]);
   }
-  return mesh;
+  return cancelled() ? nullptr : mesh;
 }

@@ -7,7 +7,7 @@
 #include "exaFaceColours.h"
 
 // Triangles on the faces of a shape, with both tolerances greater than 0. Points that neighbouring faces share are one,
-// so a solid gives a closed mesh. `missing` receives how many faces got none. The shape stays as it is. What the kernel
-// throws passes through.
+// so a solid gives a closed mesh. `missing` receives how many faces got none. The shape stays as it is. Null when
+// `progress`, which may be null, does not want it any more. What the kernel throws passes through.
 std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,
-                                          const annTolerance& tolerance, std::size_t& missing);
+                                          const annTolerance& tolerance, std::size_t& missing, annProgress* progress);

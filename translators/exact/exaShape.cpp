@@ -2,9 +2,12 @@
 
 #include <BRepBndLib.hxx>
 #include <Bnd_Box.hxx>
+#include <Precision.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
+#include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "exaFacets.h"
 #include "exaPlacement.h"
@@ -15,6 +18,13 @@ namespace {
 // A part is followed as closely as a two thousandth of its size where nobody says how closely.
 constexpr double default_chord = 0.0005;
 constexpr double default_angle = 0.35;  // about 20 degrees
+
+// Closer ones would give millions of facets for a single sphere.
+constexpr double least_chord = 1e-5;
+constexpr double least_angle = std::numbers::pi / 180;
+
+// Points that are nearer to each other are one for the kernel.
+const double closest_chord = 10 * Precision::Confusion();
 
 std::size_t count(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind) {
   std::size_t result = 0;
@@ -53,27 +63,41 @@ exaShape::~exaShape() = default;
 
 // The closest box would take longer to find than the facets themselves, so this one may be somewhat too large.
 double exaShape::size() const {
-  double result = 0;
-  exa_failure_of([&] {
-    Bnd_Box box;
-    BRepBndLib::Add(shape_, box, false);
-    if (!box.IsVoid() && !box.IsOpen()) result = std::sqrt(box.SquareExtent());
+  std::call_once(measured_, [this] {
+    exa_failure_of([this] {
+      Bnd_Box box;
+      BRepBndLib::Add(shape_, box, false);
+      if (!box.IsVoid() && !box.IsOpen()) size_ = std::sqrt(box.SquareExtent());
+    });
   });
-  return result;
+  return size_;
 }
 
-std::shared_ptr<const annMesh> exaShape::facets(const annTolerance& wanted, apStatus& status) const {
+annTolerance exaShape::least_tolerance() const {
+  return {std::max(size() * least_chord, closest_chord), least_angle};
+}
+
+std::shared_ptr<const annMesh> exaShape::facets(const annTolerance& wanted, apStatus& status,
+                                                annProgress* progress) const {
   annTolerance tolerance = wanted;
   if (!(tolerance.chord > 0)) tolerance.chord = size() * default_chord;
   if (!(tolerance.angle > 0)) tolerance.angle = default_angle;
+  const annTolerance least = least_tolerance();
+  tolerance.chord = std::max(tolerance.chord, least.chord);
+  tolerance.angle = std::max(tolerance.angle, least.angle);
 
   std::lock_guard guard(lock_);
   std::shared_ptr<const annMesh> mesh = mesh_.lock();
   if (!mesh || tolerance.chord != mesh_tolerance_.chord || tolerance.angle != mesh_tolerance_.angle) {
     std::size_t missing = 0;
-    const std::string failure = exa_failure_of([&] { mesh = exa_facets(shape_, colours_, tolerance, missing); });
+    const std::string failure =
+        exa_failure_of([&] { mesh = exa_facets(shape_, colours_, tolerance, missing, progress); });
     if (!failure.empty()) {
       status.set_failure(failure);
+      return nullptr;
+    }
+    if (!mesh) {
+      status.set_failure("the work was stopped");
       return nullptr;
     }
     mesh_ = mesh;

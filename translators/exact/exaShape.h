@@ -22,7 +22,10 @@ class VELEXACT_API exaShape : public annExactShape {
 
   // The same mesh as long as somebody holds that of the last call with this tolerance. Faces that cannot be meshed are
   // a failure, or, where gaps are allowed, missing in the mesh and named in the status.
-  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status) const override;
+  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status,
+                                        annProgress* progress) const override;
+  // A hundred thousandth of its size, and a degree.
+  annTolerance least_tolerance() const override;
   annShapeContent content() const override { return content_; }
   std::optional<annBox> box(const annTransform& placement) const override;
   utString kind() const override { return "brep"; }
@@ -39,6 +42,8 @@ class VELEXACT_API exaShape : public annExactShape {
   bool allow_gaps_;
   annShapeContent content_;
 
+  mutable std::once_flag measured_;
+  mutable double size_ = 0;
   mutable std::mutex lock_;
   mutable std::weak_ptr<const annMesh> mesh_;  // of the last tolerance
   mutable annTolerance mesh_tolerance_;

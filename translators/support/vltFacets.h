@@ -10,8 +10,8 @@
 
 // The bodies of one document as facets, for writers that keep its tree. An exact shape without a mesh is turned into
 // facets once, however often it is shown, as closely as CHORD_TOLERANCE (in the document's unit) and ANGLE_TOLERANCE
-// (in degrees) say; 0 leaves that to the size of the shape. Several shapes are turned at once. Shapes are told apart by
-// their address: the document must outlive this.
+// (in degrees) say; 0 leaves that to the size of the shape, and a warning tells of tolerances that are too small.
+// Several shapes are turned at once. Shapes are told apart by their address: the document must outlive this.
 class vltFacets {
  public:
   vltFacets(const annDocument& document, const velTableInstance& resources, velabsOutput& output);
@@ -27,6 +27,7 @@ class vltFacets {
     bool told = false;
   };
   void make_all();
+  void tell_least(const annTolerance& raised);
 
   const annDocument& document_;
   annTolerance tolerance_;

@@ -7,6 +7,7 @@
 
 #include "annBox.h"
 #include "annMesh.h"
+#include "annProgress.h"
 #include "annTransform.h"
 #include "apExport.h"
 #include "apStatus.h"
@@ -33,8 +34,12 @@ class VELPLATFORM_API annExactShape {
   virtual ~annExactShape();
 
   // Facets that approximate the shape; null and a failed status when it cannot be done. A failed status beside facets
-  // says which of them are missing.
-  virtual std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status) const = 0;
+  // says which of them are missing. With a `progress` it can be stopped: null, and a failed status, come back soon.
+  virtual std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status,
+                                                annProgress* progress = nullptr) const = 0;
+
+  // The closest that facets can sensibly follow the shape: what is asked for below it is raised to it. 0 for no bound.
+  virtual annTolerance least_tolerance() const;
 
   virtual annShapeContent content() const = 0;
 

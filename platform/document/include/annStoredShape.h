@@ -10,7 +10,8 @@ class VELPLATFORM_API annStoredShape final : public annExactShape {
   annStoredShape(utString kind, std::string bytes, annShapeContent content, std::optional<annBox> box);
 
   // Always a failure: says that it takes the library for this kind.
-  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status) const override;
+  std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status,
+                                        annProgress* progress) const override;
 
   annShapeContent content() const override { return content_; }
   // None too where the placement turns the axes into other directions.

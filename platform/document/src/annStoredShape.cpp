@@ -19,7 +19,7 @@ bool keeps_boxes(const annTransform& placement) {
 annStoredShape::annStoredShape(utString kind, std::string bytes, annShapeContent content, std::optional<annBox> box)
     : kind_(std::move(kind)), bytes_(std::move(bytes)), content_(content), box_(box) {}
 
-std::shared_ptr<const annMesh> annStoredShape::facets(const annTolerance&, apStatus& status) const {
+std::shared_ptr<const annMesh> annStoredShape::facets(const annTolerance&, apStatus& status, annProgress*) const {
   status.set_failure(
       utString("those of a shape that was kept as bytes can only be made where the library for the kind \"") + kind_ +
       "\" is installed; write the file anew from the shape's source, with facets");

@@ -1,0 +1,3 @@
+#include "annProgress.h"
+
+annProgress::~annProgress() = default;
