@@ -7,6 +7,7 @@
 #include <istream>
 #include <sstream>
 
+#include "exaBrepCheck.h"
 #include "exaNesting.h"
 #include "exaSession.h"
 #include "exaShape.h"
@@ -46,13 +47,17 @@ std::string exaShape::save(apStatus& status) const {
 }
 
 std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& status) {
+  if (const std::string fault = exa_brep_fault(bytes); !fault.empty()) {
+    status.set_failure("the bytes of the shape are damaged: " + fault);
+    return nullptr;
+  }
   exaInputBuffer buffer(bytes);
   std::istream stream(&buffer);
   stream.imbue(std::locale::classic());
   stream.exceptions(std::ios_base::badbit | std::ios_base::failbit);
   TopoDS_Shape shape;
   const std::string failure = exa_failure_of([&] {
-    if (bytes.substr(0, 64).find("Open CASCADE Topology") != bytes.npos) {
+    if (exa_is_binary_brep(bytes)) {
       BinTools::Read(shape, stream);
     } else {
       BRepTools::Read(shape, stream, BRep_Builder());

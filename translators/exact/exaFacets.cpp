@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "annWelder.h"
+#include "exaFence.h"
 
 namespace {
 
@@ -28,7 +29,9 @@ class Indicator : public Message_ProgressIndicator {
  protected:
   Standard_Boolean UserBreak() override { return progress_ && progress_->cancelled(); }
   void Show(const Message_ProgressScope&, const Standard_Boolean) override {
-    if (progress_) progress_->done(GetPosition());
+    if (!progress_) return;
+    const exaAloud aloud;
+    progress_->done(GetPosition());
   }
 
  private:
