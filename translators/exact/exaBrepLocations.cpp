@@ -50,7 +50,8 @@ class LocationWalk {
       const std::int64_t power = values_.integer();
       const std::size_t steps = kept_[number - 1]->size();
       const bool is_single = steps == 1;
-      const std::int64_t highest = is_single ? highest_power : static_cast<std::int64_t>(most_steps / steps);
+      const std::int64_t highest = is_single ? highest_power / std::abs((*kept_[number - 1])[0].second)
+                                             : static_cast<std::int64_t>(most_steps / steps);
       length += is_single ? 1 : steps * static_cast<std::size_t>(std::abs(std::clamp(power, -highest, highest)));
       if (std::abs(power) > highest || length > most_steps) values_.fail("it is made of too many others");
       if (!values_.ok()) return {};
