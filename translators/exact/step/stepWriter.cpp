@@ -16,6 +16,7 @@
 #include "stepFormat.h"
 #include "stepHeader.h"
 #include "stepStatedUnits.h"
+#include "stepStyleOrder.h"
 #include "stepText.h"
 #include "utBool.h"
 #include "velAngularUnit.h"
@@ -102,6 +103,7 @@ class Writing {
     const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
     if (unit_ == velLENGTH_YARD) step_state_yards(model);
     step_state_angles(model, angle_of(resources_));
+    step_order_styles(model);
     step_make_repeatable(model, exa_stem(stream.target()));
     StepData_StepWriter text(model);
     text.SendModel(Handle(StepData_Protocol)::DownCast(model->Protocol()));
