@@ -283,6 +283,19 @@ TEST_F(Exact, MeshesBecomePlanarFaces) {
             velabsFAILED);
 }
 
+TEST_F(Exact, MeshesThatHaveNoExactShapeAreSaidToHaveNone) {
+  annDocument far = document_of(cube(1));
+  far.root.children[0]->transform = {{1, 0, 0, 1e300, 0, 1, 0, 0, 0, 0, 1, 0}};
+  const std::pair<annDocument, const char*> cases[] = {{document_of(cube(1e300)), "a coordinate is too large"},
+                                                       {document_of(cube(0)), "no face that has an area"},
+                                                       {std::move(far), "stands too far away"}};
+  for (const auto& [document, reason] : cases) {
+    Messages messages;
+    EXPECT_EQ(writer("step").write(document, path("none.step"), messages), velabsFAILED);
+    EXPECT_NE(messages.errors.find(reason), std::string::npos) << messages.errors;
+  }
+}
+
 TEST_F(Exact, PartsOfAnAssemblyStandSideBySideInIges) {
   annDocument document = document_of(cube(10));
   annNode& assembly = document.root.add_child("assembly");

@@ -1,6 +1,7 @@
 #include "exaProducts.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "exaPlacement.h"
 #include "exaPlanarShape.h"
@@ -13,6 +14,20 @@ namespace {
 
 // The kernel walks assemblies by recursion.
 constexpr std::size_t deepest = 500;
+
+// It takes 1e100 for infinite, and makes areas and volumes of lengths.
+constexpr double largest = 1e50;
+
+// False for what is no number too.
+bool fits(annVector point) {
+  return std::abs(point.x) <= largest && std::abs(point.y) <= largest && std::abs(point.z) <= largest;
+}
+
+bool fits(const annMesh& mesh, const annTransform& change) {
+  const auto& points = mesh.vertices->points;
+  return std::all_of(points.begin(), points.end(),
+                     [&](annVector point) { return fits(point) && fits(change.point(point)); });
+}
 
 std::size_t limit(const velTableInstance& resources) {
   const int limit = resources.value<int>("FACET_LIMIT", 20000);
@@ -39,7 +54,7 @@ bool exaProducts::make() {
   if (!add_uses(definitions_.top(), change_, std::nullopt, top_)) return false;
   findings_.tell();
   if (!top_.empty()) return true;
-  output_.message(velabsERROR, "the model holds no shape");
+  output_.message(velabsERROR, left_out_ ? "its meshes hold no face that has an area" : "the model holds no shape");
   return false;
 }
 
@@ -63,6 +78,10 @@ bool exaProducts::add_uses(const std::vector<annDefinitions::Use>& uses, const a
                            const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target) {
   for (const annDefinitions::Use& use : uses) {
     const exaPlacementParts parts = exa_parts(change * use.transform);
+    const auto& at = parts.location.m;
+    if (!fits({at[3], at[7], at[11]})) {
+      return fail(*definitions_.definitions()[use.definition].node, "it stands too far away for an exact shape");
+    }
     std::optional<std::size_t> product;
     if (output_.cancelled() || !find(use.definition, parts.shape, colour, product)) return false;
     if (product) target.push_back({*product, exa_trsf(parts.location)});
@@ -123,7 +142,7 @@ const exaProducts::Made* exaProducts::shape_of(const annNode& node, const annTra
   if (!is_new) return &made;
   bool done = false;
   const std::string failure = exa_failure_of([&] {
-    done = exact ? make_exact(node, made) : make_planar(node, made);
+    done = exact ? make_exact(node, made) : make_planar(node, change, made);
     if (done && !made.shape.IsNull()) made.shape = exa_changed(made.shape, change);
   });
   if (!failure.empty()) fail(node, failure);
@@ -139,7 +158,7 @@ bool exaProducts::make_exact(const annNode& node, Made& made) {
   return true;
 }
 
-bool exaProducts::make_planar(const annNode& node, Made& made) {
+bool exaProducts::make_planar(const annNode& node, const annTransform& change, Made& made) {
   const std::shared_ptr<const annMesh> mesh = facets_.of(node);
   if (!mesh) return false;
   const std::size_t count = exa_planar_face_count(*mesh), most = limit(resources_);
@@ -148,9 +167,12 @@ bool exaProducts::make_planar(const annNode& node, Made& made) {
                           std::to_string(most) + " that FACET_LIMIT allows; raise it with --out facet-limit=" +
                           std::to_string(count) + " or write a format of meshes");
   }
+  if (!fits(*mesh, change))
+    return fail(node, "a coordinate is too large for an exact shape; write it with a smaller SCALE");
   exaPlanarShape planar = exa_planar_shape(*mesh);
   if (planar.left_out > 0) {
-    findings_.count(velabsNOTE, "faces of a mesh that have no area are left out", 0, planar.left_out);
+    left_out_ = true;
+    findings_.count(velabsNOTE, "faces of a mesh that have next to no area are left out", 0, planar.left_out);
   }
   findings_.count(velabsNOTE, "meshes become planar faces, one for each flat facet");
   made.shape = planar.shape;

@@ -64,7 +64,7 @@ class VELEXACT_API exaProducts {
             std::optional<std::size_t>& product);
   const Made* shape_of(const annNode& node, const annTransform& change);
   bool make_exact(const annNode& node, Made& made);
-  bool make_planar(const annNode& node, Made& made);
+  bool make_planar(const annNode& node, const annTransform& change, Made& made);
   bool fail(const annNode& node, const std::string& why);
 
   const velTableInstance& resources_;
@@ -72,6 +72,7 @@ class VELEXACT_API exaProducts {
   annDefinitions definitions_;
   vltFacets facets_;
   vltOnce findings_;
+  bool left_out_ = false;  // faces without an area
   annTransform change_;
   std::map<Key, std::optional<std::size_t>> numbers_;
   std::map<std::pair<const void*, std::array<double, 12>>, Made> shapes_;
