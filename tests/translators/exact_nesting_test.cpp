@@ -1,3 +1,5 @@
+#include <cstdio>
+
 #include "ExactFiles.h"
 
 // Small files whose assemblies would fill the memory, or end the process, if they were walked through.
@@ -46,6 +48,61 @@ std::string of_compounds(const std::string& ground, int count, int times) {
   return file + "\n+1 0 \n";
 }
 
+// An IGES file of entities that name others by their numbers from 1.
+struct IgesEntity {
+  int type;
+  int form;
+  std::string parameters;
+};
+std::string iges_name(int number) {
+  return std::to_string(2 * number - 1);
+}
+std::string of_entities(const std::string& ground, const std::vector<IgesEntity>& entities) {
+  std::string directory, parameters;
+  int number = 0;
+  for (const IgesEntity& entity : entities) {
+    char line[100];
+    const int first = 2 * number++ + 1;
+    std::snprintf(line, sizeof line, "%8d%8d%8d%8d%8d%8d%8d%8d%08dD%07d\n", entity.type, number, 0, 0, 0, 0, 0, 0, 0,
+                  first);
+    directory += line;
+    std::snprintf(line, sizeof line, "%8d%8d%8d%8d%8d%8s%8s%8s%8dD%07d\n", entity.type, 0, 0, 1, entity.form, "", "",
+                  "", 0, first + 1);
+    directory += line;
+    const std::string data = std::to_string(entity.type) + "," + entity.parameters + ";";
+    std::snprintf(line, sizeof line, "%-64s%8dP%07d\n", data.c_str(), first, number);
+    parameters += line;
+  }
+  char end[100];
+  std::snprintf(end, sizeof end, "S%7dG%7dD%7dP%7d%40sT%07d\n", 1, 2, 2 * number, number, "", 1);
+  const std::size_t start = ground.find("D0000001\n"), first_line = ground.rfind('\n', start) + 1;
+  return ground.substr(0, first_line) + directory + parameters + end;
+}
+
+// Levels that hold the one before them so many times, the first one a point or the last one.
+enum class IgesKind { GROUP, SUBFIGURE, ASSEMBLY };
+std::string of_levels(const std::string& ground, IgesKind kind, int count, int times, bool in_circles) {
+  std::vector<IgesEntity> entities{{116, 0, "0.,0.,0.,0"}};
+  const int step = kind == IgesKind::SUBFIGURE ? 2 : 1;
+  std::string below = in_circles ? iges_name(1 + step * count) : iges_name(1);
+  for (int level = 0; level < count; ++level) {
+    std::string members, matrices;
+    for (int i = 0; i < times; ++i) {
+      members += "," + below;
+      matrices += ",0";
+    }
+    const std::string amount = std::to_string(times);
+    if (kind == IgesKind::GROUP) entities.push_back({402, 7, amount + members});
+    if (kind == IgesKind::ASSEMBLY) entities.push_back({184, 0, amount + members + matrices});
+    if (kind == IgesKind::SUBFIGURE) {
+      entities.push_back({308, 0, "0,1Hs," + amount + members});
+      entities.push_back({408, 0, iges_name(static_cast<int>(entities.size())) + ",0.,0.,0.,1."});
+    }
+    below = iges_name(static_cast<int>(entities.size()));
+  }
+  return of_entities(ground, entities);
+}
+
 }  // namespace
 
 TEST_F(ExactNesting, AssembliesThatFillTheMemoryOrEndNowhereAreRefused) {
@@ -57,4 +114,13 @@ TEST_F(ExactNesting, AssembliesThatFillTheMemoryOrEndNowhereAreRefused) {
   const std::string brep = written(triangle("part"), "brep");
   expect_refused("brep", of_compounds(brep, enough_to_fill_memory, 2), "more than 2000000 times");
   expect_refused("brep", of_compounds(brep, too_deep, 1), "more than 1000 deep");
+}
+
+TEST_F(ExactNesting, GroupsSubfiguresAndAssembliesOfIgesAreHeldToTheSame) {
+  const std::string iges = written(triangle("part"), "iges");
+  for (IgesKind kind : {IgesKind::GROUP, IgesKind::SUBFIGURE, IgesKind::ASSEMBLY}) {
+    expect_refused("iges", of_levels(iges, kind, enough_to_fill_memory, 2, false), "more than 2000000 times");
+    expect_refused("iges", of_levels(iges, kind, too_deep, 1, false), "more than 1000 deep");
+    expect_refused("iges", of_levels(iges, kind, 3, 1, true), "stands in itself");
+  }
 }

@@ -15,6 +15,7 @@
 #include "exaXcafReader.h"
 #include "igesFormat.h"
 #include "igesNames.h"
+#include "igesNesting.h"
 #include "velTrimOption.h"
 #include "vltInput.h"
 #include "vltScale.h"
@@ -88,7 +89,8 @@ class Reading {
     output_.progress(percent_parsed);
     if (status != IFSelect_RetDone) return fail("it is no whole IGES file");
     iges_repair_names(reader_->IGESModel());
-    return true;
+    const std::string fault = iges_nesting(reader_->IGESModel()).fault();
+    return fault.empty() || fail("it " + fault);
   }
 
   bool transfer() {

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <IGESData_IGESModel.hxx>
+
+#include "exaNesting.h"
+
+// Which groups, subfigures, assemblies and other entities that are made of others stand in which ones in a parsed file.
+exaNesting iges_nesting(const Handle(IGESData_IGESModel) & model);
