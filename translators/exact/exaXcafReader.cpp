@@ -20,9 +20,6 @@
 
 namespace {
 
-// A tree of more nodes than this is taken for one that was made to fill the memory.
-constexpr std::size_t most_nodes = 2'000'000;
-
 std::string entry(const TDF_Label& label) {
   TCollection_AsciiString text;
   TDF_Tool::Entry(label, text);
@@ -111,7 +108,15 @@ bool exaXcafReader::read(annDocument& document) {
   settle_all();
   std::erase_if(top, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
   findings_.tell();
-  if (!top.empty()) return expand(document, top);
+  if (!top.empty()) {
+    const std::string fault = nesting_of(top).fault();
+    if (fault.empty()) {
+      expand(document, top);
+    } else {
+      output_.message(velabsERROR, utString("it " + fault));
+    }
+    return fault.empty();
+  }
   output_.message(velabsERROR, options_.types == velTYPE_ALL
                                    ? "it holds no solid, shell or face"
                                    : "it holds nothing of the kinds that ENTITY_TYPES asks for");
@@ -183,13 +188,19 @@ void exaXcafReader::settle(Definition& definition) {
   if (are_pieces && !components.empty()) merge_pieces(definition);
 }
 
+std::optional<annColour> exaXcafReader::colour_at(const Component& component) const {
+  const Definition& definition = *definitions_[component.definition];
+  return component.colour && !definition.faces_have_colour ? component.colour : definition.colour;
+}
+
 void exaXcafReader::merge_pieces(Definition& definition) {
   auto& components = definition.components;
   const Component& first = components.front();
   const Definition& piece = *definitions_[first.definition];
   if (components.size() == 1 && first.location.is_identity()) {
     definition.body = piece.body;
-    if (!definition.colour) definition.colour = first.colour ? first.colour : piece.colour;
+    if (const auto colour = colour_at(first)) definition.colour = colour;
+    definition.faces_have_colour = piece.faces_have_colour;
     components.clear();
     return;
   }
@@ -201,15 +212,19 @@ void exaXcafReader::merge_pieces(Definition& definition) {
     const Definition& part = *definitions_[component.definition];
     const auto& shape = static_cast<const exaShape&>(*part.body.shape);
     builder.Add(compound, shape.shape().Moved(TopLoc_Location(exa_trsf(component.location))));
-    const std::optional<annColour> whole = component.colour ? component.colour : part.colour;
+    const std::optional<annColour> whole = colour_at(component);
     for (std::size_t face = 0; face < shape.content().faces; ++face) {
-      const annColour* own = component.colour ? nullptr : shape.colours().colour(face);
+      const annColour* own = shape.colours().colour(face);
       colours.add(own ? own : whole ? &*whole : nullptr);
     }
+    definition.faces_have_colour = definition.faces_have_colour || part.faces_have_colour;
   }
   colours.settle();
-  if (!definition.colour) definition.colour = only_colour(colours);
-  if (only_colour(colours) == definition.colour) colours = {};
+  const std::optional<annColour> whole = only_colour(colours);
+  if (whole && definition.colour.value_or(*whole) == *whole) {
+    definition.colour = whole;
+    colours = {};
+  }
   definition.body.shape = std::make_shared<exaShape>(compound, std::move(colours), options_.allow_gaps);
   components.clear();
 }
@@ -287,22 +302,20 @@ exaColourMaps exaXcafReader::colours_below(const TDF_Label& label) const {
 void exaXcafReader::give_shape(Definition& definition, const TopoDS_Shape& shape, const exaColourMaps& maps) const {
   exaFaceColours colours;
   if (!maps.of_face.IsEmpty() || !maps.of_piece.IsEmpty()) {
+    bool by_faces = false;
     for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
-      const annColour* colour = maps.of_face.Seek(it.Current());
-      colours.add(colour ? colour : maps.of_piece.Seek(it.Current()));
+      const annColour* const own = maps.of_face.Seek(it.Current());
+      const annColour* piece = maps.of_piece.Seek(it.Current());
+      // A piece in the colour of its part has none of its own.
+      if (piece && definition.colour == *piece) piece = nullptr;
+      by_faces = by_faces || own;
+      colours.add(own ? own : piece);
     }
     colours.settle();
     if (const auto whole_colour = only_colour(colours)) {
       definition.colour = whole_colour;
+      definition.faces_have_colour = by_faces;
       colours = {};
-    } else if (definition.colour) {
-      // A face in the colour of its part has none of its own.
-      const exaFaceColours all = std::exchange(colours, {});
-      for (std::size_t face = 0; face < all.of_face.size(); ++face) {
-        const annColour* const own = all.colour(face);
-        colours.add(own && *own == *definition.colour ? nullptr : own);
-      }
-      colours.settle();
     }
   }
   definition.body.shape = std::make_shared<exaShape>(shape, std::move(colours), options_.allow_gaps);
@@ -323,21 +336,25 @@ void exaXcafReader::fill(annNode& node, const Definition& definition) const {
   node.body = definition.body;
 }
 
-bool exaXcafReader::expand(annDocument& document, const std::vector<Component>& top) {
+exaNesting exaXcafReader::nesting_of(const std::vector<Component>& top) const {
+  exaNesting nesting;
+  const auto add = [&](const void* outer, const std::vector<Component>& components) {
+    for (const Component& component : components) nesting.add(outer, definitions_[component.definition].get());
+  };
+  add(this, top);
+  for (const auto& definition : definitions_) add(definition.get(), definition->components);
+  return nesting;
+}
+
+void exaXcafReader::expand(annDocument& document, const std::vector<Component>& top) {
   struct Open {
     annNode* node;
     const std::vector<Component>* components;
   };
   std::vector<Open> open{{&document.root, &top}};
-  std::size_t nodes = 0;
   while (!open.empty()) {
     const Open current = open.back();
     open.pop_back();
-    nodes += current.components->size();
-    if (nodes > most_nodes) {
-      output_.message(velabsERROR, utString("its assemblies hold more than " + std::to_string(most_nodes) + " parts"));
-      return false;
-    }
     for (const Component& component : *current.components) {
       const Definition& definition = *definitions_[component.definition];
       annNode& node = current.node->add_child("");
@@ -346,9 +363,8 @@ bool exaXcafReader::expand(annDocument& document, const std::vector<Component>& 
         node.name = is_made_up(component.name) ? utString("") : component.name;
       }
       node.transform = component.location;
-      if (component.colour) node.colour = component.colour;
+      node.colour = colour_at(component);
       if (!definition.components.empty()) open.push_back({&node, &definition.components});
     }
   }
-  return true;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "annDocument.h"
+#include "exaNesting.h"
 #include "exaReadOptions.h"
 #include "exaShape.h"
 #include "velabsOutput.h"
@@ -25,11 +26,14 @@ struct exaColourMaps {
 // Turns the kernel's document into nodes: a product becomes a node named after it wherever it occurs, its shape one
 // body that all of these share. The pieces that the kernel makes of a part of several representations become one body
 // again. What has no faces is left out, and said so.
+//
+// Faces and solids that have a colour of their own keep it wherever they stand. The others take that of the occurrence
+// that they stand in, and where it has none that of their product.
 class exaXcafReader {
  public:
   exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options, velabsOutput& output);
 
-  // False, and a message, when there is nothing to show or the tree is too big.
+  // False, and a message, when there is nothing to show or the tree is too big or too deep.
   bool read(annDocument& document);
 
  private:
@@ -43,6 +47,7 @@ class exaXcafReader {
     TDF_Label label;
     utString name;
     std::optional<annColour> colour;
+    bool faces_have_colour = false;  // the colour is the one that all of its faces have of their own
     annBody body;
     std::vector<Component> components;
     bool worth_showing = false;
@@ -53,6 +58,7 @@ class exaXcafReader {
   void add_components(std::size_t number);
   void settle_all();
   void settle(Definition& definition);
+  std::optional<annColour> colour_at(const Component& component) const;
   void merge_pieces(Definition& definition);
   void make_body(Definition& definition);
   void make_members(Definition& definition, const std::vector<TopoDS_Shape>& members);
@@ -61,7 +67,8 @@ class exaXcafReader {
   TopoDS_Shape wanted(const TopoDS_Shape& shape) const;
   std::optional<annColour> colour_of(const TDF_Label& label) const;
   void fill(annNode& node, const Definition& definition) const;
-  bool expand(annDocument& document, const std::vector<Component>& top);
+  exaNesting nesting_of(const std::vector<Component>& top) const;
+  void expand(annDocument& document, const std::vector<Component>& top);
 
   Handle(XCAFDoc_ShapeTool) shapes_;
   Handle(XCAFDoc_ColorTool) colours_;
