@@ -355,6 +355,21 @@ TEST_F(Exact, TwoInputsAreReadAtOnce) {
   for (const Reading& reading : readings) EXPECT_EQ(reading.statistics().solids, 3U) << reading.messages.errors;
 }
 
+TEST_F(Exact, StepFilesAreTakenByTheirNumbersAndTellWhatIsLeftOut) {
+  const std::string whole = bytes_of(example), file = path("added.step");
+  auto with = [&](const std::string& line) {
+    std::string added = whole;
+    std::ofstream(file, std::ios::binary) << added.insert(added.rfind("ENDSEC;"), line);
+    return reader("step").read(file);
+  };
+  const Reading layered = with("#900000=PRESENTATION_LAYER_ASSIGNMENT('1','#1=\nit''s no entity; #2=',(#10));\n");
+  EXPECT_EQ(layered.result, velabsDONE) << layered.messages.errors;
+  EXPECT_NE(layered.messages.notes.find("layers are left out"), std::string::npos) << layered.messages.notes;
+  const Reading twice = with("/* #900000=; */ #10=CARTESIAN_POINT('',(0.,0.,0.));\n");
+  EXPECT_EQ(twice.result, velabsFAILED);
+  EXPECT_NE(twice.messages.errors.find("#10 for the second time"), std::string::npos) << twice.messages.errors;
+}
+
 TEST_F(Exact, BrokenFilesGiveAReasonAndNothingElse) {
   const Reading source = reader("step").read(example);
   Messages messages;

@@ -2,13 +2,17 @@
 
 #include <BRepBuilderAPI_Copy.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
+#include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
+#include <Geom_Curve.hxx>
 #include <IMeshTools_Parameters.hxx>
 #include <Message_ProgressIndicator.hxx>
 #include <Poly_Triangulation.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Edge.hxx>
 #include <TopoDS_Face.hxx>
 #include <cmath>
 #include <utility>
@@ -83,14 +87,36 @@ class FacetMaker {
   std::vector<std::uint32_t> numbers_;
 };
 
+// Following an edge that runs round its curve again and again takes points without end. None of a sound solid does.
+bool runs_in_circles(const TopoDS_Edge& edge) {
+  constexpr double most_turns = 2;
+  double first = 0, last = 0;
+  const Handle(Geom_Curve) curve = BRep_Tool::Curve(edge, first, last);
+  if (curve.IsNull()) return false;
+  const double length = last - first;
+  if (curve->IsPeriodic()) return !(length <= most_turns * curve->Period());
+  return !std::isfinite(length);
+}
+
+bool can_be_followed(const TopoDS_Face& face) {
+  for (TopExp_Explorer edge(face, TopAbs_EDGE); edge.More(); edge.Next()) {
+    if (runs_in_circles(TopoDS::Edge(edge.Current()))) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,
                                           const annTolerance& tolerance, std::size_t& missing, annProgress* progress) {
   const TopoDS_Shape copy = BRepBuilderAPI_Copy(shape, false, false).Shape();
   std::vector<TopoDS_Face> faces;
+  TopoDS_Compound sound;
+  BRep_Builder builder;
+  builder.MakeCompound(sound);
   for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next()) {
     faces.push_back(TopoDS::Face(explorer.Current()));
+    if (can_be_followed(faces.back())) builder.Add(sound, faces.back());
   }
 
   IMeshTools_Parameters parameters;
@@ -98,7 +124,7 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
   parameters.Angle = tolerance.angle;
   parameters.InParallel = faces.size() >= faces_for_threads;
   const Handle(Indicator) indicator = new Indicator(progress);
-  BRepMesh_IncrementalMesh(copy, parameters, indicator->Start());
+  BRepMesh_IncrementalMesh(sound, parameters, indicator->Start());
   auto cancelled = [&] { return progress && progress->cancelled(); };
 
   auto mesh = std::make_shared<annMesh>();

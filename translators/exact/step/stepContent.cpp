@@ -6,10 +6,13 @@
 #include <StepShape_Face.hxx>
 #include <StepShape_GeometricSet.hxx>
 #include <StepShape_SolidModel.hxx>
+#include <StepVisual_PresentationLayerAssignment.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <string_view>
+#include <unordered_map>
 
 #include "vltNames.h"
+#include "vltOnce.h"
 
 namespace {
 
@@ -35,6 +38,16 @@ std::string schema_of(const StepData_StepModel& model) {
   return std::string(name.substr(0, name.find(' ')));
 }
 
+// The kernel's classes are called after the kinds of the schema.
+bool is_measured_or_annotated(std::string_view type) {
+  for (const char* family : {"StepDimTol_", "StepShape_DimensionalLocation", "StepShape_DimensionalSize",
+                             "StepShape_AngularLocation", "StepShape_AngularSize", "StepVisual_Annotation",
+                             "StepVisual_DraughtingCallout", "StepVisual_TessellatedAnnotation"}) {
+    if (type.starts_with(family)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string step_why_empty(const Handle(StepData_StepModel) & model) {
@@ -42,4 +55,18 @@ std::string step_why_empty(const Handle(StepData_StepModel) & model) {
   const std::string schema = schema_of(*model);
   return "it holds no solid, shell or face; " +
          (schema.empty() ? "it names no schema" : "its schema is " + vlt_quoted(schema, 80));
+}
+
+void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& output) {
+  std::unordered_map<const Standard_Type*, std::size_t> types;
+  for (int i = 1; i <= model->NbEntities(); ++i) ++types[model->Value(i)->DynamicType().get()];
+  std::size_t measured = 0, layers = 0;
+  for (const auto& [type, count] : types) {
+    if (is_measured_or_annotated(type->Name())) measured += count;
+    if (type->SubType(STANDARD_TYPE(StepVisual_PresentationLayerAssignment))) layers += count;
+  }
+  vltOnce findings(output);
+  if (measured > 0) findings.count(velabsNOTE, "dimensions, tolerances and annotations are left out", 0, measured);
+  if (layers > 0) findings.count(velabsNOTE, "layers are left out", 0, layers);
+  findings.tell();
 }

@@ -19,6 +19,7 @@
 #include "stepAssemblies.h"
 #include "stepContent.h"
 #include "stepFormat.h"
+#include "stepNumbers.h"
 #include "stepReferences.h"
 #include "stepText.h"
 #include "stepUnits.h"
@@ -82,6 +83,7 @@ class Reading {
     reader_->SetGDTMode(false);
     reader_->SetMatMode(false);
     reader_->SetViewMode(false);
+    if (const std::string fault = step_number_fault(bytes); !fault.empty()) return fail("it " + fault);
     const std::optional<std::string> repaired = step_repaired(bytes);
     exaInputBuffer buffer(repaired ? *repaired : bytes, &output_, percent_parsed);
     std::istream stream(&buffer);
@@ -107,7 +109,12 @@ class Reading {
     XCAFDoc_DocumentTool::SetLengthUnit(target_, unit, UnitsMethods_LengthUnit_Millimeter);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const bool done = reader_->Transfer(target_, progress->Start());
-    if (!done) fail(step_why_empty(reader_->Reader().StepModel()));
+    const Handle(StepData_StepModel) model = reader_->Reader().StepModel();
+    if (done) {
+      step_tell_left_out(model, output_);
+    } else {
+      fail(step_why_empty(model));
+    }
     reader_.reset();
     return done;
   }
