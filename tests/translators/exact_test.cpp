@@ -271,7 +271,7 @@ TEST_F(Exact, MeshesBecomePlanarFaces) {
       EXPECT_EQ(reading.statistics().solids, it.solids) << format;
       EXPECT_EQ(reading.statistics().faces, it.faces) << format;
       ASSERT_TRUE(reading.statistics().box);
-      EXPECT_NEAR(reading.statistics().box->max.z, 10, 1e-6);
+      EXPECT_NEAR(reading.statistics().box->max.z, 10, 1e-12);
     }
   }
   Messages messages;

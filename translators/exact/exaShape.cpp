@@ -9,6 +9,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "exaBox.h"
 #include "exaFacets.h"
 #include "exaPlacement.h"
 #include "exaSession.h"
@@ -29,16 +30,6 @@ const double closest_chord = 10 * Precision::Confusion();
 std::size_t count(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind) {
   std::size_t result = 0;
   for (TopExp_Explorer explorer(shape, kind); explorer.More(); explorer.Next()) ++result;
-  return result;
-}
-
-std::optional<annBox> box_of(const TopoDS_Shape& shape) {
-  Bnd_Box box;
-  box.SetGap(0);
-  BRepBndLib::AddOptimal(shape, box, false, false);
-  if (box.IsVoid() || box.IsOpen()) return std::nullopt;
-  annBox result;
-  box.Get(result.min.x, result.min.y, result.min.z, result.max.x, result.max.y, result.max.z);
   return result;
 }
 
@@ -122,7 +113,7 @@ std::optional<annBox> exaShape::box(const annTransform& placement) const {
   const bool is_even = annTransform::scaling(s[0]) == parts.shape;
   std::optional<annBox> result;
   if (!is_even) {
-    exa_failure_of([&] { result = box_of(exa_changed(shape_, placement)); });
+    exa_failure_of([&] { result = exa_box(exa_changed(shape_, placement)); });
     return result;
   }
 
@@ -138,7 +129,7 @@ std::optional<annBox> exaShape::box(const annTransform& placement) const {
   if (!result) {
     exa_failure_of([&] {
       const TopoDS_Shape turned = turn.is_identity() ? shape_ : shape_.Moved(TopLoc_Location(exa_trsf(turn)), false);
-      result = box_of(turned);
+      result = exa_box(turned);
     });
     if (!result) return result;
     std::lock_guard guard(lock_);
