@@ -320,6 +320,16 @@ TEST_F(ExactCorpus, OnePartInSeveralFormatsIsTheSame) {
   }
 }
 
+// Its outermost faces are flat, but edges of theirs are splines.
+TEST_F(ExactCorpus, BoxesAreAsCloseAsTheNumbersOfTheFile) {
+  const std::string file = std::string(std::getenv("VEL_CORPUS")) + "/step/as1-oc-214.stp";
+  const std::optional<annBox> box = translator("stepreader").read(file).statistics().box;
+  ASSERT_TRUE(box);
+  const std::pair<double, double> numbers[] = {{box->min.x, -10}, {box->min.y, 0},   {box->min.z, -4},
+                                               {box->max.x, 190}, {box->max.y, 150}, {box->max.z, 80}};
+  for (const auto& [number, expected] : numbers) EXPECT_NEAR(number, expected, 1e-12);
+}
+
 TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
   namespace fs = std::filesystem;
   const fs::path here = directory_.path() / "assembly", source = std::getenv("VEL_CORPUS");
