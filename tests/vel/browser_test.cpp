@@ -47,7 +47,7 @@ class Browser : public testing::Test {
                                      "--enable-logging=stderr",
                                      "--window-size=1100,700",
                                      "--force-device-scale-factor=1",
-                                     at_once ? "--mute-audio" : "--virtual-time-budget=4000",
+                                     at_once ? "--mute-audio" : "--virtual-time-budget=20000",
                                      "--user-data-dir=" + profile,
                                      "--blink-settings=preferredColorScheme=" + colours,
                                      "--screenshot=" + picture,
@@ -71,17 +71,55 @@ class Browser : public testing::Test {
   std::string said_, complaints_;
 };
 
-void add_box(std::string& obj, const char* name, const char* material, double x, double y, int first) {
+struct Frame {
+  double left = 1, top = 1, right = 0, bottom = 0;
+};
+
+// Around all pixels of a colour, behind the list of parts.
+Frame frame_of(const Picture& picture, char colour) {
+  Frame frame;
+  for (double y = 0; y < static_cast<double>(picture.height); ++y) {
+    for (double x = 290; x < static_cast<double>(picture.width); ++x) {
+      const double across = x / static_cast<double>(picture.width - 1);
+      const double down = y / static_cast<double>(picture.height - 1);
+      if (colour_name(picture.at(across, down)) != colour) continue;
+      frame = {std::min(frame.left, across), std::min(frame.top, down), std::max(frame.right, across),
+               std::max(frame.bottom, down)};
+    }
+  }
+  return frame;
+}
+
+using Point = std::array<double, 3>;
+
+void add_box(std::string& obj, const char* name, const char* material, const Point& low, const Point& high) {
   obj += std::string("o ") + name + "\nusemtl " + material + "\n";
   for (int i = 0; i < 8; ++i) {
-    obj += "v " + std::to_string(x + (i & 1)) + " " + std::to_string(y + (i >> 1 & 1)) + " " + std::to_string(i >> 2) +
-           "\n";
-  }
-  for (const auto& face : {std::array{1, 3, 4, 2}, std::array{5, 6, 8, 7}, std::array{1, 2, 6, 5},
-                           std::array{3, 7, 8, 4}, std::array{1, 5, 7, 3}, std::array{2, 4, 8, 6}}) {
-    obj += "f";
-    for (int corner : face) obj += " " + std::to_string(first + corner - 1);
+    obj += "v";
+    for (int k = 0; k < 3; ++k) obj += " " + std::to_string((i >> k & 1 ? high : low)[static_cast<std::size_t>(k)]);
     obj += "\n";
+  }
+  obj += "f -8 -6 -5 -7\nf -4 -3 -1 -2\nf -8 -7 -3 -4\nf -6 -2 -1 -5\nf -8 -4 -2 -6\nf -7 -5 -1 -3\n";
+}
+
+// A cube from 0 to 4 with a hole along X, a quarter as wide and high, in its middle.
+void add_drilled_cube(std::string& obj, const char* name, const char* material) {
+  obj += std::string("o ") + name + "\nusemtl " + material + "\n";
+  for (const double x : {0.0, 4.0}) {
+    for (const auto& [low, high] : {std::pair{0.0, 4.0}, std::pair{1.5, 2.5}}) {
+      for (const auto& [y, z] :
+           {std::pair{low, low}, std::pair{high, low}, std::pair{high, high}, std::pair{low, high}}) {
+        obj += "v " + std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(z) + "\n";
+      }
+    }
+  }
+  // Corner k of the outer or the inner square at the lower or the upper end.
+  const auto at = [](int end, int ring, int k) { return " " + std::to_string(8 * end + 4 * ring + k % 4 - 16); };
+  for (int k = 0; k < 4; ++k) {
+    obj += "f" + at(0, 0, k) + at(0, 0, k + 1) + at(1, 0, k + 1) + at(1, 0, k) + "\n";
+    obj += "f" + at(0, 1, k) + at(1, 1, k) + at(1, 1, k + 1) + at(0, 1, k + 1) + "\n";
+    obj += "f" + at(1, 0, k) + at(1, 0, k + 1) + at(1, 1, k + 1) + at(1, 1, k) + "\n";
+    obj += "f" + at(0, 0, k) + at(0, 1, k) + at(0, 1, k + 1) + at(0, 0, k + 1) + "\n";
   }
 }
 
@@ -91,8 +129,8 @@ TEST_F(Browser, ShowsEachPartWhereItIsAndAnswers) {
   const TemporaryDirectory& work = installation_.work();
   work.write("boxes.mtl", "newmtl red\nKd 1 0 0\nnewmtl green\nKd 0 1 0\n");
   std::string obj = "mtllib boxes.mtl\n";
-  add_box(obj, "</script><img src=x onerror=console.log(1)>", "red", 0, 0, 1);
-  add_box(obj, "right", "green", 3, 3, 9);
+  add_box(obj, "</script><img src=x onerror=console.log(1)>", "red", {0, 0, 0}, {1, 1, 1});
+  add_box(obj, "right", "green", {3, 3, 0}, {4, 4, 1});
   const std::string page = page_of(work.write("boxes.obj", obj));
 
   const auto is = [](char colour) { return [colour](const auto& pixel) { return colour_name(pixel) == colour; }; };
@@ -120,6 +158,59 @@ TEST_F(Browser, ShowsEachPartWhereItIsAndAnswers) {
   EXPECT_LT(dark.at(0.6, 0.02)[2], 100);
   EXPECT_GT(dark.share(is('r'), 0.26, 1), 0.03);
   EXPECT_EQ(dark.share(is('g'), 0.26, 1), 0);
+}
+
+TEST_F(Browser, SectionsShowMaterialAndNothingBehindIt) {
+  const TemporaryDirectory& work = installation_.work();
+  work.write("cut.mtl", "newmtl red\nKd 1 0 0\nnewmtl green\nKd 0 1 0\nnewmtl blue\nKd 0 0 1\n");
+  std::string obj = "mtllib cut.mtl\n";
+  add_drilled_cube(obj, "cube", "red");
+  // Fills half of the hole, and its sides lie on the hole's.
+  add_box(obj, "plug", "green", {0, 1.5, 1.5}, {4, 2, 2.5});
+  // Within the cube's material and touching the hole, but short of the cut.
+  add_box(obj, "hidden", "blue", {0.5, 2.5, 2.5}, {1.5, 3.5, 3.5});
+  const std::string page = page_of(work.write("cut.obj", obj));
+
+  // Seen along X at once, in parallel lines and without edges, cut in the middle. A click is on what one sees there.
+  const Picture cut = look(page, R"({
+    const key = (name) => document.body.dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
+    window.matchMedia = () => ({ matches: true });
+    for (const name of "p4es") key(name);
+    const canvas = document.getElementById("view");
+    canvas.setPointerCapture = () => {};
+    const box = canvas.getBoundingClientRect();
+    const click = (clientX, clientY) => {
+      for (const kind of ["pointerdown", "pointerup"]) {
+        canvas.dispatchEvent(new PointerEvent(kind, { clientX, clientY, pointerId: 1, button: 0 }));
+      }
+    };
+    const unit = (box.height - 64) / 4.48;
+    click(box.left + box.width / 2 + unit, (box.height - 64) / 2 - unit);
+    console.log("test " + document.getElementById("size-of").textContent);
+    click(box.right - 9, box.top + 9);
+    canvas.blur();
+    for (const name of ["section-panel", "tools", "overlay"]) document.getElementById(name).style.display = "none";
+  })");
+  EXPECT_NE(said_.find("cube"), std::string::npos) << said_;
+  const auto share = [&cut](char colour) {
+    return cut.share([colour](const auto& pixel) { return colour_name(pixel) == colour; }, 0.3, 0.96);
+  };
+  EXPECT_EQ(share('b'), 0);
+  EXPECT_NEAR(share('g') / share('r'), 0.5 / 15, 0.003);
+
+  const Frame frame = frame_of(cut, 'r');
+  ASSERT_GT(frame.right - frame.left, 0.3);
+  const auto at = [&](double y, double z) {
+    return cut.at(frame.left + (frame.right - frame.left) * y / 4, frame.bottom + (frame.top - frame.bottom) * z / 4);
+  };
+  EXPECT_EQ(colour_name(at(1, 1)), 'r');
+  EXPECT_EQ(colour_name(at(3, 3)), 'r');
+  EXPECT_EQ(colour_name(at(1.75, 2)), 'g');
+  EXPECT_EQ(colour_name(at(2.25, 2)), 'w');
+  // The outline between the hole and the cube is darker than the hatching.
+  int darkest = 255;
+  for (double y = 2.46; y < 2.54; y += 0.004) darkest = std::min(darkest, at(y, 2)[0]);
+  EXPECT_LT(darkest, 160);
 }
 
 TEST_F(Browser, TwoHundredThousandTrianglesStandInSeconds) {

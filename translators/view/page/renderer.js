@@ -7,7 +7,8 @@ class Renderer {
   constructor(canvas, model) {
     this.canvas = canvas;
     this.model = model;
-    this.gl = canvas.getContext("webgl2", { antialias: true, alpha: true, powerPreference: "high-performance" });
+    const wishes = { antialias: true, alpha: true, stencil: true, powerPreference: "high-performance" };
+    this.gl = canvas.getContext("webgl2", wishes);
     if (!this.gl) return;
     this.options = { edges: true, cut: false, plane: [0, 0, 1, 0], ink: [0, 0, 0, 0.7], accent: [0, 0, 1] };
     this.build();
@@ -18,6 +19,7 @@ class Renderer {
     this.surface = this.program(surfaceVertex, surfaceFragment);
     this.edge = this.program(edgeVertex, edgeFragment);
     this.picker = this.spot = null;
+    this.caps = new Caps(this);
     this.meshes = this.model.meshes.map((mesh) => (mesh.triangles ? this.upload(mesh) : null));
     this.model.parts.forEach((part) => this.meshes[part.mesh].parts.push(part));
     for (const part of this.model.parts) part.rows = this.rowsOf(part);
@@ -127,11 +129,13 @@ class Renderer {
         data.set(part.rows, instanceFloats * i);
         data.set(this.colourOf(part), instanceFloats * i + 12);
         data[instanceFloats * i + 16] = part.number;
-        data[instanceFloats * i + 17] = isSelected(part) ? 1 : 0;
+        part.marked = isSelected(part);
+        data[instanceFloats * i + 17] = part.marked ? 1 : 0;
       });
       gl.bindBuffer(gl.ARRAY_BUFFER, shown.instances);
       gl.bufferData(gl.ARRAY_BUFFER, data, gl.DYNAMIC_DRAW);
     }
+    this.caps.forget();
     this.sortLooks();
   }
 
@@ -185,7 +189,6 @@ class Renderer {
     const gl = this.gl;
     const { places } = this.surface;
     gl.uniform3fv(places.extent, draw.shown.extent);
-    gl.uniform1i(places.solid, draw.shown.mesh.solid ? 1 : 0);
     gl.uniform1i(places.lookKind, draw.kind);
     if (draw.look) gl.uniform4fv(places.look, draw.look);
     this.bind(draw.shown, draw.shown.triangles, draw.offset);
@@ -197,26 +200,26 @@ class Renderer {
     const [view, projection] = camera.matrices();
     gl.viewport(0, 0, this.canvas.width, this.canvas.height);
     gl.clearColor(0, 0, 0, 0);
-    gl.clear(gl.COLOR_BUFFER_BIT | gl.DEPTH_BUFFER_BIT);
+    gl.clear(gl.COLOR_BUFFER_BIT | gl.DEPTH_BUFFER_BIT | gl.STENCIL_BUFFER_BIT);
     gl.disable(gl.BLEND);
     gl.enable(gl.POLYGON_OFFSET_FILL);
     gl.polygonOffset(1, 2);
     this.use(this.surface, view, projection);
     gl.uniform1i(this.surface.places.parallel, camera.parallel ? 1 : 0);
-    gl.uniform1i(this.surface.places.caps, 0);
     for (const draw of this.solids) this.drawSurface(draw);
     if (this.options.cut) {
-      // Cut faces are opaque even where one can see through the part.
-      gl.uniform1i(this.surface.places.caps, 1);
-      for (const draw of this.clears) if (draw.shown.mesh.solid) this.drawSurface(draw);
+      // They cover surfaces that lie in the plane.
+      gl.polygonOffset(1, 0);
+      this.caps.draw(camera, view, projection);
     }
     gl.disable(gl.POLYGON_OFFSET_FILL);
     gl.enable(gl.BLEND);
+    const nudge = camera.parallel ? [0, 1.6 * camera.pixel()] : [(1.6 * camera.pixel()) / camera.distance, 0];
+    if (this.options.cut) this.caps.drawOutlines(view, projection, nudge);
     if (this.options.edges) {
       this.use(this.edge, view, projection);
       gl.uniform4fv(this.edge.places.ink, this.options.ink);
-      const nudge = 1.6 * camera.pixel();
-      gl.uniform2fv(this.edge.places.nudge, camera.parallel ? [0, nudge] : [nudge / camera.distance, 0]);
+      gl.uniform2fv(this.edge.places.nudge, nudge);
       for (const shown of this.meshes) {
         if (!shown || !shown.lines || shown.drawn.length === 0) continue;
         this.bind(shown, shown.lines);
@@ -233,8 +236,8 @@ class Renderer {
     this.clears.sort((a, b) => a.near - b.near);
     gl.depthMask(false);
     gl.enable(gl.POLYGON_OFFSET_FILL);
+    gl.polygonOffset(1, 2);
     this.use(this.surface, view, projection);
-    gl.uniform1i(this.surface.places.caps, 2);
     for (const draw of this.clears) this.drawSurface(draw);
     gl.disable(gl.POLYGON_OFFSET_FILL);
     gl.depthMask(true);
@@ -253,8 +256,8 @@ class Renderer {
     }
     const depth = gl.createRenderbuffer();
     gl.bindRenderbuffer(gl.RENDERBUFFER, depth);
-    gl.renderbufferStorage(gl.RENDERBUFFER, gl.DEPTH_COMPONENT24, 1, 1);
-    gl.framebufferRenderbuffer(gl.FRAMEBUFFER, gl.DEPTH_ATTACHMENT, gl.RENDERBUFFER, depth);
+    gl.renderbufferStorage(gl.RENDERBUFFER, gl.DEPTH24_STENCIL8, 1, 1);
+    gl.framebufferRenderbuffer(gl.FRAMEBUFFER, gl.DEPTH_STENCIL_ATTACHMENT, gl.RENDERBUFFER, depth);
     gl.drawBuffers([gl.COLOR_ATTACHMENT0, gl.COLOR_ATTACHMENT1]);
     gl.bindFramebuffer(gl.FRAMEBUFFER, null);
     return frame;
@@ -279,13 +282,14 @@ class Renderer {
     gl.disable(gl.BLEND);
     gl.clearBufferfv(gl.COLOR, 0, [0, 0, 0, 0]);
     gl.clearBufferfv(gl.COLOR, 1, [0, 0, 0, 0]);
-    gl.clearBufferfv(gl.DEPTH, 0, [1]);
+    gl.clearBufferfi(gl.DEPTH_STENCIL, 0, 1, 0);
     this.use(this.picker, view, large);
     for (const shown of this.meshes) {
       if (!shown || shown.drawn.length === 0) continue;
       this.bind(shown, shown.triangles);
       gl.drawElementsInstanced(gl.TRIANGLES, shown.mesh.corners.length, shown.type, 0, shown.drawn.length);
     }
+    if (this.options.cut) this.caps.pick(view, large);
     const bytes = [0, 1].map((number) => {
       const read = new Uint8Array(4);
       gl.readBuffer(gl.COLOR_ATTACHMENT0 + number);

@@ -1,5 +1,9 @@
 // The plane that cuts the model open.
 
+// How far, in the scene, the plane is moved towards what goes, so that faces that lie in it stay on one side of it.
+// Their vertices are off by up to half a step of the places in their mesh's box, along each of its sides.
+const sectionSlack = 3e-5;
+
 class Section {
   // `changed(cut, plane)` is called with the plane as normal and distance in the scene.
   constructor(model, camera, changed) {
@@ -37,7 +41,7 @@ class Section {
     this.at.textContent = text;
     this.place.setAttribute("aria-valuetext", text);
     const sign = this.flipped ? -1 : 1;
-    const plane = [0, 0, 0, (sign * (value - centre[axis])) / radius];
+    const plane = [0, 0, 0, (sign * (value - centre[axis])) / radius + sectionSlack];
     plane[axis] = sign;
     this.changed(this.on, plane);
   }

@@ -30,7 +30,6 @@ out vec4 colour;
 out float beyond;
 out float upright;
 flat out float selected;
-flat out float handed;
 vec3 unfolded(vec2 f) {
   vec3 n = vec3(f, 1.0 - abs(f.x) - abs(f.y));
   if (n.z < 0.0) n.xy = (1.0 - abs(n.yx)) * vec2(n.x < 0.0 ? -1.0 : 1.0, n.y < 0.0 ? -1.0 : 1.0);
@@ -47,7 +46,7 @@ void main() {
   vec3 z = vec3(rowX.z, rowY.z, rowZ.z);
   vec3 n = unfolded(folded) * extent;
   vec3 turned = n.x * cross(y, z) + n.y * cross(z, x) + n.z * cross(x, y);
-  handed = dot(x, cross(y, z)) < 0.0 ? -1.0 : 1.0;
+  float handed = dot(x, cross(y, z)) < 0.0 ? -1.0 : 1.0;
   float size = length(turned);
   turned = size > 0.0 ? turned / size * handed : vec3(0.0);
   upright = turned.z;
@@ -58,6 +57,11 @@ void main() {
   selected = state.y;
 }`;
 
+const chosenColour = `uniform vec3 accent;
+vec3 linear(vec3 c) { return pow(c, vec3(2.2)); }
+vec3 chosen(vec3 base, float selected) { return mix(linear(base), linear(accent), 0.55 * selected); }
+`;
+
 const surfaceFragment = `#version 300 es
 precision highp float;
 in vec3 seen;
@@ -66,27 +70,13 @@ in vec4 colour;
 in float beyond;
 in float upright;
 flat in float selected;
-flat in float handed;
-uniform bool solid;
 uniform bool parallel;
 uniform bool cut;
-uniform int caps; // 0 with all else, 1 alone, 2 none
-uniform vec3 accent;
 out vec4 painted;
-vec3 linear(vec3 c) { return pow(c, vec3(2.2)); }
+` + chosenColour + `
 void main() {
   if (cut && beyond > 0.0) discard;
-  bool cap = cut && solid && gl_FrontFacing != (handed > 0.0);
-  if (caps == (cap ? 2 : 1)) discard;
-  vec3 base = linear(colour.rgb);
-  base = mix(base, linear(accent), 0.55 * selected);
-  if (cap) {
-    // What shows the inside of a solid is its cut face: flat and hatched.
-    float stripe = mod(gl_FragCoord.x + gl_FragCoord.y, 9.0);
-    float dark = smoothstep(0.0, 1.0, stripe) * (1.0 - smoothstep(1.5, 2.5, stripe));
-    painted = vec4(pow(mix(base, vec3(0.5), 0.15) * (0.8 - 0.32 * dark), vec3(1.0 / 2.2)), 1.0);
-    return;
-  }
+  vec3 base = chosen(colour.rgb, selected);
   vec3 facet = cross(dFdx(seen), dFdy(seen));
   vec3 n = dot(normal, normal) > 0.01 ? normalize(normal) : normalize(facet);
   float side = dot(n, facet) < 0.0 ? -1.0 : 1.0;
@@ -151,4 +141,42 @@ void main() {
   if (cut && beyond > 0.0) discard;
   who = inBytes(number + 1.0);
   depth = inBytes(floor(gl_FragCoord.z * 16777215.0));
+}`;
+
+// Of a segment in the section plane: its two ends and the point with which it makes a triangle.
+const cutVertex = `#version 300 es
+precision highp float;
+layout(location = 0) in vec3 from;
+layout(location = 1) in vec3 to;
+uniform mat4 view;
+uniform mat4 projection;
+uniform vec3 pivot;
+uniform vec2 nudge;
+uniform float mark;
+uniform float part;
+out float beyond;
+out float strength;
+flat out float number;
+void main() {
+  vec3 p = gl_VertexID == 0 ? from : gl_VertexID == 1 ? to : pivot;
+  vec3 eye = (view * vec4(p, 1.0)).xyz * (1.0 - nudge.x);
+  gl_Position = projection * vec4(eye.xy, eye.z + nudge.y, 1.0);
+  beyond = 0.0;
+  strength = mark;
+  number = part;
+}`;
+
+// Flat and hatched.
+const capFragment = `#version 300 es
+precision highp float;
+in float strength;
+uniform vec3 look;
+uniform float slant;
+out vec4 painted;
+` + chosenColour + `
+void main() {
+  float stripe = mod(gl_FragCoord.x + slant * gl_FragCoord.y, 9.0);
+  float dark = smoothstep(0.0, 1.0, stripe) * (1.0 - smoothstep(1.5, 2.5, stripe));
+  vec3 base = mix(chosen(look, strength), vec3(0.5), 0.15);
+  painted = vec4(pow(base * (0.8 - 0.32 * dark), vec3(1.0 / 2.2)), 1.0);
 }`;

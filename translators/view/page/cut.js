@@ -1,0 +1,75 @@
+// Where the section plane meets the facets of a part.
+
+// Segments in the plane, six numbers of the scene each, with the box around them. Each has the material on the same
+// hand, and neighbouring facets give theirs the same end to the last bit, so those of a solid form closed loops.
+function cutOf(part, mesh, plane) {
+  const cut = { plane, segments: null, low: [Infinity, Infinity, Infinity], high: [-Infinity, -Infinity, -Infinity] };
+  const { rows } = part;
+  // Heights above the plane, from places in the mesh's box.
+  const [a, b, c, d] = [0, 1, 2, 3].map((i) => plane[0] * rows[i] + plane[1] * rows[4 + i] + plane[2] * rows[8 + i]);
+  const base = d - plane[3];
+  const least = base + Math.min(a, 0) + Math.min(b, 0) + Math.min(c, 0);
+  const greatest = base + Math.max(a, 0) + Math.max(b, 0) + Math.max(c, 0);
+  if (least > 0 || greatest <= 0) return cut;
+
+  const { positions, corners } = mesh;
+  const heights = new Float64Array(mesh.vertices);
+  for (let i = 0, at = 0; i < heights.length; ++i, at += 3) {
+    heights[i] = (a * positions[at] + b * positions[at + 1] + c * positions[at + 2]) / 65535 + base;
+  }
+  const found = [];
+  // Always from the kept end to the other, whichever facet asks.
+  const cross = (kept, gone, to) => {
+    const share = heights[kept] / (heights[kept] - heights[gone]);
+    const place = [0, 1, 2].map((i) => {
+      const from = positions[3 * kept + i];
+      return (from + share * (positions[3 * gone + i] - from)) / 65535;
+    });
+    for (let row = 0; row < 3; ++row) {
+      const at = 4 * row;
+      const value = rows[at] * place[0] + rows[at + 1] * place[1] + rows[at + 2] * place[2] + rows[at + 3];
+      found[to + row] = value;
+      cut.low[row] = Math.min(cut.low[row], value);
+      cut.high[row] = Math.max(cut.high[row], value);
+    }
+  };
+  for (let first = 0; first < corners.length; first += 3) {
+    const above = heights[corners[first]] > 0;
+    if (above === (heights[corners[first + 1]] > 0) && above === (heights[corners[first + 2]] > 0)) continue;
+    const segment = found.length;
+    for (let i = 0; i < 3; ++i) {
+      const [from, to] = [corners[first + i], corners[first + ((i + 1) % 3)]];
+      if ((heights[from] > 0) === (heights[to] > 0)) continue;
+      if (heights[from] > 0) cross(to, from, segment + 3);
+      else cross(from, to, segment);
+    }
+  }
+  if (found.length > 0) cut.segments = new Float32Array(found);
+  return cut;
+}
+
+// The look that covers most of a mesh, which is that of its inside: -1 for the part's own.
+function mainLook(mesh) {
+  if (mesh.ranges.length === 1) return mesh.ranges[0][0];
+  const { positions, corners, box } = mesh;
+  const step = [0, 1, 2].map((i) => (box[i + 3] - box[i]) / 65535);
+  const side = (from, to) => step.map((size, i) => size * (positions[3 * to + i] - positions[3 * from + i]));
+  const areas = new Map();
+  for (const [look, first, count] of mesh.ranges) {
+    let area = areas.get(look) || 0;
+    for (let at = 3 * first; at < 3 * (first + count); at += 3) {
+      const u = side(corners[at], corners[at + 1]);
+      const v = side(corners[at], corners[at + 2]);
+      area += Math.hypot(u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]);
+    }
+    areas.set(look, area);
+  }
+  return [...areas].reduce((most, entry) => (entry[1] > most[1] ? entry : most))[0];
+}
+
+// Of the colours that vertices have.
+function meanColour(colours) {
+  const sum = [0, 0, 0];
+  for (let i = 0; i < colours.length; ++i) if (i % 4 < 3) sum[i % 4] += colours[i];
+  return sum.map((value) => (4 * value) / (255 * colours.length));
+}
