@@ -39,6 +39,11 @@ constexpr Text texts[] = {
     {velMSG_GIVEN_TWICE, "%1 is given more than once"},
     {velMSG_WORD_TOO_MANY, "\"%1\" is a word too many"},
     {velMSG_PICTURE_IS_PAGE, "\"%1\" cannot be both the picture and the page"},
+    {velMSG_NO_NAME_OF_PAGE,
+     "%1: a page is not written under this extension. Use .html or .htm; for a picture, `--png FILE.png "
+     "WIDTHxHEIGHT`."},
+    {velMSG_NO_NAME_OF_PICTURE,
+     "%1: a picture is not written under this extension. Use .png; for a page, `-o FILE.html`."},
     {velMSG_NOT_A_SIZE, "\"%1\" is no size of a picture: WIDTHxHEIGHT is expected, each from 1 to 16384"},
 
     {velMSG_PROGRAM_NOT_FOUND,

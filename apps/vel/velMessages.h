@@ -35,6 +35,8 @@ enum velMessage : unsigned int {
   velMSG_WORD_TOO_MANY,             // word
   velMSG_NOT_A_SIZE,                // word
   velMSG_PICTURE_IS_PAGE,           // file
+  velMSG_NO_NAME_OF_PAGE,           // file
+  velMSG_NO_NAME_OF_PICTURE,        // file
 
   velMSG_PROGRAM_NOT_FOUND = 40,  // reason
   velMSG_PLACE_TOO_DEEP,          // directory

@@ -1,5 +1,8 @@
 #include "velViewCommand.h"
 
+#include <strings.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -44,6 +47,13 @@ class PrivateDirectory {
   bool kept_ = false;
 };
 
+// Whether a file's name ends in one of these extensions, or in none at all.
+bool may_be_called(const std::string& file, std::initializer_list<const char*> extensions) {
+  const std::string extension = std::filesystem::path(vel_last_component(file)).extension().string();
+  return extension.empty() || std::any_of(extensions.begin(), extensions.end(),
+                                          [&](const char* known) { return strcasecmp(extension.c_str(), known) == 0; });
+}
+
 // What was asked for, in the order in which it is made.
 class View {
  public:
@@ -69,6 +79,7 @@ class View {
       if (file.empty()) continue;
       if (const velExitCode code = vel_check_output(file, request_.inputs, console_)) return code;
     }
+    if (!are_names_good()) return velEXIT_USAGE;
     if (!request_.picture.empty()) {
       const vlnTranslator::Resources size{{"WIDTH", std::to_string(request_.width)},
                                           {"HEIGHT", std::to_string(request_.height)}};
@@ -85,6 +96,14 @@ class View {
     directory.keep();
     page_ = page;
     return velEXIT_DONE;
+  }
+
+  bool are_names_good() {
+    const bool page = may_be_called(request_.page, {".html", ".htm"});
+    const bool picture = may_be_called(request_.picture, {".png"});
+    if (!page) console_.error(vel_text(velMSG_NO_NAME_OF_PAGE, {request_.page}));
+    if (!picture) console_.error(vel_text(velMSG_NO_NAME_OF_PICTURE, {request_.picture}));
+    return page && picture;
   }
 
   velExitCode write(const std::string& file, const char* format, const vlnTranslator::Resources& options) {

@@ -22,6 +22,7 @@ struct velViewRequest {
 // "800x600". False when it is something else, or more or less than a picture may have.
 bool vel_size_from_text(const std::string& text, int& width, int& height);
 
-// Prints the name of what was written, the picture's before the page's; when quiet, only one that was not given. A page
-// is opened in the user's browser where there is a desktop and the standard output is a terminal.
+// Prints the name of what was written, the picture's before the page's; when quiet, only one that was not given. A name
+// with an extension of something else is refused, one without any is taken as it is. A page is opened in the user's
+// browser where there is a desktop and the standard output is a terminal.
 velExitCode vel_view(const velViewRequest& request, velConsole& console);
