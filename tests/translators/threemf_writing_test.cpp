@@ -85,7 +85,7 @@ TEST(ThreemfWriter, SpellsTheModelExactly) {
   auto first = square();
   first->vertices->colours.assign(5, {1, 0, 0, 0.5F});
   first->add_face(std::vector<std::uint32_t>{0, 1, 4});
-  first->materials = {{"unused", {}}, {"", {0, 0, 1, 1}}};
+  first->materials = {{"unused", {}}, {"hidden", {0, 0, 1, 1}}};
   first->set_face_material(1, 1);
   auto second = std::make_shared<annMesh>();  // some of the vertices of the first
   second->vertices = first->vertices;
@@ -96,6 +96,9 @@ TEST(ThreemfWriter, SpellsTheModelExactly) {
   annNode& b = document.root.add_child("b");
   b.body.mesh = second;
   b.transform.m[3] = 2;
+  second->add_face(std::vector<std::uint32_t>{0, 1, 4});
+  second->materials.push_back({"glass", {1, 0, 0, 0.5F}});
+  second->set_face_material(1, 1);
   auto third = square();
   third->vertices->points.pop_back();
   document.root.add_child("c").body.mesh = third;
@@ -103,7 +106,7 @@ TEST(ThreemfWriter, SpellsTheModelExactly) {
   Messages messages;
   ASSERT_EQ(writer.write(document, directory / "a.3mf", messages, {{"LENGTH_UNIT", "centimetre"}, {"DIGITS", "3"}}),
             velabsDONE);
-  EXPECT_NE(messages.notes.find("one look for a face"), std::string::npos);
+  EXPECT_NE(messages.notes.find("other colours than its material"), std::string::npos);
   const std::string text = unpack(directory / "a.3mf", "3D/3dmodel.model");
   const std::string a = "<vertex x=\"0\" y=\"0\" z=\"0\"/>\n<vertex x=\"0.01\" y=\"0\" z=\"0\"/>\n",
                     bc = "<vertex x=\"0.01\" y=\"0.1\" z=\"0\"/>\n<vertex x=\"0\" y=\"0.1\" z=\"0\"/>\n",
@@ -113,17 +116,19 @@ TEST(ThreemfWriter, SpellsTheModelExactly) {
             "<model unit=\"centimeter\" xml:lang=\"en-US\" "
             "xmlns=\"http://schemas.microsoft.com/3dmanufacturing/core/2015/02\" "
             "xmlns:m=\"http://schemas.microsoft.com/3dmanufacturing/material/2015/02\">\n<resources>\n"
-            "<basematerials id=\"1\">\n<base name=\"steel\" displaycolor=\"#00FF00\"/>\n</basematerials>\n"
-            "<m:colorgroup id=\"2\">\n<m:color color=\"#0000FF\"/>\n<m:color color=\"#FF000080\"/>\n</m:colorgroup>\n"
-            "<object id=\"3\" type=\"model\" name=\"a\" pid=\"2\" pindex=\"1\">\n<mesh>\n<vertices>\n" +
+            "<basematerials id=\"1\">\n<base name=\"glass\" displaycolor=\"#FF000080\"/>\n</basematerials>\n"
+            "<m:colorgroup id=\"2\">\n<m:color color=\"#FF000080\"/>\n<m:color color=\"#0000FF\"/>\n</m:colorgroup>\n"
+            "<object id=\"3\" type=\"model\" name=\"a\" pid=\"2\" pindex=\"0\">\n<mesh>\n<vertices>\n" +
                 a + bc + d + more +
-                "<triangle v1=\"0\" v2=\"1\" v3=\"2\" pid=\"2\" p1=\"1\" p2=\"1\" p3=\"1\"/>\n"
-                "<triangle v1=\"0\" v2=\"2\" v3=\"3\" pid=\"2\" p1=\"1\" p2=\"1\" p3=\"1\"/>\n"
-                "<triangle v1=\"0\" v2=\"1\" v3=\"4\" pid=\"2\" p1=\"0\"/>\n" +
-                end + "<object id=\"4\" type=\"model\" name=\"b\" pid=\"1\" pindex=\"0\">\n<mesh>\n<vertices>\n" + a +
-                d + more + "<triangle v1=\"2\" v2=\"1\" v3=\"0\"/>\n" + end +
-                "<object id=\"5\" type=\"model\" name=\"c\" pid=\"2\" pindex=\"0\">\n<mesh>\n<vertices>\n" + a + bc +
-                more + "<triangle v1=\"0\" v2=\"1\" v3=\"2\"/>\n<triangle v1=\"0\" v2=\"2\" v3=\"3\"/>\n" + end +
+                "<triangle v1=\"0\" v2=\"1\" v3=\"2\" pid=\"2\" p1=\"0\" p2=\"0\" p3=\"0\"/>\n"
+                "<triangle v1=\"0\" v2=\"2\" v3=\"3\" pid=\"2\" p1=\"0\" p2=\"0\" p3=\"0\"/>\n"
+                "<triangle v1=\"0\" v2=\"1\" v3=\"4\" pid=\"2\" p1=\"0\" p2=\"0\" p3=\"0\"/>\n" +
+                end + "<object id=\"4\" type=\"model\" name=\"b\" pid=\"2\" pindex=\"0\">\n<mesh>\n<vertices>\n" + a +
+                d + more +
+                "<triangle v1=\"2\" v2=\"1\" v3=\"0\" pid=\"2\" p1=\"0\" p2=\"0\" p3=\"0\"/>\n"
+                "<triangle v1=\"0\" v2=\"1\" v3=\"2\" pid=\"1\" p1=\"0\"/>\n" +
+                end + "<object id=\"5\" type=\"model\" name=\"c\" pid=\"2\" pindex=\"1\">\n<mesh>\n<vertices>\n" + a +
+                bc + more + "<triangle v1=\"0\" v2=\"1\" v3=\"2\"/>\n<triangle v1=\"0\" v2=\"2\" v3=\"3\"/>\n" + end +
                 "</resources>\n<build>\n<item objectid=\"3\"/>\n"
                 "<item objectid=\"4\" transform=\"1 0 0 0 1 0 0 0 1 0.2 0 0\"/>\n<item "
                 "objectid=\"5\"/>\n</build>\n</model>\n");

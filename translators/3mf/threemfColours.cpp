@@ -22,11 +22,25 @@ std::optional<annColour> threemfColours::of_whole(const annMesh& mesh, const std
   return of_faces_ && !shows_vertices(mesh) ? colour : std::nullopt;
 }
 
+std::uint32_t threemfColours::shown_material(const annMesh& mesh, std::size_t face) const {
+  if (!of_faces_) return annMesh::no_material;
+  const std::uint32_t material = mesh.face_material(face);
+  if (material == annMesh::no_material || !shows_vertices(mesh)) return material;
+  const std::uint32_t colour = threemf_packed(mesh.materials[material].colour);
+  const auto corners = mesh.face(face);
+  const bool same = std::all_of(corners.begin(), corners.end(), [&](std::uint32_t corner) {
+    return threemf_packed(mesh.vertices->colours[corner]) == colour;
+  });
+  return same ? material : annMesh::no_material;
+}
+
 void threemfColours::collect(const annMesh& mesh, const std::optional<annColour>& whole) {
   if (whole) add(*whole);
   if (shows_faces(mesh)) {
     std::vector<bool> seen(mesh.materials.size());
-    for (std::uint32_t material : mesh.face_materials) {
+    for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+      const std::uint32_t material = shown_material(mesh, face);
+      hides_materials_ = hides_materials_ || material != mesh.face_material(face);
       if (material == annMesh::no_material || seen[material]) continue;
       seen[material] = true;
       add(mesh.materials[material]);

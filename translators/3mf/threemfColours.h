@@ -29,11 +29,17 @@ class threemfColours {
 
   bool shows_faces(const annMesh& mesh) const { return of_faces_ && !mesh.face_materials.empty(); }
   bool shows_vertices(const annMesh& mesh) const { return of_vertices_ && !mesh.vertices->colours.empty(); }
+  // The material that a face is written with, or `no_material`: where vertices have colours, one that is of the same
+  // colour and gives it a name.
+  std::uint32_t shown_material(const annMesh& mesh, std::size_t face) const;
   // The colour that a mesh is written with as a whole, given what its place has; nothing when vertices have theirs.
   std::optional<annColour> of_whole(const annMesh& mesh, const std::optional<annColour>& colour) const;
 
   // Takes in what the mesh shows.
   void collect(const annMesh& mesh, const std::optional<annColour>& whole);
+
+  // Some face was taken in whose material is not written, because its vertices have other colours.
+  bool hides_materials() const { return hides_materials_; }
 
   Property property(const annMaterial& material) const;
   // The index in the colour group.
@@ -48,6 +54,7 @@ class threemfColours {
 
   bool of_faces_;
   bool of_vertices_;
+  bool hides_materials_ = false;
   std::vector<annMaterial> materials_;
   std::unordered_map<std::string, std::uint32_t> material_numbers_;  // by colour and name
   std::vector<std::uint32_t> colours_;

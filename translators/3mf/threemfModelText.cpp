@@ -134,7 +134,7 @@ void threemfModelText::begin_mesh() {
 std::optional<threemfColours::Property> threemfModelText::property_of_object() {
   const annMesh& mesh = *mesh_->mesh;
   const bool faces_shown = colours_.shows_faces(mesh);
-  if (const auto only = faces_shown ? only_material(mesh) : std::nullopt) {
+  if (const auto only = faces_shown && vertex_colours_.empty() ? only_material(mesh) : std::nullopt) {
     looks_[*only].clear();
     return colours_.property(mesh.materials[*only]);
   }
@@ -166,7 +166,8 @@ void threemfModelText::choose_looks() {
   looks_.assign(mesh.materials.size(), {});
   if (colours_.shows_faces(mesh)) {
     std::vector<bool> used(mesh.materials.size());
-    for (std::uint32_t material : mesh.face_materials) {
+    for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+      const std::uint32_t material = colours_.shown_material(mesh, face);
       if (material == annMesh::no_material || used[material]) continue;
       used[material] = true;
       const threemfColours::Property look = colours_.property(mesh.materials[material]);
@@ -209,7 +210,7 @@ void threemfModelText::triangles() {
   const std::size_t count = mesh.face_count();
   for (; at_ < count && !full(); ++at_, ++work_done_) {
     const auto corners = mesh.face(at_);
-    const std::uint32_t material = mesh.face_material(at_);
+    const std::uint32_t material = colours_.shown_material(mesh, at_);
     if (corners.size() == 3) {
       triangle(corners[0], corners[1], corners[2], material);
       continue;
@@ -238,7 +239,7 @@ void threemfModelText::triangle(std::uint32_t a, std::uint32_t b, std::uint32_t 
   for (std::size_t i = 0; i < 3; ++i) {
     end = put(put(end, vertex[i]), some_vertices_ ? new_numbers_[corners[i]] : corners[i]);
   }
-  const bool own_look = material != annMesh::no_material && !looks_.empty();
+  const bool own_look = material != annMesh::no_material;
   if (!own_look && !vertex_colours_.empty()) {
     for (std::size_t i = 0; i < 3; ++i) end = put(put(end, colour[i]), vertex_colours_[corners[i]]);
   }

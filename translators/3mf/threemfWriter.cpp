@@ -1,7 +1,5 @@
 #include "threemfWriter.h"
 
-#include <algorithm>
-
 #include "threemfFormat.h"
 #include "threemfObjects.h"
 #include "threemfPackage.h"
@@ -41,13 +39,6 @@ void tell_left_out(const threemfObjects& objects, velabsOutput& output) {
   }
 }
 
-bool has_both_colours(const threemfObjects& objects, const threemfColours& colours) {
-  const auto& meshes = objects.meshes();
-  return std::any_of(meshes.begin(), meshes.end(), [&](const threemfMeshObject& object) {
-    return colours.shows_faces(*object.mesh) && colours.shows_vertices(*object.mesh);
-  });
-}
-
 }  // namespace
 
 threemfWriter::threemfWriter(velabsOfStream* stream)
@@ -73,10 +64,10 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
       .format = "3MF", .parts = true, .tree = true, .colours = true, .material_names = true, .vertex_colours = true};
   vlt_tell_losses(document, *bodies, carries, velLENGTH_UNSPECIFIED, resources, output);
   tell_left_out(objects, output);
-  if (has_both_colours(objects, colours)) {
+  if (colours.hides_materials()) {
     output.message(velabsNOTE,
-                   "3MF holds one look for a face: where it has a material, its vertices' colours are "
-                   "left out");
+                   "3MF holds one look for a face: where its vertices have other colours than its material, the "
+                   "material is left out");
   }
   threemfModelText text(objects, colours, {threemf_unit_text(unit), *factor, *digits});
   const velabsResult result = threemf_write_package(text, stream_, output);
