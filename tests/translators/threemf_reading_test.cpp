@@ -23,7 +23,7 @@ TEST(ThreemfReader, BuildsTheTree) {
       {"not built", only(model(two, item("1"))), "a*", "one object is left out"},
       {"empty objects", only(model(a + mesh("2", "", "") + assembly("3", use("2")), item("3") + item("1"))), "a*",
        "without triangles"},
-      {"support", only(model(mesh("1", "type=\"support\""), item("1"))), "*", "type \"support\""},
+      {"support", only(model(mesh("1", "type=\"support\""), item("1"))), "*", "line 6: objects of type \"support\""},
       {"unknown things",
        only(model("<c:odd><c:object id=\"9\"/></c:odd><b:x id=\"y\"/><m:texture2d id=\"8\"/>" + a,
                   item("1", "m:x=\"1\""))),
@@ -44,6 +44,9 @@ TEST(ThreemfReader, BuildsTheTree) {
                item("1") + item("2") + item("2", "p:path=\"/3D/other.model\" " + move), "requiredextensions=\"p m\"")}},
        "a((x* x*,5,6,7)) * ,5,6,7(x* x*,5,6,7)"}};
   for (const Case& c : cases) check(c, directory);
+
+  const Reading unsupported = reader.read(pack(directory, only(model(a + mesh("2", "type=\"support\""), item("1")))));
+  EXPECT_EQ(unsupported.messages.notes.find("support"), std::string::npos) << unsupported.messages.notes;
 
   const Reading reading =
       reader.read(pack(directory, only(model(two + assembly("3", use("1")), item("1", move) + item("3")))));

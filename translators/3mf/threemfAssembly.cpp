@@ -32,7 +32,9 @@ bool threemfAssembly::build(annDocument& document) {
       fill(*next.node, *next.object, open);
     }
   }
-  note_unused();
+  const std::vector<std::vector<bool>> used = used_objects();
+  note_unused(used);
+  note_types(used);
   return true;
 }
 
@@ -85,23 +87,39 @@ void threemfAssembly::fill(annNode& node, const threemfObject& made, std::vector
   }
 }
 
-void threemfAssembly::note_unused() const {
+std::vector<std::vector<bool>> threemfAssembly::used_objects() const {
   std::vector<std::vector<bool>> used(parts_.size());
   for (std::size_t part = 0; part < parts_.size(); ++part) used[part].resize(parts_[part].objects.size());
   for (const threemfItem& item : parts_.front().items) used[item.use.part][item.use.object] = true;
-  std::size_t unused = 0;
   // From the first part to the others and from the last object to the first, users come before what they use.
   for (std::size_t part = 0; part < parts_.size(); ++part) {
     for (std::size_t number = parts_[part].objects.size(); number-- > 0;) {
-      const threemfObject& made = parts_[part].objects[number];
-      if (!used[part][number]) {
-        unused += made.mesh != nullptr;
-        continue;
-      }
-      for (const threemfUse& use : made.components) used[use.part][use.object] = true;
+      if (!used[part][number]) continue;
+      for (const threemfUse& use : parts_[part].objects[number].components) used[use.part][use.object] = true;
+    }
+  }
+  return used;
+}
+
+void threemfAssembly::note_unused(const std::vector<std::vector<bool>>& used) const {
+  std::size_t unused = 0;
+  for (std::size_t part = 0; part < parts_.size(); ++part) {
+    for (std::size_t number = 0; number < used[part].size(); ++number) {
+      unused += !used[part][number] && parts_[part].objects[number].mesh;
     }
   }
   if (unused == 0) return;
   output_.message(velabsNOTE, utString(unused == 1 ? "one object is" : std::to_string(unused) + " objects are") +
                                   " left out: the build does not name " + (unused == 1 ? "it" : "them"));
+}
+
+void threemfAssembly::note_types(const std::vector<std::vector<bool>>& used) const {
+  for (std::size_t part = 0; part < parts_.size(); ++part) {
+    for (std::size_t number = 0; number < used[part].size(); ++number) {
+      const threemfObject& made = parts_[part].objects[number];
+      if (!used[part][number] || amounts_[part][number].nodes == 0 || made.type.empty()) continue;
+      reading_.found(velabsNOTE, "objects of type \"" + made.type + "\" are read as parts like others", part == 0,
+                     made.line);
+    }
+  }
 }

@@ -5,6 +5,7 @@
 
 #include "annDocument.h"
 #include "threemfModel.h"
+#include "threemfReading.h"
 #include "velabsOutput.h"
 
 // Puts the objects of the model parts together as the build of the first one says: a node for each item and, below it,
@@ -12,7 +13,8 @@
 class threemfAssembly {
  public:
   // All uses name the part and the object that they mean.
-  threemfAssembly(std::vector<threemfModelPart>& parts, velabsOutput& output) : parts_(parts), output_(output) {}
+  threemfAssembly(std::vector<threemfModelPart>& parts, const threemfReading& reading, velabsOutput& output)
+      : parts_(parts), reading_(reading), output_(output) {}
 
   // False, and a message, when the build shows nothing, or so much that a few objects must have been multiplied beyond
   // measure.
@@ -33,9 +35,12 @@ class threemfAssembly {
   const threemfObject& object(const threemfUse& use) const { return parts_[use.part].objects[use.object]; }
   const threemfObject* only_mesh(const threemfObject& object) const;
   void fill(annNode& node, const threemfObject& object, std::vector<Open>& open);
-  void note_unused() const;
+  std::vector<std::vector<bool>> used_objects() const;
+  void note_unused(const std::vector<std::vector<bool>>& used) const;
+  void note_types(const std::vector<std::vector<bool>>& used) const;
 
   std::vector<threemfModelPart>& parts_;
+  const threemfReading& reading_;
   velabsOutput& output_;
   std::vector<std::vector<Amount>> amounts_;
 };

@@ -29,6 +29,8 @@ struct threemfUse {
 struct threemfObject {
   std::string name;
   std::string part_number;
+  std::string type;  // of one that is no part of the model itself, but a support for instance
+  std::size_t line = 0;
   std::shared_ptr<const annMesh> mesh;
   std::optional<annColour> colour;
   std::vector<threemfUse> components;

@@ -221,6 +221,7 @@ void threemfModelParser::start_look(const char** attributes, const char* colour_
 void threemfModelParser::start_object(const char** attributes) {
   enter(OBJECT);
   object_ = {};
+  object_.line = line();
   builder_.reset();
   object_look_ = threemfProperties::no_look;
   object_group_ = 0;
@@ -242,9 +243,7 @@ void threemfModelParser::start_object(const char** attributes) {
     } else if (attribute == "partnumber") {
       object_.part_number = value;
     } else if (attribute == "type") {
-      if (value == "support" || value == "solidsupport" || value == "other") {
-        found(velabsNOTE, "objects of type " + vlt_quoted(value) + " are read as parts like others");
-      }
+      if (value == "support" || value == "solidsupport" || value == "other") object_.type = value;
     } else if (attribute != "thumbnail") {
       unknown_attribute("object", attribute);
     }
@@ -339,5 +338,5 @@ void threemfModelParser::unknown_attribute(std::string_view element, std::string
 }
 
 void threemfModelParser::found(velabsSeverity severity, const std::string& what) {
-  reading_.findings.count(severity, is_start_ ? what : what + " (in a further model part)", line());
+  reading_.found(severity, what, is_start_, line());
 }

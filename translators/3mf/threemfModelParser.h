@@ -5,20 +5,11 @@
 #include <unordered_map>
 #include <vector>
 
-#include "annDocument.h"
 #include "threemfMeshBuilder.h"
 #include "threemfModel.h"
 #include "threemfProperties.h"
+#include "threemfReading.h"
 #include "threemfXml.h"
-#include "vltOnce.h"
-
-// What all model parts of a package are read with.
-struct threemfReading {
-  vltOnce& findings;
-  double scale = 1;
-  bool looks = true;                           // take colours and materials
-  velLengthUnit unit = velLENGTH_UNSPECIFIED;  // that of the start part, once it is known
-};
 
 // Reads one model part. The start part gives the unit, and only it may refer to others.
 class threemfModelParser : public threemfXml {

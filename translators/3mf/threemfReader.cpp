@@ -36,7 +36,7 @@ class PackageReader {
     if (result != velabsDONE) return result;
     if (!link()) return velabsFAILED;
     document.unit = reading_.unit;
-    return threemfAssembly(parts_, output_).build(document) ? velabsDONE : velabsFAILED;
+    return threemfAssembly(parts_, reading_, output_).build(document) ? velabsDONE : velabsFAILED;
   }
 
  private:
