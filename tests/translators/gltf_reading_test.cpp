@@ -124,11 +124,43 @@ TEST(GltfReader, TakesColoursAsTheyAreShown) {
   EXPECT_EQ(mesh.materials[1].colour, (annColour{1, 1, 1, 1}));  // opaque, whatever the number
   EXPECT_EQ(mesh.materials[2].colour, (annColour{0, 0, 1, 1}));
   EXPECT_NEAR(mesh.vertices->colours.at(0).blue, 0.5014, 1e-3);
-  EXPECT_EQ(mesh.vertices->colours.at(0).opacity, 0.2F);
-  EXPECT_EQ(mesh.vertices->colours.at(4), (annColour{1, 1, 1, 1}));  // of a primitive without
+  // What vertices show is the product with what their material has, and that alone where they have nothing.
+  EXPECT_EQ(mesh.vertices->colours.at(0).opacity, 0.05F);
+  EXPECT_NEAR(mesh.vertices->colours.at(0).red, 0.5, 1e-6);
+  EXPECT_EQ(mesh.vertices->colours.at(4), (annColour{1, 1, 1, 1}));
+  EXPECT_EQ(mesh.vertices->colours.at(8), (annColour{0, 0, 1, 1}));
   const Reading plain = read(file.glb(), {"READ_MATERIALS", "0"});
   EXPECT_TRUE(plain.mesh().face_materials.empty());
+  EXPECT_EQ(plain.mesh().vertices->colours.at(0).red, 1);
   EXPECT_EQ(plain.mesh().vertices->colours.at(0).opacity, 0.2F);
+}
+
+TEST(GltfReader, MultipliesTheColoursOfMaterialsAndVertices) {
+  const annColour red{1, 0, 0, 1}, black{0, 0, 0, 1}, green{0, 1, 0, 1}, white{1, 1, 1, 1};
+  const char *named_red = R"([{"name":"red","pbrMetallicRoughness":{"baseColorFactor":[1,0,0,1]}}])", *bare = "[{}]";
+  using Colours = std::vector<annColour>;
+  const struct {
+    const char *what, *materials;
+    std::vector<float> of_vertices;
+    Colours expected;
+  } cases[] = {{"green over red", named_red, {0, 1, 0, 0, 1, 0, 1, 1, 1}, {black, black, red}},
+               {"white over red", named_red, {1, 1, 1, 1, 1, 1, 1, 1, 1}, {}},
+               {"green over nothing", bare, {0, 1, 0, 0, 1, 0, 0, 1, 0}, {green, green, green}},
+               {"white over nothing", bare, {1, 1, 1, 1, 1, 1, 1, 1, 1}, {white, white, white}}};
+  for (const auto& c : cases) {
+    File file;
+    file.json["materials"] = Json::parse(c.materials);
+    Json& primitive = file.primitive();
+    primitive["material"] = 0;
+    primitive["attributes"]["POSITION"] = file.add<float>("VEC3", 5126, {0, 0, 0, 1, 0, 0, 0, 1, 0});
+    primitive["attributes"]["COLOR_0"] = file.add<float>("VEC3", 5126, c.of_vertices);
+    const Reading reading = read(file.glb());
+    ASSERT_EQ(reading.result, velabsDONE) << c.what << reading.messages.errors;
+    EXPECT_EQ(reading.mesh().vertices->colours, c.expected) << c.what;
+    if (c.materials == named_red) {
+      EXPECT_EQ(reading.mesh().materials, std::vector<annMaterial>({{"red", red}})) << c.what;
+    }
+  }
 }
 
 TEST(GltfReader, LetsOpacityCountWhereTheMaterialSaysSo) {
@@ -137,17 +169,18 @@ TEST(GltfReader, LetsOpacityCountWhereTheMaterialSaysSo) {
     float of_material, of_vertex;
   } cases[] = {{R"([{}])", 1, 1},
                {R"([{"alphaMode":"OPAQUE"}])", 1, 1},
-               {R"([{"alphaMode":"BLEND"}])", 0.4F, 0.2F},
-               {R"([{"alphaMode":"MASK"}])", 0, 0},
-               {R"([{"alphaMode":"MASK","alphaCutoff":0.3}])", 1, 0},
+               {R"([{"alphaMode":"BLEND"}])", 0.5F, 0.125F},
+               {R"([{"alphaMode":"MASK","alphaCutoff":0.6}])", 0, 0},
+               {R"([{"alphaMode":"MASK"}])", 1, 0},
+               {R"([{"alphaMode":"MASK","alphaCutoff":0.2}])", 1, 0},
                {R"([{"alphaMode":"MASK","alphaCutoff":0.1}])", 1, 1}};
   for (const auto& c : cases) {
     File file;
     file.json["materials"] = Json::parse(c.materials);
-    file.json["materials"][0]["pbrMetallicRoughness"]["baseColorFactor"] = {1, 1, 1, 0.4};
+    file.json["materials"][0]["pbrMetallicRoughness"]["baseColorFactor"] = {1, 1, 1, 0.5};
     file.primitive()["material"] = 0;
     file.primitive()["attributes"]["COLOR_0"] =
-        file.add<float>("VEC4", 5126, {1, 1, 1, 0.2F, 1, 1, 1, 0.2F, 1, 1, 1, 0.2F, 1, 1, 1, 0.2F});
+        file.add<float>("VEC4", 5126, {0, 1, 1, 0.25F, 1, 1, 1, 0.25F, 1, 1, 1, 0.25F, 1, 1, 1, 0.25F});
     const Reading reading = read(file.glb());
     ASSERT_EQ(reading.result, velabsDONE) << c.materials << reading.messages.errors;
     EXPECT_EQ(reading.mesh().materials[0].colour.opacity, c.of_material) << c.materials;

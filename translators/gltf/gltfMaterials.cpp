@@ -11,6 +11,19 @@ float gltfAlpha::opacity(double alpha) const {
   return mode == MASK && alpha < cutoff ? 0 : 1;
 }
 
+annColour gltfBase::shown(double red, double green, double blue, double opacity) const {
+  return {gltf_shown(colour[0] * red), gltf_shown(colour[1] * green), gltf_shown(colour[2] * blue),
+          alpha.opacity(colour[3] * opacity)};
+}
+
+gltfBase gltfBase::of_vertices(bool have_opacities) const {
+  if (have_opacities && alpha.mode != gltfAlpha::OPAQUE) return *this;
+  gltfBase result{colour};
+  result.colour[3] = alpha.opacity(colour[3]);
+  if (result.colour[3] < 1) result.alpha.mode = gltfAlpha::BLEND;
+  return result;
+}
+
 const gltfMaterial* gltfMaterials::find(std::size_t index) {
   std::optional<gltfMaterial>& material = materials_[index];
   if (!material) material = read(index);
@@ -38,26 +51,25 @@ std::optional<gltfMaterial> gltfMaterials::read(std::size_t index) const {
   if (!alpha) return std::nullopt;
   std::string_view name;
   std::optional<gltfValue> metallic, extensions, specular;
-  std::array<double, 4> colour{1, 1, 1, 1};
+  gltfBase base{.alpha = *alpha};
   std::array<double, 3> emission{};
   double metal = 0, roughness = 1;  // what is not said is no loss
   if (!value.read("name", name) || !value.read("emissiveFactor", emission) ||
       !value.read("pbrMetallicRoughness", metallic) || !value.read("extensions", extensions)) {
     return std::nullopt;
   }
-  if (metallic && (!metallic->read("baseColorFactor", colour) || !metallic->read("metallicFactor", metal) ||
+  if (metallic && (!metallic->read("baseColorFactor", base.colour) || !metallic->read("metallicFactor", metal) ||
                    !metallic->read("roughnessFactor", roughness))) {
     return std::nullopt;
   }
   if (extensions && !extensions->read("KHR_materials_pbrSpecularGlossiness", specular)) return std::nullopt;
   if (specular) {
-    colour = {1, 1, 1, 1};
-    if (!specular->read("diffuseFactor", colour)) return std::nullopt;
+    base.colour = {1, 1, 1, 1};
+    if (!specular->read("diffuseFactor", base.colour)) return std::nullopt;
   }
   if (emission != std::array<double, 3>{} || metal != 0 || roughness != 1 || extensions) {
     findings_.count(velabsNOTE, "of materials only name, colour and opacity are kept");
   }
-  const annColour shown{gltf_shown(colour[0]), gltf_shown(colour[1]), gltf_shown(colour[2]), alpha->opacity(colour[3])};
   const bool is_look = !name.empty() || specular || (metallic && metallic->has("baseColorFactor"));
-  return gltfMaterial{{utString(name), shown}, is_look};
+  return gltfMaterial{{utString(name), base.shown()}, base, is_look};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <compare>
 #include <optional>
 #include <vector>
@@ -20,8 +21,24 @@ struct gltfAlpha {
   friend auto operator<=>(const gltfAlpha&, const gltfAlpha&) = default;
 };
 
+// What the colours of vertices are multiplied by to give those that one sees: linear, as files have them.
+struct gltfBase {
+  std::array<double, 4> colour{1, 1, 1, 1};
+  gltfAlpha alpha{};  // what the opacity of the product comes to
+
+  annColour shown(double red, double green, double blue, double opacity) const;
+  annColour shown() const { return shown(1, 1, 1, 1); }
+
+  // One that shows the same with vertices that have opacities or do not: as simple as can be, so that vertices whose
+  // materials differ in name only are the same.
+  gltfBase of_vertices(bool have_opacities) const;
+
+  friend auto operator<=>(const gltfBase&, const gltfBase&) = default;
+};
+
 struct gltfMaterial {
   annMaterial look;
+  gltfBase base;
   bool is_look;  // false when it has neither a name nor a colour: the looks are those of the vertices then
 };
 

@@ -31,7 +31,7 @@ bool gltfMeshes::read(const gltfValue& value, Mesh& mesh) {
   }
   if (parts.primitives.empty()) return true;
 
-  const gltfVertexPool* pool = pools_.find(parts.sets.all());
+  const gltfVertexPool* pool = find_vertices(parts);
   if (!pool) return false;
   auto made = std::make_shared<annMesh>();
   made->vertices = pool->vertices;
@@ -45,6 +45,21 @@ bool gltfMeshes::read(const gltfValue& value, Mesh& mesh) {
   return true;
 }
 
+const gltfVertexPool* gltfMeshes::find_vertices(Parts& parts) {
+  std::vector<Primitive>& primitives = parts.primitives;
+  const bool have_colours = std::any_of(primitives.begin(), primitives.end(), [](const Primitive& primitive) {
+    return primitive.attributes.colours != gltfAttributes::none;
+  });
+  const bool have_looks = std::all_of(primitives.begin(), primitives.end(), [](const Primitive& primitive) {
+    return primitive.material != annMesh::no_material;
+  });
+  for (Primitive& primitive : primitives) {
+    if (!have_colours) primitive.attributes.base = {};
+    primitive.set = parts.sets.number_of(primitive.attributes);
+  }
+  return pools_.find(parts.sets.all(), have_colours && have_looks);
+}
+
 bool gltfMeshes::read_primitive(const gltfValue& value, Parts& parts) {
   Primitive primitive{value};
   if (!value.read("mode", primitive.mode)) return false;
@@ -55,18 +70,15 @@ bool gltfMeshes::read_primitive(const gltfValue& value, Parts& parts) {
     findings_.count(velabsNOTE, "points and lines are left out");
     return true;
   }
-  gltfAttributes attributes;
-  if (!read_attributes(value, attributes)) return false;
-  if (attributes.positions == gltfAttributes::none) {
+  if (!read_attributes(value, primitive.attributes)) return false;
+  if (primitive.attributes.positions == gltfAttributes::none) {
     findings_.count(velabsWARNING, "primitives without positions are left out");
     return true;
   }
   if (value.has("targets")) findings_.count(velabsNOTE, "morph targets are left out");
-  if (!model_.refer(value, "indices", gltfACCESSORS, primitive.indices) ||
-      !read_material(value, attributes, parts, primitive)) {
+  if (!model_.refer(value, "indices", gltfACCESSORS, primitive.indices) || !read_material(parts, primitive)) {
     return false;
   }
-  primitive.set = parts.sets.number_of(attributes);
   parts.primitives.push_back(std::move(primitive));
   return true;
 }
@@ -87,25 +99,28 @@ bool gltfMeshes::read_attributes(const gltfValue& value, gltfAttributes& attribu
   return true;
 }
 
-bool gltfMeshes::read_material(const gltfValue& value, gltfAttributes& attributes, Parts& parts, Primitive& primitive) {
+bool gltfMeshes::read_material(Parts& parts, Primitive& primitive) {
   std::optional<std::size_t> material;
-  if (!model_.refer(value, "material", gltfMATERIALS, material)) return false;
+  if (!model_.refer(primitive.value, "material", gltfMATERIALS, material)) return false;
   if (!material) return true;
+  gltfAttributes& attributes = primitive.attributes;
   const bool has_colours = attributes.colours != gltfAttributes::none;
-  if (has_colours) {
-    std::string_view type;
-    if (!model_.item(gltfACCESSORS, attributes.colours).read("type", type)) return false;
+  std::string_view type;
+  if (has_colours && !model_.item(gltfACCESSORS, attributes.colours).read("type", type)) return false;
+  gltfBase base;
+  if (with_looks_) {
+    const gltfMaterial* known = materials_.find(*material);
+    if (!known) return false;
+    base = known->base;
+    if (!has_colours || known->is_look) {
+      primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
+    }
+  } else if (has_colours) {
     const std::optional<gltfAlpha> alpha = materials_.alpha(*material);
     if (!alpha) return false;
-    // Colours without opacity are shared whatever the materials say of it.
-    if (type == "VEC4") attributes.alpha = *alpha;
+    base.alpha = *alpha;
   }
-  if (!with_looks_) return true;
-  const gltfMaterial* known = materials_.find(*material);
-  if (!known) return false;
-  if (!has_colours || known->is_look) {
-    primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
-  }
+  attributes.base = base.of_vertices(type == "VEC4");
   return true;
 }
 

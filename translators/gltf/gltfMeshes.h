@@ -38,7 +38,8 @@ class gltfMeshes {
   struct Primitive {
     gltfValue value;
     std::size_t mode = gltfTRIANGLES;
-    std::size_t set = 0;  // of attributes
+    gltfAttributes attributes{};
+    std::size_t set = 0;  // the number of the attributes
     std::optional<std::size_t> indices{};
     std::uint32_t material = annMesh::no_material;
   };
@@ -66,7 +67,8 @@ class gltfMeshes {
   bool read(const gltfValue& value, Mesh& mesh);
   bool read_primitive(const gltfValue& value, Parts& parts);
   bool read_attributes(const gltfValue& value, gltfAttributes& attributes);
-  bool read_material(const gltfValue& value, gltfAttributes& attributes, Parts& parts, Primitive& primitive);
+  bool read_material(Parts& parts, Primitive& primitive);
+  const gltfVertexPool* find_vertices(Parts& parts);
   bool add_triangles(const Primitive& primitive, const gltfVertexPool& pool, annMesh& mesh);
   bool read_indices(const Primitive& primitive, std::size_t vertex_count);
 

@@ -68,6 +68,11 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
                            .vertex_colours = true};
   vlt_tell_losses(document_, bodies_, carries, velLENGTH_UNSPECIFIED, resources_, output_);
   vlt_tell_rounding(bodies_, "glTF", "another format, OBJ for instance,", output_);
+  if (hides_looks_) {
+    output_.message(velabsNOTE,
+                    "glTF multiplies the colours of materials and vertices: where vertices have one, the "
+                    "material's is left out");
+  }
   if (without_faces_ > 0) {
     output_.message(velabsNOTE, "glTF holds no meshes without faces: their parts are written as empty nodes");
   }
@@ -101,7 +106,6 @@ bool gltfPlanner::add_node(const annNode& node, std::optional<std::size_t> paren
 
 bool gltfPlanner::add_mesh(const std::shared_ptr<const annMesh>& mesh, std::optional<annColour> colour,
                            std::size_t& index) {
-  // A viewer multiplies the colours of material and vertex, so a part's colour stands back where vertices have theirs.
   const bool has_vertex_colours = colours_ && !mesh->vertices->colours.empty();
   if (!materials_ || has_vertex_colours || !has_faces_without_look(*mesh)) colour = std::nullopt;
   const Look look{mesh.get(), colour ? std::optional(numbers_of(*colour)) : std::nullopt};
@@ -125,18 +129,25 @@ void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annCol
 
   const std::optional<std::size_t> colours = plan_.pools[planned.pool].colours;
   const bool blends = colours && plan_.accessors[*colours].components == 4;
+  // A viewer multiplies the colours of material and vertex, and those of vertices are to be seen.
+  auto written = [&](const annMaterial& look) -> std::optional<annMaterial> {
+    constexpr annColour white{1, 1, 1, 1};
+    if (!colours) return look;
+    hides_looks_ = hides_looks_ || look.colour != white;
+    return look.name.empty() ? std::nullopt : std::optional(annMaterial{look.name, white});
+  };
 
   // Two materials of the mesh may be one of the file.
   std::map<std::optional<std::size_t>, std::size_t> known;
   auto group_for = [&](std::size_t slot) {
-    std::optional<std::size_t> material;
+    std::optional<annMaterial> look;
     if (materials_ && slot < mesh.materials.size()) {
-      material = material_number(mesh.materials[slot], blends);
+      look = written(mesh.materials[slot]);
     } else if (colour) {
-      material = material_number(annMaterial{{}, *colour}, blends);
-    } else if (blends) {
-      material = material_number(std::nullopt, blends);
+      look = annMaterial{{}, *colour};
     }
+    std::optional<std::size_t> material;
+    if (look || blends) material = material_number(look, blends);
     const auto [group, is_new] = known.try_emplace(material, planned.groups.size());
     if (is_new) {
       planned.groups.push_back({material});

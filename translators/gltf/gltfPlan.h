@@ -105,4 +105,5 @@ class gltfPlanner {
   using LookKey = std::optional<std::tuple<std::string, std::array<float, 4>>>;
   std::map<std::tuple<LookKey, bool>, std::size_t> material_numbers_;
   std::size_t without_faces_ = 0;
+  bool hides_looks_ = false;  // colours of vertices stand in place of those of looks
 };

@@ -37,16 +37,27 @@ std::string not_finite(std::size_t index) {
   return "element " + std::to_string(index) + " is not of finite numbers";
 }
 
+bool colours_are_bases(const std::vector<gltfAttributes>& sets, const gltfVertexPool& pool) {
+  const std::vector<annColour>& colours = pool.vertices->colours;
+  for (std::size_t set = 0; set < sets.size(); ++set) {
+    const annColour base = sets[set].base.shown();
+    for (std::size_t i = pool.starts[set]; i < pool.starts[set + 1]; ++i) {
+      if (colours[i] != base) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
-const gltfVertexPool* gltfVertexPools::find(const std::vector<gltfAttributes>& sets) {
-  const auto [entry, is_new] = pools_.try_emplace(sets);
-  if (!is_new || make(sets, entry->second)) return &entry->second;
+const gltfVertexPool* gltfVertexPools::find(const std::vector<gltfAttributes>& sets, bool faces_have_looks) {
+  const auto [entry, is_new] = pools_.try_emplace({sets, faces_have_looks});
+  if (!is_new || make(sets, faces_have_looks, entry->second)) return &entry->second;
   pools_.erase(entry);
   return nullptr;
 }
 
-bool gltfVertexPools::make(const std::vector<gltfAttributes>& sets, gltfVertexPool& pool) {
+bool gltfVertexPools::make(const std::vector<gltfAttributes>& sets, bool faces_have_looks, gltfVertexPool& pool) {
   annVertices& vertices = *pool.vertices;
   auto count_with = [&](std::size_t gltfAttributes::*member) {
     return static_cast<std::size_t>(std::count_if(
@@ -65,10 +76,11 @@ bool gltfVertexPools::make(const std::vector<gltfAttributes>& sets, gltfVertexPo
     if (set.colours != gltfAttributes::none) {
       if (!add_colours(set, count, vertices.colours)) return false;
     } else if (has_colours) {
-      vertices.colours.resize(vertices.points.size(), annColour{1, 1, 1, 1});
+      vertices.colours.resize(vertices.points.size(), set.base.shown());
     }
     pool.starts.push_back(vertices.points.size());
   }
+  if (faces_have_looks && has_colours && colours_are_bases(sets, pool)) vertices.colours = {};
   if (options_.weld) weld(pool);
   return true;
 }
@@ -120,10 +132,10 @@ bool gltfVertexPools::add_colours(const gltfAttributes& set, std::size_t expecte
       const double opacity = accessor.components == 4 ? gltf_component<T>(element, 3, true) : 1;
       if (!is_finite(colour) || !std::isfinite(opacity)) return fail(accessor, not_finite(i));
       if (colour != last) {
-        shown = {gltf_shown(colour.x), gltf_shown(colour.y), gltf_shown(colour.z), 1};
+        shown = set.base.shown(colour.x, colour.y, colour.z, opacity);
         last = colour;
       }
-      shown.opacity = set.alpha.opacity(opacity);
+      shown.opacity = set.base.alpha.opacity(set.base.colour[3] * opacity);
       colours[start + i] = shown;
       return true;
     });

@@ -5,6 +5,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "annVertices.h"
@@ -18,7 +19,7 @@ struct gltfAttributes {
   std::size_t positions = none;
   std::size_t normals = none;
   std::size_t colours = none;
-  gltfAlpha alpha{};  // what the opacity of the colours comes to
+  gltfBase base{};  // of the colours; where only others have colours, what all vertices show
 
   friend auto operator<=>(const gltfAttributes&, const gltfAttributes&) = default;
 };
@@ -43,10 +44,11 @@ class gltfVertexPools {
       : accessors_(accessors), options_(options), work_(work), findings_(findings) {}
 
   // Lives as long as this; null, and a message unless the work is cancelled, when an accessor is not as it must be.
-  const gltfVertexPool* find(const std::vector<gltfAttributes>& sets);
+  // Where all faces have looks, colours that say the same as those are left out.
+  const gltfVertexPool* find(const std::vector<gltfAttributes>& sets, bool faces_have_looks);
 
  private:
-  bool make(const std::vector<gltfAttributes>& sets, gltfVertexPool& pool);
+  bool make(const std::vector<gltfAttributes>& sets, bool faces_have_looks, gltfVertexPool& pool);
   bool add_points(std::size_t accessor, std::vector<annVector>& points);
   bool add_normals(std::size_t accessor, std::size_t expected, std::vector<annVector>& normals);
   bool add_colours(const gltfAttributes& set, std::size_t expected, std::vector<annColour>& colours);
@@ -58,5 +60,5 @@ class gltfVertexPools {
   Options options_;
   gltfWork& work_;
   vltOnce& findings_;
-  std::map<std::vector<gltfAttributes>, gltfVertexPool> pools_;
+  std::map<std::pair<std::vector<gltfAttributes>, bool>, gltfVertexPool> pools_;
 };
