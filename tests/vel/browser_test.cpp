@@ -167,8 +167,9 @@ TEST_F(Browser, SectionsShowMaterialAndNothingBehindIt) {
   add_drilled_cube(obj, "cube", "red");
   // Fills half of the hole, and its sides lie on the hole's.
   add_box(obj, "plug", "green", {0, 1.5, 1.5}, {4, 2, 2.5});
-  // Within the cube's material and touching the hole, but short of the cut.
+  // Within the cube's material, one of them up to the cut.
   add_box(obj, "hidden", "blue", {0.5, 2.5, 2.5}, {1.5, 3.5, 3.5});
+  add_box(obj, "level", "blue", {0.5, 0.5, 0.5}, {2, 1.5, 1.5});
   const std::string page = page_of(work.write("cut.obj", obj));
 
   // Seen along X at once, in parallel lines and without edges, cut in the middle. A click is on what one sees there.

@@ -208,8 +208,8 @@ class Renderer {
     gl.uniform1i(this.surface.places.parallel, camera.parallel ? 1 : 0);
     for (const draw of this.solids) this.drawSurface(draw);
     if (this.options.cut) {
-      // They cover surfaces that lie in the plane.
-      gl.polygonOffset(1, 0);
+      // They cover surfaces that lie in the plane, whose slope is not told the same for every long and thin triangle.
+      gl.polygonOffset(0.5, 0);
       this.caps.draw(camera, view, projection);
     }
     gl.disable(gl.POLYGON_OFFSET_FILL);

@@ -37,7 +37,7 @@ class Section {
     const { box, centre, radius, unit } = this.model;
     const axis = this.axis();
     const value = box[axis] + (box[axis + 3] - box[axis]) * (this.place.value / 1000);
-    const text = `${"XYZ"[axis]} = ${lengthText(value, unit)}`;
+    const text = `${"XYZ"[axis]} = ${lengthText(Math.abs(value) < 1e-9 * radius ? 0 : value, unit)}`;
     this.at.textContent = text;
     this.place.setAttribute("aria-valuetext", text);
     const sign = this.flipped ? -1 : 1;
