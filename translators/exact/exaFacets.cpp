@@ -5,16 +5,20 @@
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
 #include <Geom_Curve.hxx>
+#include <Geom_Surface.hxx>
 #include <IMeshTools_Parameters.hxx>
 #include <Message_ProgressIndicator.hxx>
 #include <Poly_Triangulation.hxx>
+#include <Precision.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Face.hxx>
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "annWelder.h"
@@ -98,14 +102,24 @@ bool runs_in_circles(const TopoDS_Edge& edge) {
   return !std::isfinite(length);
 }
 
-bool can_be_followed(const TopoDS_Face& face) {
-  for (TopExp_Explorer edge(face, TopAbs_EDGE); edge.More(); edge.Next()) {
+bool is_endless(const TopoDS_Face& face) {
+  const Handle(Geom_Surface) surface = BRep_Tool::Surface(face);
+  if (surface.IsNull()) return true;
+  double ends[4] = {};
+  surface->Bounds(ends[0], ends[1], ends[2], ends[3]);
+  return std::any_of(std::begin(ends), std::end(ends), [](double end) { return Precision::IsInfinite(end); });
+}
+
+}  // namespace
+
+bool exa_can_be_meshed(const TopoDS_Face& face) {
+  TopExp_Explorer edge(face, TopAbs_EDGE);
+  if (!edge.More()) return !is_endless(face);
+  for (; edge.More(); edge.Next()) {
     if (runs_in_circles(TopoDS::Edge(edge.Current()))) return false;
   }
   return true;
 }
-
-}  // namespace
 
 std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,
                                           const annTolerance& tolerance, std::size_t& missing, annProgress* progress) {
@@ -116,7 +130,7 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
   builder.MakeCompound(sound);
   for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next()) {
     faces.push_back(TopoDS::Face(explorer.Current()));
-    if (can_be_followed(faces.back())) builder.Add(sound, faces.back());
+    if (exa_can_be_meshed(faces.back())) builder.Add(sound, faces.back());
   }
 
   IMeshTools_Parameters parameters;

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <TopoDS_Face.hxx>
 #include <TopoDS_Shape.hxx>
 #include <memory>
 
 #include "annExactShape.h"
 #include "exaFaceColours.h"
+
+// False for a face that has no end, or whose edges have none.
+bool exa_can_be_meshed(const TopoDS_Face& face);
 
 // Triangles on the faces of a shape, with both tolerances greater than 0. Points that neighbouring faces share are one,
 // so a solid gives a closed mesh. `missing` receives how many faces got none. The shape stays as it is. Null when

@@ -5,6 +5,7 @@
 #include <Precision.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopLoc_Location.hxx>
+#include <TopoDS.hxx>
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -57,7 +58,10 @@ double exaShape::size() const {
   std::call_once(measured_, [this] {
     exa_failure_of([this] {
       Bnd_Box box;
-      BRepBndLib::Add(shape_, box, false);
+      for (TopExp_Explorer it(shape_, TopAbs_FACE); it.More(); it.Next()) {
+        const TopoDS_Face face = TopoDS::Face(it.Current());
+        if (exa_can_be_meshed(face)) BRepBndLib::Add(face, box, false);
+      }
       if (!box.IsVoid() && !box.IsOpen()) size_ = std::sqrt(box.SquareExtent());
     });
   });
