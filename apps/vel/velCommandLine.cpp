@@ -10,6 +10,7 @@
 #include "velInfoCommand.h"
 #include "velListCommand.h"
 #include "velMessages.h"
+#include "velNearest.h"
 #include "velOptionsCommand.h"
 #include "velText.h"
 #include "velTranslateCommand.h"
@@ -208,9 +209,44 @@ std::vector<std::string> reversed_words(const CLI::App& program, int count, char
   return reversed;
 }
 
-std::string unknown_option(const std::string& word) {
+std::string with_nearest(const std::string& complaint, const std::string& word, const std::vector<std::string>& names) {
+  const std::string nearest = vel_nearest(word, names);
+  return nearest.empty() ? complaint : vel_text(velMSG_MEANT, {complaint, nearest});
+}
+
+std::string unknown_option(const std::string& word, const CLI::App& command) {
   const bool looks_like_file = word.find('.') != std::string::npos;
-  return vel_text(looks_like_file ? velMSG_UNKNOWN_OPTION_OR_FILE : velMSG_UNKNOWN_OPTION, {word});
+  const std::string complaint =
+      vel_text(looks_like_file ? velMSG_UNKNOWN_OPTION_OR_FILE : velMSG_UNKNOWN_OPTION, {word});
+  std::vector<std::string> names;
+  for (const CLI::App* app = &command; app; app = app->get_parent()) {
+    for (const CLI::Option* option : app->get_options()) {
+      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    }
+  }
+  return word.starts_with("--") ? with_nearest(complaint, word.substr(0, word.find('=')), names) : complaint;
+}
+
+std::string unknown_command(const std::string& word, const CLI::App& app, bool is_first) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  const std::string nearest = vel_nearest(word, names);
+  if (is_first && nearest.empty()) return vel_text(velMSG_NO_COMMAND_BUT_TRANSLATE, {word});
+  return with_nearest(vel_text(velMSG_UNKNOWN_COMMAND, {word}), word, names);
+}
+
+// The parser takes a flag of one letter off a word like "-q=1" before it complains of the rest.
+std::string complaint_about_rest(const std::string& rest, const std::vector<std::string>& reversed,
+                                 const CLI::App& command) {
+  if (!rest.starts_with("-=")) return unknown_option(rest, command);
+  for (const std::string& word : reversed) {
+    if (word.starts_with('-') && word.ends_with(rest.substr(1))) {
+      return vel_text(velMSG_TAKES_NO_VALUE, {word.substr(0, word.find('='))});
+    }
+  }
+  return unknown_option(rest, command);
 }
 
 // What stands where a command should, or an option that nobody knows, or a word that nobody takes; empty when all is
@@ -222,19 +258,17 @@ std::string complaint_about_words(const CLI::App& program, const std::vector<std
     if (word == reversed.rend()) return vel_text(velMSG_NO_COMMAND);
     if (word->starts_with('-')) {
       const CLI::Option* option = program.get_option_no_throw(word->substr(0, word->find('=')));
-      if (!option) return unknown_option(*word);
+      if (!option) return unknown_option(*word, *app);
       const bool has_value_behind = option->get_items_expected_max() > 0 && word->find('=') == std::string::npos;
       if (has_value_behind && ++word == reversed.rend()) return "";
       continue;
     }
     const auto named = app->get_subcommands([&](const CLI::App* command) { return command->check_name(*word); });
-    if (named.empty()) {
-      return vel_text(app == &program ? velMSG_NO_COMMAND_BUT_TRANSLATE : velMSG_UNKNOWN_COMMAND, {*word});
-    }
+    if (named.empty()) return unknown_command(*word, *app, app == &program);
     app = named.front();
   }
   for (const std::string& word : program.remaining(true)) {
-    return word.starts_with('-') ? unknown_option(word) : vel_text(velMSG_WORD_TOO_MANY, {word});
+    return word.starts_with('-') ? complaint_about_rest(word, reversed, *app) : vel_text(velMSG_WORD_TOO_MANY, {word});
   }
   return "";
 }

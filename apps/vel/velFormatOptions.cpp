@@ -35,7 +35,7 @@ void velFormatOptions::add(const utString& key, const utString& description, con
     if (known.description.empty()) known.description = description.str();
     return;
   }
-  options_.push_back({key, vel_values_of(key), type->as_string(resource).str(), description.str()});
+  options_.push_back({key, vel_values_of(key), vel_shown_value(key, type->as_string(resource)), description.str()});
 }
 
 const velFormatOptions::Option* velFormatOptions::find(const utString& name) const {

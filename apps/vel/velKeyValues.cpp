@@ -1,5 +1,7 @@
 #include "velKeyValues.h"
 
+#include <algorithm>
+
 #include "velMessages.h"
 #include "velText.h"
 #include "velValidator.h"
@@ -16,6 +18,13 @@ std::string name_of(const vlnResourceType* type) {
   return "text";
 }
 
+// What one can type as one word.
+std::string as_word(const utString& value) {
+  std::string word = value.str();
+  std::replace(word.begin(), word.end(), ' ', '-');
+  return word;
+}
+
 }  // namespace
 
 velKeyValues vel_values_of(const utString& key) {
@@ -25,9 +34,20 @@ velKeyValues vel_values_of(const utString& key) {
   if (type) type->valid_strings(texts);
   if (dynamic_cast<const vlnResourceType_velLengthUnit*>(type)) velLengthUnit_abbreviations(texts);
   velKeyValues values{name_of(type), {}};
-  for (const utString& text : texts) values.allowed.push_back(text.str());
+  for (const utString& text : texts) {
+    if (velValidator::validate_text(key, text)) values.allowed.push_back(as_word(text));
+  }
   if (dynamic_cast<const vlnResourceType_utBool*>(type)) values.allowed.insert(values.allowed.end(), {"0", "1"});
   return values;
+}
+
+std::string vel_shown_value(const utString& key, const utString& value) {
+  return vel_values_of(key).type == "one of" ? as_word(value) : value.str();
+}
+
+std::string vel_range_of(const utString& key) {
+  const auto* bounds = velValidator::bounds(key);
+  return bounds ? vel_text(bounds->range) : "";
 }
 
 std::string vel_refusal(const utString& key, const utString& value) {

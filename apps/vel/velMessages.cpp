@@ -44,6 +44,7 @@ constexpr Text texts[] = {
      "WIDTHxHEIGHT`."},
     {velMSG_NO_NAME_OF_PICTURE,
      "%1: a picture is not written under this extension. Use .png; for a page, `-o FILE.html`."},
+    {velMSG_MEANT, "%1; did you mean \"%2\"?"},
     {velMSG_NOT_A_SIZE, "\"%1\" is no size of a picture: WIDTHxHEIGHT is expected, each from 1 to 16384"},
 
     {velMSG_PROGRAM_NOT_FOUND,
@@ -107,6 +108,7 @@ constexpr Text texts[] = {
     {velMSG_NO_TEMPORARY_DIRECTORY,
      "%1: no directory can be made there: %2. Name a file with -o, or set TMPDIR to a directory that you may write."},
     {velMSG_TRANSLATED, "%1: %2 (%3, from %4)"},
+    {velMSG_AND_OTHERS, "%1 and %2 others"},
 
     {velMSG_UNKNOWN_KEY, "%1 %2: %3 has no such option. %4"},
     {velMSG_KNOWN_KEYS, "Known are %1."},
@@ -124,6 +126,11 @@ constexpr Text texts[] = {
     {velMSG_TAKES_FROM_ZERO, "it must be a number, 0 or greater"},
     {velMSG_TAKES_DIGITS, "it must be a whole number from 0 to 17"},
     {velMSG_TAKES_PIXELS, "it must be a whole number from 1 to 16384"},
+    {velMSG_RANGE_ABOVE_ZERO, "greater than 0"},
+    {velMSG_RANGE_FROM_ZERO, "0 or greater"},
+    {velMSG_RANGE_DIGITS, "0 to 17"},
+    {velMSG_RANGE_DEGREES, "0 to 180"},
+    {velMSG_RANGE_PIXELS, "1 to 16384"},
     {velMSG_TAKES_BACKGROUND, "it must be transparent, or a colour as #RRGGBB"},
     {velMSG_BAD_VALUE_IN_FILE, "%1, line %2: \"%3\" is no value of %4: %5"},
     {velMSG_TAKES_DEGREES, "it must be a number of degrees from 0 to 180"},
@@ -167,6 +174,8 @@ constexpr Text texts[] = {
     {velMSG_RECORDS, "records"},
     {velMSG_LIBRARY, "library"},
     {velMSG_LIBRARIES, "libraries"},
+    {velMSG_EXACT_FACE, "exact face"},
+    {velMSG_EXACT_FACES, "exact faces"},
 };
 
 vlnStringTable* make_table() {

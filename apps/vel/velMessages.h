@@ -37,6 +37,7 @@ enum velMessage : unsigned int {
   velMSG_PICTURE_IS_PAGE,           // file
   velMSG_NO_NAME_OF_PAGE,           // file
   velMSG_NO_NAME_OF_PICTURE,        // file
+  velMSG_MEANT,                     // complaint, word
 
   velMSG_PROGRAM_NOT_FOUND = 40,  // reason
   velMSG_PLACE_TOO_DEEP,          // directory
@@ -81,6 +82,7 @@ enum velMessage : unsigned int {
   velMSG_TRANSLATED,                // file, counts, format, inputs
   velMSG_OUTPUT_WITHOUT_EXTENSION,  // file, formats
   velMSG_NO_TEMPORARY_DIRECTORY,    // directory, reason
+  velMSG_AND_OTHERS,                // inputs, number
 
   velMSG_UNKNOWN_KEY = 120,  // side, key, formats, known keys
   velMSG_KNOWN_KEYS,         // keys
@@ -102,6 +104,12 @@ enum velMessage : unsigned int {
   velMSG_FOR_WRITING_ONLY,  // side, key
   velMSG_TAKES_PIXELS,
   velMSG_TAKES_BACKGROUND,
+
+  velMSG_RANGE_ABOVE_ZERO = 165,
+  velMSG_RANGE_FROM_ZERO,
+  velMSG_RANGE_DIGITS,
+  velMSG_RANGE_DEGREES,
+  velMSG_RANGE_PIXELS,
 
   velMSG_CACHE_NO_PLACE = 140,
   velMSG_CACHE_KEPT,          // file, reason
@@ -139,6 +147,8 @@ enum velMessage : unsigned int {
   velMSG_RECORDS,
   velMSG_LIBRARY,
   velMSG_LIBRARIES,
+  velMSG_EXACT_FACE,
+  velMSG_EXACT_FACES,
 };
 
 // The text with its values filled in. A placeholder without a value stays as it stands; what a value holds is not

@@ -23,10 +23,18 @@ void print_json(const std::string& format, const velFormatOptions& options, velC
                     {"name", vel_option_name(option.key).str()},
                     {"type", option.values.type},
                     {"allowed", option.values.allowed},
+                    {"range", vel_range_of(option.key)},
                     {"default", option.default_value},
                     {"description", option.description}});
   }
   vel_print_json(console, {{"format", format}, {"file", options.file()}, {"options", list}});
+}
+
+std::string takes(const velFormatOptions::Option& option) {
+  const std::string range = vel_range_of(option.key);
+  if (!range.empty()) return option.values.type + ", " + range;
+  return option.values.allowed.empty() ? option.values.type
+                                       : option.values.type + ": " + vel_joined(option.values.allowed);
 }
 
 void print_text(const std::string& format, const velFormatOptions& options, velConsole& console) {
@@ -37,12 +45,9 @@ void print_text(const std::string& format, const velFormatOptions& options, velC
   const std::string file = vel_last_component(options.file());
   std::string text;
   for (const auto& option : options.options()) {
-    const std::string takes = option.values.allowed.empty()
-                                  ? option.values.type
-                                  : option.values.type + ": " + vel_joined(option.values.allowed);
     if (!text.empty()) text += "\n";
-    text += vel_wrapped(vel_option_name(option.key).str() + " = " + option.default_value, 0) + vel_wrapped(takes, 4) +
-            vel_wrapped(option.description, 4) +
+    text += vel_wrapped(vel_option_name(option.key).str() + " = " + option.default_value, 0) +
+            vel_wrapped(takes(option), 4) + vel_wrapped(option.description, 4) +
             vel_wrapped(vel_text(velMSG_IN_RESOURCE_FILE, {file, option.key.view(), option.default_value}), 4);
   }
   console.print(text);

@@ -9,15 +9,25 @@
 
 namespace {
 
+std::string sources_of(const std::vector<std::string>& inputs) {
+  constexpr std::size_t most = 4;
+  const std::size_t shown = inputs.size() > most ? most - 1 : inputs.size();
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < shown; ++i) names.push_back(vel_last_component(inputs[i]));
+  const std::string joined = vel_joined(names);
+  const std::size_t others = inputs.size() - shown;
+  return others == 0 ? joined : vel_text(velMSG_AND_OTHERS, {joined, std::to_string(others)});
+}
+
 std::string summary(const velTranslateRequest& request, const velTranslation& translation) {
-  std::vector<std::string> sources;
-  for (const std::string& input : request.inputs) sources.push_back(vel_last_component(input));
   const annStatistics& statistics = *translation.statistics();
+  // What facets become of exact shapes only their writer knows.
+  const bool is_exact = statistics.faces > 0 && statistics.triangles == 0;
   std::vector<std::string> counts{vel_counted(statistics.parts, velMSG_PART),
-                                  vel_counted(statistics.faces, velMSG_FACE)};
-  // Exact shapes have none that anybody counts.
+                                  vel_counted(statistics.faces, is_exact ? velMSG_EXACT_FACE : velMSG_FACE)};
   if (statistics.vertices > 0) counts.push_back(vel_counted(statistics.vertices, velMSG_VERTEX));
-  return vel_text(velMSG_TRANSLATED, {request.output, vel_joined(counts), translation.format(), vel_joined(sources)});
+  return vel_text(velMSG_TRANSLATED,
+                  {request.output, vel_joined(counts), translation.format(), sources_of(request.inputs)});
 }
 
 // What goes there is for a program, which does not want to be told.

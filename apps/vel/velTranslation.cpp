@@ -81,9 +81,12 @@ velExitCode velTranslation::tell_failure() {
 
 velJson velTranslation::counts() const {
   if (!statistics_) return nullptr;
+  // What facets become of exact shapes only their writer knows.
+  velJson triangles = nullptr;
+  if (statistics_->triangles > 0 || statistics_->faces == 0) triangles = statistics_->triangles;
   return {{"parts", statistics_->parts},
           {"faces", statistics_->faces},
-          {"triangles", statistics_->triangles},
+          {"triangles", triangles},
           {"vertices", statistics_->vertices}};
 }
 

@@ -12,13 +12,13 @@ namespace {
 constexpr double endless = std::numeric_limits<double>::infinity();
 
 constexpr velValidator::Bounds all_bounds[] = {
-    {"SCALE", 0, endless, true, velMSG_TAKES_ABOVE_ZERO},
-    {"FACET_LIMIT", 0, endless, true, velMSG_TAKES_ABOVE_ZERO},
-    {"DIGITS", 0, 17, false, velMSG_TAKES_DIGITS},
-    {"CHORD_TOLERANCE", 0, endless, false, velMSG_TAKES_FROM_ZERO},
-    {"ANGLE_TOLERANCE", 0, 180, false, velMSG_TAKES_DEGREES},
-    {"WIDTH", 1, 16384, false, velMSG_TAKES_PIXELS},
-    {"HEIGHT", 1, 16384, false, velMSG_TAKES_PIXELS},
+    {"SCALE", 0, endless, true, velMSG_TAKES_ABOVE_ZERO, velMSG_RANGE_ABOVE_ZERO},
+    {"FACET_LIMIT", 0, endless, true, velMSG_TAKES_ABOVE_ZERO, velMSG_RANGE_ABOVE_ZERO},
+    {"DIGITS", 0, 17, false, velMSG_TAKES_DIGITS, velMSG_RANGE_DIGITS},
+    {"CHORD_TOLERANCE", 0, endless, false, velMSG_TAKES_FROM_ZERO, velMSG_RANGE_FROM_ZERO},
+    {"ANGLE_TOLERANCE", 0, 180, false, velMSG_TAKES_DEGREES, velMSG_RANGE_DEGREES},
+    {"WIDTH", 1, 16384, false, velMSG_TAKES_PIXELS, velMSG_RANGE_PIXELS},
+    {"HEIGHT", 1, 16384, false, velMSG_TAKES_PIXELS, velMSG_RANGE_PIXELS},
 };
 
 constexpr const char* views[] = {"iso", "front", "back", "left", "right", "top", "bottom"};
@@ -58,6 +58,8 @@ bool velValidator::validate_double(const utString& key, const utString& value) {
 
 bool velValidator::validate_text(const utString& key, const utString& value) {
   if (key.case_compare("BACKGROUND")) return is_background(value);
+  // No format holds curves or points that anything becomes of.
+  if (key.case_compare("ENTITY_TYPES")) return !value.case_compare("curves") && !value.case_compare("points");
   const std::vector<std::string> known = words(key);
   return known.empty() ||
          std::any_of(known.begin(), known.end(), [&](const auto& word) { return value.case_compare(utString(word)); });

@@ -14,7 +14,8 @@ class velValidator : public vlnValidator {
     const char* key;
     double least, most;
     bool without_least;
-    velMessage text;  // what a value must be
+    velMessage text;   // what a value must be
+    velMessage range;  // the same in short
   };
 
   bool validate_int(const utString& key, const utString& value) override;
@@ -23,7 +24,7 @@ class velValidator : public vlnValidator {
   // Null for a key that takes every number.
   static const Bounds* bounds(const utString& key);
 
-  // Whether the value of a key that takes texts makes sense for it.
+  // Whether a text makes sense for its key.
   static bool validate_text(const utString& key, const utString& value);
 
   // The words that a key takes that knows some words only; none for other keys.

@@ -91,7 +91,7 @@ TEST_F(Engine, SeveralInputsStandInTheirOrderInOneUnit) {
             (std::vector<std::string>{directory_ / "a.script: it has no length unit, so its numbers are taken to be in "
                                                    "inch, the unit of " +
                                       (directory_ / "b.script") +
-                                      "; if they are not, name their unit by LENGTH_UNIT when it is read"}));
+                                      "; if they are not, name their unit, for instance with --in length-unit=inch"}));
   output_.messages.clear();
 
   // Where no file has a unit, nothing is taken for another. The old output does not name what stands beside it.

@@ -36,10 +36,10 @@ TEST(ResourceValues, TakeTheirOwnTextsOnly) {
     EXPECT_EQ(table.count(), error ? 0u : 1u) << entry;
     return error ? "error " + std::to_string(error) : table.find(key)->text().str();
   };
-  const std::pair<const char*, const char*> good[] = {{"SCALE=2.50", "2.5"},        {"DIGITS=7", "7"},
-                                                      {"WELD_POINTS=FALSE", "0"},   {"WELD_POINTS=1", "1"},
-                                                      {"LENGTH_UNIT=INCH", "inch"}, {"FILE_FORMAT=Ascii", "ascii"},
-                                                      {"SOLID_NAME=", ""}};
+  const std::pair<const char*, const char*> good[] = {{"SCALE=2.50", "2.5"},          {"DIGITS=7", "7"},
+                                                      {"WELD_POINTS=FALSE", "0"},     {"WELD_POINTS=1", "1"},
+                                                      {"LENGTH_UNIT=INCH", "inch"},   {"REPRESENTATION=as-is", "as is"},
+                                                      {"FILE_FORMAT=Ascii", "ascii"}, {"SOLID_NAME=", ""}};
   for (const auto& [entry, shown] : good) EXPECT_EQ(made(entry), shown) << entry;
   for (const char* entry : {"NO_SUCH_KEY=1", "scale=1"}) EXPECT_EQ(made(entry), "error 1") << entry;
   for (const char* entry : {"SCALE=1e400", "SCALE=nan", "SCALE=2,5", "SCALE=", "SCALE=1 2", "DIGITS=7.0",

@@ -38,6 +38,10 @@ const std::vector<Case> cases{
     {{"translate", "a.stl", "-o", "-"}, 2, "", "name a file"},
     {{"info", "a.stl", "b.stl"}, 2, "", "\"b.stl\" is a word too many"},
     {{"cache"}, 2, "", "vel cache --help"},
+    {{"tranlsate", "a.stl"}, 2, "", "no command \"tranlsate\"; did you mean \"translate\"?"},
+    {{"cache", "claer"}, 2, "", "did you mean \"clear\"?"},
+    {{"list", "--quite"}, 2, "", "did you mean \"--quiet\"?"},
+    {{"list", "-q=1"}, 2, "", "-q takes no value"},
     {{"options"}, 2, "", "FORMAT"},
     {{"options", "nonsense"}, 3, "", "OBJ, STL"},
 };

@@ -102,6 +102,9 @@ TEST(Translate, WritesAndTellsWhat) {
             "one.OBJ: 1 part, 4 faces, 4 vertices (OBJ, from a.stl)\n");
   EXPECT_EQ(installation.run({"translate", "a.stl", "b.obj", "-o", "two.stl"}).out,
             "two.stl: 2 parts, 8 faces, 8 vertices (STL, from a.stl, b.obj)\n");
+  const std::vector<std::string> many{"translate", "a.stl", "b.obj", "a.stl", "a.stl", "a.stl", "-o", "many.stl"};
+  EXPECT_EQ(installation.run(many).out,
+            "many.stl: 5 parts, 20 faces, 20 vertices (STL, from a.stl, b.obj, a.stl and 2 others)\n");
   EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "named", "--to", "obj", "--quiet"}).out, "");
   EXPECT_TRUE(fs::exists(work / "named"));
 
@@ -123,6 +126,12 @@ TEST(Translate, WritesAndTellsWhat) {
   const Outcome own = installation.run({"translate", "b.obj", "-o", "own.stl"});
   EXPECT_TRUE(work.read(work / "own.stl").starts_with("solid"));
   EXPECT_LT(own.err.find("STL.rsc, line 2"), own.err.find("STL.rsc, line 3")) << own.err;
+
+  // What is nearly right is told how it is right.
+  installation.home().write("velbase/resources/STL.rsc", "file-format = ascii\nLENGTH_UNIT = inch # mine\n");
+  const Outcome nearly = installation.run({"info", "a.stl"});
+  EXPECT_NE(nearly.err.find("line 1: the key file-format is not known; it is spelled FILE_FORMAT"), std::string::npos);
+  EXPECT_NE(nearly.err.find("comments stand on lines of their own"), std::string::npos) << nearly.err;
 
   // A value that makes no sense is such a fault, for each command that reads the file.
   installation.home().write("velbase/resources/STL.rsc", "SCALE = 0\n");

@@ -25,6 +25,9 @@ namespace {
 
 using Corners = std::span<const std::uint32_t>;
 
+// So many faces are made within a few milliseconds.
+constexpr std::size_t faces_between_signs = 512;
+
 double length(annVector v) {
   return std::sqrt(ann_dot(v, v));
 }
@@ -50,7 +53,7 @@ bool is_flat(const std::vector<annVector>& points, Corners corners) {
   });
 }
 
-// Calls `use(face, corners)` for each planar face that a mesh comes to.
+// Calls `use(face, corners)` for each planar face that a mesh comes to, as long as it gives true.
 template <typename Use>
 void for_each_planar(const annMesh& mesh, Use use) {
   annTriangulator triangulator;
@@ -58,20 +61,26 @@ void for_each_planar(const annMesh& mesh, Use use) {
   for (std::size_t face = 0; face < mesh.face_count(); ++face) {
     const Corners corners = mesh.face(face);
     if (is_flat(points, corners)) {
-      use(face, corners);
+      if (!use(face, corners)) return;
       continue;
     }
-    for (const auto& triangle : triangulator.triangles(points, corners)) use(face, Corners(triangle));
+    for (const auto& triangle : triangulator.triangles(points, corners)) {
+      if (!use(face, Corners(triangle))) return;
+    }
   }
 }
 
 class PlanarShapeMaker {
  public:
-  explicit PlanarShapeMaker(const annMesh& mesh) : mesh_(mesh) {}
+  PlanarShapeMaker(const annMesh& mesh, annProgress& progress) : mesh_(mesh), progress_(progress) {}
 
   exaPlanarShape make() {
     weld();
-    for_each_planar(mesh_, [&](std::size_t face, Corners corners) { add_face(face, corners); });
+    for_each_planar(mesh_, [&](std::size_t face, Corners corners) {
+      add_face(face, corners);
+      return is_wanted(face);
+    });
+    if (progress_.cancelled()) return {};
     if (!faces_.empty()) gather();
     return std::move(result_);
   }
@@ -95,6 +104,13 @@ class PlanarShapeMaker {
     annWelder welder(points_, mesh_.vertices->points.size());
     for (const annVector& point : mesh_.vertices->points) numbers_.push_back(welder.number_of(point));
     vertices_.resize(points_.size());
+  }
+
+  bool is_wanted(std::size_t face) {
+    if (face < next_sign_) return true;
+    next_sign_ = face + faces_between_signs;
+    progress_.done(static_cast<double>(face) / static_cast<double>(mesh_.face_count()));
+    return !progress_.cancelled();
   }
 
   const TopoDS_Vertex& vertex(std::uint32_t number) {
@@ -217,6 +233,8 @@ class PlanarShapeMaker {
   }
 
   const annMesh& mesh_;
+  annProgress& progress_;
+  std::size_t next_sign_ = 0;
   BRep_Builder builder_;
   std::vector<annVector> points_;
   std::vector<std::uint32_t> numbers_;  // of the mesh's vertices among the points
@@ -232,10 +250,10 @@ class PlanarShapeMaker {
 std::size_t exa_planar_face_count(const annMesh& mesh) {
   if (mesh.all_triangles()) return mesh.face_count();
   std::size_t count = 0;
-  for_each_planar(mesh, [&](std::size_t, Corners) { ++count; });
+  for_each_planar(mesh, [&](std::size_t, Corners) { return ++count; });
   return count;
 }
 
-exaPlanarShape exa_planar_shape(const annMesh& mesh) {
-  return PlanarShapeMaker(mesh).make();
+exaPlanarShape exa_planar_shape(const annMesh& mesh, annProgress& progress) {
+  return PlanarShapeMaker(mesh, progress).make();
 }

@@ -2,18 +2,21 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "exaPlacement.h"
 #include "exaPlanarShape.h"
 #include "exaSession.h"
 #include "exaShape.h"
-#include "velRepresentationOption.h"
 #include "vltNames.h"
 
 namespace {
 
 // The kernel walks assemblies by recursion.
 constexpr std::size_t deepest = 500;
+
+// Of the whole writing, the part that takes place here.
+constexpr double percent_of_making = 10;
 
 // It takes 1e100 for infinite, and makes areas and volumes of lengths.
 constexpr double largest = 1e50;
@@ -30,15 +33,32 @@ bool fits(const annMesh& mesh, const annTransform& change) {
 }
 
 std::size_t limit(const velTableInstance& resources) {
-  const int limit = resources.value<int>("FACET_LIMIT", 20000);
+  const int limit = resources.value<int>("FACET_LIMIT", 40000);
   return limit > 0 ? static_cast<std::size_t>(limit) : 0;
 }
+
+// The making of one mesh's faces as a part of the making of all.
+class Share final : public annProgress {
+ public:
+  Share(velabsOutput& output, std::size_t before, std::size_t own, std::size_t all)
+      : output_(output), before_(before), own_(own), all_(all) {}
+  void done(double share) override {
+    const double faces = static_cast<double>(before_) + share * static_cast<double>(own_);
+    output_.progress(static_cast<int>(percent_of_making * faces / static_cast<double>(all_)));
+  }
+  bool cancelled() const override { return output_.cancelled(); }
+
+ private:
+  velabsOutput& output_;
+  std::size_t before_, own_, all_;
+};
 
 }  // namespace
 
 exaProducts::exaProducts(const annDocument& document, const velTableInstance& resources, double factor,
                          velabsOutput& output)
-    : resources_(resources),
+    : wanted_(resources.value<velRepresentationOption>("REPRESENTATION", velREPRESENTATION_AS_IS)),
+      most_planar_faces_(limit(resources)),
       output_(output),
       definitions_(document),
       facets_(document, resources, output),
@@ -51,6 +71,7 @@ bool exaProducts::make() {
                                           " deep; flatten them"));
     return false;
   }
+  if (!count_planar_faces()) return false;
   if (!add_uses(definitions_.top(), change_, std::nullopt, top_)) return false;
   findings_.tell();
   if (!top_.empty()) return true;
@@ -71,6 +92,34 @@ bool exaProducts::has_colours() const {
 
 bool exaProducts::fail(const annNode& node, const std::string& why) {
   output_.message(velabsERROR, utString("the part " + vlt_quoted(node.name.str()) + ": " + why));
+  return false;
+}
+
+bool exaProducts::is_exact(const annBody& body) const {
+  return body.shape && wanted_ != velREPRESENTATION_FACETS;
+}
+
+bool exaProducts::count_planar_faces() {
+  if (wanted_ == velREPRESENTATION_EXACT) return true;
+  std::set<const annMesh*> seen;
+  for (const annDefinitions::Definition& definition : definitions_.definitions()) {
+    const annBody& body = definition.node->body;
+    if (body.empty() || is_exact(body)) continue;
+    const std::shared_ptr<const annMesh> mesh = facets_.of(*definition.node);
+    if (!mesh || output_.cancelled()) return false;
+    if (seen.insert(mesh.get()).second) planar_faces_ += exa_planar_face_count(*mesh);
+  }
+  return is_allowed(planar_faces_);
+}
+
+bool exaProducts::is_allowed(std::size_t planar_faces) {
+  if (planar_faces <= most_planar_faces_) return true;
+  const std::string count = std::to_string(planar_faces);
+  output_.message(velabsERROR, utString("its meshes would become " + count + " planar faces, more than the " +
+                                        std::to_string(most_planar_faces_) +
+                                        " that FACET_LIMIT allows; write a format of meshes, or give --out "
+                                        "facet-limit=" +
+                                        count + " where there is memory for them, up to 25 kB for each"));
   return false;
 }
 
@@ -127,10 +176,9 @@ bool exaProducts::find(std::size_t definition, const annTransform& change, const
 }
 
 const exaProducts::Made* exaProducts::shape_of(const annNode& node, const annTransform& change) {
-  const auto wanted = resources_.value<velRepresentationOption>("REPRESENTATION", velREPRESENTATION_AS_IS);
   const annBody& body = node.body;
-  const bool exact = body.shape && wanted != velREPRESENTATION_FACETS;
-  if (!exact && wanted == velREPRESENTATION_EXACT) {
+  const bool exact = is_exact(body);
+  if (!exact && wanted_ == velREPRESENTATION_EXACT) {
     fail(node, "it is a mesh and has no exact shape; ask for another REPRESENTATION or leave it out");
     return nullptr;
   }
@@ -161,15 +209,17 @@ bool exaProducts::make_exact(const annNode& node, Made& made) {
 bool exaProducts::make_planar(const annNode& node, const annTransform& change, Made& made) {
   const std::shared_ptr<const annMesh> mesh = facets_.of(node);
   if (!mesh) return false;
-  const std::size_t count = exa_planar_face_count(*mesh), most = limit(resources_);
-  if (count > most) {
-    return fail(node, "its mesh would become " + std::to_string(count) + " planar faces, more than the " +
-                          std::to_string(most) + " that FACET_LIMIT allows; raise it with --out facet-limit=" +
-                          std::to_string(count) + " or write a format of meshes");
-  }
-  if (!fits(*mesh, change))
+  const std::size_t count = exa_planar_face_count(*mesh);
+  // A mesh that is scaled in several ways is made in each of them.
+  planar_faces_ = std::max(planar_faces_, planar_faces_made_ + count);
+  if (!is_allowed(planar_faces_)) return false;
+  if (!fits(*mesh, change)) {
     return fail(node, "a coordinate is too large for an exact shape; write it with a smaller SCALE");
-  exaPlanarShape planar = exa_planar_shape(*mesh);
+  }
+  Share share(output_, planar_faces_made_, count, planar_faces_);
+  exaPlanarShape planar = exa_planar_shape(*mesh, share);
+  if (output_.cancelled()) return false;
+  planar_faces_made_ += count;
   if (planar.left_out > 0) {
     left_out_ = true;
     findings_.count(velabsNOTE, "faces of a mesh that have next to no area are left out", 0, planar.left_out);

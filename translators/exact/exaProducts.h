@@ -10,6 +10,7 @@
 #include "annDefinitions.h"
 #include "exaExport.h"
 #include "exaFaceColours.h"
+#include "velRepresentationOption.h"
 #include "velTableInstance.h"
 #include "velabsOutput.h"
 #include "vltFacets.h"
@@ -30,12 +31,13 @@ struct exaProduct {
 
 // A document as products, each described once however often it stands in the document. Locations turn and move; where
 // the document scales or mirrors, the shapes themselves are changed. REPRESENTATION says what becomes of meshes and
-// exact shapes, FACET_LIMIT how many planar faces one part may have.
+// exact shapes, FACET_LIMIT how many planar faces all meshes together may become.
 class VELEXACT_API exaProducts {
  public:
   exaProducts(const annDocument& document, const velTableInstance& resources, double factor, velabsOutput& output);
 
-  // False, and a message, when there is nothing to write or a part cannot be made.
+  // False, and a message, when there is nothing to write or a part cannot be made, and false when the work is
+  // cancelled.
   bool make();
 
   // What a product uses comes before it.
@@ -57,6 +59,10 @@ class VELEXACT_API exaProducts {
     exaFaceColours colours;
   };
 
+  bool is_exact(const annBody& body) const;
+  // How many planar faces there will be; false, and a message, when they are too many.
+  bool count_planar_faces();
+  bool is_allowed(std::size_t planar_faces);
   bool add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
                 const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target);
   // The product of a definition, or none when there is nothing in it. False, and a message, when it cannot be made.
@@ -67,13 +73,16 @@ class VELEXACT_API exaProducts {
   bool make_planar(const annNode& node, const annTransform& change, Made& made);
   bool fail(const annNode& node, const std::string& why);
 
-  const velTableInstance& resources_;
+  const velRepresentationOption wanted_;
+  const std::size_t most_planar_faces_;
   velabsOutput& output_;
   annDefinitions definitions_;
   vltFacets facets_;
   vltOnce findings_;
   bool left_out_ = false;  // faces without an area
   annTransform change_;
+  std::size_t planar_faces_ = 0;       // that there will be
+  std::size_t planar_faces_made_ = 0;  // of them, so far
   std::map<Key, std::optional<std::size_t>> numbers_;
   std::map<std::pair<const void*, std::array<double, 12>>, Made> shapes_;
   std::vector<exaProduct> products_;

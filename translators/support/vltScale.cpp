@@ -7,9 +7,9 @@ namespace {
 double converted(double scale, velLengthUnit unit, const annDocument& document, velabsOutput& output) {
   if (unit == document.unit) return scale;
   if (document.unit != velLENGTH_UNSPECIFIED) return scale * vel_length_ratio(document.unit, unit);
-  output.message(velabsWARNING, utString("the model has no length unit, so its numbers are taken to be in ") +
-                                    co_value_to_text(unit) +
-                                    " already; if they are not, name their unit by LENGTH_UNIT when it is read");
+  output.message(velabsWARNING,
+                 utString("the model has no length unit, so its numbers are taken to be in ") + co_value_to_text(unit) +
+                     " already; if they are not, name their unit, for instance with --in length-unit=inch");
   return scale;
 }
 

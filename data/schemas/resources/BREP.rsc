@@ -19,15 +19,16 @@ ALLOW_GAPS = 0
 FILE_FORMAT = ascii
 
 # What meshes and exact shapes become: as-is, exact or facets (writing).
-# "as is": exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
+# as-is: exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
 # facets: exact shapes become planar faces too, as close as the tolerances say.
-REPRESENTATION = as is
+REPRESENTATION = as-is
 
-# Meshes: the largest number of planar faces that a part may become, greater than 0 (writing).
-FACET_LIMIT = 20000
+# Meshes: the largest number of planar faces that all of them may become, greater than 0 (writing). On an ordinary
+# machine each takes about 2 kB of memory and 0.03 milliseconds: 500000 take 1 GB and 15 seconds.
+FACET_LIMIT = 500000
 
 # One file, or one for each part: the further ones stand beside the first (writing).
-MULTIPLE_FILES = one file
+MULTIPLE_FILES = one-file
 
 # Exact shapes as facets: largest distance between a facet and the true surface, in the model's unit (writing).
 # 0: a two thousandth of the part's size, the diagonal of its box.

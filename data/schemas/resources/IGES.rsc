@@ -15,23 +15,24 @@ READ_MATERIALS = 1
 # older programs read; anything else writes solids as solids.
 ENTITY_TYPES = all
 
-# Which curves bound a face where a file gives both: as preferred (by the file), model space or parameter space
+# Which curves bound a face where a file gives both: as-preferred (by the file), model-space or parameter-space
 # (reading).
-TRIM = as preferred
+TRIM = as-preferred
 
 # Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.
 ALLOW_GAPS = 0
 
 # What meshes and exact shapes become: as-is, exact or facets (writing).
-# "as is": exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
+# as-is: exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
 # facets: exact shapes become planar faces too, as close as the tolerances say.
-REPRESENTATION = as is
+REPRESENTATION = as-is
 
-# Meshes: the largest number of planar faces that a part may become, greater than 0 (writing).
-FACET_LIMIT = 20000
+# Meshes: the largest number of planar faces that all of them may become, greater than 0 (writing). On an ordinary
+# machine each takes about 9 kB of memory and 0.15 milliseconds: 100000 take 1 GB and 15 seconds.
+FACET_LIMIT = 100000
 
 # One file, or one for each part: the further ones stand beside the first (writing).
-MULTIPLE_FILES = one file
+MULTIPLE_FILES = one-file
 
 # Write colours of products and faces (writing).
 WRITE_MATERIALS = 1

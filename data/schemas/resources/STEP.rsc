@@ -4,8 +4,8 @@
 # Numbers are converted from the model's unit; "unspecified" keeps the model's, millimetres without one.
 LENGTH_UNIT = unspecified
 
-# Unit of the plane angles in the file (writing; reading takes it from the file): degree, radian, gradian, arc minute,
-# arc second or turn. All but radian leave curves in the parameters of surfaces out, as TRIM = model space does.
+# Unit of the plane angles in the file (writing; reading takes it from the file): degree, radian, gradian, arc-minute,
+# arc-second or turn. All but radian leave curves in the parameters of surfaces out, as TRIM = model-space does.
 ANGULAR_UNIT = radian
 
 # Factor for all coordinates, greater than 0 (reading and writing).
@@ -18,9 +18,9 @@ READ_MATERIALS = 1
 # Curves and points are never taken.
 ENTITY_TYPES = all
 
-# Which curves bound a face where there are both (writing). "model space" leaves those in the parameters of the surface
+# Which curves bound a face where there are both (writing). model-space leaves those in the parameters of the surface
 # out, which makes smaller files. Reading takes both and makes those that are missing.
-TRIM = as preferred
+TRIM = as-preferred
 
 # Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.
 ALLOW_GAPS = 0
@@ -29,15 +29,16 @@ ALLOW_GAPS = 0
 STEP_AP = AP214
 
 # What meshes and exact shapes become: as-is, exact or facets (writing).
-# "as is": exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
+# as-is: exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
 # facets: exact shapes become planar faces too, as close as the tolerances say.
-REPRESENTATION = as is
+REPRESENTATION = as-is
 
-# Meshes: the largest number of planar faces that a part may become, greater than 0 (writing).
-FACET_LIMIT = 20000
+# Meshes: the largest number of planar faces that all of them may become, greater than 0 (writing). On an ordinary
+# machine each takes about 23 kB of memory and 0.3 milliseconds: 40000 take 1 GB and 13 seconds.
+FACET_LIMIT = 40000
 
 # One file, or one for each part: the further ones stand beside the first (writing).
-MULTIPLE_FILES = one file
+MULTIPLE_FILES = one-file
 
 # Write colours of products and faces (writing).
 WRITE_MATERIALS = 1

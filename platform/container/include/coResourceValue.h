@@ -22,5 +22,6 @@ VELPLATFORM_API utString co_value_to_text(double value);
 VELPLATFORM_API utString co_value_to_text(int value);
 VELPLATFORM_API utString co_value_to_text(utBool value);
 
-// For enumerated types whose values count from 0: the position of `text` among `names`, case aside; -1 if it is none.
+// For enumerated types whose values count from 0: the position of `text` among `names`, case aside; -1 if it is none. A
+// dash will do for a blank: names of several words can then be typed as one.
 VELPLATFORM_API int co_position_of_name(const utStringcoDList& names, const utString& text);

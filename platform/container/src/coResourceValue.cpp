@@ -3,6 +3,7 @@
 #include <langinfo.h>
 #include <locale.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -27,6 +28,12 @@ bool double_in_locale(const utString& text, double& value) {
   char* end = nullptr;
   value = std::strtod(text.c_str(), &end);
   return end == text.c_str() + text.length();
+}
+
+utString with_blanks(const utString& text) {
+  std::string result = text.str();
+  std::replace(result.begin(), result.end(), '-', ' ');
+  return utString(result);
 }
 
 }  // namespace
@@ -92,8 +99,9 @@ utString co_value_to_text(utBool value) {
 }
 
 int co_position_of_name(const utStringcoDList& names, const utString& text) {
+  const utString wanted = with_blanks(text);
   for (std::size_t i = 0; i < names.count(); ++i) {
-    if (names[i].case_compare(text)) return static_cast<int>(i);
+    if (with_blanks(names[i]).case_compare(wanted)) return static_cast<int>(i);
   }
   return -1;
 }

@@ -42,7 +42,7 @@ void warn_of_missing_units(const std::vector<v2vInputModel>& models, const v2vIn
     if (model.document.unit != velLENGTH_UNSPECIFIED) continue;
     report.message(velabsWARNING, model.file + ": it has no length unit, so its numbers are taken to be in " +
                                       co_value_to_text(giver.document.unit) + ", the unit of " + giver.file +
-                                      "; if they are not, name their unit by LENGTH_UNIT when it is read");
+                                      "; if they are not, name their unit, for instance with --in length-unit=inch");
   }
 }
 

@@ -50,7 +50,7 @@ coResourceTable* make_table() {
   add(*table, "STEP_AP", velSTEP_AP214);
   add(*table, "ENTITY_TYPES", velTYPE_ALL);
   add(*table, "ALLOW_GAPS", utFALSE);
-  add(*table, "FACET_LIMIT", 20000);
+  add(*table, "FACET_LIMIT", 40000);
   add(*table, "PART_CONTENT", velREAD_EXACT);
   add(*table, "PROCESSING", velPROCESSING_NONE);
   add(*table, "MULTIPLE_FILES", velMULTIPLE_ONE_FILE);

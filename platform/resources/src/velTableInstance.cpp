@@ -6,6 +6,26 @@
 #include "velResourceTable.h"
 #include "vluFileHelpers.h"
 
+namespace {
+
+utString reason_against_key(const utString& key) {
+  const utString reason = utString("the key ") + key + " is not known";
+  std::string spelled = key.str();
+  for (char& c : spelled) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    if (c == '-') c = '_';
+  }
+  return vel_resource_table_inquire().find(utString(spelled)) ? reason + "; it is spelled " + spelled : reason;
+}
+
+utString reason_against_value(const utString& key, const utString& value) {
+  const utString reason = utString("\"") + value + "\" is no value of " + key;
+  const bool holds_comment = value.view().find('#') != std::string_view::npos;
+  return holds_comment ? reason + "; comments stand on lines of their own" : reason;
+}
+
+}  // namespace
+
 void velTableInstance::initialise(const utString& path) {
   apStatus status;
   const bool exists = vlu_check_file_exists(path) != vluFILE_NOT_FOUND;
@@ -24,9 +44,9 @@ void velTableInstance::initialise(const utString& path, const velResourceFile& f
   for (const auto& entry : file.entries()) {
     if (add_resource(entry.key, entry.value)) continue;
     if (vel_resource_table_inquire().find(entry.key)) {
-      report(entry.line, utString("\"") + entry.value + "\" is no value of " + entry.key);
+      report(entry.line, reason_against_value(entry.key, entry.value));
     } else {
-      report(entry.line, utString("the key ") + entry.key + " is not known");
+      report(entry.line, reason_against_key(entry.key));
     }
   }
 }

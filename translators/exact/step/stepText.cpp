@@ -84,13 +84,19 @@ std::optional<std::string> step_repaired(std::string_view bytes) {
   return vlt_utf8_or_latin1(bytes);
 }
 
-void step_print(const StepData_StepWriter& written, velabsOfStream& stream) {
+bool step_print(const StepData_StepWriter& written, velabsOfStream& stream, velabsOutput& output) {
+  constexpr int lines_between_signs = 4096;
   std::string rest;
   for (int i = 1; i <= written.NbLines() && stream.good(); ++i) {
+    if (i % lines_between_signs == 0) {
+      if (output.cancelled()) return false;
+      output.progress(80 + static_cast<int>(20.0 * i / written.NbLines()));
+    }
     const Handle(TCollection_HAsciiString) handle = written.Line(i);
     const std::string_view line(handle->ToCString(), static_cast<std::size_t>(handle->Length()));
     const bool plain = rest.empty() && std::all_of(line.begin(), line.end(), is_ascii);
     stream.write(plain ? line : spelled(line, rest));
     stream.write("\n");
   }
+  return true;
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "velabsOfStream.h"
+#include "velabsOutput.h"
 
 // Files are printable ASCII: other characters are spelled by their codes.
 
@@ -13,5 +14,5 @@
 // which the kernel knows, are taken for Latin 1. Nothing when there are none.
 std::optional<std::string> step_repaired(std::string_view bytes);
 
-// Prints what the kernel wrote, which is in UTF-8 and breaks lines anywhere.
-void step_print(const StepData_StepWriter& written, velabsOfStream& stream);
+// Prints what the kernel wrote, which is in UTF-8 and breaks lines anywhere. False when the work is cancelled.
+bool step_print(const StepData_StepWriter& written, velabsOfStream& stream, velabsOutput& output);

@@ -101,14 +101,14 @@ class Writing {
       return false;
     }
     const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
+    if (output_.cancelled()) return false;
     if (unit_ == velLENGTH_YARD) step_state_yards(model);
     step_state_angles(model, angle_of(resources_));
     step_order_styles(model);
     step_make_repeatable(model, exa_stem(stream.target()));
     StepData_StepWriter text(model);
     text.SendModel(Handle(StepData_Protocol)::DownCast(model->Protocol()));
-    step_print(text, stream);
-    return true;
+    return step_print(text, stream, output_);
   }
 
   const velTableInstance& resources_;
