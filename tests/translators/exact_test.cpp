@@ -278,6 +278,19 @@ TEST_F(Exact, MeshesBecomePlanarFaces) {
   EXPECT_EQ(writer("step").write(document_of(cube(1)), path("limit.step"), messages, {{"FACET_LIMIT", "5"}}),
             velabsFAILED);
   EXPECT_NE(messages.errors.find("facet-limit=6"), std::string::npos) << messages.errors;
+
+  // The limit counts the meshes of all parts, one of two sizes twice.
+  annDocument two = document_of(cube(1));
+  annNode& larger = two.root.add_child("larger");
+  larger.body.mesh = two.root.children.front()->body.mesh;
+  larger.transform = annTransform::scaling(2);
+  for (const bool same_mesh : {true, false}) {
+    if (!same_mesh) larger.body.mesh = cube(3);
+    messages = {};
+    EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "11"}}), velabsFAILED);
+    EXPECT_NE(messages.errors.find("facet-limit=12"), std::string::npos) << messages.errors;
+    EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "12"}}), velabsDONE);
+  }
   messages = {};
   EXPECT_EQ(writer("step").write(document_of(cube(1)), path("exact.step"), messages, {{"REPRESENTATION", "exact"}}),
             velabsFAILED);
