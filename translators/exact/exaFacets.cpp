@@ -1,15 +1,16 @@
 #include "exaFacets.h"
 
+#include <BRepBndLib.hxx>
 #include <BRepBuilderAPI_Copy.hxx>
 #include <BRepMesh_IncrementalMesh.hxx>
 #include <BRep_Builder.hxx>
 #include <BRep_Tool.hxx>
+#include <Bnd_Box.hxx>
+#include <Geom_BSplineCurve.hxx>
 #include <Geom_Curve.hxx>
-#include <Geom_Surface.hxx>
 #include <IMeshTools_Parameters.hxx>
 #include <Message_ProgressIndicator.hxx>
 #include <Poly_Triangulation.hxx>
-#include <Precision.hxx>
 #include <Standard_Failure.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
@@ -91,34 +92,46 @@ class FacetMaker {
   std::vector<std::uint32_t> numbers_;
 };
 
-// Following an edge that runs round its curve again and again takes points without end. None of a sound solid does.
-bool runs_in_circles(const TopoDS_Edge& edge) {
+// Behind this the kernel's smallest distance is less than the last digit of a coordinate.
+constexpr double farthest = 1e12;
+
+bool is_within_reach(const gp_Pnt& point) {
+  return std::abs(point.X()) < farthest && std::abs(point.Y()) < farthest && std::abs(point.Z()) < farthest;
+}
+
+// Following an edge that leads out of reach, or runs round its curve again and again, takes points without end.
+bool has_an_end(const TopoDS_Edge& edge) {
   constexpr double most_turns = 2;
   double first = 0, last = 0;
   const Handle(Geom_Curve) curve = BRep_Tool::Curve(edge, first, last);
-  if (curve.IsNull()) return false;
-  const double length = last - first;
-  if (curve->IsPeriodic()) return !(length <= most_turns * curve->Period());
-  return !std::isfinite(length);
+  if (curve.IsNull()) return true;
+  if (!std::isfinite(last - first)) return false;
+  if (curve->IsPeriodic() && last - first > most_turns * curve->Period()) return false;
+  if (const auto spline = Handle(Geom_BSplineCurve)::DownCast(curve)) {
+    for (const gp_Pnt& pole : spline->Poles()) {
+      if (!is_within_reach(pole)) return false;
+    }
+  }
+  return is_within_reach(curve->Value(first)) && is_within_reach(curve->Value(last));
 }
 
-bool is_endless(const TopoDS_Face& face) {
-  const Handle(Geom_Surface) surface = BRep_Tool::Surface(face);
-  if (surface.IsNull()) return true;
-  double ends[4] = {};
-  surface->Bounds(ends[0], ends[1], ends[2], ends[3]);
-  return std::any_of(std::begin(ends), std::end(ends), [](double end) { return Precision::IsInfinite(end); });
+bool is_within_reach(const TopoDS_Face& face) {
+  Bnd_Box box;
+  BRepBndLib::Add(face, box, false);
+  if (box.IsVoid()) return true;
+  if (box.IsOpen()) return false;
+  double ends[6] = {};
+  box.Get(ends[0], ends[1], ends[2], ends[3], ends[4], ends[5]);
+  return std::all_of(std::begin(ends), std::end(ends), [](double end) { return std::abs(end) < farthest; });
 }
 
 }  // namespace
 
 bool exa_can_be_meshed(const TopoDS_Face& face) {
-  TopExp_Explorer edge(face, TopAbs_EDGE);
-  if (!edge.More()) return !is_endless(face);
-  for (; edge.More(); edge.Next()) {
-    if (runs_in_circles(TopoDS::Edge(edge.Current()))) return false;
+  for (TopExp_Explorer edge(face, TopAbs_EDGE); edge.More(); edge.Next()) {
+    if (!has_an_end(TopoDS::Edge(edge.Current()))) return false;
   }
-  return true;
+  return is_within_reach(face);
 }
 
 std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFaceColours& colours,

@@ -7,7 +7,7 @@
 #include "annExactShape.h"
 #include "exaFaceColours.h"
 
-// False for a face that has no end, or whose edges have none.
+// False for a face that has no end or lies out of reach, and for one whose edges have no end.
 bool exa_can_be_meshed(const TopoDS_Face& face);
 
 // Triangles on the faces of a shape, with both tolerances greater than 0. Points that neighbouring faces share are one,
