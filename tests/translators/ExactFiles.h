@@ -2,16 +2,19 @@
 
 #include <gtest/gtest.h>
 #include <array>
-#include <fstream>
-#include <iterator>
 #include <map>
 
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
-// Files of exact shapes as their writers make them, for tests that change their bytes and read them again.
+// Files of exact shapes: the example, and what writers make, for tests that read them as they are or change their
+// bytes.
 class ExactFiles : public testing::Test {
  protected:
+  // The libraries stay open, as what they read needs them.
+  static const Translator& reader(const std::string& format) { return translator(format + "reader"); }
+  static const Translator& writer(const std::string& format) { return translator(format + "writer"); }
+
   static annDocument triangle(const std::string& name) {
     annDocument document;
     document.unit = velLENGTH_MILLIMETRE;
@@ -22,13 +25,14 @@ class ExactFiles : public testing::Test {
     return document;
   }
 
+  std::string path(const std::string& name) const { return directory_ / name; }
+
   // The bytes of a file, and what its writer said.
   std::string written(const annDocument& document, const std::string& format, Messages& messages) const {
-    const std::string file = directory_ / ("ground." + format);
-    EXPECT_EQ(translator(format + "writer").write(document, file, messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE)
+    const std::string file = path("ground." + format);
+    EXPECT_EQ(writer(format).write(document, file, messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE)
         << messages.errors;
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return TemporaryDirectory::read(file);
   }
   std::string written(const annDocument& document, const std::string& format) const {
     Messages messages;
@@ -36,15 +40,23 @@ class ExactFiles : public testing::Test {
   }
 
   Reading read(const std::string& bytes, const std::string& format) const {
-    const std::string file = directory_ / ("changed." + format);
-    std::ofstream(file, std::ios::binary) << bytes;
-    return translator(format + "reader").read(file);
+    return reader(format).read(directory_.write("changed." + format, bytes));
   }
 
+  // Writes a document and reads it again.
+  Reading through(const annDocument& document, const std::string& format, Options out = {}, Options in = {}) const {
+    const std::string file = path("through." + format);
+    Messages messages;
+    EXPECT_EQ(writer(format).write(document, file, messages, out), velabsDONE) << messages.errors;
+    Reading reading = reader(format).read(file, in);
+    EXPECT_EQ(reading.result, velabsDONE) << format << ": " << reading.messages.errors;
+    return reading;
+  }
+
+  const std::string example = VEL_EXAMPLES "/assembly.step";
   TemporaryDirectory directory_;
 
  private:
-  // They stay open, as what they read needs them.
   static const Translator& translator(const std::string& name) {
     static std::map<std::string, Translator> translators;
     return translators.try_emplace(name, name).first->second;

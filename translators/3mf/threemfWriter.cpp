@@ -5,6 +5,7 @@
 #include "threemfPackage.h"
 #include "threemfUnits.h"
 #include "vltFlag.h"
+#include "vltLosses.h"
 #include "vltScale.h"
 #include "vltTextOutput.h"
 
@@ -62,7 +63,7 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
   }
   const vltCarries carries{
       .format = "3MF", .parts = true, .tree = true, .colours = true, .material_names = true, .vertex_colours = true};
-  vlt_tell_losses(document, *bodies, carries, velLENGTH_UNSPECIFIED, resources, output);
+  vlt_tell_losses(document, *bodies, carries, resources, output);
   tell_left_out(objects, output);
   if (colours.hides_materials()) {
     output.message(velabsNOTE,

@@ -10,10 +10,15 @@ constexpr int deepest = 100;
 // The numbers of a point, or of a direction.
 enum Space : std::size_t { PLANE = 2, SPACE = 3 };
 
-// The numbers that follow a choice from 1 to 5 of curves: an origin, axes and radii.
-constexpr std::size_t curve2d_reals[] = {4, 7, 8, 7, 8};
-constexpr std::size_t curve_reals[] = {6, 13, 14, 13, 14};
+// The numbers that follow a choice from 1 to 5: an origin, axes and radii.
 constexpr std::size_t surface_reals[] = {12, 13, 14, 13, 14};
+struct Curves {
+  Space space;
+  std::size_t reals[5];
+  std::size_t offset_reals;  // of an offset one: its distance, and in space a direction
+};
+constexpr Curves plane_curves{PLANE, {4, 7, 8, 7, 8}, 1};
+constexpr Curves space_curves{SPACE, {6, 13, 14, 13, 14}, 1 + SPACE};
 
 std::size_t degree_of(exaBrepValues& values) {
   const std::int64_t degree = values.degree();
@@ -80,9 +85,7 @@ void fail_choice(exaBrepValues& values, int choice, const char* what) {
   values.fail(std::to_string(choice) + " is no kind of " + what);
 }
 
-}  // namespace
-
-void exa_walk_curve2d(exaBrepValues& values, int inside) {
+void walk_curve(exaBrepValues& values, const Curves& curves, int inside) {
   if (!may_be_inside(values, inside)) return;
   const int choice = values.choice();
   switch (choice) {
@@ -91,45 +94,30 @@ void exa_walk_curve2d(exaBrepValues& values, int inside) {
     case 3:
     case 4:
     case 5:
-      return values.reals(curve2d_reals[choice - 1]);
+      return values.reals(curves.reals[choice - 1]);
     case 6:
-      return walk_bezier(values, PLANE);
+      return walk_bezier(values, curves.space);
     case 7:
-      return walk_bspline(values, PLANE);
+      return walk_bspline(values, curves.space);
     case 8:
       values.reals(2);
-      return exa_walk_curve2d(values, inside + 1);
+      return walk_curve(values, curves, inside + 1);
     case 9:
-      values.reals(1);
-      return exa_walk_curve2d(values, inside + 1);
+      values.reals(curves.offset_reals);
+      return walk_curve(values, curves, inside + 1);
     default:
       fail_choice(values, choice, "curve");
   }
 }
 
+}  // namespace
+
+void exa_walk_curve2d(exaBrepValues& values) {
+  walk_curve(values, plane_curves, 0);
+}
+
 void exa_walk_curve(exaBrepValues& values, int inside) {
-  if (!may_be_inside(values, inside)) return;
-  const int choice = values.choice();
-  switch (choice) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 5:
-      return values.reals(curve_reals[choice - 1]);
-    case 6:
-      return walk_bezier(values, SPACE);
-    case 7:
-      return walk_bspline(values, SPACE);
-    case 8:
-      values.reals(2);
-      return exa_walk_curve(values, inside + 1);
-    case 9:
-      values.reals(1 + SPACE);
-      return exa_walk_curve(values, inside + 1);
-    default:
-      fail_choice(values, choice, "curve");
-  }
+  walk_curve(values, space_curves, inside);
 }
 
 void exa_walk_surface(exaBrepValues& values, int inside) {

@@ -4,8 +4,11 @@
 
 #include "velMultipleFileOption.h"
 #include "vltNames.h"
+#include "vltUtf8.h"
 
 namespace {
+
+constexpr std::size_t longest_name = 100;  // leaves room for the rest of a file name, which has 255 bytes at most
 
 std::string extension_of(const utString& file) {
   const std::string name = file.str().substr(file.str().rfind('/') + 1);
@@ -20,7 +23,7 @@ std::string file_name_of(const utString& part) {
     const bool plain = std::isalnum(static_cast<unsigned char>(c)) || c == '-' || c == '_' || (c & 0x80);
     if (!plain) c = '_';
   }
-  return name.empty() ? "part" : name.substr(0, 100);
+  return name.empty() ? "part" : std::string(vlt_utf8_front(name, longest_name));
 }
 
 }  // namespace

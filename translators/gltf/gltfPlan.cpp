@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "vltFlag.h"
+#include "vltLosses.h"
 #include "vltRounding.h"
 
 namespace {
@@ -66,7 +67,7 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
                            .material_names = true,
                            .vertex_normals = true,
                            .vertex_colours = true};
-  vlt_tell_losses(document_, bodies_, carries, velLENGTH_UNSPECIFIED, resources_, output_);
+  vlt_tell_losses(document_, bodies_, carries, resources_, output_);
   vlt_tell_rounding(bodies_, "glTF", "another format, OBJ for instance,", output_);
   if (hides_looks_) {
     output_.message(velabsNOTE,

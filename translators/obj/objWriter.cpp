@@ -6,8 +6,9 @@
 #include "objLooks.h"
 #include "objMeshWriter.h"
 #include "vltFlag.h"
+#include "vltLosses.h"
 #include "vltNames.h"
-#include "vltScale.h"
+#include "vltTextOutput.h"
 #include "vltVertexLists.h"
 
 VELABS_OUTPUT_LIBRARY(objWriter)
@@ -29,15 +30,14 @@ objWriter::objWriter(velabsOfStream* stream)
     : vltDescribed(obj_format, "Writes polygon meshes with their materials to OBJ files."), stream_(*stream) {}
 
 velabsResult objWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  velLengthUnit unit = velLENGTH_UNSPECIFIED;
-  const std::optional<double> factor = vlt_output_scale(resources, document, output, unit);
   const std::optional<int> digits = vlt_digits(resources, output);
-  if (!factor || !digits) return velabsFAILED;
-  const auto bodies = vlt_placed_meshes(document, resources, *factor, output);
-  if (!bodies) return velabsFAILED;
+  if (!digits) return velabsFAILED;
+  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, resources, output);
+  if (!meshes) return velabsFAILED;
+  const std::vector<vltPlacedMesh>& bodies = meshes->bodies;
 
   const bool room = stream_.has_room_beside();
-  objLooks looks(room && vlt_flag(resources, "WRITE_MATERIALS") ? *bodies : std::vector<vltPlacedMesh>());
+  objLooks looks(room && vlt_flag(resources, "WRITE_MATERIALS") ? bodies : std::vector<vltPlacedMesh>());
   if (!looks.empty() && !can_be_referred_to(stream_)) {
     output.message(velabsWARNING, "no materials are written: OBJ cannot refer to a file of the name it would have");
     looks = objLooks({});
@@ -50,20 +50,20 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
                            .vertex_normals = true,
                            .vertex_colours = true,
                            .vertex_opacity = false};
-  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
+  vlt_tell_losses(document, *meshes, carries, resources, output);
   if (!looks.empty()) {
     velabsOfStream& companion = stream_.companion("mtl");
     stream_.write("mtllib " + std::filesystem::path(companion.target().str()).filename().string() + "\n");
     looks.write(companion);
     looks.tell_renamed(output);
   }
-  const vltVertexLists lists(*bodies);
+  const vltVertexLists lists(bodies);
   std::size_t faces = 0;
-  for (const vltPlacedMesh& body : *bodies) faces += body.mesh->face_count();
+  for (const vltPlacedMesh& body : bodies) faces += body.mesh->face_count();
   vltProgress progress(output, lists.vertex_count() + faces, progress_step);
   objMeshWriter writer(stream_, resources, *digits, looks.empty() ? nullptr : &looks, lists, progress, output);
-  for (std::size_t i = 0; i < bodies->size(); ++i) {
-    if (!writer.write((*bodies)[i], i)) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
+  for (std::size_t i = 0; i < bodies.size(); ++i) {
+    if (!writer.write(bodies[i], i)) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   }
   return velabsDONE;
 }

@@ -2,7 +2,8 @@
 
 #include "offFormat.h"
 #include "offMeshWriter.h"
-#include "vltScale.h"
+#include "vltLosses.h"
+#include "vltTextOutput.h"
 
 VELABS_OUTPUT_LIBRARY(offWriter)
 
@@ -10,18 +11,16 @@ offWriter::offWriter(velabsOfStream* stream)
     : vltDescribed(off_format, "Writes polygon meshes to OFF files."), stream_(*stream) {}
 
 velabsResult offWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  velLengthUnit unit = velLENGTH_UNSPECIFIED;
-  const std::optional<double> factor = vlt_output_scale(resources, document, output, unit);
   const std::optional<int> digits = vlt_digits(resources, output);
-  if (!factor || !digits) return velabsFAILED;
-  const auto bodies = vlt_placed_meshes(document, resources, *factor, output);
-  if (!bodies) return velabsFAILED;
+  if (!digits) return velabsFAILED;
+  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, resources, output);
+  if (!meshes) return velabsFAILED;
 
-  vltOneMesh mesh(*bodies, resources);
+  vltOneMesh mesh(meshes->bodies, resources);
   if (!mesh.check(output)) return velabsFAILED;
   const vltCarries carries{
       .format = "OFF", .polygons = true, .colours = true, .vertex_normals = true, .vertex_colours = true};
-  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
+  vlt_tell_losses(document, *meshes, carries, resources, output);
   mesh.tell_mixture(output);
   return offMeshWriter(mesh, *digits, stream_, output).write();
 }

@@ -6,7 +6,7 @@
 #include "plyFormat.h"
 #include "plyTextWriter.h"
 #include "velFileFormat.h"
-#include "vltScale.h"
+#include "vltLosses.h"
 #include "vltTextOutput.h"
 
 VELABS_OUTPUT_LIBRARY(plyWriter)
@@ -15,14 +15,12 @@ plyWriter::plyWriter(velabsOfStream* stream)
     : vltDescribed(ply_format, "Writes polygon meshes to PLY files, binary or ASCII."), stream_(*stream) {}
 
 velabsResult plyWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  velLengthUnit unit = velLENGTH_UNSPECIFIED;
-  const std::optional<double> factor = vlt_output_scale(resources, document, output, unit);
   const std::optional<int> digits = vlt_digits(resources, output);
-  if (!factor || !digits) return velabsFAILED;
-  const auto bodies = vlt_placed_meshes(document, resources, *factor, output);
-  if (!bodies) return velabsFAILED;
+  if (!digits) return velabsFAILED;
+  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, resources, output);
+  if (!meshes) return velabsFAILED;
 
-  vltOneMesh mesh(*bodies, resources);
+  vltOneMesh mesh(meshes->bodies, resources);
   if (mesh.lists().vertex_count() > std::numeric_limits<std::int32_t>::max()) {
     output.message(velabsERROR, utString(std::to_string(mesh.lists().vertex_count()) +
                                          " vertices are more than the faces of a PLY file can number"));
@@ -31,7 +29,7 @@ velabsResult plyWriter::write(const annDocument& document, const velTableInstanc
   if (!mesh.check(output)) return velabsFAILED;
   const vltCarries carries{
       .format = "PLY", .polygons = true, .colours = true, .vertex_normals = true, .vertex_colours = true};
-  vlt_tell_losses(document, *bodies, carries, unit, resources, output);
+  vlt_tell_losses(document, *meshes, carries, resources, output);
   mesh.tell_mixture(output);
   if (mesh.face_colours() && !mesh.all_faces_coloured()) {
     output.message(velabsNOTE, "PLY holds colours for all faces or none: those without one are written light grey");

@@ -1,8 +1,15 @@
 #include "vltNames.h"
 
+#include <algorithm>
+
+#include "vltUtf8.h"
 #include "vltWords.h"
 
 namespace {
+
+bool is_control(char32_t code) {
+  return code < 0x20 || (code >= 0x7f && code < 0xa0);
+}
 
 bool is_control(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
@@ -12,8 +19,13 @@ bool is_control(char c) {
 
 std::string vlt_quoted(std::string_view text, std::size_t most) {
   std::string result = "\"";
-  for (char c : text.substr(0, most)) result += is_control(c) || static_cast<unsigned char>(c) >= 0x80 ? '?' : c;
-  return result + (text.size() > most ? "...\"" : "\"");
+  for (std::size_t shown = 0; shown < most && !text.empty(); ++shown) {
+    const std::size_t size = vlt_utf8_size(text);
+    const bool can_be_shown = size > 0 && !is_control(vlt_utf8_code(text, size));
+    result += can_be_shown ? text.substr(0, size) : "?";
+    text.remove_prefix(std::max<std::size_t>(size, 1));
+  }
+  return result + (text.empty() ? "\"" : "...\"");
 }
 
 std::string_view vlt_trimmed(std::string_view text) {

@@ -7,7 +7,8 @@
 
 #include "utString.h"
 
-// A piece of a file as messages show it: in quotes, cut to `most` characters, with "?" for what cannot be shown.
+// A piece of a file as messages show it: in quotes, cut to `most` characters, with "?" for a control character and for
+// a byte that is no UTF-8.
 std::string vlt_quoted(std::string_view text, std::size_t most = 40);
 
 // Without the blanks and control characters at both ends.

@@ -30,22 +30,11 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
                                                             const velTableInstance& resources, double factor,
                                                             velabsOutput& output);
 
-// What a format can hold of a document beside triangles.
-struct vltCarries {
-  const char* format;
-  bool polygons = false;        // faces of more than three corners
-  bool parts = false;           // several bodies with their names
-  bool tree = false;            // their arrangement in assemblies
-  bool colours = false;         // of parts and faces
-  bool opacity = true;          // of these colours, where they are held at all
-  bool material_names = false;  // how a colour is called
-  bool vertex_normals = false;
-  bool vertex_colours = false;
-  bool vertex_opacity = true;  // of the colours of vertices, where they are held at all
+// The same for a format that names no length unit: placed as the resources SCALE and LENGTH_UNIT ask for, and the unit
+// that its numbers are in then.
+struct vltWrittenMeshes {
+  std::vector<vltPlacedMesh> bodies;
+  velLengthUnit unit = velLENGTH_UNSPECIFIED;
 };
-
-// Says in one note for each kind what the document has and the format does not hold; nothing of colours that the
-// resources WRITE_MATERIALS and WRITE_VERTEX_COLOURS leave out. Formats of bare numbers hold no length unit: the note
-// names the one that the numbers are in. Formats with a unit of their own give none here.
-void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
-                     velLengthUnit written_unit, const velTableInstance& resources, velabsOutput& output);
+std::optional<vltWrittenMeshes> vlt_written_meshes(const annDocument& document, const velTableInstance& resources,
+                                                   velabsOutput& output);

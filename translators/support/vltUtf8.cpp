@@ -60,6 +60,13 @@ char32_t vlt_utf8_code(std::string_view text, std::size_t size) {
   return code;
 }
 
+std::string_view vlt_utf8_front(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return text;
+  std::size_t end = most;
+  while (end > 0 && most - end < 3 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80) --end;
+  return text.substr(0, end);
+}
+
 bool vlt_is_utf8(std::string_view text) {
   while (!text.empty()) {
     std::size_t size = ascii_size(text);

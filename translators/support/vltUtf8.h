@@ -9,6 +9,9 @@
 // How many bytes the character at the front of a text takes in UTF-8; 0 when there is none.
 std::size_t vlt_utf8_size(std::string_view text);
 
+// As many whole characters from the front as fit into so many bytes.
+std::string_view vlt_utf8_front(std::string_view text, std::size_t most);
+
 bool vlt_is_utf8(std::string_view text);
 
 // For writing UTF-8: each byte that is part of none becomes U+FFFD.

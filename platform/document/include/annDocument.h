@@ -14,6 +14,9 @@
 struct VELPLATFORM_API annDocument {
   velLengthUnit unit = velLENGTH_UNSPECIFIED;
   annNode root;
+
+  // Makes what is at the top of the model, with all that is below, so many times as large. The unit stays.
+  void scale(double factor);
 };
 
 // A node with a body, where it stands in the document and the colour that it shows.

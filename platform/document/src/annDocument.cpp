@@ -50,6 +50,11 @@ void extend(std::optional<annBox>& box, const annVertices& vertices, const annTr
 
 }  // namespace
 
+void annDocument::scale(double factor) {
+  if (factor == 1) return;
+  for (const auto& node : root.children) node->transform = annTransform::scaling(factor) * node->transform;
+}
+
 std::vector<annPlacedBody> ann_placed_bodies(const annDocument& document) {
   std::vector<annPlacedBody> bodies;
   std::vector<annPlacedBody> open{{&document.root, document.root.transform, document.root.colour}};

@@ -34,6 +34,6 @@ velabsResult brepReader::read(const utString& file, const velTableInstance& reso
   const bool read = session.guarded("it cannot be read", [&] { return tree.read(*shape, document.root); });
   if (output.cancelled()) return velabsCANCELLED;
   if (!read) return velabsFAILED;
-  for (const auto& node : document.root.children) node->transform = annTransform::scaling(*factor) * node->transform;
+  document.scale(*factor);
   return velabsDONE;
 }

@@ -5,14 +5,13 @@
 #include <IGESData_IGESModel.hxx>
 #include <Interface_Static.hxx>
 #include <TDocStd_Document.hxx>
-#include <XCAFDoc_DocumentTool.hxx>
 #include <memory>
 
 #include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
-#include "exaUnits.h"
 #include "exaXcafReader.h"
+#include "exaXcafTarget.h"
 #include "igesFormat.h"
 #include "igesNames.h"
 #include "igesNesting.h"
@@ -94,16 +93,7 @@ class Reading {
   }
 
   bool transfer() {
-    const double millimetres = reader_->IGESModel()->GlobalSection().UnitValue();
-    document_.unit = exa_unit(millimetres);
-    double unit = exa_millimetres(document_.unit);
-    if (millimetres > 0 && unit == 0) {
-      output_.message(velabsNOTE, "its unit of length is none that is known here: the numbers become millimetres");
-      document_.unit = velLENGTH_MILLIMETRE;
-    }
-    if (unit == 0) unit = 1;
-    target_ = new TDocStd_Document("XmlXCAF");
-    XCAFDoc_DocumentTool::SetLengthUnit(target_, unit, UnitsMethods_LengthUnit_Millimeter);
+    target_ = exa_xcaf_target(reader_->IGESModel()->GlobalSection().UnitValue(), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const bool done = reader_->Transfer(target_, progress->Start());
     reader_.reset();
@@ -135,10 +125,6 @@ velabsResult igesReader::read(const utString& file, const velTableInstance& reso
     return velabsFAILED;
   }
   const velabsResult result = Reading(file, resources, document, output).run();
-  if (*factor != 1) {
-    for (const auto& node : document.root.children) {
-      node->transform = annTransform::scaling(*factor) * node->transform;
-    }
-  }
+  document.scale(*factor);
   return result;
 }

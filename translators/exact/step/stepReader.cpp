@@ -4,7 +4,6 @@
 #include <STEPCAFControl_Reader.hxx>
 #include <StepData_StepModel.hxx>
 #include <TDocStd_Document.hxx>
-#include <XCAFDoc_DocumentTool.hxx>
 #include <XSControl_WorkSession.hxx>
 #include <istream>
 #include <memory>
@@ -14,8 +13,8 @@
 #include "exaProgress.h"
 #include "exaSession.h"
 #include "exaStreams.h"
-#include "exaUnits.h"
 #include "exaXcafReader.h"
+#include "exaXcafTarget.h"
 #include "stepAssemblies.h"
 #include "stepContent.h"
 #include "stepFormat.h"
@@ -97,16 +96,7 @@ class Reading {
   }
 
   bool transfer() {
-    const double millimetres = step_unit_of(reader_->Reader().StepModel());
-    document_.unit = exa_unit(millimetres);
-    double unit = exa_millimetres(document_.unit);
-    if (millimetres > 0 && unit == 0) {
-      output_.message(velabsNOTE, "its unit of length is none that is known here: the numbers become millimetres");
-      document_.unit = velLENGTH_MILLIMETRE;
-    }
-    if (unit == 0) unit = 1;
-    target_ = new TDocStd_Document("XmlXCAF");
-    XCAFDoc_DocumentTool::SetLengthUnit(target_, unit, UnitsMethods_LengthUnit_Millimeter);
+    target_ = exa_xcaf_target(step_unit_of(reader_->Reader().StepModel()), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const bool done = reader_->Transfer(target_, progress->Start());
     const Handle(StepData_StepModel) model = reader_->Reader().StepModel();
@@ -140,10 +130,6 @@ velabsResult stepReader::read(const utString& file, const velTableInstance& reso
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
   const velabsResult result = Reading(file, resources, document, output).run(mapped->bytes());
-  if (*factor != 1) {
-    for (const auto& node : document.root.children) {
-      node->transform = annTransform::scaling(*factor) * node->transform;
-    }
-  }
+  document.scale(*factor);
   return result;
 }

@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "apMappedFile.h"
+#include "stepAssemblies.h"
+#include "stepNumbers.h"
 #include "vltNames.h"
 #include "vltUtf8.h"
 
@@ -34,12 +36,6 @@ std::vector<std::string> references_of(STEPControl_Reader& reader) {
 bool lies_in(const fs::path& directory, const fs::path& file) {
   const fs::path relative = file.lexically_relative(directory);
   return !relative.empty() && *relative.begin() != "..";
-}
-
-bool is_utf8(const fs::path& file) {
-  apStatus status;
-  const std::unique_ptr<apMappedFile> mapped = apMappedFile::open(utString(file.string()), status);
-  return !mapped || vlt_is_utf8(mapped->bytes());
 }
 
 }  // namespace
@@ -80,14 +76,24 @@ bool step_settle_references(STEPControl_Reader& reader, const utString& file, ve
       output.message(velabsERROR, utString("it refers to more than " + std::to_string(most_files) + " files"));
       return false;
     }
+    apStatus status;
+    const std::unique_ptr<apMappedFile> mapped = apMappedFile::open(utString(real.string()), status);
+    const std::string_view bytes = mapped ? mapped->bytes() : std::string_view();
     STEPControl_Reader other;
-    if (other.ReadFile(real.c_str()) != IFSelect_RetDone) {
+    std::string fault = step_number_fault(bytes);
+    const bool whole = fault.empty() && other.ReadFile(real.c_str()) == IFSelect_RetDone;
+    if (whole) fault = step_nesting(other.StepModel()).fault();
+    if (!fault.empty()) {
+      output.message(velabsERROR, utString("the file " + shown + " that it refers to " + fault));
+      return false;
+    }
+    if (!whole) {
       output.message(velabsWARNING,
                      utString("the file " + shown + " that it refers to is no whole STEP file: it is left out"));
       continue;
     }
     // The kernel reads all of them in one encoding, and on behind the end of a name that is in another one.
-    if (!is_utf8(real)) Interface_Static::SetCVal("read.step.codepage", "iso8859-1");
+    if (!vlt_is_utf8(bytes)) Interface_Static::SetCVal("read.step.codepage", "iso8859-1");
     add(other, real.parent_path());
   }
   return true;

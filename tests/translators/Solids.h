@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "annDocument.h"
+#include "annTriangulation.h"
+
+// Bodies that tests put into documents, and what is measured of them.
+
+// A cube of quads, from 0 to `size`, its second face red; open without its last face, and then without colour.
+inline std::shared_ptr<annMesh> cube(double size, bool open = false) {
+  auto mesh = std::make_shared<annMesh>();
+  for (int i = 0; i < 8; ++i) {
+    mesh->vertices->points.push_back({(i & 1) * size, (i >> 1 & 1) * size, (i >> 2) * size});
+  }
+  constexpr std::uint32_t faces[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                                         {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+  for (int i = 0; i < (open ? 5 : 6); ++i) mesh->add_face(faces[i]);
+  if (open) return mesh;
+  mesh->materials = {{"", {1, 0, 0}}};
+  mesh->set_face_material(1, 0);
+  return mesh;
+}
+
+inline annDocument document_of(std::shared_ptr<const annMesh> mesh) {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  document.root.add_child("cube").body.mesh = std::move(mesh);
+  return document;
+}
+
+inline void expect_box(const annStatistics& statistics, const annStatistics& expected, double factor = 1) {
+  ASSERT_TRUE(statistics.box && expected.box);
+  const double size = expected.box->max.x - expected.box->min.x;
+  auto near = [&](annVector a, annVector b) {
+    EXPECT_NEAR(a.x, b.x * factor, 1e-5 * size * factor);
+    EXPECT_NEAR(a.y, b.y * factor, 1e-5 * size * factor);
+    EXPECT_NEAR(a.z, b.z * factor, 1e-5 * size * factor);
+  };
+  near(statistics.box->min, expected.box->min);
+  near(statistics.box->max, expected.box->max);
+}
+
+// Six times the volume inside, and how many edges have not one neighbour on each side.
+struct Closedness {
+  double volume = 0;
+  std::size_t open_edges = 0;
+};
+
+inline Closedness closedness_of(const annMesh& mesh) {
+  Closedness result;
+  std::map<std::pair<std::uint32_t, std::uint32_t>, int> edges;
+  ann_for_each_triangle(mesh, [&](std::size_t, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
+    const auto& p = mesh.vertices->points;
+    result.volume += ann_dot(p[a], ann_cross(p[b], p[c]));
+    for (auto [from, to] : {std::pair(a, b), std::pair(b, c), std::pair(c, a)}) {
+      from < to ? ++edges[{from, to}] : --edges[{to, from}];
+    }
+  });
+  for (const auto& [edge, balance] : edges) result.open_edges += balance != 0;
+  return result;
+}

@@ -1,0 +1,88 @@
+#include <iostream>
+
+#include "ExactFiles.h"
+#include "OtherProcess.h"
+
+// What is said of files that are empty, odd or broken.
+using ExactReading = ExactFiles;
+
+TEST_F(ExactReading, AFileWithoutShapesIsSaidToBeOne) {
+  const std::string start =
+      "ISO-10303-21;\nHEADER;\nFILE_DESCRIPTION((''),'2;1');\n"
+      "FILE_NAME('','',(''),(''),'','','');\n";
+  const std::string end = "ENDSEC;\nDATA;\n#1=CARTESIAN_POINT('',(0.,0.,0.));\nENDSEC;\nEND-ISO-10303-21;\n";
+  const std::pair<const char*, const char*> headers[] = {
+      {"FILE_SCHEMA(('PLANT_SCHEMA { 1 0 }'));\n", "no solid, shell or face; its schema is \"PLANT_SCHEMA\""},
+      {"", "no solid, shell or face; it names no schema"}};
+  for (const auto& [schema, reason] : headers) {
+    const Reading reading = reader("step").read(directory_.write("empty.step", start + schema + end));
+    EXPECT_EQ(reading.result, velabsFAILED);
+    EXPECT_NE(reading.messages.errors.find(reason), std::string::npos) << reading.messages.errors;
+  }
+}
+
+TEST_F(ExactReading, StepFilesAreTakenByTheirNumbersAndTellWhatIsLeftOut) {
+  const std::string whole = TemporaryDirectory::read(example), file = path("added.step");
+  auto with = [&](const std::string& line) {
+    std::string added = whole;
+    std::ofstream(file, std::ios::binary) << added.insert(added.rfind("ENDSEC;"), line);
+    return reader("step").read(file);
+  };
+  const Reading layered = with("#900000=PRESENTATION_LAYER_ASSIGNMENT('1','#1=\nit''s no entity; #2=',(#10));\n");
+  EXPECT_EQ(layered.result, velabsDONE) << layered.messages.errors;
+  EXPECT_NE(layered.messages.notes.find("layers are left out"), std::string::npos) << layered.messages.notes;
+  const Reading twice = with("/* #900000=; */ #10=CARTESIAN_POINT('',(0.,0.,0.));\n");
+  EXPECT_EQ(twice.result, velabsFAILED);
+  EXPECT_NE(twice.messages.errors.find("#10 for the second time"), std::string::npos) << twice.messages.errors;
+}
+
+// What the kernel prints is dropped, on the threads where a program tells of the work.
+TEST_F(ExactReading, WhatIsSaidWhileTheKernelWorksIsHeard) {
+  class Printing : public Messages {
+   public:
+    void progress(int) override { std::cerr << "going on\n"; }
+  };
+  const Reading source = reader("step").read(example);
+  for (const char* format : {"step", "iges"}) {
+    Printing messages;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(writer(format).write(source.document, path(std::string("heard.") + format), messages), velabsDONE);
+    const std::string printed = testing::internal::GetCapturedStderr();
+    EXPECT_NE(printed.find("going on"), std::string::npos) << format;
+  }
+}
+
+TEST_F(ExactReading, BrokenFilesGiveAReasonAndNothingElse) {
+  const Reading source = reader("step").read(example);
+  Messages messages;
+  for (const std::string format : {"step", "iges", "brep"}) {
+    const std::string file = path("whole." + format);
+    ASSERT_EQ(writer(format).write(source.document, file, messages), velabsDONE) << format << messages.errors;
+  }
+  for (const std::string format : {"step", "iges", "brep"}) {
+    const std::string whole_file = path("whole." + format), cut_file = path("cut." + format);
+    const std::string whole = TemporaryDirectory::read(whole_file);
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    for (std::size_t tenth = 1; tenth < 10; ++tenth) {
+      std::ofstream(cut_file, std::ios::binary) << whole.substr(0, whole.size() * tenth / 10);
+      const Reading reading = reader(format).read(cut_file);
+      EXPECT_EQ(reading.result, velabsFAILED) << format << ' ' << tenth;
+      EXPECT_FALSE(reading.fault()) << format << ' ' << tenth;
+    }
+    const auto bad = bad_ends(40, 20, [&](std::size_t i) {
+      std::string damaged = whole;
+      damaged[(i * 7919 + 400) * 31 % damaged.size()] ^= static_cast<char>(1 + i % 15);
+      std::ofstream(cut_file, std::ios::binary) << damaged;
+      const Reading reading = reader(format).read(cut_file);
+      if (reading.fault()) return OtherResult::BAD;
+      // A kernel that broke down is used no more in one process.
+      const bool over = reading.messages.errors.find("broke down") != std::string::npos;
+      return over ? OtherResult::GOOD_FOR_THE_LAST_TIME : OtherResult::GOOD;
+    });
+    EXPECT_TRUE(bad.empty()) << format << ' ' << testing::PrintToString(bad);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << format;
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << format;
+    EXPECT_EQ(reader(format).read(whole_file, {}, true).result, velabsCANCELLED) << format;
+  }
+}

@@ -1,0 +1,61 @@
+#include "vltLosses.h"
+
+#include <algorithm>
+
+#include "vltFlag.h"
+
+void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
+                     const velTableInstance& resources, velabsOutput& output) {
+  auto note = [&](bool lost, const utString& what) {
+    if (lost) output.message(velabsNOTE, utString(carries.format) + " " + what);
+  };
+  auto any_body = [&](auto test) { return std::any_of(bodies.begin(), bodies.end(), test); };
+  auto any_material = [&](auto test) {
+    return any_body([&](const vltPlacedMesh& body) {
+      return std::any_of(body.mesh->materials.begin(), body.mesh->materials.end(), test);
+    });
+  };
+  auto has_colour = [](const vltPlacedMesh& body) { return body.colour || !body.mesh->face_materials.empty(); };
+  auto is_seen_through = [](const vltPlacedMesh& body) { return body.colour && body.colour->opacity != 1; };
+  auto tell_lost_looks = [&] {
+    if (!carries.colours) return note(any_body(has_colour), "holds no colours in this form: they are not written");
+    note(!carries.opacity && (any_body(is_seen_through) ||
+                              any_material([](const annMaterial& look) { return look.colour.opacity != 1; })),
+         "holds no opacity of colours: it is left out");
+    note(!carries.material_names && any_material([](const annMaterial& look) { return !look.name.empty(); }),
+         "holds no names of materials: their colours are written without");
+  };
+
+  note(any_body([](const vltPlacedMesh& body) { return body.node->body.shape != nullptr; }),
+       "holds no exact shapes: their facets are written");
+  note(!carries.polygons && any_body([](const vltPlacedMesh& body) { return !body.mesh->all_triangles(); }),
+       "holds triangles only: faces of more corners are split");
+  const auto& top = document.root.children;
+  const bool deep = std::any_of(top.begin(), top.end(), [](const auto& node) { return !node->children.empty(); });
+  note(!carries.parts && bodies.size() > 1,
+       "holds one body: the " + std::to_string(bodies.size()) + " parts are written as one, without their names");
+  note(carries.parts && !carries.tree && deep && bodies.size() > 1,
+       "holds no assemblies: the parts are written side by side");
+  if (vlt_flag(resources, "WRITE_MATERIALS")) tell_lost_looks();
+  note(!carries.vertex_normals &&
+           any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
+       "holds no vertex normals: they are left out");
+  note(!carries.vertex_colours &&
+           any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
+       "holds no vertex colours: they are left out");
+  const bool opaque_vertices =
+      carries.vertex_colours && !carries.vertex_opacity && vlt_flag(resources, "WRITE_VERTEX_COLOURS");
+  note(opaque_vertices && any_body([](const vltPlacedMesh& body) {
+         const std::vector<annColour>& colours = body.mesh->vertices->colours;
+         return std::any_of(colours.begin(), colours.end(), [](const annColour& c) { return c.opacity != 1; });
+       }),
+       "holds no opacity of vertex colours: it is left out");
+}
+
+void vlt_tell_losses(const annDocument& document, const vltWrittenMeshes& meshes, const vltCarries& carries,
+                     const velTableInstance& resources, velabsOutput& output) {
+  vlt_tell_losses(document, meshes.bodies, carries, resources, output);
+  if (meshes.unit == velLENGTH_UNSPECIFIED) return;
+  output.message(velabsNOTE, utString(carries.format) + " holds no length unit: that of the numbers is " +
+                                 co_value_to_text(meshes.unit));
+}
