@@ -121,27 +121,6 @@ TEST_F(Exact, PartsOfAnAssemblyStandSideBySideInIges) {
   expect_box(iges.statistics(), ann_statistics(document));
 }
 
-TEST_F(Exact, PlacementsThatScaleAndMirrorChangeTheShapes) {
-  annDocument document = document_of(cube(10));
-  document.root.children[0]->transform = {{-2, 0, 0, 5, 0, 2, 0, 0, 0, 0, 2, 0}};
-  annNode& stretched = document.root.add_child("stretched");
-  stretched.body = document.root.children[0]->body;
-  stretched.transform = {{1, 0, 0, 100, 0, 3, 0, 0, 0, 0, 1, 0}};
-  const annStatistics expected = ann_statistics(document);
-  for (const char* format : {"step", "brep"}) {
-    const Reading reading = through(document, format);
-    expect_box(reading.statistics(), expected);
-    EXPECT_EQ(reading.statistics().solids, 2U);
-    for (const annPlacedBody& placed : ann_placed_bodies(reading.document)) {
-      apStatus status;
-      const auto mesh = placed.node->body.shape->facets({}, status);
-      ASSERT_TRUE(mesh);
-      EXPECT_EQ(closedness_of(*mesh).open_edges, 0U);
-      EXPECT_GT(closedness_of(*mesh).volume, 0);
-    }
-  }
-}
-
 TEST_F(Exact, EachPartGoesToAFileOfItsOwn) {
   const Reading source = reader("step").read(example);
   Messages messages;

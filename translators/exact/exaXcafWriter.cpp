@@ -54,7 +54,7 @@ class Writer {
     // A part alone takes its place into its shape.
     if (products_.size() == 1 && top.size() == 1) alone_at_ = top[0].location;
     for (const exaProduct& product : products_) add(product);
-    if (products_.size() > 1 && !can_stand_alone(top)) {
+    if ((products_.size() > 1 || top.size() > 1) && !can_stand_alone(top)) {
       const TDF_Label whole = shapes_->NewShape();
       name(whole, names_.whole);
       for (const exaProduct::Use& use : top) place(whole, use);
