@@ -28,6 +28,7 @@ TEST_F(ExactPlacements, PlacementsThatScaleAndMirrorChangeTheShapes) {
   const annStatistics expected = ann_statistics(document);
   for (const char* format : {"step", "brep"}) {
     const Reading reading = through(document, format);
+    EXPECT_EQ(TemporaryDirectory::read(path("through.step")).find("B_SPLINE"), std::string::npos);
     expect_box(reading.statistics(), expected);
     EXPECT_EQ(reading.statistics().solids, 2U);
     for (const annPlacedBody& placed : ann_placed_bodies(reading.document)) {
@@ -36,6 +37,45 @@ TEST_F(ExactPlacements, PlacementsThatScaleAndMirrorChangeTheShapes) {
       ASSERT_TRUE(mesh);
       EXPECT_EQ(closedness_of(*mesh).open_edges, 0U);
       EXPECT_GT(closedness_of(*mesh).volume, 0);
+    }
+  }
+}
+
+// Rounded as files round them, matrices are no turns any more down to the last digit.
+TEST_F(ExactPlacements, RoundedTurnsLeaveAPartWhatItIs) {
+  const double digits[] = {0.707107, 0.7071068, 0.7071067812, 0.70710678118654752};
+  for (const double half : digits) {
+    annDocument document = document_of(cube(10));
+    annNode& turned = document.root.add_child("turned");
+    turned.transform = {{half, -half, 0, 50, half, half, 0, 0, 0, 0, 1, 0}};
+    annNode& copy = turned.add_child("cube");
+    copy.body = document.root.children[0]->body;
+    copy.transform = {{1, 0, 0, 0, 0, half, -half, 0, 0, half, half, 0}};
+    annNode& still = document.root.add_child("cube");
+    still.body = copy.body;
+    still.transform.m[3] = -30;
+    for (const char* format : {"step", "iges", "brep"}) {
+      const Reading reading = through(document, format, {{"LENGTH_UNIT", "inch"}}, {{"LENGTH_UNIT", "inch"}});
+      expect_box(reading.statistics(), ann_statistics(document), 1 / 25.4);
+      EXPECT_EQ(reading.statistics().solids, 3U) << format;
+    }
+    const std::string step = TemporaryDirectory::read(path("through.step"));
+    EXPECT_EQ(step.find("B_SPLINE"), std::string::npos) << half;
+    const std::size_t first = step.find("=MANIFOLD_SOLID_BREP");
+    EXPECT_EQ(step.find("=MANIFOLD_SOLID_BREP", first + 1), std::string::npos) << half << ": the parts are not shared";
+  }
+}
+
+TEST_F(ExactPlacements, SmallTurnsAreKept) {
+  for (const double angle : {3e-5, 1e-9}) {
+    annDocument document = document_of(cube(10));
+    document.root.children[0]->transform = {{1, -angle, 0, 0, angle, 1, 0, 0, 0, 0, 1, 0}};
+    document.root.add_child("other").body.mesh = cube(1);
+    for (const char* format : {"step", "brep"}) {
+      const Reading reading = through(document, format, {}, {{"LENGTH_UNIT", "millimetre"}});
+      const annTransform read = ann_placed_bodies(reading.document)[0].placement;
+      EXPECT_NEAR(read.m[4], angle, angle * 1e-3) << format;
+      EXPECT_NEAR(read.m[1], -angle, angle * 1e-3) << format;
     }
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <span>
 
 #include "exaPlacement.h"
 #include "exaPlanarShape.h"
@@ -30,6 +31,18 @@ bool fits(const annMesh& mesh, const annTransform& change) {
   const auto& points = mesh.vertices->points;
   return std::all_of(points.begin(), points.end(),
                      [&](annVector point) { return fits(point) && fits(change.point(point)); });
+}
+
+std::shared_ptr<const annMesh> changed(const std::shared_ptr<const annMesh>& mesh, const annTransform& change) {
+  auto result = std::make_shared<annMesh>(*mesh);
+  result->vertices = std::make_shared<annVertices>();
+  for (annVector point : mesh->vertices->points) result->vertices->points.push_back(change.point(point));
+  for (std::size_t face = 0; change.mirrors() && face < mesh->face_count(); ++face) {
+    const std::span<const std::uint32_t> corners = mesh->face(face);
+    std::reverse_copy(corners.begin(), corners.end(),
+                      result->corners.begin() + (corners.data() - mesh->corners.data()));
+  }
+  return result;
 }
 
 std::size_t limit(const velTableInstance& resources) {
@@ -126,7 +139,8 @@ bool exaProducts::is_allowed(std::size_t planar_faces) {
 bool exaProducts::add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
                            const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target) {
   for (const annDefinitions::Use& use : uses) {
-    const exaPlacementParts parts = exa_parts(change * use.transform);
+    // Where shapes are scaled by a factor, only a place that scales as well gives them another one.
+    const exaPlacementParts parts = exa_parts(change * use.transform, change.m[0]);
     const auto& at = parts.location.m;
     if (!fits({at[3], at[7], at[11]})) {
       return fail(*definitions_.definitions()[use.definition].node, "it stands too far away for an exact shape");
@@ -189,33 +203,34 @@ const exaProducts::Made* exaProducts::shape_of(const annNode& node, const annTra
   Made& made = known->second;
   if (!is_new) return &made;
   bool done = false;
-  const std::string failure = exa_failure_of([&] {
-    done = exact ? make_exact(node, made) : make_planar(node, change, made);
-    if (done && !made.shape.IsNull()) made.shape = exa_changed(made.shape, change);
-  });
+  const std::string failure =
+      exa_failure_of([&] { done = exact ? make_exact(node, change, made) : make_planar(node, change, made); });
   if (!failure.empty()) fail(node, failure);
   return done && failure.empty() ? &made : nullptr;
 }
 
-bool exaProducts::make_exact(const annNode& node, Made& made) {
+bool exaProducts::make_exact(const annNode& node, const annTransform& change, Made& made) {
   apStatus status;
   const std::shared_ptr<const exaShape> shape = exa_shape_of(node.body.shape, status);
   if (!shape) return fail(node, status.failure().str());
-  made.shape = shape->shape();
+  made.shape = exa_changed(shape->shape(), change);
   made.colours = shape->colours();
   return true;
 }
 
 bool exaProducts::make_planar(const annNode& node, const annTransform& change, Made& made) {
-  const std::shared_ptr<const annMesh> mesh = facets_.of(node);
-  if (!mesh) return false;
+  const std::shared_ptr<const annMesh> source = facets_.of(node);
+  if (!source) return false;
+  if (!fits(*source, change)) {
+    return fail(node, "a coordinate is too large for an exact shape; write it with a smaller SCALE");
+  }
+  // A mesh stays flat faces however it is stretched; the kernel would make B-splines of planes.
+  const bool is_even = exa_parts(change).is_even();
+  const std::shared_ptr<const annMesh> mesh = is_even ? source : changed(source, change);
   const std::size_t count = exa_planar_face_count(*mesh);
   // A mesh that is scaled in several ways is made in each of them.
   planar_faces_ = std::max(planar_faces_, planar_faces_made_ + count);
   if (!is_allowed(planar_faces_)) return false;
-  if (!fits(*mesh, change)) {
-    return fail(node, "a coordinate is too large for an exact shape; write it with a smaller SCALE");
-  }
   Share share(output_, planar_faces_made_, count, planar_faces_);
   exaPlanarShape planar = exa_planar_shape(*mesh, share);
   if (output_.cancelled()) return false;
@@ -225,7 +240,7 @@ bool exaProducts::make_planar(const annNode& node, const annTransform& change, M
     findings_.count(velabsNOTE, "faces of a mesh that have next to no area are left out", 0, planar.left_out);
   }
   findings_.count(velabsNOTE, "meshes become planar faces, one for each flat facet");
-  made.shape = planar.shape;
+  if (!planar.shape.IsNull()) made.shape = is_even ? exa_changed(planar.shape, change) : planar.shape;
   made.colours = std::move(planar.colours);
   return true;
 }

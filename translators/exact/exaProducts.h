@@ -69,7 +69,7 @@ class VELEXACT_API exaProducts {
   bool find(std::size_t definition, const annTransform& change, const std::optional<annColour>& around,
             std::optional<std::size_t>& product);
   const Made* shape_of(const annNode& node, const annTransform& change);
-  bool make_exact(const annNode& node, Made& made);
+  bool make_exact(const annNode& node, const annTransform& change, Made& made);
   bool make_planar(const annNode& node, const annTransform& change, Made& made);
   bool fail(const annNode& node, const std::string& why);
 
