@@ -35,11 +35,36 @@ std::string with_products(std::string file, int count, int times, bool in_circle
   return file.insert(file.rfind("ENDSEC;"), lines);
 }
 
+std::string brep_head(const std::string& ground, std::size_t shapes) {
+  return ground.substr(0, ground.find("Locations")) +
+         "Locations 0\nCurve2ds 0\nCurves 0\nPolygon3D 0\nPolygonOnTriangulations 0\n"
+         "Surfaces 1\n1 0 0 0 0 0 1 1 0 -0 -0 1 0\nTriangulations 0\n\nTShapes " +
+         std::to_string(shapes) + "\n";
+}
+
+// Shapes, the innermost one first, that hold the one before them so many times.
+struct BrepShape {
+  std::string kind;
+  int times;
+};
+std::string of_shapes(const std::string& ground, const std::vector<BrepShape>& shapes) {
+  std::string file = brep_head(ground, shapes.size());
+  std::size_t below = shapes.size() + 1;
+  for (const BrepShape& shape : shapes) {
+    file += shape.kind + "\n";
+    if (shape.kind == "Ed") file += "1e-07 1 1 0\n0\n";
+    if (shape.kind == "Fa") file += "0  1e-07 1 0\n";
+    file += "\n0101000\n";
+    for (int i = 0; i < shape.times; ++i) file += "+" + std::to_string(below) + " 0 ";
+    file += "*\n";
+    --below;
+  }
+  return file + "\n+1 0 \n";
+}
+
 // Compounds that hold the one before them so many times, around an empty one.
 std::string of_compounds(const std::string& ground, int count, int times) {
-  std::string file = ground.substr(0, ground.find("Locations"));
-  file += "Locations 0\nCurve2ds 0\nCurves 0\nPolygon3D 0\nPolygonOnTriangulations 0\nSurfaces 0\nTriangulations 0\n";
-  file += "\nTShapes " + std::to_string(count) + "\n";
+  std::string file = brep_head(ground, static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     file += "Co\n\n1100000\n";
     for (int k = 0; i > 0 && k < times; ++k) file += "+" + std::to_string(count - i + 1) + " 0 ";
@@ -114,6 +139,18 @@ TEST_F(ExactNesting, AssembliesThatFillTheMemoryOrEndNowhereAreRefused) {
   const std::string brep = written(triangle("part"), "brep");
   expect_refused("brep", of_compounds(brep, enough_to_fill_memory, 2), "more than 2000000 times");
   expect_refused("brep", of_compounds(brep, too_deep, 1), "more than 1000 deep");
+}
+
+TEST_F(ExactNesting, PartsThatRepeatTheirFacesOrEdgesWithoutEndAreRefused) {
+  const std::string brep = written(triangle("part"), "brep");
+  const std::string why = "faces and edges of its parts more than 500000 times";
+  expect_refused("brep", of_shapes(brep, {{"Fa", 0}, {"Sh", 2000}, {"So", 2000}, {"Co", 2000}}), why);
+  expect_refused("brep", of_shapes(brep, {{"Fa", 0}, {"Sh", 2000}, {"Co", 2000}}), why);
+  expect_refused("brep", of_shapes(brep, {{"Ed", 0}, {"Wi", 2000}, {"Fa", 2000}, {"Co", 1}}), why);
+
+  // A part may well stand there often.
+  const Reading reading = read(of_shapes(brep, {{"Fa", 0}, {"Sh", 2000}, {"So", 1}, {"Co", 2000}}), "brep");
+  EXPECT_EQ(reading.result, velabsDONE) << reading.messages.errors;
 }
 
 TEST_F(ExactNesting, GroupsSubfiguresAndAssembliesOfIgesAreHeldToTheSame) {

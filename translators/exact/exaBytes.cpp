@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "exaBrepCheck.h"
+#include "exaCensus.h"
 #include "exaNesting.h"
 #include "exaSession.h"
 #include "exaShape.h"
@@ -46,10 +47,10 @@ std::string exaShape::save(apStatus& status) const {
   return std::move(bytes).str() + colours_.text();
 }
 
-std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& status) {
+TopoDS_Shape exa_parse_shape(std::string_view bytes, apStatus& status) {
   if (const std::string fault = exa_brep_fault(bytes); !fault.empty()) {
     status.set_failure("the bytes of the shape are damaged: " + fault);
-    return nullptr;
+    return {};
   }
   exaInputBuffer buffer(bytes);
   std::istream stream(&buffer);
@@ -65,14 +66,25 @@ std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& stat
   });
   if (!failure.empty() || shape.IsNull()) {
     status.set_failure("the bytes of the shape are not whole" + (failure.empty() ? "" : ": " + failure));
-    return nullptr;
+    return {};
   }
   if (const std::string fault = exa_nesting(shape).fault(); !fault.empty()) {
     status.set_failure("it " + fault);
+    return {};
+  }
+  return shape;
+}
+
+std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& status) {
+  const TopoDS_Shape shape = exa_parse_shape(bytes, status);
+  if (shape.IsNull()) return nullptr;
+  exaCensus census;
+  const exaCensus::Count count = census.of(shape);
+  if (const std::string fault = census.fault(count.all); !fault.empty()) {
+    status.set_failure("it " + fault);
     return nullptr;
   }
-  const exaShape plain(shape);
-  return std::make_shared<exaShape>(shape, exaFaceColours::from_text(bytes, plain.content().faces));
+  return std::make_shared<exaShape>(shape, exaFaceColours::from_text(bytes, static_cast<std::size_t>(count.faces)));
 }
 
 std::shared_ptr<const exaShape> exa_shape_of(const std::shared_ptr<const annExactShape>& shape, apStatus& status) {

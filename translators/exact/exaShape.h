@@ -52,8 +52,11 @@ class VELEXACT_API exaShape : public annExactShape {
   mutable std::optional<annBox> box_;
 };
 
-// The shape behind bytes of the kind "brep", in the kernel's text or binary form. Null, and a failed status, when they
-// are not whole.
+// The kernel's shape in bytes of the kind "brep", in its text or binary form. Null, and a failed status, when they are
+// not whole or its compounds cannot be walked through. How often they repeat the shapes of a part is not looked at.
+VELEXACT_API TopoDS_Shape exa_parse_shape(std::string_view bytes, apStatus& status);
+
+// The same as one part, with the colours that stand behind it; null too when it repeats its faces and edges too often.
 VELEXACT_API std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& status);
 
 // Any exact shape of a document as one of the kernel's; null, and a failed status, when it is of another kind.

@@ -1,7 +1,5 @@
 #include "brepReader.h"
 
-#include <TopExp_Explorer.hxx>
-
 #include "brepFormat.h"
 #include "brepTree.h"
 #include "exaOutput.h"
@@ -23,15 +21,15 @@ velabsResult brepReader::read(const utString& file, const velTableInstance& reso
   if (!mapped) return velabsFAILED;
   exaSession session(output);
   apStatus status;
-  const std::shared_ptr<const exaShape> shape = exa_parse(mapped->bytes(), status);
-  if (!shape) {
+  const TopoDS_Shape shape = exa_parse_shape(mapped->bytes(), status);
+  if (shape.IsNull()) {
     output.message(velabsERROR, utString("it is no whole BREP file: ") + status.failure() + session.reason());
     return velabsFAILED;
   }
   if (output.cancelled()) return velabsCANCELLED;
   session.tell_complaints();
   brepTree tree(exa_read_options(resources), output);
-  const bool read = session.guarded("it cannot be read", [&] { return tree.read(*shape, document.root); });
+  const bool read = session.guarded("it cannot be read", [&] { return tree.read(shape, document.root); });
   if (output.cancelled()) return velabsCANCELLED;
   if (!read) return velabsFAILED;
   document.scale(*factor);

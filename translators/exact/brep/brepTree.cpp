@@ -1,7 +1,6 @@
 #include "brepTree.h"
 
 #include <BRep_Builder.hxx>
-#include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <algorithm>
@@ -10,16 +9,18 @@
 
 namespace {
 
-bool has_faces(const TopoDS_Shape& shape) {
-  return TopExp_Explorer(shape, TopAbs_FACE).More();
-}
-
 bool is_part(const TopoDS_Shape& shape) {
   return shape.ShapeType() <= TopAbs_SOLID;
 }
 
+}  // namespace
+
+bool brepTree::has_faces(const TopoDS_Shape& shape) {
+  return census_.of(shape).faces > 0;
+}
+
 // A compound of other compounds or of several solids; any other one is a part of loose faces.
-bool is_assembly(const TopoDS_Shape& shape) {
+bool brepTree::is_assembly(const TopoDS_Shape& shape) {
   if (shape.ShapeType() != TopAbs_COMPOUND) return false;
   std::size_t solids = 0;
   for (TopoDS_Iterator it(shape); it.More(); it.Next()) {
@@ -29,16 +30,18 @@ bool is_assembly(const TopoDS_Shape& shape) {
   return solids > 1;
 }
 
-}  // namespace
-
-bool brepTree::read(const exaShape& shape, annNode& root) {
-  std::vector<Open> open{{shape.shape(), &root}};
-  while (!open.empty() && !output_.cancelled()) {
+bool brepTree::read(const TopoDS_Shape& shape, annNode& root) {
+  std::vector<Open> open{{shape, &root}};
+  while (!open.empty() && fault_.empty() && !output_.cancelled()) {
     const Open current = open.back();
     open.pop_back();
     add(current, open);
   }
   if (output_.cancelled()) return false;
+  if (!fault_.empty()) {
+    output_.message(velabsERROR, utString("it " + fault_));
+    return false;
+  }
   if (left_out_ > 0) output_.message(velabsNOTE, "curves and points without a surface are left out");
   if (!bodies_.IsEmpty()) return true;
   output_.message(velabsERROR, options_.types == velTYPE_ALL
@@ -47,8 +50,8 @@ bool brepTree::read(const exaShape& shape, annNode& root) {
   return false;
 }
 
-bool brepTree::is_wanted(const TopoDS_Shape& shape) const {
-  const bool solid = TopExp_Explorer(shape, TopAbs_SOLID).More();
+bool brepTree::is_wanted(const TopoDS_Shape& shape) {
+  const bool solid = census_.of(shape).solids > 0;
   return options_.types == velTYPE_ALL || options_.types == (solid ? velTYPE_SOLIDS : velTYPE_SURFACES);
 }
 
@@ -67,25 +70,35 @@ void brepTree::add(const Open& current, std::vector<Open>& open) {
     return;
   }
 
-  // Loose faces beside parts are a part of their own.
-  TopoDS_Compound loose;
-  BRep_Builder builder;
-  builder.MakeCompound(loose);
   const std::size_t first = open.size();
   for (TopoDS_Iterator it(here); it.More(); it.Next()) {
-    if (is_part(it.Value())) {
-      open.push_back({it.Value(), &node});
-    } else {
-      builder.Add(loose, it.Value());
-    }
+    if (is_part(it.Value())) open.push_back({it.Value(), &node});
   }
+  const TopoDS_Shape loose = loose_in(here);
   if (has_faces(loose)) open.push_back({loose, &node});
   // The last one is taken first.
   std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
 }
 
+// Loose faces beside parts are a part of their own, the same one wherever the assembly stands.
+TopoDS_Shape brepTree::loose_in(const TopoDS_Shape& assembly) {
+  if (const TopoDS_Shape* const known = loose_.Seek(assembly)) return *known;
+  TopoDS_Compound loose;
+  BRep_Builder builder;
+  builder.MakeCompound(loose);
+  for (TopoDS_Iterator it(assembly); it.More(); it.Next()) {
+    if (!is_part(it.Value())) builder.Add(loose, it.Value());
+  }
+  loose_.Bind(assembly, loose);
+  return loose;
+}
+
 void brepTree::add_body(const TopoDS_Shape& shape, annNode& node) {
-  if (!bodies_.IsBound(shape))
+  if (!bodies_.IsBound(shape)) {
+    in_bodies_ += census_.of(shape).all;
+    fault_ = census_.fault(in_bodies_);
+    if (!fault_.empty()) return;
     bodies_.Bind(shape, std::make_shared<exaShape>(shape, exaFaceColours(), options_.allow_gaps));
+  }
   node.body.shape = bodies_.Find(shape);
 }

@@ -5,6 +5,7 @@
 #include <TopoDS_Shape.hxx>
 
 #include "annNode.h"
+#include "exaCensus.h"
 #include "exaReadOptions.h"
 #include "exaShape.h"
 #include "velabsOutput.h"
@@ -14,20 +15,27 @@ class brepTree {
  public:
   brepTree(const exaReadOptions& options, velabsOutput& output) : options_(options), output_(output) {}
 
-  // False when the work is cancelled, and, with a message, when the shape has no faces.
-  bool read(const exaShape& shape, annNode& root);
+  // False when the work is cancelled, and, with a message, when the shape has no faces or repeats them too often.
+  bool read(const TopoDS_Shape& shape, annNode& root);
 
  private:
   struct Open {
     TopoDS_Shape shape;
     annNode* parent;
   };
+  bool has_faces(const TopoDS_Shape& shape);
+  bool is_assembly(const TopoDS_Shape& shape);
   void add(const Open& current, std::vector<Open>& open);
+  TopoDS_Shape loose_in(const TopoDS_Shape& assembly);
   void add_body(const TopoDS_Shape& shape, annNode& node);
-  bool is_wanted(const TopoDS_Shape& shape) const;
+  bool is_wanted(const TopoDS_Shape& shape);
 
   exaReadOptions options_;
   velabsOutput& output_;
   NCollection_DataMap<TopoDS_Shape, std::shared_ptr<const exaShape>, TopTools_ShapeMapHasher> bodies_;
+  NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_ShapeMapHasher> loose_;  // of assemblies
+  exaCensus census_;
+  double in_bodies_ = 0;
+  std::string fault_;
   std::size_t left_out_ = 0;
 };
