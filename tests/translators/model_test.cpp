@@ -144,10 +144,29 @@ TEST(Triangulation, WorkGrowsWithTheCornersAndNotWithTheirSquare) {
     for (std::size_t i = 1; i < corners; ++i) points.push_back({static_cast<double>(i) * 0.01, 0, 0});
     return points;
   };
+  // Products of such coordinates are no longer told from zero.
+  auto narrow_strip = [](std::size_t corners) {
+    Points points;
+    for (std::size_t i = 0; i < corners / 2; ++i) points.push_back({static_cast<double>(i), 0, 0});
+    for (std::size_t i = corners / 2; i-- > 0;) points.push_back({static_cast<double>(i), 1e-300, 0});
+    return points;
+  };
+  auto six_places = [](std::size_t corners) {
+    Points points;
+    for (std::size_t i = 0; i < corners; ++i) {
+      points.push_back({static_cast<double>(i % 2), static_cast<double>(i % 3) * 1e-9, 0});
+    }
+    return points;
+  };
   const struct {
     const char* what;
     std::function<Points(std::size_t)> points;
-  } cases[] = {{"spiral", spiral}, {"ragged circle", ragged_circle}, {"points on an edge", points_on_an_edge}};
+    bool is_simple = true;
+  } cases[] = {{"spiral", spiral},
+               {"ragged circle", ragged_circle},
+               {"points on an edge", points_on_an_edge},
+               {"narrow strip", narrow_strip},
+               {"six places", six_places, false}};
   for (const auto& c : cases) {
     double took[2] = {};
     const std::size_t counts[2] = {10000, 100000};
@@ -157,7 +176,7 @@ TEST(Triangulation, WorkGrowsWithTheCornersAndNotWithTheirSquare) {
       const Split result = split(points);
       took[i] = work_done() - start;
       EXPECT_EQ(result.triangles, counts[i] - 2) << c.what;
-      EXPECT_LE(result.turned, 1e-9 * result.area) << c.what;
+      EXPECT_TRUE(!c.is_simple || result.turned <= 1e-9 * result.area) << c.what;
     }
     // About 12 times; work that grows with the square takes 100 times as long.
     EXPECT_LT(took[1], 50 * took[0]) << c.what;

@@ -7,6 +7,9 @@ namespace {
 
 constexpr int most_forced_cuts = 64;
 
+// Ragged faces of a hundred thousand corners need some hundred.
+constexpr std::size_t most_steps_per_corner = 1000;
+
 }  // namespace
 
 void annEarCutter::cut(std::span<const annVector> points, std::span<const std::uint32_t> face, annVector normal,
@@ -15,8 +18,9 @@ void annEarCutter::cut(std::span<const annVector> points, std::span<const std::u
   triangles_ = &triangles;
   const bool has_extent = project(points, face, normal);
   begin();
+  const std::size_t most_steps = most_steps_per_corner * face.size();
   int forced = has_extent ? 0 : most_forced_cuts;
-  while (left_ > 3 && forced < most_forced_cuts) {
+  while (left_ > 3 && forced < most_forced_cuts && tree_.steps() < most_steps) {
     if (queue_front_ == queue_.size()) {
       force_one();
       ++forced;
@@ -30,12 +34,12 @@ void annEarCutter::cut(std::span<const annVector> points, std::span<const std::u
 }
 
 bool annEarCutter::project(std::span<const annVector> points, std::span<const std::uint32_t> face, annVector normal) {
-  // Along the axis to which the normal is closest; relative to the first corner and of size 1, so that products of
-  // coordinates stay in range.
+  // Along the axis to which the normal is closest; relative to the first corner and of size 1 both ways, so that
+  // products of coordinates stay in range for narrow faces too.
   const double x = std::fabs(normal.x), y = std::fabs(normal.y), z = std::fabs(normal.z);
   const annVector origin = points[face[0]];
   points_.clear();
-  double extent = 0;
+  annPlanePoint extent;
   for (std::uint32_t number : face) {
     const annVector p = points[number] - origin;
     annPlanePoint flat{p.x, p.y};
@@ -49,10 +53,10 @@ bool annEarCutter::project(std::span<const annVector> points, std::span<const st
     }
     if (sign < 0) std::swap(flat.x, flat.y);
     points_.push_back(flat);
-    extent = std::max({extent, std::fabs(flat.x), std::fabs(flat.y)});
+    extent = {std::max(extent.x, std::fabs(flat.x)), std::max(extent.y, std::fabs(flat.y))};
   }
-  if (!(extent > 0) || !std::isfinite(extent)) return false;
-  for (annPlanePoint& p : points_) p = {p.x / extent, p.y / extent};
+  if (!(extent.x > 0) || !(extent.y > 0) || !std::isfinite(extent.x) || !std::isfinite(extent.y)) return false;
+  for (annPlanePoint& p : points_) p = {p.x / extent.x, p.y / extent.y};
   return true;
 }
 

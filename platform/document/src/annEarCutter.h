@@ -13,7 +13,8 @@
 // away, so that long and winding faces cost little more than simple ones.
 //
 // A face that crosses itself runs out of such corners; then one is cut all the same, and after a number of those the
-// rest is cut without looking. Buffers are kept from one face to the next.
+// rest is cut without looking. So is that of a face where looking has taken too long for its corners. Buffers are kept
+// from one face to the next.
 class annEarCutter {
  public:
   // Appends corners - 2 triangles to `triangles`. `normal` is the face's Newell normal, not the null vector.

@@ -18,6 +18,7 @@ bool right_of(annPlanePoint a, annPlanePoint b, annPlanePoint min, annPlanePoint
 
 void annPointTree::build(std::span<const annPlanePoint> points) {
   points_ = points;
+  steps_ = 0;
   members_.resize(points.size());
   std::iota(members_.begin(), members_.end(), 0);
   const std::size_t leaves = std::bit_ceil((points.size() + leaf_size - 1) / leaf_size);
@@ -88,20 +89,24 @@ void annPointTree::move_in_leaf(std::uint32_t point, bool counts) {
   for (std::size_t i = box; i >= 1; i /= 2) boxes_[i].counting += counts ? 1 : -1;
 }
 
-std::uint32_t annPointTree::find_inside(annPlanePoint a, annPlanePoint b, annPlanePoint c) const {
+std::uint32_t annPointTree::find_inside(annPlanePoint a, annPlanePoint b, annPlanePoint c) {
   const annPlanePoint min{std::min({a.x, b.x, c.x}), std::min({a.y, b.y, c.y})};
   const annPlanePoint max{std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y})};
+  auto is_corner = [&](annPlanePoint p) { return p == a || p == b || p == c; };
   const std::size_t leaves = std::size_t{1} << levels_;
   std::array<std::size_t, 64> open;  // one waiting box for each level is the most that there can be
   std::size_t waiting = 0;
   open[waiting++] = 1;
   while (waiting > 0) {
+    ++steps_;
     const std::size_t index = open[--waiting];
     const Box& box = boxes_[index];
     if (box.counting == 0 || box.min.x > max.x || box.max.x < min.x || box.min.y > max.y || box.max.y < min.y) continue;
     if (right_of(a, b, box.min, box.max) || right_of(b, c, box.min, box.max) || right_of(c, a, box.min, box.max)) {
       continue;
     }
+    // Points that all lie on one of the corners, such as those of a face that comes back to its middle again and again.
+    if (box.min == box.max && is_corner(box.min)) continue;
     if (index < leaves) {
       open[waiting++] = 2 * index + 1;
       open[waiting++] = 2 * index;
@@ -110,7 +115,7 @@ std::uint32_t annPointTree::find_inside(annPlanePoint a, annPlanePoint b, annPla
     const std::size_t begin = begin_of(levels_, index - leaves);
     for (std::size_t i = begin; i < begin + box.counting; ++i) {
       const annPlanePoint p = points_[members_[i]];
-      if (p == a || p == b || p == c) continue;
+      if (is_corner(p)) continue;
       if (ann_plane_area(a, b, p) < 0 || ann_plane_area(b, c, p) < 0 || ann_plane_area(c, a, p) < 0) continue;
       return members_[i];
     }

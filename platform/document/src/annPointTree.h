@@ -34,7 +34,11 @@ class annPointTree {
 
   // A point that counts and lies inside or on the border of a counter-clockwise triangle, but not on one of its
   // corners; `none` when there is none.
-  std::uint32_t find_inside(annPlanePoint a, annPlanePoint b, annPlanePoint c) const;
+  std::uint32_t find_inside(annPlanePoint a, annPlanePoint b, annPlanePoint c);
+
+  // How many boxes all searches since `build` have looked at. Points that crowd in one place, or whose areas vanish
+  // between two numbers, make a search look at most of them.
+  std::size_t steps() const { return steps_; }
 
  private:
   struct Box {
@@ -52,4 +56,5 @@ class annPointTree {
   std::vector<std::uint32_t> leaf_of_;  // for each point
   std::vector<Box> boxes_;              // a heap: box i has the halves 2i and 2i + 1, box 1 is the whole
   std::size_t levels_ = 0;              // the leaves are level `levels_`
+  std::size_t steps_ = 0;
 };
