@@ -150,11 +150,17 @@ TEST_F(Browser, ShowsEachPartWhereItIsAndAnswers) {
     rows[1].click();
     console.log("test " + rows.length + " rows, " + document.getElementById("size-of").textContent + " is " +
       document.getElementById("size-x").textContent + " wide");
+    rows[1].querySelector("input").click();
+    console.log("test " + (rows[1].isConnected ? "same row" : "other row") + ", keys go to " + document.activeElement.id);
+    rows[1].querySelector("input").click();
+    document.activeElement.blur();
     key("h");
     key("ArrowLeft");
   }))",
                             "0");
   EXPECT_NE(said_.find("2 rows, right is 1 wide"), std::string::npos) << said_;
+  // Else it could not be clicked twice, nor be walked from.
+  EXPECT_NE(said_.find("same row, keys go to tree"), std::string::npos) << said_;
   EXPECT_LT(dark.at(0.6, 0.02)[2], 100);
   EXPECT_GT(dark.share(is('r'), 0.26, 1), 0.03);
   EXPECT_EQ(dark.share(is('g'), 0.26, 1), 0);

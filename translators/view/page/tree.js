@@ -10,13 +10,14 @@ class Tree {
     this.actions = actions;
     this.box = document.getElementById("tree");
     this.sheet = document.getElementById("rows");
+    this.drawn = new Map(); // the rows there are, by the numbers of their nodes
     this.selected = null;
     this.wanted = "";
     const few = model.nodes.length <= 400;
     for (const node of model.nodes) node.open = few || node.depth < 1;
     this.box.addEventListener("scroll", () => this.render());
     this.sheet.addEventListener("click", (event) => this.click(event));
-    this.sheet.addEventListener("dblclick", () => actions.fit());
+    this.sheet.addEventListener("dblclick", (event) => this.doubleClick(event));
     this.box.addEventListener("keydown", (event) => this.key(event));
     new ResizeObserver(() => this.render()).observe(this.box);
     this.list();
@@ -81,46 +82,49 @@ class Tree {
     return visible === 0 && parts > 0 ? "none" : "all";
   }
 
+  // A row stays the same element as long as it is in sight, so that it can be clicked twice.
   render() {
     const first = Math.max(0, Math.floor(this.box.scrollTop / rowHeight) - 4);
     const last = Math.min(this.rows.length, first + Math.ceil((this.box.clientHeight || 600) / rowHeight) + 8);
-    const rows = [];
-    for (let i = first; i < last; ++i) rows.push(this.row(this.rows[i], i));
-    this.sheet.replaceChildren(...rows);
-    const active = this.selected && rows.find((row) => row.dataset.node === String(this.selected.number));
+    const before = this.drawn;
+    this.drawn = new Map();
+    for (let i = first; i < last; ++i) {
+      const node = this.rows[i];
+      const row = before.get(node.number) || this.makeRow(node);
+      before.delete(node.number);
+      this.drawn.set(node.number, row);
+      this.updateRow(row, node, i);
+    }
+    for (const row of before.values()) row.remove();
+    // Those that stay are in this order already: they are not moved.
+    let at = this.sheet.firstChild;
+    for (const row of this.drawn.values()) {
+      if (row === at) at = at.nextSibling;
+      else this.sheet.insertBefore(row, at);
+    }
+    const active = this.selected && this.drawn.get(this.selected.number);
     if (active) this.box.setAttribute("aria-activedescendant", active.id);
     else this.box.removeAttribute("aria-activedescendant");
   }
 
-  row(node, index) {
+  makeRow(node) {
     const make = (kind, name) => {
       const made = document.createElement(kind);
       if (name) made.className = name;
       return made;
     };
     const row = make("div", "row-of-tree");
-    const shown = this.shown(node);
-    const leaf = node.end === node.number + 1;
     const title = node.name || "without a name";
     row.id = `node-${node.number}`;
     row.dataset.node = node.number;
-    row.style.top = `${index * rowHeight}px`;
     row.style.paddingLeft = `${4 + 14 * Math.min(node.depth, deepestIndent)}px`;
     row.setAttribute("role", "treeitem");
     row.setAttribute("aria-level", node.depth + 1);
-    row.setAttribute("aria-selected", node === this.selected);
-    if (!leaf) row.setAttribute("aria-expanded", node.open);
-    row.classList.toggle("selected", node === this.selected);
-    row.classList.toggle("unseen", shown === "none");
-
     const twist = make("span", "twist");
-    twist.classList.toggle("open", node.open || this.wanted !== "");
-    twist.classList.toggle("leaf", leaf);
+    twist.classList.toggle("leaf", node.end === node.number + 1);
     const check = make("input");
     check.type = "checkbox";
     check.tabIndex = -1;
-    check.checked = shown !== "none";
-    check.indeterminate = shown === "some";
     check.setAttribute("aria-label", `Show ${title}`);
     row.append(twist, check);
     if (node.colour >= 0) {
@@ -136,17 +140,37 @@ class Tree {
     return row;
   }
 
+  // What of a row changes.
+  updateRow(row, node, index) {
+    const shown = this.shown(node);
+    const [twist, check] = row.children;
+    row.style.top = `${index * rowHeight}px`;
+    row.setAttribute("aria-selected", node === this.selected);
+    row.classList.toggle("selected", node === this.selected);
+    row.classList.toggle("unseen", shown === "none");
+    if (node.end > node.number + 1) row.setAttribute("aria-expanded", node.open);
+    twist.classList.toggle("open", node.open || this.wanted !== "");
+    check.checked = shown !== "none";
+    check.indeterminate = shown === "some";
+  }
+
   click(event) {
     const row = event.target.closest(".row-of-tree");
     if (!row) return;
     const node = this.model.nodes[Number(row.dataset.node)];
     if (event.target.matches("input")) {
+      // The keys are the list's, whose checkboxes have none of their own.
+      this.box.focus({ preventScroll: true });
       this.actions.show(node, event.target.checked);
     } else if (event.target.matches(".twist:not(.leaf)")) {
       this.open(node, !node.open);
     } else {
       this.actions.select(node);
     }
+  }
+
+  doubleClick(event) {
+    if (event.target.closest(".row-of-tree") && !event.target.matches("input, .twist:not(.leaf)")) this.actions.fit();
   }
 
   open(node, open) {
