@@ -15,16 +15,21 @@ class Section {
     this.place = document.getElementById("section-place");
     this.at = document.getElementById("section-at");
     this.place.addEventListener("input", () => this.apply());
-    for (const choice of document.getElementsByName("axis")) choice.addEventListener("change", () => this.turn(this.on));
+    for (const choice of document.getElementsByName("axis")) choice.addEventListener("change", () => this.face());
     document.getElementById("section-flip").addEventListener("click", () => {
       this.flipped = !this.flipped;
       this.apply();
     });
   }
 
-  // What is nearer to the eye goes, so that one looks at the cut.
   turn(on) {
+    if (on === this.on) return;
     this.on = on;
+    this.face();
+  }
+
+  // What is nearer to the eye goes, so that one looks at the cut.
+  face() {
     this.flipped = this.camera.axes()[2][this.axis()] < 0;
     this.apply();
   }

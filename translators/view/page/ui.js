@@ -84,12 +84,11 @@ class Ui {
     this.viewer.redraw();
   }
 
-  // The cut lasts while its panel is closed; the button ends it when the panel is open.
-  turnSection() {
-    const open = this.isOpen("section");
-    this.toggle("section", !open);
-    this.viewer.section.turn(!open);
-    element("section").classList.toggle("on", !open);
+  // The cut lasts while another panel is open; the button then brings its panel back, and ends the cut otherwise.
+  turnSection(on = !this.isOpen("section")) {
+    this.toggle("section", on);
+    this.viewer.section.turn(on);
+    element("section").classList.toggle("on", on);
   }
 
   turnMeasure() {
@@ -113,7 +112,7 @@ class Ui {
   closeAll() {
     for (const name of this.panels) if (this.isOpen(name) && name !== "section") return this.toggle(name, false);
     if (this.viewer.measure.on) return this.turnMeasure();
-    if (this.isOpen("section")) return this.turnSection();
+    if (this.viewer.section.on) return this.turnSection(false);
     return this.viewer.select(null);
   }
 
