@@ -32,6 +32,14 @@ class Camera {
     return [0, 1, 2].map((i) => this.target[i] + axes[0][i] * seen[0] + axes[1][i] * seen[1] + axes[2][i] * seen[2]);
   }
 
+  // The least and the greatest distance from the eye at which there is something to see.
+  span() {
+    // The scene lies within this distance of its centre, and so of the target.
+    const reach = 1.02 + Math.hypot(...this.target);
+    const far = this.distance + reach;
+    return [this.parallel ? this.distance - reach : Math.max(this.distance - reach, far / 4000), far];
+  }
+
   // The view and the projection as columns of 4 x 4 matrices.
   matrices() {
     const axes = this.axes();
@@ -39,19 +47,14 @@ class Camera {
     const view = [];
     for (let i = 0; i < 3; ++i) view.push(axes[0][i], axes[1][i], axes[2][i], 0);
     view.push(at[0], at[1], at[2] - this.distance, 1);
-    // The scene lies within this distance of its centre, and so of the target.
-    const reach = 1.02 + Math.hypot(...this.target);
-    const far = this.distance + reach;
+    const [near, far] = this.span();
+    const depth = far - near;
     const y = 1 / opening;
     const x = (y * this.height) / this.width;
     if (this.parallel) {
-      const near = this.distance - reach;
       const k = 1 / this.distance;
-      const depth = far - near;
       return [view, [x * k, 0, 0, 0, 0, y * k, 0, 0, 0, 0, -2 / depth, 0, 0, 0, -(far + near) / depth, 1]];
     }
-    const near = Math.max(this.distance - reach, far / 4000);
-    const depth = far - near;
     return [view, [x, 0, 0, 0, 0, y, 0, 0, 0, 0, -(far + near) / depth, -1, 0, 0, (-2 * far * near) / depth, 0]];
   }
 

@@ -1,5 +1,8 @@
 // The distance between two points of the model, which a ruler in the picture shows.
 
+// How far off what is picked can be, over the model's radius.
+const pickSlack = 1e-5;
+
 // Ends of lines that are so close to the pointer are meant, in pixels.
 const snapping = 9;
 
@@ -9,6 +12,7 @@ class Measure {
     this.camera = camera;
     this.on = false;
     this.points = [];
+    this.slacks = [];
     this.ruler = document.getElementById("ruler");
     this.text = document.getElementById("ruler-text");
   }
@@ -21,8 +25,14 @@ class Measure {
 
   take(hit) {
     if (this.points.length === 2) this.points = [];
+    this.slacks[this.points.length] = this.slackOf(hit.part);
     this.points.push(this.snapped(hit));
     this.draw();
+  }
+
+  // How far off a point of a part can be: its vertices have places in 65535 steps along the box.
+  slackOf({ box }) {
+    return pickSlack * this.model.radius + Math.max(...[0, 1, 2].map((i) => box[i + 3] - box[i])) / 65535;
   }
 
   // The end of a line of the part near the point that was hit, else that point.
@@ -71,10 +81,13 @@ class Measure {
   tell(from, to) {
     const { radius, unit } = this.model;
     const steps = this.points[1].map((value, i) => (value - this.points[0][i]) * radius);
-    const [dx, dy, dz] = steps.map((value) => lengthText(Math.abs(value) < 1e-5 * radius ? 0 : value, ""));
+    // All with the digits that the two points make sense of.
+    const last = 10 ** Math.ceil(Math.log10(this.slacks[0] + this.slacks[1]));
+    const text = (value, of) => lengthText(Math.round(value / last) * last, of);
+    const [dx, dy, dz] = steps.map((value) => text(value, ""));
     const details = document.createElement("small");
     details.textContent = `X ${dx}   Y ${dy}   Z ${dz}`;
-    this.text.replaceChildren(lengthText(Math.hypot(...steps), unit), details);
+    this.text.replaceChildren(text(Math.hypot(...steps), unit), details);
     const x = (from[0] + to[0]) / 2;
     const y = (from[1] + to[1]) / 2;
     this.text.style.transform = `translate(calc(${x}px - 50%), calc(${y}px - 100% - 14px))`;

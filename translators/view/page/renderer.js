@@ -182,6 +182,7 @@ class Renderer {
     gl.uniformMatrix4fv(program.places.projection, false, projection);
     gl.uniform4fv(program.places.plane, this.options.plane);
     gl.uniform1i(program.places.cut, this.options.cut ? 1 : 0);
+    if (program.places.span) gl.uniform2fv(program.places.span, this.span);
     if (program.places.accent) gl.uniform3fv(program.places.accent, this.options.accent);
   }
 
@@ -269,13 +270,15 @@ class Renderer {
     this.picker ??= this.program(pickVertex, pickFragment);
     this.spot ??= this.makeSpot();
     const [view, projection] = camera.matrices();
-    // The projection, drawn so large that this pixel is all there is.
+    this.span = camera.span();
+    // The projection, drawn so large that there is nothing but the middle of this pixel: corners are moved to places
+    // within a pixel that are coarse, and what is hit is that much off.
     const spotX = (2 * x) / camera.width - 1;
     const spotY = 1 - (2 * y) / camera.height;
     const large = projection.slice();
     for (let column = 0; column < 4; ++column) {
-      large[4 * column] = (projection[4 * column] - spotX * projection[4 * column + 3]) * camera.width;
-      large[4 * column + 1] = (projection[4 * column + 1] - spotY * projection[4 * column + 3]) * camera.height;
+      large[4 * column] = (projection[4 * column] - spotX * projection[4 * column + 3]) * 64 * camera.width;
+      large[4 * column + 1] = (projection[4 * column + 1] - spotY * projection[4 * column + 3]) * 64 * camera.height;
     }
     gl.bindFramebuffer(gl.FRAMEBUFFER, this.spot);
     gl.viewport(0, 0, 1, 1);
@@ -298,10 +301,9 @@ class Renderer {
     });
     gl.bindFramebuffer(gl.FRAMEBUFFER, null);
     if (bytes[0] === 0) return null;
-    const z = (2 * bytes[1]) / 16777215 - 1;
-    const w = camera.parallel ? 1 : projection[14] / (z + projection[10]);
-    const towards = camera.parallel ? (z - projection[14]) / projection[10] : -w;
-    const seen = [(spotX * w) / projection[0], (spotY * w) / projection[5], towards + camera.distance];
+    const away = this.span[0] + ((this.span[1] - this.span[0]) * bytes[1]) / 16777215;
+    const w = camera.parallel ? 1 : away;
+    const seen = [(spotX * w) / projection[0], (spotY * w) / projection[5], camera.distance - away];
     return { part: this.model.nodes[bytes[0] - 1], point: camera.placed(seen) };
   }
 }

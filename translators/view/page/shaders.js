@@ -119,19 +119,25 @@ void main() {
 
 const pickVertex = commonInputs + `
 out float beyond;
+out float away;
 flat out float number;
 void main() {
   vec3 p = inScene();
-  gl_Position = projection * view * vec4(p, 1.0);
+  vec4 eye = view * vec4(p, 1.0);
+  gl_Position = projection * eye;
+  away = -eye.z;
   beyond = dot(plane.xyz, p) - plane.w;
   number = state.x;
 }`;
 
+// Depths as the depth buffer has them are too coarse for places: \`span\` has the least and the greatest distance.
 const pickFragment = `#version 300 es
 precision highp float;
 in float beyond;
+in float away;
 flat in float number;
 uniform bool cut;
+uniform vec2 span;
 layout(location = 0) out vec4 who;
 layout(location = 1) out vec4 depth;
 vec4 inBytes(float whole) {
@@ -140,7 +146,7 @@ vec4 inBytes(float whole) {
 void main() {
   if (cut && beyond > 0.0) discard;
   who = inBytes(number + 1.0);
-  depth = inBytes(floor(gl_FragCoord.z * 16777215.0));
+  depth = inBytes(floor((away - span.x) / (span.y - span.x) * 16777215.0 + 0.5));
 }`;
 
 // Of a segment in the section plane: its two ends and the point with which it makes a triangle.
@@ -156,12 +162,14 @@ uniform float mark;
 uniform float part;
 out float beyond;
 out float strength;
+out float away;
 flat out float number;
 void main() {
   vec3 p = gl_VertexID == 0 ? from : gl_VertexID == 1 ? to : pivot;
   vec3 eye = (view * vec4(p, 1.0)).xyz * (1.0 - nudge.x);
   gl_Position = projection * vec4(eye.xy, eye.z + nudge.y, 1.0);
   beyond = 0.0;
+  away = -eye.z;
   strength = mark;
   number = part;
 }`;
