@@ -7,9 +7,10 @@ const pickSlack = 1e-5;
 const snapping = 9;
 
 class Measure {
-  constructor(model, camera) {
+  constructor(model, camera, section) {
     this.model = model;
     this.camera = camera;
+    this.section = section;
     this.on = false;
     this.points = [];
     this.slacks = [];
@@ -35,7 +36,7 @@ class Measure {
     return pickSlack * this.model.radius + Math.max(...[0, 1, 2].map((i) => box[i + 3] - box[i])) / 65535;
   }
 
-  // The end of a line of the part near the point that was hit, else that point.
+  // The end of a line of the part near the point that was hit, unless it is cut away; else that point.
   snapped(hit) {
     const { positions, lines } = this.model.meshes[hit.part.mesh];
     const { rows } = hit.part;
@@ -50,7 +51,7 @@ class Measure {
       const py = rows[4] * x + rows[5] * y + rows[6] * z + rows[7];
       const pz = rows[8] * x + rows[9] * y + rows[10] * z + rows[11];
       const d = (px - hit.point[0]) ** 2 + (py - hit.point[1]) ** 2 + (pz - hit.point[2]) ** 2;
-      if (d >= best) continue;
+      if (d >= best || this.section.removes([px, py, pz])) continue;
       best = d;
       nearest = [px, py, pz];
     }

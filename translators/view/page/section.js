@@ -48,6 +48,13 @@ class Section {
     const sign = this.flipped ? -1 : 1;
     const plane = [0, 0, 0, (sign * (value - centre[axis])) / radius + sectionSlack];
     plane[axis] = sign;
+    this.plane = plane;
     this.changed(this.on, plane);
+  }
+
+  // Whether a point of the scene is cut away.
+  removes(point) {
+    const { plane } = this;
+    return this.on && plane[0] * point[0] + plane[1] * point[1] + plane[2] * point[2] > plane[3];
   }
 }

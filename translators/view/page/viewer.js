@@ -13,11 +13,11 @@ class Viewer {
       show: (node, visible) => this.show(node, visible),
       fit: () => this.fit(),
     });
-    this.measure = new Measure(model, this.camera);
     this.section = new Section(model, this.camera, (cut, plane) => {
       Object.assign(renderer.options, { cut, plane });
       this.redraw();
     });
+    this.measure = new Measure(model, this.camera, this.section);
     this.pointer = new Pointer(canvas, this.camera, {
       pick: (x, y) => renderer.pick(this.camera, x, y),
       click: (x, y) => this.click(x, y),
