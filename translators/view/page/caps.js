@@ -71,7 +71,7 @@ class Caps {
     gl.enable(gl.SCISSOR_TEST);
     this.fill(this.painter, (cut) => {
       gl.scissor(...this.spanOf(cut.part.cut, camera));
-      gl.uniform3fv(places.look, this.lookOf(cut));
+      gl.uniform3fv(places.look, (lookOf(renderer.model, cut.part) || defaultColour).slice(0, 3));
       gl.uniform1f(places.mark, cut.part.marked ? 1 : 0);
       // Parts that touch are told apart by it.
       gl.uniform1f(places.slant, cut.part.number % 2 ? 1 : -1);
@@ -134,12 +134,6 @@ class Caps {
     for (const place of [0, 1]) gl.vertexAttribPointer(place, 3, gl.FLOAT, false, 24, 24 * first + 12 * place);
     gl.uniform3fv(program.places.pivot, pivot);
     gl.drawArraysInstanced(kind, 0, vertices, count);
-  }
-
-  lookOf({ part, mesh }) {
-    if (mesh.colours) return (mesh.mean ??= meanColour(mesh.colours));
-    const look = (mesh.main ??= mainLook(mesh));
-    return (look < 0 ? this.renderer.colourOf(part) : this.renderer.model.colours[look]).slice(0, 3);
   }
 
   // The pixels that a cut can touch: left, bottom, width and height.

@@ -47,29 +47,3 @@ function cutOf(part, mesh, plane) {
   if (found.length > 0) cut.segments = new Float32Array(found);
   return cut;
 }
-
-// The look that covers most of a mesh, which is that of its inside: -1 for the part's own.
-function mainLook(mesh) {
-  if (mesh.ranges.length === 1) return mesh.ranges[0][0];
-  const { positions, corners, box } = mesh;
-  const step = [0, 1, 2].map((i) => (box[i + 3] - box[i]) / 65535);
-  const side = (from, to) => step.map((size, i) => size * (positions[3 * to + i] - positions[3 * from + i]));
-  const areas = new Map();
-  for (const [look, first, count] of mesh.ranges) {
-    let area = areas.get(look) || 0;
-    for (let at = 3 * first; at < 3 * (first + count); at += 3) {
-      const u = side(corners[at], corners[at + 1]);
-      const v = side(corners[at], corners[at + 2]);
-      area += Math.hypot(u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]);
-    }
-    areas.set(look, area);
-  }
-  return [...areas].reduce((most, entry) => (entry[1] > most[1] ? entry : most))[0];
-}
-
-// Of the colours that vertices have.
-function meanColour(colours) {
-  const sum = [0, 0, 0];
-  for (let i = 0; i < colours.length; ++i) if (i % 4 < 3) sum[i % 4] += colours[i];
-  return sum.map((value) => (4 * value) / (255 * colours.length));
-}

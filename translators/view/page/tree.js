@@ -127,9 +127,10 @@ class Tree {
     check.tabIndex = -1;
     check.setAttribute("aria-label", `Show ${title}`);
     row.append(twist, check);
-    if (node.colour >= 0) {
+    const colour = lookOf(this.model, node);
+    if (colour) {
       const dot = make("span", "dot");
-      const parts = this.model.colours[node.colour].slice(0, 3).map((value) => Math.round(255 * value));
+      const parts = colour.slice(0, 3).map((value) => Math.round(255 * value));
       dot.style.background = `rgb(${parts.join(" ")})`;
       row.append(dot);
     }
