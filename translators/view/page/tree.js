@@ -26,29 +26,41 @@ class Tree {
   find(text) {
     this.wanted = text.trim().toLowerCase();
     this.list();
+    if (this.selected && !this.wanted) this.reveal(this.selected);
   }
 
-  // Which nodes have a row: those whose ancestors are open, or those that are looked for and what they are in.
+  // Which nodes have a row.
   list() {
-    const { nodes } = this.model;
-    this.rows = [];
-    if (this.wanted) {
-      const kept = new Uint8Array(nodes.length);
-      for (let i = nodes.length - 1; i >= 0; --i) {
-        if (kept[i] || nodes[i].name.toLowerCase().includes(this.wanted)) {
-          kept[i] = 1;
-          if (nodes[i].parent >= 0) kept[nodes[i].parent] = 1;
-        }
-      }
-      this.rows = nodes.filter((node) => kept[node.number]);
-    } else {
-      for (let i = 0; i < nodes.length;) {
-        this.rows.push(nodes[i]);
-        i = nodes[i].open ? i + 1 : nodes[i].end;
-      }
-    }
+    this.rows = this.wanted ? this.found() : this.unfolded();
+    document.getElementById("not-found").hidden = this.rows.length > 0;
     this.sheet.style.height = `${this.rows.length * rowHeight}px`;
     this.render();
+  }
+
+  // Those whose ancestors are open.
+  unfolded() {
+    const { nodes } = this.model;
+    const rows = [];
+    for (let i = 0; i < nodes.length;) {
+      rows.push(nodes[i]);
+      i = nodes[i].open ? i + 1 : nodes[i].end;
+    }
+    return rows;
+  }
+
+  // Those that are looked for, what they are in, and what is open below them.
+  found() {
+    const { nodes } = this.model;
+    const meant = nodes.map((node) => node.name.toLowerCase().includes(this.wanted));
+    const holds = nodes.map(() => false);
+    for (let i = nodes.length - 1; i >= 0; --i) {
+      if ((meant[i] || holds[i]) && nodes[i].parent >= 0) holds[nodes[i].parent] = true;
+    }
+    const belongs = [];
+    return nodes.filter(({ number, parent }) => {
+      belongs[number] = meant[number] || (parent >= 0 && belongs[parent] && nodes[parent].open);
+      return belongs[number] || holds[number];
+    });
   }
 
   // Makes the row of the selected node be there and in sight.
@@ -149,8 +161,10 @@ class Tree {
     row.setAttribute("aria-selected", node === this.selected);
     row.classList.toggle("selected", node === this.selected);
     row.classList.toggle("unseen", shown === "none");
-    if (node.end > node.number + 1) row.setAttribute("aria-expanded", node.open);
-    twist.classList.toggle("open", node.open || this.wanted !== "");
+    const next = this.rows[index + 1];
+    const open = next !== undefined && next.number < node.end;
+    if (node.end > node.number + 1) row.setAttribute("aria-expanded", open);
+    twist.classList.toggle("open", open);
     check.checked = shown !== "none";
     check.indeterminate = shown === "some";
   }
