@@ -81,3 +81,31 @@ TEST_F(ExactMeshes, AFaceThatCannotBeMeshedIsLeftOutOnlyWhenAskedFor) {
   }
   EXPECT_EQ(reader("stl").read(path("gap.stl")).statistics().triangles, 10U);
 }
+
+// A cube with an edge whose one face has further corners on it, which triangles without a width tie to the other face.
+TEST_F(ExactMeshes, ClosedMeshesStayClosedWhereTrianglesHaveNoWidth) {
+  for (const double apart : {0.0, 5e-8, 2.0}) {
+    auto mesh = cube(10);
+    auto closed = std::make_shared<annMesh>();
+    closed->vertices = mesh->vertices;
+    for (std::size_t face : {0, 1, 3, 4, 5}) closed->add_face(mesh->face(face));
+    mesh->vertices->points.insert(mesh->vertices->points.end(), {{4, 0, 10}, {4 + apart, 0, 10}});
+    for (const auto& corners : {std::array<std::uint32_t, 3>{0, 1, 5},
+                                {0, 5, 9},
+                                {0, 9, 8},
+                                {0, 8, 4},  // the side
+                                std::array<std::uint32_t, 3>{4, 8, 9},
+                                {4, 9, 5}}) {
+      closed->add_face(corners);
+    }
+    for (const char* format : {"step", "brep"}) {
+      const Reading reading = through(document_of(closed), format);
+      EXPECT_EQ(reading.statistics().solids, 1U) << apart;
+      apStatus status;
+      const auto facets = reading.node(0).body.shape->facets({}, status);
+      ASSERT_TRUE(facets) << status.failure().str();
+      EXPECT_EQ(closedness_of(*facets).open_edges, 0U) << apart;
+      EXPECT_NEAR(closedness_of(*facets).volume, 6000, 1e-3);
+    }
+  }
+}

@@ -14,16 +14,12 @@
 #include <algorithm>
 #include <cmath>
 #include <gp_Pln.hxx>
-#include <numeric>
-#include <span>
 #include <unordered_map>
 
-#include "annTriangulation.h"
-#include "annWelder.h"
+#include "exaPlanarBoundaries.h"
+#include "exaPlanarFaces.h"
 
 namespace {
-
-using Corners = std::span<const std::uint32_t>;
 
 // So many faces are made within a few milliseconds.
 constexpr std::size_t faces_between_signs = 512;
@@ -32,51 +28,13 @@ double length(annVector v) {
   return std::sqrt(ann_dot(v, v));
 }
 
-// Twice the area along the normal, whatever the form of the face.
-annVector area_vector(const std::vector<annVector>& points, Corners corners) {
-  annVector sum;
-  const annVector origin = points[corners[0]];
-  for (std::size_t i = 1; i + 1 < corners.size(); ++i) {
-    sum = sum + ann_cross(points[corners[i]] - origin, points[corners[i + 1]] - origin);
-  }
-  return sum;
-}
-
-bool is_flat(const std::vector<annVector>& points, Corners corners) {
-  if (corners.size() == 3) return true;
-  const annVector area = area_vector(points, corners);
-  const double size = length(area);
-  if (!(size > 0)) return false;
-  const annVector normal = area * (1 / size);
-  return std::all_of(corners.begin(), corners.end(), [&](std::uint32_t corner) {
-    return std::abs(ann_dot(points[corner] - points[corners[0]], normal)) <= Precision::Confusion();
-  });
-}
-
-// Calls `use(face, corners)` for each planar face that a mesh comes to, as long as it gives true.
-template <typename Use>
-void for_each_planar(const annMesh& mesh, Use use) {
-  annTriangulator triangulator;
-  const std::vector<annVector>& points = mesh.vertices->points;
-  for (std::size_t face = 0; face < mesh.face_count(); ++face) {
-    const Corners corners = mesh.face(face);
-    if (is_flat(points, corners)) {
-      if (!use(face, corners)) return;
-      continue;
-    }
-    for (const auto& triangle : triangulator.triangles(points, corners)) {
-      if (!use(face, Corners(triangle))) return;
-    }
-  }
-}
-
 class PlanarShapeMaker {
  public:
-  PlanarShapeMaker(const annMesh& mesh, annProgress& progress) : mesh_(mesh), progress_(progress) {}
+  PlanarShapeMaker(const annMesh& mesh, annProgress& progress)
+      : mesh_(mesh), progress_(progress), boundaries_(mesh), points_(boundaries_.points()), vertices_(points_.size()) {}
 
   exaPlanarShape make() {
-    weld();
-    for_each_planar(mesh_, [&](std::size_t face, Corners corners) {
+    exa_for_each_planar_face(mesh_, [&](std::size_t face, exaCorners corners) {
       add_face(face, corners);
       return is_wanted(face);
     });
@@ -99,12 +57,6 @@ class PlanarShapeMaker {
     double volume;      // six times that of the cone to the origin
     bool closed = true;
   };
-
-  void weld() {
-    annWelder welder(points_, mesh_.vertices->points.size());
-    for (const annVector& point : mesh_.vertices->points) numbers_.push_back(welder.number_of(point));
-    vertices_.resize(points_.size());
-  }
 
   bool is_wanted(std::size_t face) {
     if (face < next_sign_) return true;
@@ -135,26 +87,15 @@ class PlanarShapeMaker {
     return edge;
   }
 
-  // The corners as numbers of distinct points, without those that follow themselves.
-  bool take_corners(Corners corners) {
-    corners_.clear();
-    for (std::uint32_t corner : corners) {
-      const std::uint32_t number = numbers_[corner];
-      if (corners_.empty() || corners_.back() != number) corners_.push_back(number);
-    }
-    while (corners_.size() > 1 && corners_.front() == corners_.back()) corners_.pop_back();
-    return corners_.size() >= 3;
-  }
-
-  void add_face(std::size_t face, Corners corners) {
-    const bool whole = take_corners(corners);
-    const annVector area = whole ? area_vector(points_, corners_) : annVector{};
+  void add_face(std::size_t face, exaCorners corners) {
+    const exaCorners around = boundaries_.around(corners);
+    const annVector area = around.empty() ? annVector{} : exa_area_vector(points_, around);
     const double size = length(area);
     if (!(size > Precision::SquareConfusion()) || !std::isfinite(size)) {
       ++result_.left_out;
       return;
     }
-    const annVector origin = points_[corners_[0]];
+    const annVector origin = points_[around[0]];
     const gp_Pln plane(gp_Pnt(origin.x, origin.y, origin.z), gp_Dir(area.x, area.y, area.z));
     TopoDS_Face made;
     builder_.MakeFace(made, new Geom_Plane(plane), Precision::Confusion());
@@ -162,8 +103,8 @@ class PlanarShapeMaker {
     builder_.MakeWire(wire);
     const std::size_t number = faces_.size();
     std::size_t group = number;
-    for (std::size_t i = 0; i < corners_.size(); ++i) {
-      const std::uint32_t from = corners_[i], to = corners_[(i + 1) % corners_.size()];
+    for (std::size_t i = 0; i < around.size(); ++i) {
+      const std::uint32_t from = around[i], to = around[(i + 1) % around.size()];
       Edge& here = edge(from, to, number);
       const bool forward = from < to;
       ++(forward ? here.forward : here.backward);
@@ -236,23 +177,15 @@ class PlanarShapeMaker {
   annProgress& progress_;
   std::size_t next_sign_ = 0;
   BRep_Builder builder_;
-  std::vector<annVector> points_;
-  std::vector<std::uint32_t> numbers_;  // of the mesh's vertices among the points
+  exaPlanarBoundaries boundaries_;
+  const std::vector<annVector>& points_;
   std::vector<TopoDS_Vertex> vertices_;
   std::unordered_map<std::uint64_t, Edge> edges_;
   std::vector<Face> faces_;
-  std::vector<std::uint32_t> corners_;
   exaPlanarShape result_;
 };
 
 }  // namespace
-
-std::size_t exa_planar_face_count(const annMesh& mesh) {
-  if (mesh.all_triangles()) return mesh.face_count();
-  std::size_t count = 0;
-  for_each_planar(mesh, [&](std::size_t, Corners) { return ++count; });
-  return count;
-}
 
 exaPlanarShape exa_planar_shape(const annMesh& mesh, annProgress& progress) {
   return PlanarShapeMaker(mesh, progress).make();

@@ -16,8 +16,5 @@ struct VELEXACT_API exaPlanarShape {
   std::size_t left_out = 0;  // faces without an area
 };
 
-// How many planar faces a mesh comes to: faces that are not flat count as the triangles that they become.
-VELEXACT_API std::size_t exa_planar_face_count(const annMesh& mesh);
-
 // What the kernel throws passes through. Once the work is not wanted any more there is no shape.
 VELEXACT_API exaPlanarShape exa_planar_shape(const annMesh& mesh, annProgress& progress);

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "exaPlacement.h"
+#include "exaPlanarFaces.h"
 #include "exaPlanarShape.h"
 #include "exaSession.h"
 #include "exaShape.h"
