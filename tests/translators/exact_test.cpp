@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <regex>
 #include <thread>
 
 #include "ExactFiles.h"
@@ -119,6 +120,22 @@ TEST_F(Exact, PartsOfAnAssemblyStandSideBySideInIges) {
   for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(placed[i + 1].node->name.str(), names[i]);
   EXPECT_EQ(iges.statistics().faces, 21U);
   expect_box(iges.statistics(), ann_statistics(document));
+}
+
+// An edge that has no curve is no fault of a BREP file.
+TEST_F(Exact, FacesThatCannotBeWrittenAreSaidToBeLeftOut) {
+  const std::string cube_text = written(document_of(cube(10)), "brep"), edge = "Ed\n 1e-07 1 1 0\n";
+  const std::size_t curve = cube_text.find(edge) + edge.size();
+  std::string one_edge = cube_text;
+  one_edge.erase(curve, cube_text.find('\n', curve) + 1 - curve);
+  const std::string all_edges = std::regex_replace(cube_text, std::regex(edge + "1 .*\n"), edge);
+  Messages some, all;
+  EXPECT_EQ(writer("step").write(read(one_edge, "brep").document, path("some.step"), some), velabsDONE) << some.errors;
+  EXPECT_NE(some.warnings.find("2 of its 6 faces cannot be written as STEP"), std::string::npos) << some.warnings;
+  for (const char* format : {"step", "iges"}) {
+    EXPECT_EQ(writer(format).write(read(all_edges, "brep").document, path("all.cad"), all), velabsFAILED) << format;
+  }
+  EXPECT_NE(all.errors.find("none of its faces can be written as STEP"), std::string::npos) << all.errors;
 }
 
 TEST_F(Exact, EachPartGoesToAFileOfItsOwn) {

@@ -1,5 +1,7 @@
 #include "exaWriting.h"
 
+#include <TopExp.hxx>
+#include <TopTools_IndexedMapOfShape.hxx>
 #include <algorithm>
 
 #include "velMultipleFileOption.h"
@@ -74,6 +76,29 @@ void exa_tell_losses(const annDocument& document, const char* format, velabsOutp
   note(normals, "holds no vertex normals: they are left out");
   note(colours, "holds no vertex colours: they are left out");
   note(names, "holds no names of materials: their colours are written without");
+}
+
+std::size_t exa_face_count(const std::vector<exaProduct>& products) {
+  std::size_t count = 0;
+  for (const exaProduct& product : products) {
+    TopTools_IndexedMapOfShape faces;
+    if (!product.shape.IsNull()) TopExp::MapShapes(product.shape, TopAbs_FACE, faces);
+    count += static_cast<std::size_t>(faces.Extent());
+  }
+  return count;
+}
+
+bool exa_tell_missing(std::size_t faces, std::size_t written, const char* format, const std::string& reason,
+                      velabsOutput& output) {
+  if (written >= faces) return true;
+  const std::string missing = std::to_string(faces - written) + " of its " + std::to_string(faces) + " faces",
+                    what = std::string(" be written as ") + format, advice = "; BREP holds them as they are" + reason;
+  if (written == 0) {
+    output.message(velabsERROR, utString("none of its faces can" + what + advice));
+    return false;
+  }
+  output.message(velabsWARNING, utString(missing + " cannot" + what + " and are left out" + advice));
+  return true;
 }
 
 utString exa_stem(const utString& file) {

@@ -27,5 +27,13 @@ VELEXACT_API bool exa_write_files(const exaProducts& products, const velTableIns
 // Says what meshes and nodes have that formats of exact shapes do not hold.
 VELEXACT_API void exa_tell_losses(const annDocument& document, const char* format, velabsOutput& output);
 
+// The faces of all products, each once.
+VELEXACT_API std::size_t exa_face_count(const std::vector<exaProduct>& products);
+
+// The kernel leaves out without a word what it cannot write. Says how many faces of these are missing among those that
+// it made; false, and an error that ends in `reason`, when all are.
+VELEXACT_API bool exa_tell_missing(std::size_t faces, std::size_t written, const char* format,
+                                   const std::string& reason, velabsOutput& output);
+
 // The last component of a file's name without its extension.
 VELEXACT_API utString exa_stem(const utString& file);

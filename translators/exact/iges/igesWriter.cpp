@@ -5,6 +5,9 @@
 #include <IGESControl_Controller.hxx>
 #include <IGESData_GlobalSection.hxx>
 #include <IGESData_IGESModel.hxx>
+#include <IGESGeom_BoundedSurface.hxx>
+#include <IGESGeom_TrimmedSurface.hxx>
+#include <IGESSolid_Face.hxx>
 #include <Interface_EntityIterator.hxx>
 #include <Interface_Static.hxx>
 #include <TCollection_HAsciiString.hxx>
@@ -125,8 +128,19 @@ void order_names(const Handle(IGESData_IGESModel) & model) {
   }
 }
 
-bool put(const Handle(TDocStd_Document) & source, const velTableInstance& resources, const Unit& unit,
-         velabsOfStream& stream, velabsOutput& output, const exaSession& session) {
+// Faces of solids, or surfaces with bounds.
+std::size_t face_count(const IGESData_IGESModel& model) {
+  std::size_t count = 0;
+  for (int i = 1; i <= model.NbEntities(); ++i) {
+    const Handle(IGESData_IGESEntity) entity = model.Entity(i);
+    count += entity->IsKind(STANDARD_TYPE(IGESSolid_Face)) || entity->IsKind(STANDARD_TYPE(IGESGeom_TrimmedSurface)) ||
+             entity->IsKind(STANDARD_TYPE(IGESGeom_BoundedSurface));
+  }
+  return count;
+}
+
+bool put(const Handle(TDocStd_Document) & source, std::size_t faces, const velTableInstance& resources,
+         const Unit& unit, velabsOfStream& stream, velabsOutput& output, const exaSession& session) {
   const bool surfaces = resources.value<velTypeOption>("ENTITY_TYPES", velTYPE_ALL) == velTYPE_SURFACES;
   // The parameters are there once the kernel's part for IGES is, and count when a writer is made.
   IGESControl_Controller::Init();
@@ -144,6 +158,7 @@ bool put(const Handle(TDocStd_Document) & source, const velTableInstance& resour
     return false;
   }
   writer.ComputeModel();
+  if (!exa_tell_missing(faces, face_count(*writer.Model()), "IGES", session.reason(), output)) return false;
   order_names(writer.Model());
   set_header(writer.Model(), exa_stem(stream.target()));
   exaOutputBuffer buffer(stream);
@@ -180,7 +195,7 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
       put_names(placed, findings);
       const Handle(TDocStd_Document) source =
           exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {});
-      return put(source, resources, unit, stream, output, session);
+      return put(source, exa_face_count(placed), resources, unit, stream, output, session);
     });
   };
   const bool done = exa_write_files(products, resources, stream_, output, write);

@@ -5,6 +5,7 @@
 #include <StepData_Protocol.hxx>
 #include <StepData_StepModel.hxx>
 #include <StepData_StepWriter.hxx>
+#include <StepShape_Face.hxx>
 #include <XSControl_WorkSession.hxx>
 
 #include "exaOutput.h"
@@ -66,6 +67,12 @@ void set_parameters(const velTableInstance& resources, velLengthUnit unit) {
   Interface_Static::SetCVal("write.step.product.name", "part");
 }
 
+std::size_t face_count(const StepData_StepModel& model) {
+  std::size_t count = 0;
+  for (int i = 1; i <= model.NbEntities(); ++i) count += model.Value(i)->IsKind(STANDARD_TYPE(StepShape_Face));
+  return count;
+}
+
 class Writing {
  public:
   Writing(const velTableInstance& resources, velLengthUnit unit, utString name, velabsOutput& output)
@@ -102,6 +109,8 @@ class Writing {
     }
     const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
     if (output_.cancelled()) return false;
+    if (!exa_tell_missing(exa_face_count(products), face_count(*model), "STEP", session_.reason(), output_))
+      return false;
     if (unit_ == velLENGTH_YARD) step_state_yards(model);
     step_state_angles(model, angle_of(resources_));
     step_order_styles(model);
