@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <ctime>
+#include <filesystem>
+
 #include "ReadingCase.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
@@ -213,6 +216,43 @@ TEST(ObjWriter, WritesSharedVerticesOnceAndMirrorsFaces) {
   ASSERT_EQ(writer.write(document, directory / "a.obj", messages, bare), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "a.obj").substr(0, 41),
             "o a b\nv 0 0 0\nv 0.333 0 0\nv 0.333 3.33 0\n");
+}
+
+// Groups of an OBJ file all share one list of vertices; here it lies far out, where rounding is looked at too.
+annDocument parts_of_one_list(std::size_t count) {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  const auto vertices = std::make_shared<annVertices>();
+  for (std::uint32_t i = 0; i < count; ++i) {
+    for (std::uint32_t k = 0; k < 3; ++k) {
+      vertices->points.push_back({1e9 + i, static_cast<double>(k), static_cast<double>(k % 2)});
+      vertices->colours.push_back({0, 0.2F * static_cast<float>(i % 2), 1, 1});
+    }
+    const auto mesh = std::make_shared<annMesh>();
+    mesh->vertices = vertices;
+    mesh->add_face(std::array{3 * i, 3 * i + 1, 3 * i + 2});
+    document.root.add_child("part " + std::to_string(i)).body.mesh = mesh;
+  }
+  return document;
+}
+
+TEST(Writers, LookOnceAtVerticesThatManyPartsShare) {
+  TemporaryDirectory directory;
+  const annDocument some = parts_of_one_list(2000), many = parts_of_one_list(16000);
+  for (const char* format : {"obj", "stl", "3mf"}) {
+    const std::string name = std::string(format) + "writer";
+    if (!std::filesystem::exists(std::string(VEL_TRANSLATORS) + "/" + name + ".dll")) continue;
+    const Translator any_writer(name);
+    auto seconds = [&](const annDocument& document) {
+      Messages messages;
+      const std::clock_t start = std::clock();
+      EXPECT_EQ(any_writer.write(document, directory / "a", messages), velabsDONE) << format << messages.errors;
+      return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    };
+    // 8 times the parts; work that grows with the square takes 64 times as long.
+    const double few = seconds(some);
+    EXPECT_LT(seconds(many), 24 * few + 0.1) << format;
+  }
 }
 
 TEST(ObjWriter, KeepsMaterialsThroughACompanionFile) {

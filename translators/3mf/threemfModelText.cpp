@@ -134,12 +134,12 @@ void threemfModelText::begin_mesh() {
 std::optional<threemfColours::Property> threemfModelText::property_of_object() {
   const annMesh& mesh = *mesh_->mesh;
   const bool faces_shown = colours_.shows_faces(mesh);
-  if (const auto only = faces_shown && vertex_colours_.empty() ? only_material(mesh) : std::nullopt) {
+  if (const auto only = faces_shown && !coloured_vertices_ ? only_material(mesh) : std::nullopt) {
     looks_[*only].clear();
     return colours_.property(mesh.materials[*only]);
   }
   if (mesh_->colour) return threemfColours::Property{threemfColours::colour_group, colours_.index_of(*mesh_->colour)};
-  if (!vertex_colours_.empty()) {
+  if (coloured_vertices_) {
     return threemfColours::Property{threemfColours::colour_group, vertex_colours_[mesh.corners.front()]};
   }
   const auto& looks = mesh.face_materials;
@@ -174,9 +174,20 @@ void threemfModelText::choose_looks() {
       looks_[material] = " pid=\"" + std::to_string(look.group) + "\" p1=\"" + std::to_string(look.index) + "\"";
     }
   }
-  vertex_colours_.clear();
-  if (!colours_.shows_vertices(mesh)) return;
-  for (const annColour& colour : mesh.vertices->colours) vertex_colours_.push_back(colours_.index_of(colour));
+  coloured_vertices_ = colours_.shows_vertices(mesh);
+  if (!coloured_vertices_) return;
+  const std::vector<annColour>& colours = mesh.vertices->colours;
+  if (vertex_colours_.size() < colours.size()) vertex_colours_.resize(colours.size());
+  for_each_written([&](std::size_t vertex) { vertex_colours_[vertex] = colours_.index_of(colours[vertex]); });
+}
+
+template <typename Use>
+void threemfModelText::for_each_written(Use use) const {
+  if (some_vertices_) {
+    for (std::uint32_t vertex : used_vertices_) use(vertex);
+  } else {
+    for (std::size_t vertex = 0; vertex < mesh_->mesh->vertices->points.size(); ++vertex) use(vertex);
+  }
 }
 
 void threemfModelText::vertices() {
@@ -240,7 +251,7 @@ void threemfModelText::triangle(std::uint32_t a, std::uint32_t b, std::uint32_t 
     end = put(put(end, vertex[i]), some_vertices_ ? new_numbers_[corners[i]] : corners[i]);
   }
   const bool own_look = material != annMesh::no_material;
-  if (!own_look && !vertex_colours_.empty()) {
+  if (!own_look && coloured_vertices_) {
     for (std::size_t i = 0; i < 3; ++i) end = put(put(end, colour[i]), vertex_colours_[corners[i]]);
   }
   end = put(end, "\"");

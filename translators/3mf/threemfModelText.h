@@ -44,6 +44,8 @@ class threemfModelText {
   std::optional<threemfColours::Property> property_of_object();
   void choose_vertices();
   void choose_looks();
+  template <typename Use>
+  void for_each_written(Use use) const;
   void vertices();
   void triangles();
   void triangle(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t material);
@@ -74,6 +76,7 @@ class threemfModelText {
   std::vector<std::uint32_t> used_vertices_;  // when only some are written: these
   std::vector<std::uint32_t> new_numbers_;
   std::vector<std::string> looks_;  // of its materials, as attributes
-  std::vector<std::uint32_t> vertex_colours_;
+  bool coloured_vertices_ = false;
+  std::vector<std::uint32_t> vertex_colours_;  // like `new_numbers_`, set for the vertices that are written
   annTriangulator triangulator_;
 };

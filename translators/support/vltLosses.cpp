@@ -3,6 +3,19 @@
 #include <algorithm>
 
 #include "vltFlag.h"
+#include "vltVertexLists.h"
+
+namespace {
+
+bool any_vertex_is_seen_through(const std::vector<vltPlacedMesh>& bodies) {
+  const vltVertexLists lists(bodies);
+  return std::any_of(lists.all().begin(), lists.all().end(), [](const vltVertexList& list) {
+    const std::vector<annColour>& colours = list.vertices->colours;
+    return std::any_of(colours.begin(), colours.end(), [](const annColour& c) { return c.opacity != 1; });
+  });
+}
+
+}  // namespace
 
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
                      const velTableInstance& resources, velabsOutput& output) {
@@ -45,11 +58,7 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
        "holds no vertex colours: they are left out");
   const bool opaque_vertices =
       carries.vertex_colours && !carries.vertex_opacity && vlt_flag(resources, "WRITE_VERTEX_COLOURS");
-  note(opaque_vertices && any_body([](const vltPlacedMesh& body) {
-         const std::vector<annColour>& colours = body.mesh->vertices->colours;
-         return std::any_of(colours.begin(), colours.end(), [](const annColour& c) { return c.opacity != 1; });
-       }),
-       "holds no opacity of vertex colours: it is left out");
+  note(opaque_vertices && any_vertex_is_seen_through(bodies), "holds no opacity of vertex colours: it is left out");
 }
 
 void vlt_tell_losses(const annDocument& document, const vltWrittenMeshes& meshes, const vltCarries& carries,

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <optional>
 
+#include "vltVertexLists.h"
+
 namespace {
 
 constexpr double share_of_size = 1e-5;
@@ -50,12 +52,12 @@ class Seen {
 };
 
 // False when there is no need to look further.
-bool look_at(const vltPlacedMesh& body, Seen& seen) {
+bool look_at(const vltVertexList& list, Seen& seen) {
   constexpr std::size_t step = 256;
-  const std::vector<annVector>& points = body.mesh->vertices->points;
-  const bool placed = !body.placement.is_identity();
+  const std::vector<annVector>& points = list.vertices->points;
+  const bool placed = !list.placement.is_identity();
   for (std::size_t i = 0; i < points.size(); ++i) {
-    seen.take(placed ? body.placement.point(points[i]) : points[i]);
+    seen.take(placed ? list.placement.point(points[i]) : points[i]);
     if (i % step == step - 1 && seen.never_too_far()) return false;
   }
   return points.empty() || !seen.never_too_far();
@@ -66,8 +68,9 @@ bool look_at(const vltPlacedMesh& body, Seen& seen) {
 void vlt_tell_rounding(const std::vector<vltPlacedMesh>& bodies, const char* format, const char* instead,
                        velabsOutput& output) {
   Seen seen;
-  for (const vltPlacedMesh& body : bodies) {
-    if (!look_at(body, seen)) return;
+  const vltVertexLists lists(bodies);
+  for (const vltVertexList& list : lists.all()) {
+    if (!look_at(list, seen)) return;
   }
   if (!seen.too_far()) return;
   char moved[32];
