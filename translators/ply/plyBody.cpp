@@ -54,8 +54,8 @@ velabsResult plyBody::read() {
 
 bool plyBody::make_plans() {
   for (const plyElement& element : head_.elements) {
-    const bool is_first = head_.find(element.name) == &element;
-    const plyPlan plan(element, is_first ? kind_of(element) : plyKind::other, materials_ || element.name == "vertex");
+    const plyKind kind = element.is_first ? kind_of(element) : plyKind::other;
+    const plyPlan plan(element, kind, materials_ || element.name == "vertex");
     const bool lacks_corners = plan.kind() != plyKind::vertices && !plan.has_corners();
     plans_.push_back(lacks_corners ? plyPlan(element, plyKind::other, false) : plan);
   }

@@ -1,6 +1,7 @@
 #include "plyHead.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "apNumberText.h"
 #include "vltInput.h"
@@ -72,6 +73,7 @@ class HeadReader {
     plyElement element;
     element.name = vlt_take_word(rest);
     element.line = line_;
+    element.is_first = names_.insert(element.name).second;
     const std::string_view count = vlt_take_word(rest);
     long long number = 0;
     if (element.name.empty() || !ap_parse_int(count, number) || number < 0) {
@@ -133,6 +135,7 @@ class HeadReader {
   std::size_t line_ = 0;
   bool lone_cr_ = false;
   bool has_format_ = false;
+  std::unordered_set<std::string> names_;  // of elements
 };
 
 }  // namespace

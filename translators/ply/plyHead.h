@@ -24,6 +24,7 @@ struct plyElement {
   std::string name;
   std::uint64_t count = 0;
   std::size_t line = 0;
+  bool is_first = true;  // of its name
   std::vector<plyProperty> properties;
 
   // The bytes that an entry takes in the binary forms when its lists are empty, which is all when it has none.
