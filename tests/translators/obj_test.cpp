@@ -160,7 +160,8 @@ TEST(ObjReader, KeepsNormalsThatBelongToVertices) {
 TEST(ObjReader, ReadsVertexColoursOfBothRanges) {
   TemporaryDirectory directory;
   for (const char* lines :
-       {"v 0 0 0 1 0.2 0\nv 1 0 0\nv 1 1 0 1 1 1\n", "v 0 0 0 255 51 0\nv 1 0 0\nv 1 1 0 255 255 255\n"}) {
+       {"v 0 0 0 1 0.2 0\nv 1 0 0\nv 1 1 0 1 1 1\n", "v 0 0 0 1.0001 0.2 0\nv 1 0 0\nv 1 1 0 1 1 1\n",
+        "v 0 0 0 255 51 0\nv 1 0 0\nv 1 1 0 255 255 255\n"}) {
     const Reading reading = reader.read(directory.write("a.obj", std::string(lines) + "f 1 2 3"));
     const auto& colours = reading.mesh().vertices->colours;
     ASSERT_EQ(colours.size(), 3u);

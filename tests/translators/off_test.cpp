@@ -72,9 +72,11 @@ TEST(OffReader, TellsTheRangeOfColours) {
     const char* keyword;
     const char* colour;
     annColour expected;
-  } cases[] = {{"OFF", "255 51 0", red},      {"COFF", "255 51 0 255", red}, {"COFF", "1.0 0.2 0 1", red},
-               {"OFF", "1 2e-1 0", red},      {"COFF", "255.0 51 0", red},   {"COFF", "255 51 0 51", thin},
-               {"COFF", "1 0.2 0 0.2", thin}, {"COFF", "255 51 0 1", red},   {"COFF", "1 0 0 1", {1, 0, 0, 1}}};
+  } cases[] = {{"OFF", "255 51 0", red},          {"COFF", "255 51 0 255", red},
+               {"COFF", "1.0 0.2 0 1", red},      {"OFF", "1 2e-1 0", red},
+               {"COFF", "255.0 51 0", red},       {"COFF", "255 51 0 51", thin},
+               {"COFF", "1 0.2 0 0.2", thin},     {"COFF", "255 51 0 1", red},
+               {"COFF", "1 0 0 1", {1, 0, 0, 1}}, {"COFF", "1.0001 0.2 0 1.0001", red}};
   for (const auto& c : cases) {
     const std::string colour = std::string(" ") + c.colour + "\n";
     const std::string file = directory.write("a.off", c.keyword + std::string("\n3 2 0\n0 0 0") + colour +

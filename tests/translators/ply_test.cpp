@@ -192,11 +192,9 @@ TEST(PlyReader, ReadsColoursOfAllRangesAndNormals) {
   TemporaryDirectory directory;
   const struct {
     std::string type, prefix, values;
-  } ranges[] = {{"uchar", "", "255 51 0"},
-                {"ushort", "diffuse_", "65535 13107 0"},
-                {"float", "", "1 0.2 0"},
-                {"double", "", "255.0 51 0"},
-                {"int", "", "255 51 -7"}};
+  } ranges[] = {{"uchar", "", "255 51 0"},    {"ushort", "diffuse_", "65535 13107 0"},
+                {"float", "", "1 0.2 0"},     {"float", "", "1.0001 0.2 0"},
+                {"double", "", "255.0 51 0"}, {"int", "", "255 51 -7"}};
   for (const auto& range : ranges) {
     std::string colour;
     for (const char* name : {"red", "green", "blue"})

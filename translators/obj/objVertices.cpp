@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "objNumbers.h"
+#include "vltColours.h"
 #include "vltInput.h"
 #include "vltNames.h"
 
@@ -47,17 +48,18 @@ void objVertices::colour(const std::array<double, 3>& numbers, std::size_t line)
   for (std::size_t i = 0; i < 3; ++i) {
     if (!std::isfinite(numbers[i])) findings_.count(velabsWARNING, "a colour that is no number is taken as 0", line);
     c[i] = std::isfinite(numbers[i]) ? static_cast<float>(std::clamp(numbers[i], 0.0, 255.0)) : 0;
-    bytes_for_colours_ = bytes_for_colours_ || c[i] > 1;
+    greatest_component_ = std::max(greatest_component_, c[i]);
   }
   shared_->colours.resize(positions() - 1, no_colour);
   shared_->colours.push_back({c[0], c[1], c[2], 1});
 }
 
 void objVertices::finish_colours() {
-  const float scale = bytes_for_colours_ ? 255.0F : 1.0F;
+  const float full = vlt_full_component(greatest_component_);
+  auto level = [full](float component) { return std::min(component / full, 1.0F); };
   for (annColour& c : shared_->colours) {
     // Vertices without a colour beside others that have one are white.
-    c = c == no_colour ? annColour{1, 1, 1, 1} : annColour{c.red / scale, c.green / scale, c.blue / scale, 1};
+    c = c == no_colour ? annColour{1, 1, 1, 1} : annColour{level(c.red), level(c.green), level(c.blue), 1};
   }
 }
 

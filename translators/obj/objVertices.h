@@ -30,7 +30,7 @@ class objVertices {
   std::size_t normals() const { return normals_.size(); }
   std::size_t textures() const { return textures_; }
 
-  // Brings the colours into the range 0 to 1: a file with a component above 1 counts from 0 to 255.
+  // Brings the colours into the range 0 to 1; the greatest component of the file tells what they count to.
   void finish_colours();
 
   // Makes the normals of the vertices from those that their corners use: `corners` and `corner_normals` run in step,
@@ -52,5 +52,5 @@ class objVertices {
   std::vector<annVector> normals_;  // of length 1; the null vector for one without a direction
   std::vector<std::uint32_t> normal_of_;
   std::size_t textures_ = 0;
-  bool bytes_for_colours_ = false;
+  float greatest_component_ = 0;
 };

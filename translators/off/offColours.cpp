@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "vltColours.h"
+
 namespace {
 
 constexpr float no_opacity = -1;
@@ -23,11 +25,10 @@ annColour offColours::take(std::span<const double> components, std::string_view 
 }
 
 annColour offColours::settled(const annColour& raw) const {
-  constexpr float clearly_greater = 2;
+  const float full_opacity = any_point_ ? vlt_full_component(most_opacity_) : most_opacity_ > 1 ? 255.0F : 1.0F;
   const bool fractions =
-      any_point_ ? most_ <= clearly_greater : !any_without_opacity_ && most_ <= 1 && most_opacity_ <= 1;
+      any_point_ ? vlt_full_component(most_) == 1 : !any_without_opacity_ && most_ <= 1 && full_opacity == 1;
   const float full = fractions ? 1.0F : 255.0F;
-  const float full_opacity = most_opacity_ > 1 ? 255.0F : 1.0F;
   auto level = [](float value, float whole) { return std::min(value / whole, 1.0F); };
   return {level(raw.red, full), level(raw.green, full), level(raw.blue, full),
           raw.opacity == no_opacity ? 1.0F : level(raw.opacity, full_opacity)};

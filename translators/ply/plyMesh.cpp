@@ -4,13 +4,14 @@
 #include <cmath>
 #include <limits>
 
+#include "vltColours.h"
 #include "vltNormals.h"
 
 namespace {
 
 constexpr std::string_view odd_colour = "a colour that is no number is taken as 0";
 
-// Real components count to 1, but to 255 in files in which one is greater.
+// Real components count to 1 or 255, as the greatest of a file tells.
 template <typename Colours, typename ColourOf>
 void bring_into_range(Colours& colours, std::array<float, 4> full, bool has_opacity, ColourOf colour_of) {
   float most = 0, most_opacity = 0;
@@ -22,7 +23,7 @@ void bring_into_range(Colours& colours, std::array<float, 4> full, bool has_opac
     most_opacity = std::max(most_opacity, c.opacity);
   }
   for (std::size_t i = 0; i < 4; ++i) {
-    if (full[i] == 0) full[i] = (i < 3 ? most : most_opacity) > 1 ? 255.0F : 1.0F;
+    if (full[i] == 0) full[i] = vlt_full_component(i < 3 ? most : most_opacity);
   }
   auto level = [](float component, float whole) { return std::clamp(component / whole, 0.0F, 1.0F); };
   for (auto& each : colours) {
