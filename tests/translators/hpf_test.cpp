@@ -33,6 +33,7 @@ class Shape : public annExactShape {
     return annBox{placement.point({0, 0, 0}), placement.point({1, 2, 3})};
   }
   utString kind() const override { return "brep"; }
+  annTolerance least_tolerance() const override { return {1e-3, 0}; }
   std::string save(apStatus&) const override { return std::string("bytes\0\xFF of a shape", 18); }
 };
 
@@ -143,6 +144,11 @@ TEST(Hpf, KeepsShapesWithoutFacetsAndSaysSo) {
   ASSERT_EQ(writer.write(reading.document, directory / "b.hpf", messages), velabsDONE);
   EXPECT_NE(messages.notes.find("one shape kept without facets"), std::string::npos) << messages.notes;
   EXPECT_EQ(TemporaryDirectory::read(directory / "b.hpf"), bytes);
+
+  Messages other;
+  ASSERT_EQ(writer.write(whole_document(), directory / "b.hpf", other, {{"CHORD_TOLERANCE", "1e-9"}}), velabsDONE);
+  EXPECT_NE(other.warnings.find("CHORD_TOLERANCE is smaller"), std::string::npos) << other.warnings;
+  EXPECT_EQ(other.notes, "");
 }
 
 TEST(Hpf, TellsEveryDamage) {

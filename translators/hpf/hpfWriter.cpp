@@ -17,7 +17,8 @@ class MissingFacets : public velabsOutput {
  public:
   explicit MissingFacets(velabsOutput& output) : output_(output) {}
 
-  void message(velabsSeverity, const utString& text) override {
+  void message(velabsSeverity severity, const utString& text) override {
+    if (severity != velabsERROR) return output_.message(severity, text);
     if (shapes_++ == 0) first_ = text;
   }
   void progress(int percent) override { output_.progress(percent); }
