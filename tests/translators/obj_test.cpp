@@ -93,6 +93,7 @@ TEST(ObjReader, MakesNodesOfObjectsAndGroups) {
   const std::string f = "f 1 2 3\n", q = "f 1 2 3 4\n";
   const Case cases[] = {
       {"groups", square + "g a b\n" + f + "g c\n" + q, "a b:1:3 c:1:4"},
+      {"Latin 1", square + "g M\xFC\n" + f, "M\xC3\xBC:1:3"},
       {"before any group", square + f + "g a\n" + f, ":1:3 a:1:3"},
       {"opened again", square + "g a\n" + f + "g b\n" + f + "g a\n" + q, "a:2:7 b:1:3"},
       {"empty ones", square + "o x\ng y\ng z\n" + f + "o w\n", "x/z:1:3"},

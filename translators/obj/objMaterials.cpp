@@ -48,7 +48,7 @@ objMaterials::objMaterials(const utString& file, vltOnce& findings, const velabs
 }
 
 bool objMaterials::load(std::string_view names, std::size_t line) {
-  const std::string_view whole = vlt_name_on_line(names);
+  const std::string_view whole = vlt_before_comment(names);
   if (load_file(whole, line)) return !output_.cancelled();
   std::vector<std::string_view> missing;
   std::size_t loaded = 0;

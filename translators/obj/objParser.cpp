@@ -48,7 +48,7 @@ bool objParser::statement(std::string_view line) {
   } else if (keyword == "g") {
     parts_.group(vlt_name_on_line(line));
   } else if (keyword == "usemtl") {
-    const std::string_view name = vlt_name_on_line(line);
+    const std::string name = vlt_name_on_line(line);
     material_ = read_materials_ && !name.empty() ? materials_.number_of(name, lines_.line()) : annMesh::no_material;
   } else if (keyword == "mtllib") {
     return !read_materials_ || materials_.load(line, lines_.line());

@@ -10,6 +10,7 @@
 #include "vltFlag.h"
 #include "vltNames.h"
 #include "vltProgress.h"
+#include "vltUtf8.h"
 #include "vltWords.h"
 
 static_assert(std::endian::native == std::endian::little);
@@ -26,7 +27,7 @@ utString name_in_remarks(std::string_view remarks) {
   for (char c : name) {
     if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) return {};
   }
-  return name.empty() ? utString() : utString(name);
+  return name.empty() ? utString() : utString(vlt_utf8_or_latin1(name));
 }
 
 std::string with_plural(std::size_t count) {

@@ -37,7 +37,7 @@ velabsResult stlTextReader::read(double factor) {
 
 velabsResult stlTextReader::read_solid() {
   const std::size_t first_line = words_.line();
-  const std::string_view name = vlt_name_on_line(words_.rest_of_line());
+  const std::string name = vlt_name_on_line(words_.rest_of_line());
   annNode& node = document_.root.add_child(name.empty() ? utString() : utString(name));
   auto mesh = std::make_shared<annMesh>();
   stlCorners corners(*mesh, weld_);

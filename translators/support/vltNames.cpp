@@ -35,13 +35,17 @@ std::string_view vlt_trimmed(std::string_view text) {
   return text;
 }
 
-std::string_view vlt_name_on_line(std::string_view text) {
+std::string_view vlt_before_comment(std::string_view text) {
   for (std::size_t at = text.find('#'); at != text.npos; at = text.find('#', at + 1)) {
     const bool before = at == 0 || vlt_is_blank(text[at - 1]);
     const bool behind = at + 1 == text.size() || vlt_is_blank(text[at + 1]);
     if (before && behind) return vlt_trimmed(text.substr(0, at));
   }
   return vlt_trimmed(text);
+}
+
+std::string vlt_name_on_line(std::string_view text) {
+  return vlt_utf8_or_latin1(vlt_before_comment(text));
 }
 
 std::string vlt_one_line(const utString& name) {

@@ -14,9 +14,12 @@ std::string vlt_quoted(std::string_view text, std::size_t most = 40);
 // Without the blanks and control characters at both ends.
 std::string_view vlt_trimmed(std::string_view text);
 
-// A name from the rest of a line: trimmed, and without a comment at its end. A comment begins with a "#" that has
-// blanks (or the end of the line) on both sides, so that "Part #3" stays whole.
-std::string_view vlt_name_on_line(std::string_view text);
+// The rest of a line: trimmed, and without a comment at its end. A comment begins with a "#" that has blanks (or the
+// end of the line) on both sides, so that "Part #3" stays whole.
+std::string_view vlt_before_comment(std::string_view text);
+
+// A name from the rest of a line, in UTF-8 whether the file is in that or in Latin 1.
+std::string vlt_name_on_line(std::string_view text);
 
 // A name that can stand on one line: trimmed, control characters become blanks.
 std::string vlt_one_line(const utString& name);
