@@ -214,6 +214,12 @@ TEST(ObjWriter, WritesSharedVerticesOnceAndMirrorsFaces) {
   EXPECT_EQ(messages.notes + messages.warnings + messages.errors, "");
   EXPECT_FALSE(std::filesystem::exists(directory / "a.mtl"));
 
+  annDocument nested;
+  annNode& outer = nested.root.add_child("outer");
+  outer.add_child("inner").body.mesh = first.body.mesh;
+  ASSERT_EQ(writer.write(nested, directory / "n.obj", messages), velabsDONE);
+  EXPECT_NE(messages.notes.find("no assemblies"), std::string::npos) << messages.notes;
+
   const Options bare{{"WRITE_NORMALS", "0"}, {"WRITE_VERTEX_COLOURS", "0"}, {"DIGITS", "3"}, {"SCALE", "3.33333"}};
   ASSERT_EQ(writer.write(document, directory / "a.obj", messages, bare), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "a.obj").substr(0, 41),

@@ -15,6 +15,22 @@ bool any_vertex_is_seen_through(const std::vector<vltPlacedMesh>& bodies) {
   });
 }
 
+bool any_name_above_a_body(const annDocument& document) {
+  struct Open {
+    const annNode* node;
+    bool below_a_name;
+  };
+  std::vector<Open> open;
+  for (const auto& top : document.root.children) open.push_back({top.get(), false});
+  while (!open.empty()) {
+    const auto [node, below_a_name] = open.back();
+    open.pop_back();
+    if (below_a_name && !node->body.empty()) return true;
+    for (const auto& child : node->children) open.push_back({child.get(), below_a_name || !node->name.empty()});
+  }
+  return false;
+}
+
 }  // namespace
 
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
@@ -47,8 +63,10 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   const bool deep = std::any_of(top.begin(), top.end(), [](const auto& node) { return !node->children.empty(); });
   note(!carries.parts && bodies.size() > 1,
        "holds one body: the " + std::to_string(bodies.size()) + " parts are written as one, without their names");
-  note(carries.parts && !carries.tree && deep && bodies.size() > 1,
-       "holds no assemblies: the parts are written side by side");
+  const bool flattens = carries.parts && !carries.tree;
+  note(flattens && deep && bodies.size() > 1, "holds no assemblies: the parts are written side by side");
+  note(flattens && bodies.size() == 1 && any_name_above_a_body(document),
+       "holds no assemblies: the part is written without the names of those that it stands in");
   if (vlt_flag(resources, "WRITE_MATERIALS")) tell_lost_looks();
   note(!carries.vertex_normals &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
