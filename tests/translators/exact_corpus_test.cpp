@@ -356,15 +356,19 @@ TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
   directory_.write("assembly/HEAD.stp", "no model\n");
   EXPECT_NE(referring_to("HEAD.stp").messages.warnings.find("no whole STEP file"), std::string::npos);
   const std::string head = TemporaryDirectory::read((here / "below/HEAD.stp").string());
-  const std::pair<const char*, const char*> circles[] = {{"#1=DIRECTION('',(1.,0.,0.));\n", "for the second time"},
-                                                         {"#900001=PRODUCT_DEFINITION('','',$,$);\n"
-                                                          "#900002=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#900001,"
-                                                          "#900001,$);\n",
-                                                          "stands in itself"}};
+  const std::pair<const char*, const char*> circles[] = {
+      {"#1=DIRECTION('',(1.,0.,0.));\n", "for the second time"},
+      {"#900001=PRODUCT_DEFINITION('','',$,$);\n"
+       "#900002=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#900001,"
+       "#900001,$);\n",
+       "stands in itself"},
+      {"#900001=OFFSET_SURFACE('',#900001,1.,.F.);\n", "holds #900001, which stands in itself"}};
   for (const auto& [line, fault] : circles) {
     directory_.write("assembly/HEAD.stp", std::string(head).insert(head.rfind("ENDSEC;"), line));
     EXPECT_NE(referring_to("HEAD.stp").messages.errors.find(fault), std::string::npos) << fault;
   }
+  directory_.write("assembly/HEAD.stp", head.substr(0, head.rfind("END-ISO")));
+  EXPECT_NE(referring_to("HEAD.stp").messages.errors.find("is cut off"), std::string::npos);
 
   fs::rename(here / "below", directory_.path() / "beside");
   fs::create_symlink(directory_.path() / "beside/HEAD.stp", here / "LINK.stp");

@@ -128,6 +128,31 @@ std::string of_levels(const std::string& ground, IgesKind kind, int count, int t
   return of_entities(ground, entities);
 }
 
+// The face with a surface that stands on others, of which the last one stands on the number that is given.
+std::string on_surfaces(const std::string& file, int count, int ground) {
+  constexpr int first = 1'000'000;
+  std::string lines;
+  for (int i = 1; i <= count; ++i) {
+    const int below = i < count ? first + i + 1 : ground;
+    lines += "#" + std::to_string(first + i) + "=OFFSET_SURFACE('',#" + std::to_string(below) + ",1.,.F.);\n";
+  }
+  return std::string(file).insert(file.rfind("ENDSEC;"), lines);
+}
+
+// A shell of so many times the same face, in a model of so many times this shell.
+std::string of_shells(const std::string& file, int times) {
+  const std::size_t face = file.rfind('#', file.find("ADVANCED_FACE"));
+  const std::string name = file.substr(face, file.find(' ', face) - face);
+  std::string faces = name, shells = "#1000001";
+  for (int i = 1; i < times; ++i) {
+    faces += "," + name;
+    shells += ",#1000001";
+  }
+  const std::string lines =
+      "#1000001=OPEN_SHELL('',(" + faces + "));\n#1000002=SHELL_BASED_SURFACE_MODEL('',(" + shells + "));\n";
+  return std::string(file).insert(file.rfind("ENDSEC;"), lines);
+}
+
 }  // namespace
 
 TEST_F(ExactNesting, AssembliesThatFillTheMemoryOrEndNowhereAreRefused) {
@@ -160,4 +185,33 @@ TEST_F(ExactNesting, GroupsSubfiguresAndAssembliesOfIgesAreHeldToTheSame) {
     expect_refused("iges", of_levels(iges, kind, too_deep, 1, false), "more than 1000 deep");
     expect_refused("iges", of_levels(iges, kind, 3, 1, true), "stands in itself");
   }
+}
+
+// No assembly is to blame for these, and the message says which entity is.
+TEST_F(ExactNesting, CurvesAndSurfacesThatStandInEachOtherAreRefused) {
+  const std::string step = written(triangle("part"), "step");
+  expect_refused("step", on_surfaces(step, 1, 1'000'001), "it holds #1000001, which stands in itself");
+  expect_refused("step", on_surfaces(step, 3, 1'000'002), "it holds #100000");
+  expect_refused("step", on_surfaces(step, too_deep, 1'000'000), "more than 1000 deep");
+  expect_refused("step", of_shells(step, too_deep), "repeats the same curves and faces too often");
+  EXPECT_EQ(read(of_shells(step, 3), "step").result, velabsDONE);
+  expect_refused("step",
+                 std::string(step).insert(step.rfind("ENDSEC;"),
+                                          "#1000001=COMPOSITE_CURVE('',(#1000002),.F.);\n"
+                                          "#1000002=COMPOSITE_CURVE_SEGMENT(.CONTINUOUS.,.T.,#1000001);\n"),
+                 "stands in itself");
+
+  const std::string iges = written(triangle("part"), "iges");
+  expect_refused("iges", of_entities(iges, {{140, 0, "0.,0.,1.,1.,1"}}), "it holds D1, which stands in itself");
+  std::vector<IgesEntity> trimmed;
+  for (int i = 2; i <= too_deep; ++i) trimmed.push_back({144, 0, iges_name(i) + ",0,0,0"});
+  trimmed.push_back({122, 0, iges_name(too_deep + 1) + ",0.,0.,1."});
+  trimmed.push_back({110, 0, "0.,0.,0.,1.,0.,0."});
+  expect_refused("iges", of_entities(iges, trimmed), "more than 1000 deep");
+  // Each level names the one before it twice.
+  std::vector<IgesEntity> doubled{{110, 0, "0.,0.,0.,1.,0.,0."}};
+  for (int i = 1; i < enough_to_fill_memory; ++i) {
+    doubled.push_back({102, 0, "2," + iges_name(i) + "," + iges_name(i)});
+  }
+  expect_refused("iges", of_entities(iges, doubled), "repeats the same curves and faces too often");
 }

@@ -5,11 +5,6 @@
 #include <IGESBasic_SingularSubfigure.hxx>
 #include <IGESBasic_SubfigureDef.hxx>
 #include <IGESData_IGESEntity.hxx>
-#include <IGESData_TransfEntity.hxx>
-#include <IGESGeom_CompositeCurve.hxx>
-#include <IGESGeom_CurveOnSurface.hxx>
-#include <IGESGeom_OffsetCurve.hxx>
-#include <IGESGeom_OffsetSurface.hxx>
 #include <IGESSolid_BooleanTree.hxx>
 #include <IGESSolid_SolidAssembly.hxx>
 #include <IGESSolid_SolidInstance.hxx>
@@ -26,7 +21,6 @@ class Nesting {
  private:
   void add(const Handle(IGESData_IGESEntity) & entity) {
     outer_ = entity.get();
-    if (add_geometry(*outer_)) return;
     if (const auto group = dynamic_cast<const IGESBasic_Group*>(outer_)) {
       for (int i = 1; i <= group->NbEntities(); ++i) inner(group->Entity(i));
     } else if (const auto parent = dynamic_cast<const IGESBasic_SingleParent*>(outer_)) {
@@ -45,25 +39,6 @@ class Nesting {
         if (tree->IsOperand(i)) inner(tree->Operand(i));
       }
     }
-  }
-
-  // Curves and surfaces that are made of others. Those of faces are no parts, and are not counted as such.
-  bool add_geometry(const IGESData_IGESEntity& entity) {
-    if (const auto curve = dynamic_cast<const IGESGeom_CompositeCurve*>(&entity)) {
-      for (int i = 1; i <= curve->NbCurves(); ++i) inner(curve->Curve(i));
-    } else if (const auto on_surface = dynamic_cast<const IGESGeom_CurveOnSurface*>(&entity)) {
-      inner(on_surface->CurveUV());
-      inner(on_surface->Curve3D());
-    } else if (const auto offset = dynamic_cast<const IGESGeom_OffsetCurve*>(&entity)) {
-      inner(offset->BaseCurve());
-    } else if (const auto surface = dynamic_cast<const IGESGeom_OffsetSurface*>(&entity)) {
-      inner(surface->Surface());
-    } else if (dynamic_cast<const IGESData_TransfEntity*>(&entity)) {
-      inner(entity.Transf());
-    } else {
-      return false;
-    }
-    return true;
   }
 
   void inner(const Handle(Standard_Transient) & entity) {

@@ -4,5 +4,5 @@
 
 #include "exaNesting.h"
 
-// Which groups, subfigures, assemblies and other entities that are made of others stand in which ones in a parsed file.
+// Which groups, subfigures and assemblies stand in which ones in a parsed file.
 exaNesting iges_nesting(const Handle(IGESData_IGESModel) & model);

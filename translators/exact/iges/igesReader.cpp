@@ -2,11 +2,15 @@
 
 #include <IGESCAFControl_Reader.hxx>
 #include <IGESData_GlobalSection.hxx>
+#include <IGESData_IGESEntity.hxx>
 #include <IGESData_IGESModel.hxx>
+#include <Interface_Protocol.hxx>
 #include <Interface_Static.hxx>
 #include <TDocStd_Document.hxx>
+#include <XSControl_WorkSession.hxx>
 #include <memory>
 
+#include "exaGeometry.h"
 #include "exaOutput.h"
 #include "exaProgress.h"
 #include "exaSession.h"
@@ -46,6 +50,14 @@ bool has_end(std::string_view bytes) {
     tail = tail.substr(0, start);
   }
   return false;
+}
+
+// The numbers below are those of curves, surfaces, solids that are made of others, and placements. The boundaries of
+// other solids name long lists of edges over and over.
+bool is_geometry(const Standard_Transient& entity) {
+  constexpr int first_other = 200;
+  const auto* const known = dynamic_cast<const IGESData_IGESEntity*>(&entity);
+  return known && known->TypeNumber() < first_other;
 }
 
 class Reading {
@@ -88,7 +100,8 @@ class Reading {
     output_.progress(percent_parsed);
     if (status != IFSelect_RetDone) return fail("it is no whole IGES file");
     iges_repair_names(reader_->IGESModel());
-    const std::string fault = iges_nesting(reader_->IGESModel()).fault();
+    std::string fault = iges_nesting(reader_->IGESModel()).fault();
+    if (fault.empty()) fault = exa_geometry_fault(reader_->IGESModel(), reader_->WS()->Protocol(), is_geometry);
     return fault.empty() || fail("it " + fault);
   }
 

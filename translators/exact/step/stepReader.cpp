@@ -15,8 +15,8 @@
 #include "exaStreams.h"
 #include "exaXcafReader.h"
 #include "exaXcafTarget.h"
-#include "stepAssemblies.h"
 #include "stepContent.h"
+#include "stepFaults.h"
 #include "stepFormat.h"
 #include "stepNumbers.h"
 #include "stepReferences.h"
@@ -30,12 +30,6 @@ VELABS_INPUT_LIBRARY(stepReader)
 namespace {
 
 constexpr int percent_parsed = 40, percent_made = 90;
-
-// A file that was cut off often looks whole to the kernel: what is missing is just not there.
-bool has_end(std::string_view bytes) {
-  constexpr std::size_t looked_at = 4096;
-  return bytes.substr(bytes.size() - std::min(bytes.size(), looked_at)).find("END-ISO-10303-21") != bytes.npos;
-}
 
 class Reading {
  public:
@@ -89,8 +83,7 @@ class Reading {
     const IFSelect_ReturnStatus status = reader_->ChangeReader().ReadStream(file_.c_str(), stream);
     if (output_.cancelled()) return false;
     if (status != IFSelect_RetDone) return fail("it is no whole STEP file");
-    if (!has_end(bytes)) return fail("it is cut off: \"END-ISO-10303-21;\" is missing at its end");
-    const std::string fault = step_nesting(reader_->Reader().StepModel()).fault();
+    const std::string fault = step_fault(reader_->Reader(), bytes);
     if (!fault.empty()) return fail("it " + fault);
     return step_settle_references(reader_->ChangeReader(), file_, output_);
   }

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "apMappedFile.h"
-#include "stepAssemblies.h"
+#include "stepFaults.h"
 #include "stepNumbers.h"
 #include "vltNames.h"
 #include "vltUtf8.h"
@@ -82,7 +82,7 @@ bool step_settle_references(STEPControl_Reader& reader, const utString& file, ve
     STEPControl_Reader other;
     std::string fault = step_number_fault(bytes);
     const bool whole = fault.empty() && other.ReadFile(real.c_str()) == IFSelect_RetDone;
-    if (whole) fault = step_nesting(other.StepModel()).fault();
+    if (whole) fault = step_fault(other, bytes);
     if (!fault.empty()) {
       output.message(velabsERROR, utString("the file " + shown + " that it refers to " + fault));
       return false;
