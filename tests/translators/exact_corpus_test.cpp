@@ -340,6 +340,10 @@ TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
     return translator("stepreader").read(directory_.write("assembly/other.stp", text));
   };
   EXPECT_EQ(referring_to("HEAD.stp").statistics().parts, 11U);
+  const fs::path start = fs::current_path();
+  fs::current_path(directory_.path());
+  EXPECT_EQ(translator("stepreader").read("assembly/other.stp").statistics().parts, 11U);
+  fs::current_path(start);
 
   fs::create_directory(here / "below");
   fs::rename(here / "HEAD.stp", here / "below/HEAD.stp");

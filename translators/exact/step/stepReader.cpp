@@ -5,9 +5,11 @@
 #include <StepData_StepModel.hxx>
 #include <TDocStd_Document.hxx>
 #include <XSControl_WorkSession.hxx>
+#include <filesystem>
 #include <istream>
 #include <memory>
 #include <optional>
+#include <system_error>
 
 #include "exaOutput.h"
 #include "exaProgress.h"
@@ -30,6 +32,13 @@ VELABS_INPUT_LIBRARY(stepReader)
 namespace {
 
 constexpr int percent_parsed = 40, percent_made = 90;
+
+// The kernel looks for the files that this one refers to beside the place that it is told.
+std::string real_place(const utString& file) {
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(file.str(), error);
+  return error ? file.str() : real.string();
+}
 
 class Reading {
  public:
@@ -80,7 +89,7 @@ class Reading {
     const std::optional<std::string> repaired = step_repaired(bytes);
     exaInputBuffer buffer(repaired ? *repaired : bytes, &output_, percent_parsed);
     std::istream stream(&buffer);
-    const IFSelect_ReturnStatus status = reader_->ChangeReader().ReadStream(file_.c_str(), stream);
+    const IFSelect_ReturnStatus status = reader_->ChangeReader().ReadStream(real_place(file_).c_str(), stream);
     if (output_.cancelled()) return false;
     if (status != IFSelect_RetDone) return fail("it is no whole STEP file");
     const std::string fault = step_fault(reader_->Reader(), bytes);
