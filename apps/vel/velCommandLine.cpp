@@ -93,9 +93,10 @@ void add_view(CLI::App& program, Parsed& parsed) {
   CLI::Option* page = app->add_option("-o,--output", words->request.page, "Where the page is written");
   page->type_name("PAGE");
   app->add_option("--png", words->png, "Write a picture; no page then but with -o")
-      ->type_name("FILE WIDTHxHEIGHT")
+      ->type_name("FILE [WIDTHxHEIGHT]")
       ->type_size(2)
-      ->expected(1);
+      ->expected(1)
+      ->allow_extra_args(false);
   add_from(*app, words->request.from);
   add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
   app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
@@ -109,8 +110,9 @@ void add_view(CLI::App& program, Parsed& parsed) {
     if (!words->png.empty()) {
       request.picture = words->png.front();
       if (request.picture.empty()) throw CLI::ValidationError("--png", vel_text(velMSG_OUTPUT_WITHOUT_NAME));
-      if (!vel_size_from_text(words->png.back(), request.width, request.height)) {
-        throw CLI::ValidationError("--png", vel_text(velMSG_NOT_A_SIZE, {words->png.back()}));
+      const std::string& size = words->png.back();
+      if (!size.empty() && !vel_size_from_text(size, request.width, request.height)) {
+        throw CLI::ValidationError("--png", vel_text(velMSG_NOT_A_SIZE, {size}));
       }
       if (page->count() > 0 && vel_is_same_file(request.picture, request.page)) {
         throw CLI::ValidationError("--png", vel_text(velMSG_PICTURE_IS_PAGE, {request.picture}));
@@ -190,14 +192,23 @@ void add_dirs(CLI::App& program, Parsed& parsed) {
       [request, &parsed] { parsed.command = [request](velConsole& console) { return vel_dirs(*request, console); }; });
 }
 
+// The parser would take the file behind a picture's name for the picture's size, which one may leave out.
+bool looks_like_size(const std::string& word) {
+  return !word.empty() && word.find_first_not_of("0123456789x ") == word.npos;
+}
+
 // The words behind the program's name, last one first as the parser takes them. It would read a word in square brackets
 // as a list, and behind "--" it takes options and commands for what they are once a file stood before: such files go by
-// another of their names.
+// another of their names. An empty word stands for the size that a picture is not given.
 std::vector<std::string> reversed_words(const CLI::App& program, int count, char** words) {
   std::vector<std::string> reversed;
   bool only_files = false;
+  int size_at = 0;
   for (int i = 1; i < count; ++i) {
     const std::string word = words[i];
+    if (i == size_at && !looks_like_size(word)) reversed.emplace_back();
+    if (!only_files && word.starts_with("--png=")) size_at = i + 1;
+    if (!only_files && word == "--png" && i + 1 < count && *words[i + 1] != '-') size_at = i + 2;
     if (word == "--" && !std::exchange(only_files, true)) continue;
     const auto is_it = [&](const CLI::App* command) { return command->check_name(word); };
     const bool looks_otherwise =
@@ -205,6 +216,7 @@ std::vector<std::string> reversed_words(const CLI::App& program, int count, char
     const bool looks_like_list = word.starts_with('[') && word.ends_with(']');
     reversed.push_back(looks_otherwise || looks_like_list ? "./" + word : word);
   }
+  if (size_at == count) reversed.emplace_back();
   std::reverse(reversed.begin(), reversed.end());
   return reversed;
 }

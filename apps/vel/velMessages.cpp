@@ -40,8 +40,7 @@ constexpr Text texts[] = {
     {velMSG_WORD_TOO_MANY, "\"%1\" is a word too many"},
     {velMSG_PICTURE_IS_PAGE, "\"%1\" cannot be both the picture and the page"},
     {velMSG_NO_NAME_OF_PAGE,
-     "%1: a page is not written under this extension. Use .html or .htm; for a picture, `--png FILE.png "
-     "WIDTHxHEIGHT`."},
+     "%1: a page is not written under this extension. Use .html or .htm; for a picture, `--png FILE.png`."},
     {velMSG_NO_NAME_OF_PICTURE,
      "%1: a picture is not written under this extension. Use .png; for a page, `-o FILE.html`."},
     {velMSG_MEANT, "%1; did you mean \"%2\"?"},

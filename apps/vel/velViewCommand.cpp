@@ -81,8 +81,10 @@ class View {
     }
     if (!are_names_good()) return velEXIT_USAGE;
     if (!request_.picture.empty()) {
-      const vlnTranslator::Resources size{{"WIDTH", std::to_string(request_.width)},
-                                          {"HEIGHT", std::to_string(request_.height)}};
+      vlnTranslator::Resources size;
+      if (request_.width > 0) {
+        size = {{"WIDTH", std::to_string(request_.width)}, {"HEIGHT", std::to_string(request_.height)}};
+      }
       if (const velExitCode code = write(request_.picture, "PNG", size)) return code;
       if (request_.page.empty()) return velEXIT_DONE;
     }

@@ -12,7 +12,7 @@ struct velViewRequest {
   std::vector<std::string> inputs;
   std::string page;     // empty: among the temporary files, or, with a picture, none
   std::string picture;  // empty: none
-  int width = 0;        // of the picture, in pixels
+  int width = 0;        // of the picture, in pixels; 0 leaves the size to its format
   int height = 0;
   std::string from;  // the format of the inputs; empty: as their content says
   vlnTranslator::Resources input_options;

@@ -78,6 +78,11 @@ TEST(View, WritesWhatIsAskedForAndNothingElse) {
     EXPECT_EQ(told["counts"]["triangles"], 4);
     EXPECT_TRUE(fs::exists(installation.work() / "q.png") && fs::exists(installation.work() / "q.html"));
     EXPECT_EQ(installation.view({"a.stl", "--png", "q.png", "40x30", "-q"}).out, "");
+    // Without a size the word behind the picture's name is a file like others.
+    EXPECT_EQ(installation.view({"--png", "r.png", "a.stl"}).code, 0);
+    EXPECT_EQ(TemporaryDirectory::read(installation.work() / "r.png").substr(16, 8),
+              std::string("\0\0\3\x20\0\0\2\x58", 8));
+    EXPECT_EQ(installation.view({"a.stl", "--png=r.png", "--", "a.stl"}).out, "r.png\n");
   }
   EXPECT_EQ(installation.temporary_count(), 0u);
 }
@@ -118,7 +123,8 @@ TEST(View, FailuresLeaveNothing) {
                                                             {{"a.stl", "--png", "p.jpg", "5x5"}, 2},
                                                             {{"a.stl", "--png", "p.png", "5x5", "-o", "p.png2"}, 2},
                                                             {{"a.stl", "-o", ""}, 2},
-                                                            {{"a.stl", "--png", "p.png"}, 2},
+                                                            {{"a.stl", "--png"}, 2},
+                                                            {{"a.stl", "--png", "--json"}, 2},
                                                             {{"a.stl", "--png", "p.png", "0x5"}, 2},
                                                             {{"a.stl", "--png", "p.png", "5x16385"}, 2},
                                                             {{"a.stl", "--png", "p.png", "5 x5"}, 2},
