@@ -20,12 +20,11 @@ std::string sources_of(const std::vector<std::string>& inputs) {
 }
 
 std::string summary(const velTranslateRequest& request, const velTranslation& translation) {
-  const annStatistics& statistics = *translation.statistics();
-  // What facets become of exact shapes only their writer knows.
-  const bool is_exact = statistics.faces > 0 && statistics.triangles == 0;
-  std::vector<std::string> counts{vel_counted(statistics.parts, velMSG_PART),
-                                  vel_counted(statistics.faces, is_exact ? velMSG_EXACT_FACE : velMSG_FACE)};
-  if (statistics.vertices > 0) counts.push_back(vel_counted(statistics.vertices, velMSG_VERTEX));
+  const annStatistics &exact = translation.exact(), &facetted = translation.facetted();
+  std::vector<std::string> counts{vel_counted(exact.parts + facetted.parts, velMSG_PART)};
+  if (exact.parts > 0) counts.push_back(vel_counted(exact.faces, velMSG_EXACT_FACE));
+  if (facetted.parts > 0 || exact.parts == 0) counts.push_back(vel_counted(facetted.faces, velMSG_FACE));
+  if (exact.parts == 0 && facetted.vertices > 0) counts.push_back(vel_counted(facetted.vertices, velMSG_VERTEX));
   return vel_text(velMSG_TRANSLATED,
                   {request.output, vel_joined(counts), translation.format(), sources_of(request.inputs)});
 }

@@ -1,5 +1,7 @@
 #include "velTranslation.h"
 
+#include <algorithm>
+
 #include "velFiles.h"
 #include "velInputCheck.h"
 #include "velInterrupt.h"
@@ -66,8 +68,17 @@ velExitCode velTranslation::carry_out() {
   const bool done = driver_->run();
   console_.end_progress();
   if (!done) return tell_failure();
-  statistics_ = ann_statistics(driver_->document(), false);
+  count_parts();
+  is_done_ = true;
   return velEXIT_DONE;
+}
+
+void velTranslation::count_parts() {
+  std::vector<annPlacedBody> parts = ann_placed_bodies(driver_->document());
+  const auto first_facetted = std::stable_partition(
+      parts.begin(), parts.end(), [](const annPlacedBody& part) { return part.node->body.shape != nullptr; });
+  exact_ = ann_statistics({parts.begin(), first_facetted}, false);
+  facetted_ = ann_statistics({first_facetted, parts.end()}, false);
 }
 
 velExitCode velTranslation::tell_failure() {
@@ -80,14 +91,16 @@ velExitCode velTranslation::tell_failure() {
 }
 
 velJson velTranslation::counts() const {
-  if (!statistics_) return nullptr;
-  // What facets become of exact shapes only their writer knows.
-  velJson triangles = nullptr;
-  if (statistics_->triangles > 0 || statistics_->faces == 0) triangles = statistics_->triangles;
-  return {{"parts", statistics_->parts},
-          {"faces", statistics_->faces},
+  if (!is_done_) return nullptr;
+  velJson triangles = nullptr, vertices = nullptr;
+  if (exact_.parts == 0) {
+    triangles = facetted_.triangles;
+    vertices = facetted_.vertices;
+  }
+  return {{"parts", exact_.parts + facetted_.parts},
+          {"faces", exact_.faces + facetted_.faces},
           {"triangles", triangles},
-          {"vertices", statistics_->vertices}};
+          {"vertices", vertices}};
 }
 
 velJson vel_messages_as_json(const velConsole& console) {

@@ -32,10 +32,11 @@ class velTranslation {
   // As the writer calls it, once it is chosen; before that as the request names it.
   const std::string& format() const { return format_; }
 
-  // Of the model, when it was translated.
-  const std::optional<annStatistics>& statistics() const { return statistics_; }
+  // Of the model, when it was translated: of its exact parts, and of those of facets.
+  const annStatistics& exact() const { return exact_; }
+  const annStatistics& facetted() const { return facetted_; }
 
-  // The counts of the model, or null.
+  // The counts of the model, or null. What facets become of exact shapes only their writer knows.
   velJson counts() const;
 
  private:
@@ -43,6 +44,7 @@ class velTranslation {
   velMessage complaint_about_format() const;
   velExitCode set_options();
   velExitCode carry_out();
+  void count_parts();
   velExitCode tell_failure();
 
   const velTranslationRequest& request_;
@@ -52,7 +54,8 @@ class velTranslation {
   std::vector<const vlnTranslatorInfo*> readers_;  // of each input
   const vlnTranslatorInfo* writer_ = nullptr;
   std::string format_;
-  std::optional<annStatistics> statistics_;
+  bool is_done_ = false;
+  annStatistics exact_, facetted_;
 };
 
 // Everything that was said so far, for an object that is printed.
