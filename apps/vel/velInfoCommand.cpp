@@ -138,7 +138,7 @@ velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
     return velEXIT_FAILED;
   }
   if (!done) {
-    vel_tell_errors(driver.errors(), request.file, "", console);
+    vel_tell_errors(vel_explained(driver.errors(), {request.file}, readers), request.file, "", console);
     return velEXIT_BAD_INPUT;
   }
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -47,6 +48,16 @@ std::string complaint_about_format(const std::string& format, const velDriver& d
                           : vel_text(velMSG_WRITER_NOT_BUILT, {format, packages});
 }
 
+// When a file's content is of a type that its reader does not read.
+std::string mistake_of_format(const std::string& file, const vlnTranslatorInfo& reader) {
+  const vluFileType type = vluFileTypeFinder::find_file_type(file);
+  if (type == vluUNKNOWN) return "";
+  const std::string name = vluFileTypeInfo::name(type).str();
+  const velTranslatorRow row = vel_translator_row(reader);
+  if (std::find(row.file_types.begin(), row.file_types.end(), name) != row.file_types.end()) return "";
+  return vel_text(velMSG_FROM_IS_MISTAKEN, {file, name, row.format});
+}
+
 }  // namespace
 
 velExitCode vel_check_input_files(const std::vector<std::string>& files, velConsole& console) {
@@ -78,6 +89,21 @@ velExitCode vel_choose_readers(const std::vector<std::string>& files, const std:
     code = velEXIT_NO_TRANSLATOR;
   }
   return code;
+}
+
+std::vector<std::string> vel_explained(const std::vector<std::string>& errors, const std::vector<std::string>& files,
+                                       const std::vector<const vlnTranslatorInfo*>& readers) {
+  std::vector<std::string> explained;
+  for (std::string error : errors) {
+    for (std::size_t i = 0; i < files.size(); ++i) {
+      if (!error.starts_with(files[i] + ": ")) continue;
+      const std::string mistake = mistake_of_format(files[i], *readers[i]);
+      if (!mistake.empty()) error = mistake;
+      break;
+    }
+    if (explained.empty() || explained.back() != error) explained.push_back(error);
+  }
+  return explained;
 }
 
 std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info, const std::string& file) {

@@ -18,5 +18,9 @@ velExitCode vel_check_input_files(const std::vector<std::string>& files, velCons
 velExitCode vel_choose_readers(const std::vector<std::string>& files, const std::string& from, const velDriver& driver,
                                std::vector<const vlnTranslatorInfo*>& readers, velConsole& console);
 
+// Errors of reading. Those about a file whose content is of another type than --from made of it say just that.
+std::vector<std::string> vel_explained(const std::vector<std::string>& errors, const std::vector<std::string>& files,
+                                       const std::vector<const vlnTranslatorInfo*>& readers);
+
 // The complaint about the translator of a file whose library cannot be opened; empty when it can.
 std::string vel_library_complaint(const velDriver& driver, const vlnTranslatorInfo& info, const std::string& file);

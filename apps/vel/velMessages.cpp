@@ -83,6 +83,7 @@ constexpr Text texts[] = {
     {velMSG_NO_READER, "%1: this is a file of type %2, and no translator here reads it. Formats that can be read: %3."},
     {velMSG_NO_READER_OF_FORMAT,
      "%1: no translator reads this format. Formats that can be read: %2; choose one with --from."},
+    {velMSG_FROM_IS_MISTAKEN, "%1: its content is %2, not %3. Leave --from out."},
     {velMSG_READER_NOT_BUILT,
      "%1: this is a file of type %2, which this installation was built without. Install %3 and build it anew."},
 

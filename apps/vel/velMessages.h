@@ -66,6 +66,7 @@ enum velMessage : unsigned int {
   velMSG_NO_READER,            // file, file type, formats
   velMSG_READER_NOT_BUILT,     // file, file type, packages
   velMSG_NO_READER_OF_FORMAT,  // format, formats
+  velMSG_FROM_IS_MISTAKEN,     // file, file type, format
 
   velMSG_NO_FORMAT_FOR_NAME = 100,  // file, formats
   velMSG_WRITER_NOT_BUILT,          // file or format, packages

@@ -86,7 +86,8 @@ velExitCode velTranslation::tell_failure() {
     console_.error(vel_text(velMSG_CANCELLED_NOT_WRITTEN, {request_.output}));
     return velEXIT_FAILED;
   }
-  vel_tell_errors(driver_->errors(), request_.output, vel_text(velMSG_NOTHING_WRITTEN), console_);
+  vel_tell_errors(vel_explained(driver_->errors(), request_.inputs, readers_), request_.output,
+                  vel_text(velMSG_NOTHING_WRITTEN), console_);
   return driver_->num_failed() == 0 ? velEXIT_FAILED : velEXIT_BAD_INPUT;
 }
 

@@ -58,6 +58,7 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"cut.stl", "-o", "directory/"}, 1, {"directory/: ", "name a file in it"}},
       {{"cut.stl", "-o", "none/out.xyz"}, 1, {"none/", "does not exist"}},
       {{"garbage.stl", "-o", "old.obj", "--from", "stl"}, 4, {"garbage.stl", "Nothing was written"}},
+      {{"good.stl", "-o", "old.obj", "--from", "obj"}, 4, {"good.stl: its content is STL, not OBJ. Leave --from out."}},
       {{"good.stl", "-o", "old.obj", "--from", "XYZ"}, 3, {"XYZ: no translator reads", "OBJ, STL", "--from"}},
       {{"good.stl", "-o", "old.obj", "--from", "STEP"}, 3, {"STEP", "libocct-data-exchange-dev"}},
       {{"good.stl", "-o", "old.obj", "--to", "XYZ"}, 3, {"XYZ", "OBJ, STL"}},

@@ -89,6 +89,11 @@ bool exaSession::guarded(const char* what, const std::function<bool()>& work) {
 void exaSession::take_down(std::string text, bool grave) {
   text = vlt_one_line(utString(text));
   while (!text.empty() && (text.front() == '*' || text.front() == ' ')) text.erase(0, 1);
+  // Which of its parsers complains says nothing to a person.
+  for (const std::string_view parser : {"ERR StepFile : ", "Undefined Parsing: "}) {
+    if (text.starts_with(parser)) text.erase(0, parser.size());
+  }
+  while (!text.empty() && (text.back() == '*' || text.back() == ' ')) text.pop_back();
   if (text.empty()) return;
   for (Complaint& known : complaints_) {
     if (known.text != text) continue;
