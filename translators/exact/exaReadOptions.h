@@ -1,5 +1,7 @@
 #pragma once
 
+#include <TopoDS_Shape.hxx>
+
 #include "exaExport.h"
 #include "velTableInstance.h"
 #include "velTypeOption.h"
@@ -14,3 +16,7 @@ struct exaReadOptions {
 
 // From the resources READ_MATERIALS, ALLOW_GAPS and ENTITY_TYPES.
 VELEXACT_API exaReadOptions exa_read_options(const velTableInstance& resources);
+
+// A shape with only what is wanted of it: itself for all types, else a compound of its solids or of its loose shells
+// and faces, which may be empty.
+VELEXACT_API TopoDS_Shape exa_wanted(const TopoDS_Shape& shape, velTypeOption types);

@@ -229,28 +229,10 @@ void exaXcafReader::merge_pieces(Definition& definition) {
   components.clear();
 }
 
-TopoDS_Shape exaXcafReader::wanted(const TopoDS_Shape& shape) const {
-  if (options_.types == velTYPE_ALL) return shape;
-  TopoDS_Compound compound;
-  BRep_Builder builder;
-  builder.MakeCompound(compound);
-  if (options_.types == velTYPE_SOLIDS) {
-    for (TopExp_Explorer it(shape, TopAbs_SOLID); it.More(); it.Next()) builder.Add(compound, it.Current());
-  } else if (options_.types == velTYPE_SURFACES) {
-    for (TopExp_Explorer it(shape, TopAbs_SHELL, TopAbs_SOLID); it.More(); it.Next()) {
-      builder.Add(compound, it.Current());
-    }
-    for (TopExp_Explorer it(shape, TopAbs_FACE, TopAbs_SHELL); it.More(); it.Next()) {
-      builder.Add(compound, it.Current());
-    }
-  }
-  return compound;
-}
-
 void exaXcafReader::make_body(Definition& definition) {
   const TopoDS_Shape whole = XCAFDoc_ShapeTool::GetShape(definition.label);
   if (whole.IsNull()) return;
-  const TopoDS_Shape shape = wanted(whole);
+  const TopoDS_Shape shape = exa_wanted(whole, options_.types);
   if (!TopExp_Explorer(shape, TopAbs_FACE).More()) {
     if (TopExp_Explorer(whole, TopAbs_FACE).More()) return;
     if (TopExp_Explorer(whole, TopAbs_VERTEX).More()) {

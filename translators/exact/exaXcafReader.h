@@ -64,7 +64,6 @@ class exaXcafReader {
   void make_members(Definition& definition, const std::vector<TopoDS_Shape>& members);
   void give_shape(Definition& definition, const TopoDS_Shape& shape, const exaColourMaps& colours) const;
   exaColourMaps colours_below(const TDF_Label& label) const;
-  TopoDS_Shape wanted(const TopoDS_Shape& shape) const;
   std::optional<annColour> colour_of(const TDF_Label& label) const;
   void fill(annNode& node, const Definition& definition) const;
   exaNesting nesting_of(const std::vector<Component>& top) const;

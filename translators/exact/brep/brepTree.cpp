@@ -43,16 +43,11 @@ bool brepTree::read(const TopoDS_Shape& shape, annNode& root) {
     return false;
   }
   if (left_out_ > 0) output_.message(velabsNOTE, "curves and points without a surface are left out");
-  if (!bodies_.IsEmpty()) return true;
+  if (found_) return true;
   output_.message(velabsERROR, options_.types == velTYPE_ALL
                                    ? "it holds no solid, shell or face"
                                    : "it holds nothing of the kinds that ENTITY_TYPES asks for");
   return false;
-}
-
-bool brepTree::is_wanted(const TopoDS_Shape& shape) {
-  const bool solid = census_.of(shape).solids > 0;
-  return options_.types == velTYPE_ALL || options_.types == (solid ? velTYPE_SOLIDS : velTYPE_SURFACES);
 }
 
 void brepTree::add(const Open& current, std::vector<Open>& open) {
@@ -60,15 +55,14 @@ void brepTree::add(const Open& current, std::vector<Open>& open) {
     ++left_out_;
     return;
   }
-  const bool assembly = is_assembly(current.shape);
-  if (!assembly && !is_wanted(current.shape)) return;
+  const TopoDS_Shape here = current.shape.Located(TopLoc_Location(), false);
+  const bool assembly = is_assembly(here);
+  const std::shared_ptr<const exaShape> body = assembly ? nullptr : body_of(here);
+  if (!assembly && !body) return;
   annNode& node = current.parent->add_child("");
   node.transform = exa_transform(current.shape.Location().Transformation());
-  const TopoDS_Shape here = current.shape.Located(TopLoc_Location(), false);
-  if (!assembly) {
-    add_body(here, node);
-    return;
-  }
+  node.body.shape = body;
+  if (!assembly) return;
 
   const std::size_t first = open.size();
   for (TopoDS_Iterator it(here); it.More(); it.Next()) {
@@ -93,12 +87,15 @@ TopoDS_Shape brepTree::loose_in(const TopoDS_Shape& assembly) {
   return loose;
 }
 
-void brepTree::add_body(const TopoDS_Shape& shape, annNode& node) {
-  if (!bodies_.IsBound(shape)) {
-    in_bodies_ += census_.of(shape).all;
-    fault_ = census_.fault(in_bodies_);
-    if (!fault_.empty()) return;
-    bodies_.Bind(shape, std::make_shared<exaShape>(shape, exaFaceColours(), options_.allow_gaps));
-  }
-  node.body.shape = bodies_.Find(shape);
+std::shared_ptr<const exaShape> brepTree::body_of(const TopoDS_Shape& part) {
+  if (const auto* const known = bodies_.Seek(part)) return *known;
+  in_bodies_ += census_.of(part).all;
+  fault_ = census_.fault(in_bodies_);
+  if (!fault_.empty()) return nullptr;
+  std::shared_ptr<const exaShape> body;
+  const TopoDS_Shape shape = exa_wanted(part, options_.types);
+  if (has_faces(shape)) body = std::make_shared<exaShape>(shape, exaFaceColours(), options_.allow_gaps);
+  found_ = found_ || body;
+  bodies_.Bind(part, body);
+  return body;
 }

@@ -27,8 +27,8 @@ class brepTree {
   bool is_assembly(const TopoDS_Shape& shape);
   void add(const Open& current, std::vector<Open>& open);
   TopoDS_Shape loose_in(const TopoDS_Shape& assembly);
-  void add_body(const TopoDS_Shape& shape, annNode& node);
-  bool is_wanted(const TopoDS_Shape& shape);
+  // What is wanted of a part; null when that is nothing, or too much, as `fault_` then says.
+  std::shared_ptr<const exaShape> body_of(const TopoDS_Shape& part);
 
   exaReadOptions options_;
   velabsOutput& output_;
@@ -37,5 +37,6 @@ class brepTree {
   exaCensus census_;
   double in_bodies_ = 0;
   std::string fault_;
+  bool found_ = false;
   std::size_t left_out_ = 0;
 };

@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS_Compound.hxx>
+#include <sstream>
+
+#include "Solids.h"
+#include "TemporaryDirectory.h"
+#include "Translator.h"
+
+// What the reader of BREP makes of shapes.
+
+namespace {
+
+class BrepTree : public testing::Test {
+ protected:
+  Reading read(const TopoDS_Shape& shape, Options options = {}) const {
+    static const Translator reader("brepreader");
+    std::ostringstream bytes;
+    BRepTools::Write(shape, bytes);
+    return reader.read(directory_.write("shape.brep", bytes.str()), options);
+  }
+
+  static TopoDS_Shape compound(std::initializer_list<TopoDS_Shape> parts) {
+    TopoDS_Compound result;
+    BRep_Builder builder;
+    builder.MakeCompound(result);
+    for (const TopoDS_Shape& part : parts) builder.Add(result, part);
+    return result;
+  }
+
+  static TopoDS_Shape box(double size) { return BRepPrimAPI_MakeBox(size, size, size).Shape(); }
+  static TopoDS_Shape face_of(const TopoDS_Shape& shape) { return TopExp_Explorer(shape, TopAbs_FACE).Current(); }
+
+  TemporaryDirectory directory_;
+};
+
+}  // namespace
+
+TEST_F(BrepTree, OfAPartThatIsBothSolidAndSurfaceOnlyWhatIsAskedForIsRead) {
+  const TopoDS_Shape both = compound({box(1), face_of(box(2))});
+  const struct {
+    const char* types;
+    std::size_t solids, faces;
+  } cases[] = {{"all", 1, 7}, {"solids", 1, 6}, {"surfaces", 0, 1}};
+  for (const auto& it : cases) {
+    const annStatistics found = read(both, {{"ENTITY_TYPES", it.types}}).statistics();
+    EXPECT_EQ(found.solids, it.solids) << it.types;
+    EXPECT_EQ(found.faces, it.faces) << it.types;
+  }
+  const Reading nothing = read(compound({box(1), box(2)}), {{"ENTITY_TYPES", "surfaces"}});
+  EXPECT_EQ(nothing.result, velabsFAILED);
+  EXPECT_NE(nothing.messages.errors.find("ENTITY_TYPES"), std::string::npos) << nothing.messages.errors;
+}
