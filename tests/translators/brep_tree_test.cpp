@@ -54,3 +54,13 @@ TEST_F(BrepTree, OfAPartThatIsBothSolidAndSurfaceOnlyWhatIsAskedForIsRead) {
   EXPECT_EQ(nothing.result, velabsFAILED);
   EXPECT_NE(nothing.messages.errors.find("ENTITY_TYPES"), std::string::npos) << nothing.messages.errors;
 }
+
+TEST_F(BrepTree, AReversedCopyIsInsideOut) {
+  const TopoDS_Shape solid = box(1);
+  const Reading reading = read(compound({solid, solid.Reversed()}));
+  apStatus status;
+  const std::vector<annPlacedBody> bodies = ann_placed_bodies(reading.document);
+  ASSERT_EQ(bodies.size(), 2U);
+  EXPECT_GT(closedness_of(*bodies[0].node->body.shape->facets({}, status)).volume, 5.9);
+  EXPECT_LT(closedness_of(*bodies[1].node->body.shape->facets({}, status)).volume, -5.9);
+}

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <NCollection_DataMap.hxx>
-#include <TopTools_ShapeMapHasher.hxx>
+#include <TopTools_OrientedShapeMapHasher.hxx>
 #include <TopoDS_Shape.hxx>
 
 #include "annNode.h"
@@ -32,8 +32,8 @@ class brepTree {
 
   exaReadOptions options_;
   velabsOutput& output_;
-  NCollection_DataMap<TopoDS_Shape, std::shared_ptr<const exaShape>, TopTools_ShapeMapHasher> bodies_;
-  NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_ShapeMapHasher> loose_;  // of assemblies
+  NCollection_DataMap<TopoDS_Shape, std::shared_ptr<const exaShape>, TopTools_OrientedShapeMapHasher> bodies_;
+  NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_OrientedShapeMapHasher> loose_;  // of assemblies
   exaCensus census_;
   double in_bodies_ = 0;
   std::string fault_;
