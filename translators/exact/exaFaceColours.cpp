@@ -1,6 +1,7 @@
 #include "exaFaceColours.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 #include "apNumberText.h"
@@ -27,15 +28,15 @@ void exaFaceColours::add(const annColour* colour) {
     of_face.push_back(none);
     return;
   }
-  auto known = std::find(colours.rbegin(), colours.rend(), *colour);
-  if (known == colours.rend()) {
-    colours.push_back(*colour);
-    known = colours.rbegin();
-  }
-  of_face.push_back(static_cast<std::uint32_t>(colours.rend() - known - 1));
+  const std::array key{std::bit_cast<std::uint32_t>(colour->red), std::bit_cast<std::uint32_t>(colour->green),
+                       std::bit_cast<std::uint32_t>(colour->blue), std::bit_cast<std::uint32_t>(colour->opacity)};
+  const auto [known, is_new] = numbers_.try_emplace(key, static_cast<std::uint32_t>(colours.size()));
+  if (is_new) colours.push_back(*colour);
+  of_face.push_back(known->second);
 }
 
 void exaFaceColours::settle() {
+  numbers_.clear();
   if (colours.empty()) of_face.clear();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,11 +24,14 @@ struct VELEXACT_API exaFaceColours {
 
   // Appends the colour of the next face; null for none.
   void add(const annColour* colour);
-  // Forgets the numbers when no face has a colour.
+  // After the last face: forgets the numbers when no face has a colour.
   void settle();
 
   // The text that stands behind the kernel's bytes of a shape; empty without colours.
   std::string text() const;
   // Looks for that text at the end of the bytes; without colours when there is none or it does not fit `faces`.
   static exaFaceColours from_text(std::string_view bytes, std::size_t faces);
+
+ private:
+  std::map<std::array<std::uint32_t, 4>, std::uint32_t> numbers_;  // of the bits of colours, until they are settled
 };
