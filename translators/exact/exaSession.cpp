@@ -53,7 +53,7 @@ std::string exa_failure_of(const std::function<void()>& work) {
       case exaOutcome::DONE:
         break;
       case exaOutcome::BROKE_DOWN:
-        return "the file is damaged and the kernel broke down on it";
+        return "the kernel broke down on it; its shapes are damaged, or of a kind that the kernel cannot handle";
       case exaOutcome::REFUSED:
         return "the kernel broke down on another file or shape before and is used no more; translate this one by "
                "itself";
