@@ -2,8 +2,10 @@
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
+#include <Poly_Triangulation.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
+#include <TopoDS_Face.hxx>
 #include <sstream>
 
 #include "Solids.h"
@@ -63,4 +65,27 @@ TEST_F(BrepTree, AReversedCopyIsInsideOut) {
   ASSERT_EQ(bodies.size(), 2U);
   EXPECT_GT(closedness_of(*bodies[0].node->body.shape->facets({}, status)).volume, 5.9);
   EXPECT_LT(closedness_of(*bodies[1].node->body.shape->facets({}, status)).volume, -5.9);
+}
+
+TEST_F(BrepTree, FacesThatAreNothingButFacetsAreAMesh) {
+  const gp_Pnt corners[] = {{0, 0, 0}, {3, 0, 0}, {0, 4, 0}};
+  Handle(Poly_Triangulation) facets = new Poly_Triangulation(3, 1, false);
+  for (int i = 0; i < 3; ++i) facets->SetNode(i + 1, corners[i]);
+  facets->SetTriangle(1, Poly_Triangle(1, 2, 3));
+  TopoDS_Face face;
+  BRep_Builder().MakeFace(face, facets);
+
+  const Reading alone = read(face);
+  ASSERT_EQ(alone.result, velabsDONE) << alone.messages.errors;
+  EXPECT_EQ(alone.mesh().face_count(), 1U);
+  EXPECT_EQ(alone.statistics().box->max.y, 4);
+
+  // Beside others they keep what they have.
+  const Reading mixed = read(compound({face, face_of(box(2))}));
+  ASSERT_EQ(mixed.result, velabsDONE) << mixed.messages.errors;
+  apStatus status;
+  const auto mesh = mixed.node(0).body.shape->facets({}, status);
+  ASSERT_TRUE(mesh) << status.failure().str();
+  EXPECT_EQ(mesh->face_count(), 3U);
+  EXPECT_NEAR(mixed.statistics().box->max.y, 4, 1e-9);
 }

@@ -5,6 +5,7 @@
 #include <BRepBndLib.hxx>
 #include <BRep_Tool.hxx>
 #include <Bnd_Box.hxx>
+#include <Poly_Triangulation.hxx>
 #include <Precision.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
@@ -14,6 +15,8 @@
 #include <array>
 #include <limits>
 #include <vector>
+
+#include "exaFacets.h"
 
 namespace {
 
@@ -56,6 +59,19 @@ class Measuring {
     Bnd_Box box;
     box.SetGap(0);
     BRepBndLib::AddOptimal(part, box, false, false);
+    return reach_of(box);
+  }
+
+  Reach facets_of(const TopoDS_Face& face) {
+    Bnd_Box box;
+    box.SetGap(0);
+    TopLoc_Location location;
+    const Handle(Poly_Triangulation)& facets = BRep_Tool::Triangulation(face, location);
+    if (!facets.IsNull()) facets->MinMax(box, location.Transformation(), true);
+    return reach_of(box);
+  }
+
+  Reach reach_of(const Bnd_Box& box) {
     Reach reach;
     if (box.IsVoid()) return reach;
     is_open_ = is_open_ || box.IsOpen();
@@ -67,7 +83,7 @@ class Measuring {
 
   void add_edge(const TopoDS_Edge& edge) {
     Reach reach;
-    if (!BRep_Tool::Degenerated(edge)) {
+    if (!BRep_Tool::Degenerated(edge) && BRep_Tool::IsGeometric(edge)) {
       reach = measured(edge);
       if (BRepAdaptor_Curve(edge).GetType() > GeomAbs_Parabola) reach.shrink();
       all_.include(reach);
@@ -79,6 +95,10 @@ class Measuring {
     Reach edges;
     for (TopExp_Explorer it(face, TopAbs_EDGE); it.More(); it.Next()) {
       edges.include(of_edges_[static_cast<std::size_t>(edges_.FindIndex(it.Current())) - 1]);
+    }
+    if (!exa_has_surface(face)) {
+      all_.include(facets_of(face));
+      return;
     }
     const GeomAbs_SurfaceType type = BRepAdaptor_Surface(face, false).GetType();
     if (type == GeomAbs_Plane && edges.to[0] > -infinity) return;

@@ -127,7 +127,13 @@ bool is_within_reach(const TopoDS_Face& face) {
 
 }  // namespace
 
+bool exa_has_surface(const TopoDS_Face& face) {
+  TopLoc_Location location;
+  return !BRep_Tool::Surface(face, location).IsNull();
+}
+
 bool exa_can_be_meshed(const TopoDS_Face& face) {
+  if (!exa_has_surface(face)) return false;
   for (TopExp_Explorer edge(face, TopAbs_EDGE); edge.More(); edge.Next()) {
     if (!has_an_end(TopoDS::Edge(edge.Current()))) return false;
   }
@@ -141,9 +147,12 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
   TopoDS_Compound sound;
   BRep_Builder builder;
   builder.MakeCompound(sound);
-  for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next()) {
-    faces.push_back(TopoDS::Face(explorer.Current()));
-    if (exa_can_be_meshed(faces.back())) builder.Add(sound, faces.back());
+  TopExp_Explorer original(shape, TopAbs_FACE);
+  for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next(), original.Next()) {
+    const TopoDS_Face face = TopoDS::Face(explorer.Current());
+    // The copy has no facets yet.
+    faces.push_back(exa_has_surface(face) ? face : TopoDS::Face(original.Current()));
+    if (exa_can_be_meshed(face)) builder.Add(sound, face);
   }
 
   IMeshTools_Parameters parameters;

@@ -1,10 +1,13 @@
 #include "brepTree.h"
 
 #include <BRep_Builder.hxx>
+#include <TopExp_Explorer.hxx>
+#include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Iterator.hxx>
 #include <algorithm>
 
+#include "exaFacets.h"
 #include "exaPlacement.h"
 
 namespace {
@@ -57,11 +60,11 @@ void brepTree::add(const Open& current, std::vector<Open>& open) {
   }
   const TopoDS_Shape here = current.shape.Located(TopLoc_Location(), false);
   const bool assembly = is_assembly(here);
-  const std::shared_ptr<const exaShape> body = assembly ? nullptr : body_of(here);
-  if (!assembly && !body) return;
+  const annBody body = assembly ? annBody() : body_of(here);
+  if (!assembly && body.empty()) return;
   annNode& node = current.parent->add_child("");
   node.transform = exa_transform(current.shape.Location().Transformation());
-  node.body.shape = body;
+  node.body = body;
   if (!assembly) return;
 
   const std::size_t first = open.size();
@@ -87,15 +90,25 @@ TopoDS_Shape brepTree::loose_in(const TopoDS_Shape& assembly) {
   return loose;
 }
 
-std::shared_ptr<const exaShape> brepTree::body_of(const TopoDS_Shape& part) {
-  if (const auto* const known = bodies_.Seek(part)) return *known;
+annBody brepTree::body_of(const TopoDS_Shape& part) {
+  if (const annBody* const known = bodies_.Seek(part)) return *known;
   in_bodies_ += census_.of(part).all;
   fault_ = census_.fault(in_bodies_);
-  if (!fault_.empty()) return nullptr;
-  std::shared_ptr<const exaShape> body;
+  if (!fault_.empty()) return {};
   const TopoDS_Shape shape = exa_wanted(part, options_.types);
-  if (has_faces(shape)) body = std::make_shared<exaShape>(shape, exaFaceColours(), options_.allow_gaps);
-  found_ = found_ || body;
+  const annBody body = has_faces(shape) ? made_of(shape) : annBody();
+  found_ = found_ || !body.empty();
   bodies_.Bind(part, body);
   return body;
+}
+
+annBody brepTree::made_of(const TopoDS_Shape& shape) const {
+  auto exact = std::make_shared<exaShape>(shape, exaFaceColours(), options_.allow_gaps);
+  for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
+    if (exa_has_surface(TopoDS::Face(it.Current()))) return {nullptr, exact};
+  }
+  // Nothing here is exact, and the kernel breaks down on most that is done to faces without surfaces.
+  apStatus status;
+  if (auto mesh = exact->facets({}, status, nullptr)) return {mesh, nullptr};
+  return {nullptr, exact};
 }

@@ -27,12 +27,13 @@ class brepTree {
   bool is_assembly(const TopoDS_Shape& shape);
   void add(const Open& current, std::vector<Open>& open);
   TopoDS_Shape loose_in(const TopoDS_Shape& assembly);
-  // What is wanted of a part; null when that is nothing, or too much, as `fault_` then says.
-  std::shared_ptr<const exaShape> body_of(const TopoDS_Shape& part);
+  // What is wanted of a part; empty when that is nothing, or too much, as `fault_` then says.
+  annBody body_of(const TopoDS_Shape& part);
+  annBody made_of(const TopoDS_Shape& shape) const;
 
   exaReadOptions options_;
   velabsOutput& output_;
-  NCollection_DataMap<TopoDS_Shape, std::shared_ptr<const exaShape>, TopTools_OrientedShapeMapHasher> bodies_;
+  NCollection_DataMap<TopoDS_Shape, annBody, TopTools_OrientedShapeMapHasher> bodies_;
   NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_OrientedShapeMapHasher> loose_;  // of assemblies
   exaCensus census_;
   double in_bodies_ = 0;
