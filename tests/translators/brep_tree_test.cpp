@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
@@ -6,6 +7,7 @@
 #include <TopExp_Explorer.hxx>
 #include <TopoDS_Compound.hxx>
 #include <TopoDS_Face.hxx>
+#include <gp_Pln.hxx>
 #include <sstream>
 
 #include "Solids.h"
@@ -88,4 +90,13 @@ TEST_F(BrepTree, FacesThatAreNothingButFacetsAreAMesh) {
   ASSERT_TRUE(mesh) << status.failure().str();
   EXPECT_EQ(mesh->face_count(), 3U);
   EXPECT_NEAR(mixed.statistics().box->max.y, 4, 1e-9);
+}
+
+TEST_F(BrepTree, WhatHasNoEndHasNoBox) {
+  const gp_Pln level, slanted(gp_Pnt(1, 2, 3), gp_Dir(1, 2, 3));
+  for (const gp_Pln& plane : {level, slanted}) {
+    const TopoDS_Shape endless = BRepBuilderAPI_MakeFace(plane).Face();
+    EXPECT_FALSE(read(endless).statistics().box);
+    EXPECT_FALSE(read(compound({box(1), endless})).statistics().box);
+  }
 }

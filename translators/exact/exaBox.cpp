@@ -13,6 +13,7 @@
 #include <TopoDS.hxx>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -21,6 +22,9 @@
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
+
+// The kernel gives what has no end one of about 1e100.
+constexpr double farthest = 1e90;
 
 // What the kernel adds to where it has found the farthest point of a curve or surface step by step.
 const double margin = Precision::Confusion();
@@ -74,9 +78,11 @@ class Measuring {
   Reach reach_of(const Bnd_Box& box) {
     Reach reach;
     if (box.IsVoid()) return reach;
-    is_open_ = is_open_ || box.IsOpen();
     auto& to = reach.to;
     box.Get(to[0], to[1], to[2], to[3], to[4], to[5]);
+    // A box that the kernel has put together does not say that one of its parts was open.
+    const bool endless = std::any_of(to.begin(), to.end(), [](double end) { return !(std::abs(end) < farthest); });
+    is_open_ = is_open_ || box.IsOpen() || endless;
     for (std::size_t i = 0; i < 3; ++i) to[i] = -to[i];
     return reach;
   }
