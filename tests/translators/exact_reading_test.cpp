@@ -36,6 +36,14 @@ TEST_F(ExactReading, StepFilesAreTakenByTheirNumbersAndTellWhatIsLeftOut) {
   EXPECT_NE(twice.messages.errors.find("#10 for the second time"), std::string::npos) << twice.messages.errors;
 }
 
+TEST_F(ExactReading, IgesFilesMayBePaddedAtTheirEnd) {
+  const std::string iges = written(triangle("part"), "iges");
+  for (const std::string& padding : {std::string("\r\n   \r\n"), std::string(400, '\0')}) {
+    const Reading reading = read(iges + padding, "iges");
+    EXPECT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+  }
+}
+
 // What the kernel prints is dropped, on the threads where a program tells of the work.
 TEST_F(ExactReading, WhatIsSaidWhileTheKernelWorksIsHeard) {
   class Printing : public Messages {

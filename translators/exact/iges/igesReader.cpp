@@ -39,9 +39,10 @@ void set_parameters(const velTableInstance& resources) {
 // The last line of a whole file is that of its terminate section: a "T" in column 73.
 bool has_end(std::string_view bytes) {
   constexpr std::size_t looked_at = 1024, column = 72;
+  constexpr std::string_view padding("\r\n \0", 4);
   std::string_view tail = bytes.substr(bytes.size() - std::min(bytes.size(), looked_at));
   while (!tail.empty()) {
-    const std::size_t end = tail.find_last_not_of("\r\n \0");
+    const std::size_t end = tail.find_last_not_of(padding);
     if (end == tail.npos) return false;
     tail = tail.substr(0, end + 1);
     const std::size_t start = tail.find_last_of("\r\n") + 1;
