@@ -371,6 +371,9 @@ TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
     directory_.write("assembly/HEAD.stp", std::string(head).insert(head.rfind("ENDSEC;"), line));
     EXPECT_NE(referring_to("HEAD.stp").messages.errors.find(fault), std::string::npos) << fault;
   }
+  directory_.write("assembly/HEAD.stp", main);
+  EXPECT_NE(referring_to("HEAD.stp").messages.errors.find("\"HEAD.stp\" that it refers to stands in itself"),
+            std::string::npos);
 
   fs::rename(here / "below", directory_.path() / "beside");
   fs::create_symlink(directory_.path() / "beside/HEAD.stp", here / "LINK.stp");

@@ -3,6 +3,7 @@
 #include <Interface_Static.hxx>
 #include <STEPConstruct_ExternRefs.hxx>
 #include <XSControl_WorkSession.hxx>
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <set>
@@ -19,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t most_files = 10'000;
+constexpr std::size_t most_files = 10'000, most_levels = 100;
 
 std::vector<std::string> references_of(STEPControl_Reader& reader) {
   STEPConstruct_ExternRefs references(reader.WS());
@@ -41,30 +42,43 @@ bool lies_in(const fs::path& directory, const fs::path& file) {
 }  // namespace
 
 bool step_settle_references(STEPControl_Reader& reader, const utString& file, velabsOutput& output) {
-  struct Reference {
-    std::string name;
-    fs::path from;  // the directory of the file that names it
+  // A file that is open stands in itself when it is named again.
+  struct Open {
+    fs::path file;
+    std::vector<std::string> names;
+    std::size_t next = 0;
   };
   std::error_code error;
-  const fs::path directory = fs::canonical(file.str(), error).parent_path();
-  std::vector<Reference> pending;
-  auto add = [&](STEPControl_Reader& of, const fs::path& from) {
-    std::vector<std::string> names = references_of(of);
-    for (auto name = names.rbegin(); name != names.rend(); ++name) pending.push_back({std::move(*name), from});
-  };
-  add(reader, directory);
-  std::set<fs::path> seen;
-  while (!pending.empty()) {
-    const Reference reference = std::move(pending.back());
-    pending.pop_back();
-    const std::string shown = vlt_quoted(reference.name);
-    const fs::path real = fs::weakly_canonical(reference.from / reference.name, error);
-    if (error || fs::path(reference.name).is_absolute() || !lies_in(directory, real)) {
+  const fs::path start = fs::canonical(file.str(), error);
+  const fs::path directory = start.parent_path();
+  std::vector<Open> open;
+  open.push_back({start, references_of(reader)});
+  std::set<fs::path> seen{start};
+  while (!open.empty()) {
+    if (open.back().next == open.back().names.size()) {
+      open.pop_back();
+      continue;
+    }
+    const std::string name = open.back().names[open.back().next++];
+    const std::string shown = vlt_quoted(name);
+    const fs::path real = fs::weakly_canonical(open.back().file.parent_path() / name, error);
+    if (error || fs::path(name).is_absolute() || !lies_in(directory, real)) {
       output.message(velabsERROR, utString("it refers to the file " + shown +
                                            ", which lies outside its directory; put both into one directory"));
       return false;
     }
+    if (std::any_of(open.begin(), open.end(), [&](const Open& outer) { return outer.file == real; })) {
+      output.message(velabsERROR, utString("the file " + shown +
+                                           " that it refers to stands in itself: take its name out of one of the "
+                                           "files that refer to each other"));
+      return false;
+    }
     if (!seen.insert(real).second) continue;
+    if (open.size() > most_levels) {
+      output.message(velabsERROR,
+                     utString("it refers to files in each other, more than " + std::to_string(most_levels) + " deep"));
+      return false;
+    }
     if (!fs::is_regular_file(real, error)) {
       output.message(velabsWARNING, utString("the file " + shown +
                                              " that it refers to is missing: what stands in it is left out; put it "
@@ -94,7 +108,7 @@ bool step_settle_references(STEPControl_Reader& reader, const utString& file, ve
     }
     // The kernel reads all of them in one encoding, and on behind the end of a name that is in another one.
     if (!vlt_is_utf8(bytes)) Interface_Static::SetCVal("read.step.codepage", "iso8859-1");
-    add(other, real.parent_path());
+    open.push_back({real, references_of(other)});
   }
   return true;
 }
