@@ -286,6 +286,11 @@ TEST(StlWriter, SpellsTextExactly) {
 
   ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", "Solid COLOR=b"}}), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 18), std::string("STL Solid COLOR b\0", 18));
+
+  const std::string long_name = std::string(79, 'a') + "\xC3\xA9";
+  ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", long_name.c_str()}}), velabsDONE);
+  EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 80), std::string(79, 'a') + '\0');
+  EXPECT_NE(messages.notes.find("room for 80 bytes"), std::string::npos) << messages.notes;
 }
 
 TEST(StlWriter, SaysWhyItCannotWrite) {

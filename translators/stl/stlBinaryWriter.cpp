@@ -11,17 +11,24 @@
 #include "vltFlag.h"
 #include "vltNames.h"
 #include "vltProgress.h"
+#include "vltUtf8.h"
 #include "vltWords.h"
 
 static_assert(std::endian::native == std::endian::little);
 
 namespace {
 
-std::string head(const utString& name, std::uint32_t count) {
+std::string head(const utString& name, std::uint32_t count, velabsOutput& output) {
   std::string remarks = name.empty() ? "binary STL" : vlt_one_line(name);
   if (remarks.size() >= 5 && vlt_same_word(std::string_view(remarks).substr(0, 5), "solid")) remarks = "STL " + remarks;
   // No name may look like the colour of the whole.
   for (std::size_t at = 0; (at = remarks.find("COLOR=", at)) != remarks.npos;) remarks[remarks.find('=', at)] = ' ';
+  if (remarks.size() > stl_remark_size) {
+    remarks = vlt_utf8_front(remarks, stl_remark_size);
+    output.message(velabsNOTE,
+                   utString("binary STL has room for " + std::to_string(stl_remark_size) +
+                            " bytes of SOLID_NAME: " + vlt_quoted(remarks, stl_remark_size) + " is written"));
+  }
   remarks.resize(stl_remark_size);
   return remarks.append(reinterpret_cast<const char*>(&count), sizeof count);
 }
@@ -124,7 +131,7 @@ velabsResult stl_write_binary(const std::vector<vltPlacedMesh>& bodies, const ve
     output.message(velabsERROR, utString(std::to_string(count) + " triangles are more than binary STL can count"));
     return velabsFAILED;
   }
-  stream.write(head(resources.value<utString>("SOLID_NAME"), static_cast<std::uint32_t>(count)));
+  stream.write(head(resources.value<utString>("SOLID_NAME"), static_cast<std::uint32_t>(count), output));
   const bool colours = vlt_flag(resources, "WRITE_MATERIALS");
   TriangleWriter writer(stream, output, count, colours);
   for (const vltPlacedMesh& body : bodies) {
