@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "vltRenames.h"
 #include "vltTextOutput.h"
 #include "vltWords.h"
 
@@ -71,14 +72,9 @@ std::size_t objLooks::look_of(const annMaterial& material) {
 }
 
 void objLooks::tell_renamed(velabsOutput& output) const {
-  auto is_renamed = [](const Look& look) { return !look.own_name.empty() && look.own_name != look.name; };
-  const auto first = std::find_if(looks_.begin(), looks_.end(), is_renamed);
-  if (first == looks_.end()) return;
-  const auto count = std::count_if(first, looks_.end(), is_renamed);
-  const std::string others = count > 1 ? ", and " + std::to_string(count - 1) + " more likewise" : "";
-  output.message(velabsNOTE,
-                 utString("OBJ names materials by one word each, that no other has: " +
-                          vlt_quoted(first->own_name.view()) + " becomes " + vlt_quoted(first->name) + others));
+  vltRenames renames;
+  for (const Look& look : looks_) renames.take(look.own_name.view(), look.name);
+  renames.tell("OBJ names materials by one word each, that no other has", output);
 }
 
 const std::string& objLooks::name_for(const vltPlacedMesh& body, std::size_t face) {

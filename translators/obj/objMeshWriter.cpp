@@ -19,8 +19,10 @@ objMeshWriter::objMeshWriter(velabsOfStream& stream, const velTableInstance& res
 bool objMeshWriter::write(const vltPlacedMesh& body, std::size_t number) {
   std::string name = vlt_one_line(body.node->name);
   if (name.empty()) name = "body_" + std::to_string(number + 1);
+  name = names_.unique(std::move(name));
+  renames_.take(body.node->name.view(), name);
   text_.text("o ");
-  text_.text(names_.unique(std::move(name)));
+  text_.text(name);
   text_.text("\n");
   const Written* at = written(body, number);
   return at && faces(body, *at);

@@ -8,6 +8,7 @@
 #include "velTableInstance.h"
 #include "vltNames.h"
 #include "vltProgress.h"
+#include "vltRenames.h"
 #include "vltTextOutput.h"
 #include "vltVertexLists.h"
 
@@ -23,6 +24,9 @@ class objMeshWriter {
   // The body of a number, which is to be the next one. False when the work is cancelled, the stream failed, or a
   // coordinate cannot be written, which is then said.
   bool write(const vltPlacedMesh& body, std::size_t number);
+
+  // Says in one note which names of parts are others in the file.
+  void tell_renamed() const { renames_.tell("OBJ names each part by one line that no other has", output_); }
 
  private:
   struct Written {
@@ -49,4 +53,5 @@ class objMeshWriter {
   std::size_t done_ = 0;
   std::string material_;
   vltUniqueNames names_;
+  vltRenames renames_;
 };

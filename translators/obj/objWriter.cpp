@@ -65,5 +65,6 @@ velabsResult objWriter::write(const annDocument& document, const velTableInstanc
   for (std::size_t i = 0; i < bodies.size(); ++i) {
     if (!writer.write(bodies[i], i)) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   }
+  writer.tell_renamed();
   return velabsDONE;
 }
