@@ -287,6 +287,11 @@ TEST(StlWriter, SpellsTextExactly) {
   ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", "Solid COLOR=b"}}), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 18), std::string("STL Solid COLOR b\0", 18));
 
+  document.root.children[0]->name = "# a # # b#";
+  ASSERT_EQ(writer.write(document, directory / "n.stl", messages, {{"FILE_FORMAT", "ascii"}}), velabsDONE);
+  EXPECT_EQ(reader.read(directory / "n.stl").node(0).name, "_ a _ _ b#");
+  EXPECT_NE(messages.notes.find("\"# a # # b#\" becomes"), std::string::npos) << messages.notes;
+
   const std::string long_name = std::string(79, 'a') + "\xC3\xA9";
   ASSERT_EQ(writer.write(document, directory / "a.stl", messages, {{"SOLID_NAME", long_name.c_str()}}), velabsDONE);
   EXPECT_EQ(TemporaryDirectory::read(directory / "a.stl").substr(0, 80), std::string(79, 'a') + '\0');

@@ -17,7 +17,7 @@ objMeshWriter::objMeshWriter(velabsOfStream& stream, const velTableInstance& res
       lists_(lists) {}
 
 bool objMeshWriter::write(const vltPlacedMesh& body, std::size_t number) {
-  std::string name = vlt_one_line(body.node->name);
+  std::string name = vlt_name_for_line(body.node->name);
   if (name.empty()) name = "body_" + std::to_string(number + 1);
   name = names_.unique(std::move(name));
   renames_.take(body.node->name.view(), name);

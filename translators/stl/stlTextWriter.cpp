@@ -3,6 +3,7 @@
 #include "stlTriangles.h"
 #include "vltNames.h"
 #include "vltProgress.h"
+#include "vltRenames.h"
 #include "vltTextOutput.h"
 
 namespace {
@@ -74,15 +75,20 @@ velabsResult stl_write_text(const std::vector<vltPlacedMesh>& bodies, const velT
   std::size_t triangles = 0;
   for (const vltPlacedMesh& body : bodies) triangles += body.mesh->triangle_count();
   SolidWriter writer(stream, output, *digits, triangles);
-  const std::string all = vlt_one_line(resources.value<utString>("SOLID_NAME"));
+  const std::string all = vlt_name_for_line(resources.value<utString>("SOLID_NAME"));
   const bool one = !all.empty() || bodies.empty();
+  vltRenames renames;
   if (one) writer.begin(all);
   for (const vltPlacedMesh& body : bodies) {
-    const std::string name = vlt_one_line(body.node->name);
-    if (!one) writer.begin(name);
+    const std::string name = vlt_name_for_line(body.node->name);
+    if (!one) {
+      renames.take(body.node->name.view(), name);
+      writer.begin(name);
+    }
     if (!writer.facets(body)) return writer.result();
     if (!one) writer.end(name);
   }
   if (one) writer.end(all);
+  renames.tell("text STL names each part by one line, in which no \"#\" stands alone", output);
   return velabsDONE;
 }

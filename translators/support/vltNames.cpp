@@ -15,6 +15,17 @@ bool is_control(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
 }
 
+// Where a comment begins; `npos` when there is none.
+std::size_t comment_in(std::string_view text) {
+  std::size_t at = text.find('#');
+  for (; at != text.npos; at = text.find('#', at + 1)) {
+    const bool before = at == 0 || vlt_is_blank(text[at - 1]);
+    const bool behind = at + 1 == text.size() || vlt_is_blank(text[at + 1]);
+    if (before && behind) break;
+  }
+  return at;
+}
+
 }  // namespace
 
 std::string vlt_quoted(std::string_view text, std::size_t most) {
@@ -36,12 +47,7 @@ std::string_view vlt_trimmed(std::string_view text) {
 }
 
 std::string_view vlt_before_comment(std::string_view text) {
-  for (std::size_t at = text.find('#'); at != text.npos; at = text.find('#', at + 1)) {
-    const bool before = at == 0 || vlt_is_blank(text[at - 1]);
-    const bool behind = at + 1 == text.size() || vlt_is_blank(text[at + 1]);
-    if (before && behind) return vlt_trimmed(text.substr(0, at));
-  }
-  return vlt_trimmed(text);
+  return vlt_trimmed(text.substr(0, comment_in(text)));
 }
 
 std::string vlt_name_on_line(std::string_view text) {
@@ -53,6 +59,12 @@ std::string vlt_one_line(const utString& name) {
   for (char& c : result) {
     if (is_control(c)) c = ' ';
   }
+  return result;
+}
+
+std::string vlt_name_for_line(const utString& name) {
+  std::string result = vlt_one_line(name);
+  for (std::size_t at; (at = comment_in(result)) != result.npos;) result[at] = '_';
   return result;
 }
 

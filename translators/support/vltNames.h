@@ -24,6 +24,10 @@ std::string vlt_name_on_line(std::string_view text);
 // A name that can stand on one line: trimmed, control characters become blanks.
 std::string vlt_one_line(const utString& name);
 
+// The same for a line whose end may be a comment, so that `vlt_name_on_line` gives the whole name back: "_" for each
+// "#" that would begin one.
+std::string vlt_name_for_line(const utString& name);
+
 // Makes names unique by a number at their end: "a", "a_2", "a_3".
 class vltUniqueNames {
  public:
