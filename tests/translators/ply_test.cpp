@@ -145,6 +145,8 @@ TEST(PlyReader, RefusesWhatCannotBeMeant) {
        "!a list of 4000000000 items does not fit"},
       {"binary: negative list", body("property list char int vertex_index\n", 1, std::int8_t{-3}, 0, 1, 2),
        "!a list of -3 items"},
+      {"binary: half a list", body("property list float int vertex_index\n", 1, nan, 0, 1, 2),
+       "!the length of a list is no whole number"},
       {"binary: index in a run", body(list, 2, u8{3}, 0, 1, 2, u8{3}, 0, 1, 3),
        "!entry 2 of 2 of the element \"face\": there is no vertex 3"},
       {"binary: not finite", Bytes(false)(0.F, 0.F, 0.F, 0.F, nan, 0.F).file("element vertex 2\n" + xyz),

@@ -36,6 +36,10 @@ class plyBinary {
   bool count(plyType type, plyType item, std::size_t& value) {
     long long number = 0;
     if (!whole(type, number)) return false;
+    if (number == std::numeric_limits<long long>::min()) {
+      reason_ = "the length of a list is no whole number";
+      return false;
+    }
     if (number < 0 || static_cast<unsigned long long>(number) > left() / ply_size_of(item)) {
       reason_ = "a list of " + std::to_string(number) + " items does not fit into the file";
       return false;
