@@ -7,9 +7,11 @@ namespace {
 double converted(double scale, velLengthUnit unit, const annDocument& document, velabsOutput& output) {
   if (unit == document.unit) return scale;
   if (document.unit != velLENGTH_UNSPECIFIED) return scale * vel_length_ratio(document.unit, unit);
-  output.message(velabsWARNING,
-                 utString("the model has no length unit, so its numbers are taken to be in ") + co_value_to_text(unit) +
-                     " already; if they are not, name their unit, for instance with --in length-unit=inch");
+  const velLengthUnit other = unit == velLENGTH_INCH ? velLENGTH_MILLIMETRE : velLENGTH_INCH;
+  output.message(
+      velabsWARNING,
+      utString("the model has no length unit, so its numbers are taken to be in ") + co_value_to_text(unit) +
+          " already; if they are not, name their unit, for instance with --in length-unit=" + co_value_to_text(other));
   return scale;
 }
 

@@ -38,11 +38,14 @@ void name_nodes(Nodes& nodes, const std::string& stem) {
 
 // Where all the models came without a unit there is none to be mistaken about.
 void warn_of_missing_units(const std::vector<v2vInputModel>& models, const v2vInputModel& giver, v2vReport& report) {
+  const velLengthUnit taken = giver.document.unit;
+  const velLengthUnit other = taken == velLENGTH_INCH ? velLENGTH_MILLIMETRE : velLENGTH_INCH;
   for (const v2vInputModel& model : models) {
     if (model.document.unit != velLENGTH_UNSPECIFIED) continue;
     report.message(velabsWARNING, model.file + ": it has no length unit, so its numbers are taken to be in " +
-                                      co_value_to_text(giver.document.unit) + ", the unit of " + giver.file +
-                                      "; if they are not, name their unit, for instance with --in length-unit=inch");
+                                      co_value_to_text(taken) + ", the unit of " + giver.file +
+                                      "; if they are not, name their unit, for instance with --in length-unit=" +
+                                      co_value_to_text(other));
   }
 }
 
