@@ -115,7 +115,10 @@ void threemfModelParser::start_below(const char* full_name, const char** attribu
       break;
   }
   skipped_ = 1;
-  if (name == "metadata" || name == "metadatagroup" || full.starts_with(materials)) return;
+  if (full.starts_with(materials)) return;
+  if (name == "metadata" || name == "metadatagroup") {
+    return found(velabsNOTE, "metadata is left out: titles, authors and the like");
+  }
   if (!name.empty()) return found(velabsNOTE, "element " + vlt_quoted(name) + " is not known and left out");
   const std::string_view uri = full.substr(0, full.rfind('|'));
   found(velabsNOTE, "elements of the extension " + vlt_quoted(uri, longest_shown_uri) + " are left out");
