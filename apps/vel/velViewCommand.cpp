@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "apNumberText.h"
+#include "apStringEncodingChooser.h"
 #include "velDesktop.h"
 #include "velFiles.h"
 #include "velMessages.h"
@@ -123,14 +124,21 @@ class View {
     return vel_joined(names);
   }
 
-  // After the first input, and without what would break the line on which it is printed.
+  // After the first input, and without what would break the line on which it is printed or has no place in JSON.
   std::string name_of_page() const {
-    std::string name = std::filesystem::path(vel_last_component(request_.inputs.front())).stem().string();
-    for (char& c : name) {
-      if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = '_';
-    }
     constexpr std::size_t longest = 200;
-    return name.substr(0, longest) + ".html";
+    const std::string stem = std::filesystem::path(vel_last_component(request_.inputs.front())).stem().string();
+    const apIStringEncoding& encoding = *apStringEncodingChooser().ut_encoding();
+    std::wstring text;
+    std::string name;
+    apStatus status;
+    encoding.decode(stem.substr(0, longest), text, status);
+    for (wchar_t& c : text) {
+      const bool is_stray_byte = c >= 0xdc80 && c <= 0xdcff;
+      if (c < 0x20 || c == 0x7f || is_stray_byte) c = L'_';
+    }
+    encoding.encode(text, name, status);
+    return name + ".html";
   }
 
   void print_json(bool done) const {
