@@ -60,7 +60,7 @@ bool exa_write_files(const exaProducts& products, const velTableInstance& resour
   return true;
 }
 
-void exa_tell_losses(const annDocument& document, const char* format, velabsOutput& output) {
+void exa_tell_losses(const annDocument& document, const char* format, bool holds_colours, velabsOutput& output) {
   bool normals = false, colours = false, names = false;
   for (const annPlacedBody& placed : ann_placed_bodies(document)) {
     const annMesh* mesh = placed.node->body.mesh.get();
@@ -75,7 +75,7 @@ void exa_tell_losses(const annDocument& document, const char* format, velabsOutp
   };
   note(normals, "holds no vertex normals: they are left out");
   note(colours, "holds no vertex colours: they are left out");
-  note(names, "holds no names of materials: their colours are written without");
+  note(names && holds_colours, "holds no names of materials: their colours are written without");
 }
 
 std::size_t exa_face_count(const std::vector<exaProduct>& products) {

@@ -24,8 +24,10 @@ using exaWriteFile = std::function<bool(const std::vector<exaProduct>& products,
 VELEXACT_API bool exa_write_files(const exaProducts& products, const velTableInstance& resources,
                                   velabsOfStream& stream, velabsOutput& output, const exaWriteFile& write);
 
-// Says what meshes and nodes have that formats of exact shapes do not hold.
-VELEXACT_API void exa_tell_losses(const annDocument& document, const char* format, velabsOutput& output);
+// Says what meshes and nodes have that formats of exact shapes do not hold. Without colours there is nothing to say of
+// their names.
+VELEXACT_API void exa_tell_losses(const annDocument& document, const char* format, bool holds_colours,
+                                  velabsOutput& output);
 
 // The faces of all products, each once.
 VELEXACT_API std::size_t exa_face_count(const std::vector<exaProduct>& products);

@@ -62,7 +62,7 @@ velabsResult brepWriter::write(const annDocument& document, const velTableInstan
   if (!factor) return velabsFAILED;
   exaProducts products(document, resources, *factor, output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
-  exa_tell_losses(document, "BREP", output);
+  exa_tell_losses(document, "BREP", false, output);
   if (products.has_colours()) output.message(velabsNOTE, "BREP holds no colours: they are not written");
   if (products.products().size() > 1) output.message(velabsNOTE, "BREP holds no names: the parts are written without");
   if (unit != velLENGTH_UNSPECIFIED) {

@@ -180,7 +180,7 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
   if (unit.written != wanted) output.message(velabsNOTE, "IGES is written in feet where yards are asked for");
   exaProducts products(document, resources, *factor * vel_length_ratio(wanted, unit.written), output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
-  exa_tell_losses(document, "IGES", output);
+  exa_tell_losses(document, "IGES", true, output);
   if (products.has_assemblies()) {
     output.message(velabsNOTE,
                    "assemblies are not written as IGES: their parts stand side by side, each as often as "

@@ -139,7 +139,7 @@ velabsResult stepWriter::write(const annDocument& document, const velTableInstan
   if (!factor) return velabsFAILED;
   exaProducts products(document, resources, *factor, output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
-  exa_tell_losses(document, "STEP", output);
+  exa_tell_losses(document, "STEP", true, output);
   const utString name = document.root.name.empty() ? exa_stem(stream_.target()) : document.root.name;
   Writing writing(resources, unit, name, output);
   const bool done = exa_write_files(
