@@ -205,7 +205,7 @@ std::vector<std::string> reversed_words(const CLI::App& program, int count, char
   bool only_files = false;
   int size_at = 0;
   for (int i = 1; i < count; ++i) {
-    const std::string word = words[i];
+    const std::string word = i == 1 && words[i] == std::string_view("help") ? "--help" : words[i];
     if (i == size_at && !looks_like_size(word)) reversed.emplace_back();
     if (!only_files && word.starts_with("--png=")) size_at = i + 1;
     if (!only_files && word == "--png" && i + 1 < count && *words[i + 1] != '-') size_at = i + 2;
@@ -382,7 +382,7 @@ velCommand vel_parse_command_line(int count, char** words, velConsole& console, 
     const Reached reached = innermost(program);
     std::string complaint = complaint_about_words(program, reversed_words(program, count, words));
     if (complaint.empty()) complaint = complaint_about(error, *reached.app);
-    console.error(vel_text(velMSG_TRY_HELP, {complaint, reached.whole_name()}));
+    console.error(vel_text(velMSG_TRY_HELP, {vel_sentence(complaint), reached.whole_name()}));
     exit_code = velEXIT_USAGE;
     return nullptr;
   }

@@ -22,7 +22,7 @@ constexpr Text texts[] = {
     {velMSG_NO_REASON, "%1: it failed and no reason was given."},
     {velMSG_NOTHING_WRITTEN, "Nothing was written."},
 
-    {velMSG_TRY_HELP, "%1. Try `%2 --help`."},
+    {velMSG_TRY_HELP, "%1 Try `%2 --help`."},
     {velMSG_NO_COMMAND, "a command is missing"},
     {velMSG_UNKNOWN_COMMAND, "there is no command \"%1\""},
     {velMSG_UNKNOWN_OPTION, "there is no option \"%1\""},

@@ -29,7 +29,7 @@ std::string vel_joined(const std::vector<std::string>& texts, std::string_view s
 }
 
 std::string vel_sentence(std::string text) {
-  if (!text.empty() && text.back() != '.') text += '.';
+  if (!text.empty() && text.back() != '.' && text.back() != '?') text += '.';
   return text;
 }
 

@@ -13,7 +13,7 @@ std::string vel_printable(std::string_view text);
 
 std::string vel_joined(const std::vector<std::string>& texts, std::string_view separator = ", ");
 
-// The text, with a full stop behind it unless it ends in one.
+// The text, with a full stop behind it unless it ends in one or in a question mark.
 std::string vel_sentence(std::string text);
 
 // The text in lines of at most 80 characters as far as its words allow, each with `indent` blanks in front. Made

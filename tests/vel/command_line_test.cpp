@@ -14,6 +14,7 @@ struct Case {
 const std::vector<Case> cases{
     {{"--version"}, 0, "vel " VEL_VERSION "\n", ""},
     {{"--help"}, 0, "translate", ""},
+    {{"help"}, 0, "translate", ""},
     {{"translate", "--help"}, 0, "KEY=VALUE", ""},
     {{}, 2, "", "vel --help"},
     {{"a.stl", "-o", "b.obj"}, 2, "", "no command \"a.stl\"; files are translated with `vel translate "},
@@ -40,7 +41,7 @@ const std::vector<Case> cases{
     {{"cache"}, 2, "", "vel cache --help"},
     {{"tranlsate", "a.stl"}, 2, "", "no command \"tranlsate\"; did you mean \"translate\"?"},
     {{"cache", "claer"}, 2, "", "did you mean \"clear\"?"},
-    {{"list", "--quite"}, 2, "", "did you mean \"--quiet\"?"},
+    {{"list", "--quite"}, 2, "", "did you mean \"--quiet\"? Try"},
     {{"list", "-q=1"}, 2, "", "-q takes no value"},
     {{"options"}, 2, "", "FORMAT"},
     {{"options", "nonsense"}, 3, "", "OBJ, STL"},
