@@ -7,7 +7,9 @@ class Ui {
     this.viewer = viewer;
     this.panels = ["views", "section", "help"];
     const { model } = viewer;
-    element("title").textContent = model.title;
+    // Names of files break where they have parts, before they break anywhere.
+    const pieces = model.title.split(/(?<=[_-])|(?=\.)/);
+    element("title").replaceChildren(...pieces.flatMap((piece) => [document.createElement("wbr"), piece]));
     element("title").title = model.title;
     const triangles = model.parts.reduce((sum, part) => sum + model.meshes[part.mesh].triangles, 0);
     element("counts").textContent =
