@@ -91,6 +91,7 @@ TEST_F(ExactColours, FacesKeepTheirOwnAndTheOthersTakeThatOfTheOccurrence) {
     const std::size_t number = static_cast<std::size_t>(&it - cases);
     std::string in_pieces = replaced(file, "OCCURRENCE('1','',", "OCCURRENCE('1','=>[]',");
     in_pieces = replaced(in_pieces, "OCCURRENCE('2','part',", "OCCURRENCE('2','=>[]',");
+    in_pieces = replaced(in_pieces, "PRODUCT('part','part',", "PRODUCT('SOLID','SOLID',");
     const Reading named = read(file, "step"), pieces = read(in_pieces, "step");
     ASSERT_EQ(named.result, velabsDONE) << named.messages.errors;
     ASSERT_EQ(pieces.result, velabsDONE) << pieces.messages.errors;

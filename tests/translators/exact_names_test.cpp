@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <regex>
 #include <utility>
 
 #include "ExactFiles.h"
@@ -85,4 +86,17 @@ TEST_F(ExactNames, NamesInOtherEncodingsAreRead) {
     const std::string ground = written(triangle("N-A-M"), format);
     for (const auto& [bytes, name] : cases) EXPECT_EQ(name_read(replaced(ground, "N-A-M", bytes), format), name);
   }
+}
+
+TEST_F(ExactNames, ProductsStayApartWhereTheirOccurrencesHaveNoNames) {
+  const std::string named = TemporaryDirectory::read(example);
+  const std::regex occurrence("NEXT_ASSEMBLY_USAGE_OCCURRENCE\\('[^']*','[^']*'");
+  const std::string bytes = std::regex_replace(named, occurrence, "NEXT_ASSEMBLY_USAGE_OCCURRENCE('',''");
+  ASSERT_NE(bytes, named);
+  const Reading reading = read(bytes, "step");
+  EXPECT_EQ(reading.statistics().parts, reader("step").read(example).statistics().parts);
+  const auto& occurrences = reading.node(0).children;
+  ASSERT_EQ(occurrences.size(), 3U);
+  EXPECT_EQ(occurrences[0]->name, "bracket");
+  EXPECT_EQ(occurrences[2]->name, "bolt");
 }

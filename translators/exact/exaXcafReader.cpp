@@ -182,8 +182,10 @@ void exaXcafReader::settle(Definition& definition) {
   auto& components = definition.components;
   std::erase_if(components, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
   definition.worth_showing = !components.empty();
+  // A product that stands in another one has a name of its own, even where its occurrence has none.
   const bool are_pieces = std::all_of(components.begin(), components.end(), [&](const Component& it) {
-    return is_made_up(it.name) && !definitions_[it.definition]->body.empty();
+    const Definition& piece = *definitions_[it.definition];
+    return is_made_up(it.name) && (is_made_up(piece.name) || is_kind(piece.name)) && !piece.body.empty();
   });
   if (are_pieces && !components.empty()) merge_pieces(definition);
 }
