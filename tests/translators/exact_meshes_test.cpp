@@ -37,6 +37,18 @@ TEST_F(ExactMeshes, MeshesBecomePlanarFaces) {
     EXPECT_NE(messages.errors.find("facet-limit=12"), std::string::npos) << messages.errors;
     EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "12"}}), velabsDONE);
   }
+
+  // IGES writes a mesh as often as it occurs.
+  larger.body.mesh = two.root.children.front()->body.mesh;
+  larger.transform = {{1, 0, 0, 5, 0, 1, 0, 0, 0, 0, 1, 0}};
+  messages = {};
+  EXPECT_EQ(writer("iges").write(two, path("two.iges"), messages, {{"FACET_LIMIT", "11"}}), velabsFAILED);
+  EXPECT_NE(messages.errors.find("facet-limit=12"), std::string::npos) << messages.errors;
+  EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "11"}}), velabsDONE);
+  EXPECT_EQ(writer("iges").write(two, path("two.iges"), messages,
+                                 {{"FACET_LIMIT", "11"}, {"MULTIPLE_FILES", "file per part"}}),
+            velabsDONE);
+
   messages = {};
   EXPECT_EQ(writer("step").write(document_of(cube(1)), path("exact.step"), messages, {{"REPRESENTATION", "exact"}}),
             velabsFAILED);

@@ -46,11 +46,6 @@ std::shared_ptr<const annMesh> changed(const std::shared_ptr<const annMesh>& mes
   return result;
 }
 
-std::size_t limit(const velTableInstance& resources) {
-  const int limit = resources.value<int>("FACET_LIMIT", 40000);
-  return limit > 0 ? static_cast<std::size_t>(limit) : 0;
-}
-
 // The making of one mesh's faces as a part of the making of all.
 class Share final : public annProgress {
  public:
@@ -69,10 +64,21 @@ class Share final : public annProgress {
 
 }  // namespace
 
+bool exa_allows_planar_faces(std::size_t count, const velTableInstance& resources, velabsOutput& output) {
+  const int limit = resources.value<int>("FACET_LIMIT", 40000);
+  if (limit > 0 && count <= static_cast<std::size_t>(limit)) return true;
+  const std::string faces = std::to_string(count);
+  output.message(velabsERROR,
+                 utString("its meshes would become " + faces + " planar faces, more than the " + std::to_string(limit) +
+                          " that FACET_LIMIT allows; write a format of meshes, or give --out facet-limit=" + faces +
+                          " where there is memory for them, up to 25 kB for each"));
+  return false;
+}
+
 exaProducts::exaProducts(const annDocument& document, const velTableInstance& resources, double factor,
                          velabsOutput& output)
     : wanted_(resources.value<velRepresentationOption>("REPRESENTATION", velREPRESENTATION_AS_IS)),
-      most_planar_faces_(limit(resources)),
+      resources_(resources),
       output_(output),
       definitions_(document),
       facets_(document, resources, output),
@@ -123,18 +129,7 @@ bool exaProducts::count_planar_faces() {
     if (!mesh || output_.cancelled()) return false;
     if (seen.insert(mesh.get()).second) planar_faces_ += exa_planar_face_count(*mesh);
   }
-  return is_allowed(planar_faces_);
-}
-
-bool exaProducts::is_allowed(std::size_t planar_faces) {
-  if (planar_faces <= most_planar_faces_) return true;
-  const std::string count = std::to_string(planar_faces);
-  output_.message(velabsERROR, utString("its meshes would become " + count + " planar faces, more than the " +
-                                        std::to_string(most_planar_faces_) +
-                                        " that FACET_LIMIT allows; write a format of meshes, or give --out "
-                                        "facet-limit=" +
-                                        count + " where there is memory for them, up to 25 kB for each"));
-  return false;
+  return exa_allows_planar_faces(planar_faces_, resources_, output_);
 }
 
 bool exaProducts::add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
@@ -172,7 +167,7 @@ bool exaProducts::find(std::size_t definition, const annTransform& change, const
     const Made* const shape = shape_of(node, change);
     if (!shape) return false;
     if (!shape->shape.IsNull()) {
-      exaProduct part{node.name, shape->shape, colour, shape->colours, {}};
+      exaProduct part{node.name, shape->shape, shape->planar_faces, colour, shape->colours, {}};
       if (made.uses.empty()) {
         made = std::move(part);
       } else {
@@ -231,7 +226,7 @@ bool exaProducts::make_planar(const annNode& node, const annTransform& change, M
   const std::size_t count = exa_planar_face_count(*mesh);
   // A mesh that is scaled in several ways is made in each of them.
   planar_faces_ = std::max(planar_faces_, planar_faces_made_ + count);
-  if (!is_allowed(planar_faces_)) return false;
+  if (!exa_allows_planar_faces(planar_faces_, resources_, output_)) return false;
   Share share(output_, planar_faces_made_, count, planar_faces_);
   exaPlanarShape planar = exa_planar_shape(*mesh, share);
   if (output_.cancelled()) return false;
@@ -242,6 +237,7 @@ bool exaProducts::make_planar(const annNode& node, const annTransform& change, M
   }
   findings_.count(velabsNOTE, "meshes become planar faces, one for each flat facet");
   if (!planar.shape.IsNull()) made.shape = is_even ? exa_changed(planar.shape, change) : planar.shape;
+  made.planar_faces = count;
   made.colours = std::move(planar.colours);
   return true;
 }

@@ -23,11 +23,15 @@ struct exaProduct {
     gp_Trsf location;
   };
   utString name;
-  TopoDS_Shape shape;  // null for assemblies
+  TopoDS_Shape shape;            // null for assemblies
+  std::size_t planar_faces = 0;  // that a mesh became
   std::optional<annColour> colour;
   exaFaceColours face_colours;
   std::vector<Use> uses;
 };
+
+// False, and a message, when planar faces made of meshes are more than FACET_LIMIT allows.
+VELEXACT_API bool exa_allows_planar_faces(std::size_t count, const velTableInstance& resources, velabsOutput& output);
 
 // A document as products, each described once however often it stands in the document. Locations turn and move; where
 // the document scales or mirrors, the shapes themselves are changed. REPRESENTATION says what becomes of meshes and
@@ -56,13 +60,13 @@ class VELEXACT_API exaProducts {
   };
   struct Made {
     TopoDS_Shape shape;
+    std::size_t planar_faces = 0;
     exaFaceColours colours;
   };
 
   bool is_exact(const annBody& body) const;
   // How many planar faces there will be; false, and a message, when they are too many.
   bool count_planar_faces();
-  bool is_allowed(std::size_t planar_faces);
   bool add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
                 const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target);
   // The product of a definition, or none when there is nothing in it. False, and a message, when it cannot be made.
@@ -74,7 +78,7 @@ class VELEXACT_API exaProducts {
   bool fail(const annNode& node, const std::string& why);
 
   const velRepresentationOption wanted_;
-  const std::size_t most_planar_faces_;
+  const velTableInstance& resources_;
   velabsOutput& output_;
   annDefinitions definitions_;
   vltFacets facets_;

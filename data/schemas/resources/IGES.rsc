@@ -27,8 +27,9 @@ ALLOW_GAPS = 0
 # facets: exact shapes become planar faces too, as close as the tolerances say.
 REPRESENTATION = as-is
 
-# Meshes: the largest number of planar faces that all of them may become, greater than 0 (writing). On an ordinary
-# machine each takes about 9 kB of memory and 0.15 milliseconds: 100000 take 1 GB and 15 seconds.
+# Meshes: the largest number of planar faces that all of them may become, each as often as it occurs, greater than 0
+# (writing). On an ordinary machine each takes about 9 kB of memory and 0.15 milliseconds: 100000 take 1 GB and 15
+# seconds.
 FACET_LIMIT = 100000
 
 # One file, or one for each part: the further ones stand beside the first (writing).

@@ -191,7 +191,8 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
   exaSession session(output);
   auto write = [&](const auto& parts, const auto& top, velabsOfStream& stream) {
     return session.guarded("it cannot be written", [&] {
-      std::vector<exaProduct> placed = iges_parts(parts, top);
+      std::vector<exaProduct> placed;
+      if (!iges_make_parts(parts, top, resources, output, placed)) return false;
       put_names(placed, findings);
       const Handle(TDocStd_Document) source =
           exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {});
