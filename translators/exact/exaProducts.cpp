@@ -103,11 +103,21 @@ bool exaProducts::has_assemblies() const {
   return std::any_of(products_.begin(), products_.end(), [](const exaProduct& it) { return it.shape.IsNull(); });
 }
 
+bool exaProducts::has_names() const {
+  return std::any_of(products_.begin(), products_.end(), [](const exaProduct& it) { return !it.name.empty(); });
+}
+
 bool exaProducts::has_colours() const {
-  for (const exaProduct& product : products_) {
-    if (product.colour || !product.face_colours.empty()) return true;
-  }
-  return false;
+  return std::any_of(products_.begin(), products_.end(),
+                     [](const exaProduct& it) { return it.colour || !it.face_colours.empty(); });
+}
+
+bool exaProducts::has_see_through_colours() const {
+  auto see_through = [](const annColour& colour) { return colour.opacity < 1; };
+  return std::any_of(products_.begin(), products_.end(), [&](const exaProduct& it) {
+    const auto& of_faces = it.face_colours.colours;
+    return (it.colour && see_through(*it.colour)) || std::any_of(of_faces.begin(), of_faces.end(), see_through);
+  });
 }
 
 bool exaProducts::fail(const annNode& node, const std::string& why) {

@@ -48,7 +48,9 @@ class VELEXACT_API exaProducts {
   const std::vector<exaProduct>& products() const { return products_; }
   const std::vector<exaProduct::Use>& top() const { return top_; }
   bool has_assemblies() const;
+  bool has_names() const;
   bool has_colours() const;
+  bool has_see_through_colours() const;
 
  private:
   // What one product is made of: a definition, what shapes below it are changed by, and the colour around it.

@@ -3,6 +3,8 @@
 #include <TopExp.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
 #include <algorithm>
+#include <cstdlib>
+#include <ctime>
 
 #include "velMultipleFileOption.h"
 #include "vltNames.h"
@@ -99,6 +101,15 @@ bool exa_tell_missing(std::size_t faces, std::size_t written, const char* format
   }
   output.message(velabsWARNING, utString(missing + " cannot" + what + " and are left out" + advice));
   return true;
+}
+
+std::string exa_time_stamp(const char* format) {
+  const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
+  const std::time_t start = 0, seconds = epoch ? static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10)) : start;
+  std::tm parts{};
+  if (!gmtime_r(&seconds, &parts)) gmtime_r(&start, &parts);
+  char shown[40];
+  return std::string(shown, std::strftime(shown, sizeof shown, format, &parts));
 }
 
 utString exa_stem(const utString& file) {

@@ -37,5 +37,9 @@ VELEXACT_API std::size_t exa_face_count(const std::vector<exaProduct>& products)
 VELEXACT_API bool exa_tell_missing(std::size_t faces, std::size_t written, const char* format,
                                    const std::string& reason, velabsOutput& output);
 
+// The time that a file names, the same for every run unless SOURCE_DATE_EPOCH gives one; in UTC, spelled as `strftime`
+// does.
+VELEXACT_API std::string exa_time_stamp(const char* format);
+
 // The last component of a file's name without its extension.
 VELEXACT_API utString exa_stem(const utString& file);

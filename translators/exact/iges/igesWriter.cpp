@@ -11,8 +11,6 @@
 #include <Interface_EntityIterator.hxx>
 #include <Interface_Static.hxx>
 #include <TCollection_HAsciiString.hxx>
-#include <cstdlib>
-#include <ctime>
 #include <ostream>
 #include <string_view>
 #include <vector>
@@ -68,17 +66,6 @@ Handle(TCollection_HAsciiString) text(std::string_view value) {
   return new TCollection_HAsciiString(iges_ascii(value, changed).c_str());
 }
 
-// The same for every run, unless SOURCE_DATE_EPOCH gives a time.
-std::string time_stamp() {
-  const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
-  const std::time_t seconds = epoch ? static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10)) : 0;
-  std::tm parts{};
-  char shown[40];
-  if (!gmtime_r(&seconds, &parts)) return "19700101.000000";
-  std::strftime(shown, sizeof shown, "%Y%m%d.%H%M%S", &parts);
-  return shown;
-}
-
 void set_header(const Handle(IGESData_IGESModel) & model, const utString& name) {
   IGESData_GlobalSection header = model->GlobalSection();
   header.SetSendName(text(name.view()));
@@ -86,8 +73,9 @@ void set_header(const Handle(IGESData_IGESModel) & model, const utString& name) 
   header.SetSystemId(text("vel"));
   header.SetInterfaceVersion(text("vel"));
   header.SetReceiveName(text(name.view()));
-  header.SetDate(text(time_stamp()));
-  header.SetLastChangeDate(text(time_stamp()));
+  const std::string now = exa_time_stamp("%Y%m%d.%H%M%S");
+  header.SetDate(text(now));
+  header.SetLastChangeDate(text(now));
   header.SetAuthorName(text(""));
   header.SetCompanyName(text(""));
   model->SetGlobalSection(header);
@@ -163,6 +151,7 @@ bool put(const Handle(TDocStd_Document) & source, std::size_t faces, const velTa
   set_header(writer.Model(), exa_stem(stream.target()));
   exaOutputBuffer buffer(stream);
   std::ostream bytes(&buffer);
+  bytes.imbue(std::locale::classic());
   return writer.Write(bytes, false) || !stream.good();
 }
 
@@ -187,6 +176,9 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
                    "it occurs");
   }
   const bool with_colours = resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
+  if (with_colours && products.has_see_through_colours()) {
+    output.message(velabsNOTE, "IGES holds no opacity: the colours are written without");
+  }
   vltOnce findings(output);
   exaSession session(output);
   auto write = [&](const auto& parts, const auto& top, velabsOfStream& stream) {

@@ -4,10 +4,9 @@
 #include <Interface_HArray1OfHAsciiString.hxx>
 #include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <TCollection_HAsciiString.hxx>
-#include <cstdlib>
-#include <ctime>
 #include <string>
 
+#include "exaWriting.h"
 #include "vltUtf8.h"
 
 namespace {
@@ -22,22 +21,12 @@ Handle(Interface_HArray1OfHAsciiString) list(const char* value) {
   return result;
 }
 
-std::string time_stamp() {
-  const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
-  const std::time_t seconds = epoch ? static_cast<std::time_t>(std::strtoll(epoch, nullptr, 10)) : 0;
-  std::tm parts{};
-  char shown[40];
-  if (!gmtime_r(&seconds, &parts)) return "1970-01-01T00:00:00";
-  std::strftime(shown, sizeof shown, "%Y-%m-%dT%H:%M:%S", &parts);
-  return shown;
-}
-
 }  // namespace
 
 void step_make_repeatable(const Handle(StepData_StepModel) & model, const utString& name) {
   APIHeaderSection_MakeHeader header(model);
   header.SetName(text(vlt_as_utf8(name.view())));
-  header.SetTimeStamp(text(time_stamp()));
+  header.SetTimeStamp(text(exa_time_stamp("%Y-%m-%dT%H:%M:%S")));
   header.SetAuthor(list(""));
   header.SetOrganization(list(""));
   header.SetPreprocessorVersion(text("Open CASCADE 7"));
