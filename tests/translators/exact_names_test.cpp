@@ -100,3 +100,13 @@ TEST_F(ExactNames, ProductsStayApartWhereTheirOccurrencesHaveNoNames) {
   EXPECT_EQ(occurrences[0]->name, "bracket");
   EXPECT_EQ(occurrences[2]->name, "bolt");
 }
+
+TEST_F(ExactNames, WhatAFormatHoldsNotIsSaid) {
+  annDocument document = triangle("part");
+  document.root.children[0]->colour = {1, 0, 0, 0.5F};
+  Messages brep, iges;
+  written(document, "brep", brep);
+  written(document, "iges", iges);
+  EXPECT_NE(brep.notes.find("BREP holds no names:"), std::string::npos) << brep.notes;
+  EXPECT_NE(iges.notes.find("IGES holds no opacity"), std::string::npos) << iges.notes;
+}

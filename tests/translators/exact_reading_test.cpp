@@ -44,6 +44,17 @@ TEST_F(ExactReading, IgesFilesMayBePaddedAtTheirEnd) {
   }
 }
 
+TEST_F(ExactReading, WhatIsHiddenInAFileIsShownAloud) {
+  const std::string said = "hidden in the file is shown";
+  const std::string iges = written(triangle("part"), "iges"), step = written(triangle("part"), "step");
+  EXPECT_EQ(read(iges, "iges").messages.notes.find(said), std::string::npos);
+  EXPECT_NE(read(replaced(iges, "00010000D0000001", "01010000D0000001"), "iges").messages.notes.find(said),
+            std::string::npos);
+  std::string hidden = step;
+  hidden.insert(hidden.rfind("ENDSEC;"), "#90000=STYLED_ITEM('',(),#10);\n#90001=INVISIBILITY((#90000));\n");
+  EXPECT_NE(read(hidden, "step").messages.notes.find(said), std::string::npos);
+}
+
 // What the kernel prints is dropped, on the threads where a program tells of the work.
 TEST_F(ExactReading, WhatIsSaidWhileTheKernelWorksIsHeard) {
   class Printing : public Messages {

@@ -64,7 +64,7 @@ velabsResult brepWriter::write(const annDocument& document, const velTableInstan
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   exa_tell_losses(document, "BREP", false, output);
   if (products.has_colours()) output.message(velabsNOTE, "BREP holds no colours: they are not written");
-  if (products.products().size() > 1) output.message(velabsNOTE, "BREP holds no names: the parts are written without");
+  if (products.has_names()) output.message(velabsNOTE, "BREP holds no names: the parts are written without");
   if (unit != velLENGTH_UNSPECIFIED) {
     output.message(velabsNOTE, utString("BREP holds no length unit: that of the numbers is ") + co_value_to_text(unit));
   }

@@ -16,6 +16,7 @@
 #include "exaSession.h"
 #include "exaXcafReader.h"
 #include "exaXcafTarget.h"
+#include "igesContent.h"
 #include "igesFormat.h"
 #include "igesNames.h"
 #include "igesNesting.h"
@@ -110,6 +111,7 @@ class Reading {
     target_ = exa_xcaf_target(reader_->IGESModel()->GlobalSection().UnitValue(), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const bool done = reader_->Transfer(target_, progress->Start());
+    if (done) iges_tell_left_out(*reader_, output_);
     reader_.reset();
     return done || fail("its shapes cannot be made");
   }

@@ -6,6 +6,8 @@
 #include <StepShape_Face.hxx>
 #include <StepShape_GeometricSet.hxx>
 #include <StepShape_SolidModel.hxx>
+#include <StepVisual_HArray1OfInvisibleItem.hxx>
+#include <StepVisual_Invisibility.hxx>
 #include <StepVisual_PresentationLayerAssignment.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <string_view>
@@ -59,8 +61,14 @@ std::string step_why_empty(const Handle(StepData_StepModel) & model) {
 
 void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& output) {
   std::unordered_map<const Standard_Type*, std::size_t> types;
-  for (int i = 1; i <= model->NbEntities(); ++i) ++types[model->Value(i)->DynamicType().get()];
-  std::size_t measured = 0, layers = 0;
+  std::size_t measured = 0, layers = 0, hidden = 0;
+  for (int i = 1; i <= model->NbEntities(); ++i) {
+    const Handle(Standard_Transient) entity = model->Value(i);
+    ++types[entity->DynamicType().get()];
+    const auto list = Handle(StepVisual_Invisibility)::DownCast(entity);
+    if (!list.IsNull() && !list->InvisibleItems().IsNull())
+      hidden += static_cast<std::size_t>(list->NbInvisibleItems());
+  }
   for (const auto& [type, count] : types) {
     if (is_measured_or_annotated(type->Name())) measured += count;
     if (type->SubType(STANDARD_TYPE(StepVisual_PresentationLayerAssignment))) layers += count;
@@ -68,5 +76,6 @@ void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& 
   vltOnce findings(output);
   if (measured > 0) findings.count(velabsNOTE, "dimensions, tolerances and annotations are left out", 0, measured);
   if (layers > 0) findings.count(velabsNOTE, "layers are left out", 0, layers);
+  if (hidden > 0) findings.count(velabsNOTE, "what is hidden in the file is shown like the rest", 0, hidden);
   findings.tell();
 }

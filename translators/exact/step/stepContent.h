@@ -8,5 +8,6 @@
 // Why nothing could be made of a parsed file.
 std::string step_why_empty(const Handle(StepData_StepModel) & model);
 
-// Says in one note for each kind what a parsed file holds beside shapes, names and colours, which alone are read.
+// Says in one note for each kind what a parsed file holds beside shapes, names and colours, which alone are read: what
+// is measured and annotated, layers, and what is hidden.
 void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& output);
