@@ -9,6 +9,7 @@
 #include <set>
 
 #include "Corpus.h"
+#include "KeptByKernel.h"
 #include "OtherProcess.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
@@ -368,6 +369,7 @@ TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
        "stands in itself"},
       {"#900001=OFFSET_SURFACE('',#900001,1.,.F.);\n", "holds #900001, which stands in itself"}};
   for (const auto& [line, fault] : circles) {
+    const KeptByKernel circle;
     directory_.write("assembly/HEAD.stp", std::string(head).insert(head.rfind("ENDSEC;"), line));
     EXPECT_NE(referring_to("HEAD.stp").messages.errors.find(fault), std::string::npos) << fault;
   }

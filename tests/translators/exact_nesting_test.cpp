@@ -1,6 +1,7 @@
 #include <cstdio>
 
 #include "ExactFiles.h"
+#include "KeptByKernel.h"
 
 // Small files whose assemblies would fill the memory, or end the process, if they were walked through.
 
@@ -12,6 +13,7 @@ constexpr int too_deep = 3000;
 class ExactNesting : public ExactFiles {
  protected:
   void expect_refused(const std::string& format, const std::string& bytes, const std::string& why) const {
+    const KeptByKernel circles;
     const Reading reading = read(bytes, format);
     EXPECT_EQ(reading.result, velabsFAILED);
     EXPECT_NE(reading.messages.errors.find(why), std::string::npos) << reading.messages.errors;
