@@ -97,7 +97,6 @@ class VLN_API vlnTranslatorCacheReader {
   Place place_;
   mutable velabsTranslatorCategorycoPrf category_;  // of the last record
   mutable std::wstring library_name_;               // kept for its room
-  std::string pending_;                             // the lines of the record that is being read
   bool readable_ = false;
   bool any_text_ = false;
   bool line_too_long_ = false;

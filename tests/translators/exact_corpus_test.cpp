@@ -9,7 +9,6 @@
 #include <set>
 
 #include "Corpus.h"
-#include "KeptByKernel.h"
 #include "OtherProcess.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
@@ -329,62 +328,6 @@ TEST_F(ExactCorpus, BoxesAreAsCloseAsTheNumbersOfTheFile) {
   const std::pair<double, double> numbers[] = {{box->min.x, -10}, {box->min.y, 0},   {box->min.z, -4},
                                                {box->max.x, 190}, {box->max.y, 150}, {box->max.z, 80}};
   for (const auto& [number, expected] : numbers) EXPECT_NEAR(number, expected, 1e-12);
-}
-
-TEST_F(ExactCorpus, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
-  namespace fs = std::filesystem;
-  const fs::path here = directory_.path() / "assembly", source = std::getenv("VEL_CORPUS");
-  fs::copy(source / "step/s1-c5-214", here);
-  const std::string main = TemporaryDirectory::read((here / "s1-c5-214.stp").string());
-  const auto referring_to = [&](const std::string& name) {
-    const std::string text = std::regex_replace(main, std::regex("'HEAD\\.stp'"), "'" + name + "'");
-    return translator("stepreader").read(directory_.write("assembly/other.stp", text));
-  };
-  EXPECT_EQ(referring_to("HEAD.stp").statistics().parts, 11U);
-  const fs::path start = fs::current_path();
-  fs::current_path(directory_.path());
-  EXPECT_EQ(translator("stepreader").read("assembly/other.stp").statistics().parts, 11U);
-  fs::current_path(start);
-
-  fs::create_directory(here / "below");
-  fs::rename(here / "HEAD.stp", here / "below/HEAD.stp");
-  const Reading missing = referring_to("HEAD.stp");
-  EXPECT_EQ(missing.statistics().parts, 9U) << missing.messages.errors;
-  EXPECT_NE(missing.messages.warnings.find("\"HEAD.stp\" that it refers to is missing"), std::string::npos);
-  // Its own references are looked for beside it.
-  const Reading half = referring_to("below/HEAD.stp");
-  EXPECT_EQ(half.statistics().parts, 9U);
-  EXPECT_NE(half.messages.warnings.find("HEAD_BACK.stp"), std::string::npos) << half.messages.warnings;
-  for (const char* name : {"HEAD_BACK.stp", "HEAD_FRONT.stp"}) fs::copy(here / name, here / "below" / name);
-  EXPECT_EQ(referring_to("below/HEAD.stp").statistics().parts, 11U);
-
-  directory_.write("assembly/HEAD.stp", "no model\n");
-  EXPECT_NE(referring_to("HEAD.stp").messages.warnings.find("no whole STEP file"), std::string::npos);
-  const std::string head = TemporaryDirectory::read((here / "below/HEAD.stp").string());
-  const std::pair<const char*, const char*> circles[] = {
-      {"#1=DIRECTION('',(1.,0.,0.));\n", "for the second time"},
-      {"#900001=PRODUCT_DEFINITION('','',$,$);\n"
-       "#900002=NEXT_ASSEMBLY_USAGE_OCCURRENCE('','','',#900001,"
-       "#900001,$);\n",
-       "stands in itself"},
-      {"#900001=OFFSET_SURFACE('',#900001,1.,.F.);\n", "holds #900001, which stands in itself"}};
-  for (const auto& [line, fault] : circles) {
-    const KeptByKernel circle;
-    directory_.write("assembly/HEAD.stp", std::string(head).insert(head.rfind("ENDSEC;"), line));
-    EXPECT_NE(referring_to("HEAD.stp").messages.errors.find(fault), std::string::npos) << fault;
-  }
-  directory_.write("assembly/HEAD.stp", main);
-  EXPECT_NE(referring_to("HEAD.stp").messages.errors.find("\"HEAD.stp\" that it refers to stands in itself"),
-            std::string::npos);
-
-  fs::rename(here / "below", directory_.path() / "beside");
-  fs::create_symlink(directory_.path() / "beside/HEAD.stp", here / "LINK.stp");
-  for (const std::string& outside :
-       {std::string("../beside/HEAD.stp"), directory_ / "beside/HEAD.stp", std::string("LINK.stp")}) {
-    const Reading reading = referring_to(outside);
-    EXPECT_EQ(reading.result, velabsFAILED) << outside;
-    EXPECT_NE(reading.messages.errors.find("lies outside its directory"), std::string::npos) << outside;
-  }
 }
 
 TEST_F(ExactCorpus, EveryReaderGivesAReasonForBrokenFiles) {
