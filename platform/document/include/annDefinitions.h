@@ -8,14 +8,15 @@
 #include "apExport.h"
 
 // The distinct parts and assemblies of a document. Nodes of the same name, colour and bodies, whose children are the
-// same in the same places, are one definition, wherever they stand: what a document repeats is described once. The
-// document must outlive this.
+// same in the same places, are one definition, wherever they stand: what a document repeats is described once. Names of
+// instances belong to the uses. The document must outlive this.
 class VELPLATFORM_API annDefinitions {
  public:
   // A definition where it stands in another one, or in the document.
   struct Use {
     std::size_t definition;
     annTransform transform;
+    utString instance_name;
 
     friend bool operator==(const Use&, const Use&) = default;
   };

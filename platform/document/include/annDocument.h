@@ -6,13 +6,15 @@
 
 #include "annBox.h"
 #include "annNode.h"
+#include "annUpAxis.h"
 #include "apExport.h"
 #include "velLengthUnit.h"
 
 // The neutral model: a tree of nodes in one length unit. The root stands for the document; its children are what a
-// person would call the top of the model.
+// person would call the top of the model. The numbers of a document without a unit are millimetres by convention.
 struct VELPLATFORM_API annDocument {
   velLengthUnit unit = velLENGTH_UNSPECIFIED;
+  annUpAxis up = annUP_UNKNOWN;
   annNode root;
 
   // Makes what is at the top of the model, with all that is below, so many times as large. The unit stays.

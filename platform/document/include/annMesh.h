@@ -14,6 +14,7 @@
 // counter-clockwise as seen from outside.
 struct VELPLATFORM_API annMesh {
   static constexpr std::uint32_t no_material = std::numeric_limits<std::uint32_t>::max();
+  static constexpr std::uint32_t no_normal = std::numeric_limits<std::uint32_t>::max();
 
   // Never null. A mesh need not use all of them.
   std::shared_ptr<annVertices> vertices = std::make_shared<annVertices>();
@@ -24,6 +25,11 @@ struct VELPLATFORM_API annMesh {
   // Where in `corners` each face begins, and the end: one more than there are faces. Empty when all faces are
   // triangles.
   std::vector<std::uint32_t> face_starts;
+
+  // For each corner the index of its normal in `vertices->normal_pool`, or `no_normal`; in step with `corners`. Empty
+  // when the corners have the normals of their vertices, `vertices->normals`, or none. So a point at a hard edge is one
+  // vertex with several normals, and faces that meet there stay joined.
+  std::vector<std::uint32_t> corner_normals;
 
   // The looks that faces of this mesh may have, and for each face the number of its own or `no_material`; no numbers at
   // all when no face has one. Where the vertices have colours, those are seen instead.
@@ -38,6 +44,13 @@ struct VELPLATFORM_API annMesh {
   }
   std::uint32_t face_material(std::size_t index) const {
     return face_materials.empty() ? no_material : face_materials[index];
+  }
+
+  bool has_normals() const { return !corner_normals.empty() || !vertices->normals.empty(); }
+  // The normal at a corner, an index into `corners`; null where it has none.
+  const annVector* normal(std::size_t corner) const {
+    if (corner_normals.empty()) return vertices->normals.empty() ? nullptr : &vertices->normals[corners[corner]];
+    return corner_normals[corner] == no_normal ? nullptr : &vertices->normal_pool[corner_normals[corner]];
   }
 
   // Triangles that the faces come to: corners less two for each face.

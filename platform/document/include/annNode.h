@@ -21,6 +21,9 @@ struct annBody {
 
 // A part or an assembly of the model. The transform places it in its parent; the colour holds for everything below that
 // has none of its own.
+//
+// `name` is that of the part or assembly, "nut", which all its instances share. `instance_name` is that of this one
+// instance, "nut_2"; null when the instance has no name of its own.
 struct VELPLATFORM_API annNode {
   annNode() = default;
   explicit annNode(utString node_name) : name(std::move(node_name)) {}
@@ -30,7 +33,11 @@ struct VELPLATFORM_API annNode {
 
   annNode& add_child(utString child_name);
 
+  // What a person calls this node where there is room for one name: that of the instance, else that of the part.
+  const utString& label() const { return instance_name.empty() ? name : instance_name; }
+
   utString name;
+  utString instance_name;
   annTransform transform;
   std::optional<annColour> colour;
   annBody body;

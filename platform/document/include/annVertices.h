@@ -7,12 +7,16 @@
 #include "annVector.h"
 
 // The vertices that one or more meshes share: a position for each, and, for all of them or for none, a normal of
-// length 1 and a colour. Colours of vertices, their opacity included, stand in place of those that faces and nodes
-// have, which show where vertices have none; between the corners of a face they blend into each other.
+// length 1 and a colour. Colours of vertices, their opacity included, replace those that faces and nodes have; between
+// the corners of a face they blend into each other.
 struct annVertices {
   std::vector<annVector> points;
   std::vector<annVector> normals;
   std::vector<annColour> colours;
+
+  // Normals of length 1 for meshes whose vertices have several, at hard edges. Their corners name them by index, see
+  // `annMesh::corner_normals`; any number of them.
+  std::vector<annVector> normal_pool;
 
   std::uint32_t count() const { return static_cast<std::uint32_t>(points.size()); }
 };

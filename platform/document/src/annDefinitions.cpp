@@ -15,6 +15,7 @@ std::size_t hash_of(const annNode& node, const std::vector<annDefinitions::Use>&
   hash = mixed(hash, std::hash<const void*>()(node.body.shape.get()));
   for (const annDefinitions::Use& use : uses) {
     hash = mixed(hash, use.definition);
+    hash = mixed(hash, std::hash<std::string>()(use.instance_name.str()));
     // 0 and -0 are equal and have one hash.
     for (double number : use.transform.m) hash = mixed(hash, std::hash<double>()(number));
   }
@@ -31,7 +32,7 @@ annDefinitions::annDefinitions(const annDocument& document) {
   const annNode& root = document.root;
   if (!root.body.empty() || root.colour || !root.transform.is_identity()) {
     define(root);
-    top_.push_back({definitions_.size() - 1, root.transform});
+    top_.push_back({definitions_.size() - 1, root.transform, root.instance_name});
     return;
   }
   define(root);
@@ -60,7 +61,7 @@ void annDefinitions::define(const annNode& root) {
       definitions_.push_back({node, std::move(uses)});
       return;
     }
-    open.back().uses.push_back({number_of(*node, std::move(uses)), node->transform});
+    open.back().uses.push_back({number_of(*node, std::move(uses)), node->transform, node->instance_name});
   }
 }
 

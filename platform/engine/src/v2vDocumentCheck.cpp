@@ -31,7 +31,7 @@ const char* fault_of(const annVertices& vertices) {
   auto fits = [&](std::size_t count) { return count == 0 || count == vertices.points.size(); };
   if (!fits(vertices.normals.size())) return "not every vertex has a normal";
   if (!fits(vertices.colours.size())) return "not every vertex has a colour";
-  if (!are_finite(vertices.normals)) {
+  if (!are_finite(vertices.normals) || !are_finite(vertices.normal_pool)) {
     return "a normal is not of finite numbers";
   }
   if (!are_finite(vertices.colours)) {
@@ -61,6 +61,12 @@ const char* fault_of(const annMesh& mesh) {
     return "a face names a vertex that is not there";
   }
   if (mesh.all_triangles() ? mesh.corners.size() % 3 != 0 : !starts_are_sound(mesh)) return "its faces do not fit";
+
+  const auto& normals = mesh.corner_normals;
+  if (!normals.empty() && normals.size() != mesh.corners.size()) return "its normals do not fit its corners";
+  const std::size_t pool = mesh.vertices->normal_pool.size();
+  auto is_normal = [&](std::uint32_t index) { return index == annMesh::no_normal || index < pool; };
+  if (!std::all_of(normals.begin(), normals.end(), is_normal)) return "a corner names a normal that is not there";
 
   auto has_colour = [](const annMaterial& material) { return is_finite_colour(material.colour); };
   if (!std::all_of(mesh.materials.begin(), mesh.materials.end(), has_colour)) {

@@ -26,7 +26,7 @@ Nodes take_top(annDocument& document) {
 }
 
 void name_nodes(Nodes& nodes, const std::string& stem) {
-  auto is_unnamed = [](const std::unique_ptr<annNode>& node) { return node->name.empty(); };
+  auto is_unnamed = [](const std::unique_ptr<annNode>& node) { return node->label().empty(); };
   const auto unnamed = std::count_if(nodes.begin(), nodes.end(), is_unnamed);
   int number = 0;
   for (auto& node : nodes) {
