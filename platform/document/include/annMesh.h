@@ -53,6 +53,9 @@ struct VELPLATFORM_API annMesh {
     return corner_normals[corner] == no_normal ? nullptr : &vertices->normal_pool[corner_normals[corner]];
   }
 
+  // The direction in which a face looks, of length 1; the null vector for a face without area.
+  annVector face_normal(std::size_t index) const;
+
   // Triangles that the faces come to: corners less two for each face.
   std::size_t triangle_count() const { return corners.size() - 2 * face_count(); }
 

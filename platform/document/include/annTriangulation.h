@@ -12,6 +12,10 @@
 
 class annEarCutter;
 
+// The normal of a face with twice its area for length, by Newell's method; right for faces that are not flat or not
+// convex too.
+VELPLATFORM_API annVector ann_area_normal(std::span<const annVector> points, std::span<const std::uint32_t> face);
+
 // Splits one face into corners - 2 triangles that keep its winding, by cutting ears in the plane of the face's
 // normal: right for concave faces too. A face that crosses itself or has no area still gives corners - 2 triangles.
 class VELPLATFORM_API annTriangulator {

@@ -1,5 +1,9 @@
 #include "annMesh.h"
 
+#include <cmath>
+
+#include "annTriangulation.h"
+
 void annMesh::add_face(std::span<const std::uint32_t> face_corners) {
   if (face_starts.empty() && face_corners.size() != 3) {
     face_starts.reserve(corners.size() / 3 + 2);
@@ -16,4 +20,10 @@ void annMesh::set_face_material(std::size_t index, std::uint32_t material) {
   if (face_materials.empty() && material == no_material) return;
   if (face_materials.empty()) face_materials.resize(face_count(), no_material);
   face_materials[index] = material;
+}
+
+annVector annMesh::face_normal(std::size_t index) const {
+  const annVector normal = ann_area_normal(vertices->points, face(index));
+  const double length = std::hypot(normal.x, normal.y, normal.z);
+  return length > 0 && std::isfinite(length) ? normal * (1 / length) : annVector{};
 }

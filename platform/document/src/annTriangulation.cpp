@@ -4,8 +4,13 @@
 
 namespace {
 
-// The face's normal with twice its area for length; right for faces that are not flat or not convex too.
-annVector newell_normal(std::span<const annVector> points, std::span<const std::uint32_t> face) {
+bool faces_along(annVector normal, annVector a, annVector b, annVector c) {
+  return ann_dot(normal, ann_cross(b - a, c - a)) > 0;
+}
+
+}  // namespace
+
+annVector ann_area_normal(std::span<const annVector> points, std::span<const std::uint32_t> face) {
   const annVector origin = points[face[0]];
   annVector sum;
   for (std::size_t i = 2; i < face.size(); ++i) {
@@ -13,12 +18,6 @@ annVector newell_normal(std::span<const annVector> points, std::span<const std::
   }
   return sum;
 }
-
-bool faces_along(annVector normal, annVector a, annVector b, annVector c) {
-  return ann_dot(normal, ann_cross(b - a, c - a)) > 0;
-}
-
-}  // namespace
 
 annTriangulator::annTriangulator() = default;
 annTriangulator::~annTriangulator() = default;
@@ -46,7 +45,7 @@ void annTriangulator::split_quad(std::span<const annVector> points, std::span<co
 }
 
 bool annTriangulator::split_as_fan(std::span<const annVector> points, std::span<const std::uint32_t> face) {
-  const annVector normal = newell_normal(points, face);
+  const annVector normal = ann_area_normal(points, face);
   const bool has_area = normal != annVector{};
   for (std::size_t i = 2; i < face.size(); ++i) {
     if (has_area && !faces_along(normal, points[face[0]], points[face[i - 1]], points[face[i]])) {
@@ -60,5 +59,5 @@ bool annTriangulator::split_as_fan(std::span<const annVector> points, std::span<
 
 void annTriangulator::cut_ears(std::span<const annVector> points, std::span<const std::uint32_t> face) {
   if (!ear_cutter_) ear_cutter_ = std::make_unique<annEarCutter>();
-  ear_cutter_->cut(points, face, newell_normal(points, face), triangles_);
+  ear_cutter_->cut(points, face, ann_area_normal(points, face), triangles_);
 }
