@@ -21,7 +21,7 @@ struct Info {
   std::string translator;
   std::string library;  // full path
   std::string library_name;
-  std::string unit;       // of the bounding box
+  std::string unit;       // of the bounding box; empty for a file that has none
   std::string unit_text;  // the same for people
   annStatistics statistics;
   std::size_t products = 0;     // distinct parts and assemblies
@@ -60,7 +60,7 @@ void print_json(const Info& info, velConsole& console) {
                            {"file_type", info.file_type},
                            {"translator", info.translator},
                            {"library", info.library},
-                           {"unit", info.unit},
+                           {"unit", info.unit.empty() ? velJson(nullptr) : velJson(info.unit)},
                            {"parts", counts.parts},
                            {"solids", counts.solids},
                            {"faces", counts.faces},
@@ -101,14 +101,12 @@ void convert(Info& info, velLengthUnit from, velLengthUnit to, velInstallation& 
   velUnits library(installation);
   const unitsService* units = library.service();
   if (!units) {
-    console.warning(library.complaint(vel_text(velMSG_UNIT_OF_FILE_SHOWN, {info.unit})));
+    console.warning(library.complaint(vel_text(velMSG_UNIT_OF_FILE_SHOWN, {info.unit_text})));
     return;
   }
-  // What nearly every file without a unit is in.
-  constexpr velLengthUnit usual = velLENGTH_MILLIMETRE;
   if (from == velLENGTH_UNSPECIFIED) {
-    from = usual;
-    console.warning(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file, units->length_name(from)}));
+    from = velLENGTH_MILLIMETRE;
+    console.note(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file}));
   }
   info.unit = units->length_name(to);
   info.unit_text = vel_text(velMSG_UNIT_CONVERTED, {info.unit, units->length_name(from)});
@@ -142,14 +140,15 @@ velExitCode vel_info(const velInfoRequest& request, velConsole& console) {
     return velEXIT_BAD_INPUT;
   }
 
-  const std::string unit = co_value_to_text(driver.document().unit).str();
+  const bool has_unit = driver.document().unit != velLENGTH_UNSPECIFIED;
+  const std::string unit = has_unit ? co_value_to_text(driver.document().unit).str() : "";
   Info info{request.file,
             vluFileTypeInfo::name(vluFileTypeFinder::find_file_type(request.file)).str(),
             reader.format_name().ut_string().str(),
             reader.file_ut().str(),
             reader.file_name_ut().str(),
             unit,
-            unit,
+            has_unit ? unit : vel_text(velMSG_NO_UNIT),
             ann_statistics(driver.document()),
             0,
             0,

@@ -157,8 +157,9 @@ constexpr Text texts[] = {
     {velMSG_CACHE_OTHER_IN_FORCE, "The installation's own cache, %1, is in force."},
 
     {velMSG_FILE_WITHOUT_UNIT,
-     "%1: the file names no unit of length; its numbers are taken as %2. "
-     "LENGTH_UNIT in a resource file of your own says another one."},
+     "%1: the file has no length unit: its numbers count as millimetres. "
+     "LENGTH_UNIT in a resource file of your own sets another one."},
+    {velMSG_NO_UNIT, "none (millimetre by convention)"},
     {velMSG_UNIT_CONVERTED, "%1 (from %2)"},
     {velMSG_SERVICE_MISSING, "%1: this service library is missing; it was looked for in %2. %3"},
     {velMSG_SERVICE_UNUSABLE, "%1: this service library cannot be used. %2"},

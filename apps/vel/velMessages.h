@@ -136,6 +136,7 @@ enum velMessage : unsigned int {
   velMSG_SERVICE_MISSING,          // library, directories, what is left out
   velMSG_SERVICE_UNUSABLE,         // library, what is left out
   velMSG_UNIT_OF_FILE_SHOWN,       // unit
+  velMSG_NO_UNIT,
 
   // A word for one thing, and behind it for several.
   velMSG_PART = 200,

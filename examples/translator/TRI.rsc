@@ -1,8 +1,7 @@
 # Options of the TRI translators. A line "KEY = value" gives a key its value where a request says nothing else.
 
 # Unit of the numbers in the file (reading and writing).
-# Reading: the files hold no unit; this says which one theirs is.
-# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+# The files hold no unit: "unspecified" is millimetre in both directions.
 LENGTH_UNIT = unspecified
 
 # Factor for all coordinates, greater than 0 (reading and writing).

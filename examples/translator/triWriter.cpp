@@ -29,8 +29,8 @@ void tell_losses(const std::vector<annPlacedBody>& bodies, velLengthUnit unit, v
   });
   if (bodies.size() > 1) output.message(velabsNOTE, "TRI holds no parts: their triangles stand one after another");
   if (coloured) output.message(velabsNOTE, "TRI holds no colours: they are not written");
-  if (unit != velLENGTH_UNSPECIFIED) {
-    output.message(velabsNOTE, utString("TRI holds no unit: that of the numbers is ") + co_value_to_text(unit));
+  if (unit != velLENGTH_MILLIMETRE) {
+    output.message(velabsNOTE, utString("TRI holds no unit: lengths are written in ") + co_value_to_text(unit));
   }
 }
 
@@ -59,10 +59,11 @@ bool triWriter::collect_parts(const annDocument& document, const velTableInstanc
     output.message(velabsERROR, "the model holds no shape");
     return false;
   }
-  const auto wanted = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
-  tell_losses(bodies, wanted == velLENGTH_UNSPECIFIED ? document.unit : wanted, output);
+  auto unit = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+  if (unit == velLENGTH_UNSPECIFIED) unit = velLENGTH_MILLIMETRE;
+  tell_losses(bodies, unit, output);
 
-  const annTransform to_file = annTransform::scaling(scale * vel_length_ratio(document.unit, wanted));
+  const annTransform to_file = annTransform::scaling(scale * vel_length_ratio(document.unit, unit));
   const annTolerance tolerance = tolerance_of(resources);
   // A shape that is shown in several places is turned into facets once.
   std::unordered_map<const annExactShape*, std::shared_ptr<const annMesh>> facets;

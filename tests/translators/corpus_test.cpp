@@ -63,7 +63,7 @@ Colour in_bytes(const annColour& c) {
   return {byte(c.red), byte(c.green), byte(c.blue), byte(c.opacity)};
 }
 
-// What must survive, whatever the form: the corners that faces use, in metres where there is a unit.
+// What must survive, whatever the form: the corners that faces use, and how long their unit is.
 struct Shape {
   std::size_t faces = 0, triangles = 0;
   double metres = 1;
@@ -75,7 +75,7 @@ struct Shape {
 
 Shape shape_of(const annDocument& document) {
   Shape shape;
-  if (const double metres = vel_metres(document.unit); metres > 0) shape.metres = metres;
+  shape.metres = vel_metres(document.unit);
   for (const annPlacedBody& body : ann_placed_bodies(document)) {
     const annMesh& mesh = *body.node->body.mesh;
     if (mesh.face_count() == 0) continue;
@@ -158,8 +158,7 @@ void expect_kept(const Shape& before, const annDocument& document, const CorpusF
   const std::string where = source.path.filename().string() + " to " + to.name;
   EXPECT_EQ(before.triangles, after.triangles) << where;
   EXPECT_TRUE(!to.polygons || before.faces == after.faces) << where << after.faces;
-  const bool has_unit = document.unit != velLENGTH_UNSPECIFIED;
-  const double factor = to.unit && has_unit ? after.metres / before.metres : 1;
+  const double factor = after.metres / before.metres;
   expect_same_box(before.box, after.box, factor, std::max(to.precision, factor == 1 ? 0 : 1e-13), where);
   const bool named = to.parts && document.root.children.size() == before.parts.size() &&
                      std::find(before.parts.begin(), before.parts.end(), "") == before.parts.end();

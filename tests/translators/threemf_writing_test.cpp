@@ -147,7 +147,7 @@ TEST(ThreemfWriter, KeepsColoursApart) {
   other.colour = blue;
   Messages messages;
   ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE);
-  EXPECT_NE(messages.warnings.find("taken to be in millimetre"), std::string::npos) << messages.warnings;
+  EXPECT_NE(messages.notes.find("its numbers count as millimetres"), std::string::npos) << messages.notes;
   const Reading reading = reader.read(directory / "a.3mf");
   EXPECT_EQ(reading.node(0).children.at(0)->colour, red);
   EXPECT_EQ(reading.node(0).children.at(1)->colour, blue);

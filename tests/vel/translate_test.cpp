@@ -191,7 +191,7 @@ TEST(Translate, InfoTellsWhatAFileHolds) {
   installation.work().write("b.obj", "v 0 0 0\nv 2 0 0\nv 2 3 0\nv 0 3 0\nf 1 2 3 4\n");
   json info = json::parse(installation.run({"info", "b.obj", "--json"}).out);
   info.erase("library");
-  EXPECT_EQ(info, json::parse(R"({"file": "b.obj", "file_type": "OBJ", "translator": "OBJ", "unit": "unspecified",
+  EXPECT_EQ(info, json::parse(R"({"file": "b.obj", "file_type": "OBJ", "translator": "OBJ", "unit": null,
                                   "parts": 1, "solids": 0, "faces": 1, "triangles": 2, "vertices": 4,
                                   "bounding_box": {"min": [0, 0, 0], "max": [2, 3, 0]}, "occurrences": 0,
                                   "definitions": {"products": 1, "parts": 1, "solids": 0, "faces": 1,

@@ -32,14 +32,16 @@ TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
   EXPECT_NE(table.out.find("millimetre (from inch)\n"), std::string::npos) << table.out;
   EXPECT_NE(table.out.find("25.4 25.4 50.8\n"), std::string::npos) << table.out;
 
-  // Without a unit the usual one is taken, and that is said.
+  // A number without a unit is a millimetre.
   installation.home().write("velbase/resources/STL.rsc", "");
   const Outcome unitless = installation.run({"info", "a.stl", "--json", "--unit", "inch"});
-  EXPECT_NE(unitless.err.find("a.stl: the file names no unit of length; its numbers are taken as millimetre."),
+  EXPECT_NE(unitless.err.find("a.stl: the file has no length unit: its numbers count as millimetres."),
             std::string::npos)
       << unitless.err;
   EXPECT_EQ(json::parse(unitless.out)["unit"], "inch");
   EXPECT_EQ(box_of(unitless), json({1 / 25.4, 1 / 25.4, 2 / 25.4}));
+  EXPECT_EQ(json::parse(installation.run({"info", "a.stl", "--json"}).out)["unit"], nullptr);
+  EXPECT_NE(installation.run({"info", "a.stl"}).out.find("none (millimetre by convention)\n"), std::string::npos);
   const Outcome quiet = installation.run({"-q", "info", "a.stl", "--json", "--unit", "inch"});
   EXPECT_EQ(quiet.out, unitless.out);
   EXPECT_EQ(quiet.err, "");

@@ -181,7 +181,7 @@ TEST_F(Services, UnitsAreConvertedAndNamed) {
       {2, velLENGTH_INCH, velLENGTH_MILLIMETRE, 50.8},  {25.4, velLENGTH_MILLIMETRE, velLENGTH_INCH, 1},
       {1, velLENGTH_MIL, velLENGTH_MICROMETRE, 25.4},   {0.3, velLENGTH_METRE, velLENGTH_MILLIMETRE, 300},
       {3, velLENGTH_FOOT, velLENGTH_YARD, 1},           {7, no_length, velLENGTH_INCH, 7},
-      {7, velLENGTH_UNSPECIFIED, velLENGTH_INCH, 7},    {7, velLENGTH_INCH, velLENGTH_UNSPECIFIED, 7},
+      {254, velLENGTH_UNSPECIFIED, velLENGTH_INCH, 10}, {7, velLENGTH_METRE, velLENGTH_UNSPECIFIED, 7000},
       {-1609.344, velLENGTH_METRE, velLENGTH_MILE, -1}, {7, velLENGTH_INCH, velLENGTH_INCH, 7}};
   for (const Length& c : cases) EXPECT_EQ(units->convert_length(c.value, c.from, c.to), c.result) << c.result;
 

@@ -14,8 +14,7 @@ VELABS_OUTPUT_LIBRARY(threemfWriter)
 namespace {
 
 velLengthUnit written_unit(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  const auto wish = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
-  const velLengthUnit wanted = wish == velLENGTH_UNSPECIFIED ? document.unit : wish;
+  const velLengthUnit wanted = vlt_stated_unit(resources, document);
   const velLengthUnit unit = threemf_written_unit(wanted);
   if (unit != wanted && wanted != velLENGTH_UNSPECIFIED) {
     output.message(velabsNOTE, utString("3MF does not know the unit ") + co_value_to_text(wanted) +

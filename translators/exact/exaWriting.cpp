@@ -8,6 +8,7 @@
 
 #include "velMultipleFileOption.h"
 #include "vltNames.h"
+#include "vltScale.h"
 #include "vltUtf8.h"
 
 namespace {
@@ -33,9 +34,8 @@ std::string file_name_of(const utString& part) {
 }  // namespace
 
 velLengthUnit exa_written_unit(const velTableInstance& resources, const annDocument& document) {
-  const auto wanted = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
-  if (wanted != velLENGTH_UNSPECIFIED) return wanted;
-  return document.unit == velLENGTH_UNSPECIFIED ? velLENGTH_MILLIMETRE : document.unit;
+  const velLengthUnit unit = vlt_stated_unit(resources, document);
+  return unit == velLENGTH_UNSPECIFIED ? velLENGTH_MILLIMETRE : unit;
 }
 
 bool exa_write_files(const exaProducts& products, const velTableInstance& resources, velabsOfStream& stream,

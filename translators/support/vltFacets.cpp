@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <exception>
 #include <mutex>
 #include <numbers>
@@ -14,6 +15,15 @@
 namespace {
 
 constexpr double degrees = 180 / std::numbers::pi;
+
+// The factor by which a placement enlarges lengths along the axis that it enlarges most.
+double enlargement(const annTransform& placement) {
+  double largest = 0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    largest = std::max(largest, std::hypot(placement.m[axis], placement.m[4 + axis], placement.m[8 + axis]));
+  }
+  return std::isfinite(largest) ? largest : 0;
+}
 
 // The progress of all shapes together, in hundredths of a shape. The other half of it all is the writing's.
 class Total {
@@ -85,6 +95,7 @@ void vltFacets::make_all() {
     if (body.mesh) continue;
     const auto [known, is_new] = made_.try_emplace(body.shape.get());
     if (is_new) shapes.emplace_back(known->first, &known->second);
+    known->second.enlargement = std::max(known->second.enlargement, enlargement(placed.placement));
   }
 
   Total total(shapes.size(), output_);
@@ -97,14 +108,15 @@ void vltFacets::make_all() {
       Share share(total);
       try {
         const annTolerance least = shape->least_tolerance();
+        const double factor = facets->enlargement > 0 ? facets->enlargement : 1;
+        const annTolerance own{tolerance_.chord / factor, tolerance_.angle};
         {
           std::lock_guard guard(lock);
-          if (tolerance_.chord > 0 && tolerance_.chord < least.chord)
-            raised.chord = std::max(raised.chord, least.chord);
+          if (own.chord > 0 && own.chord < least.chord) raised.chord = std::max(raised.chord, least.chord * factor);
           if (tolerance_.angle > 0 && tolerance_.angle < least.angle)
             raised.angle = std::max(raised.angle, least.angle);
         }
-        facets->mesh = shape->facets(tolerance_, facets->status, &share);
+        facets->mesh = shape->facets(own, facets->status, &share);
       } catch (const std::exception& exception) {
         facets->status.set_failure(exception.what());
       }

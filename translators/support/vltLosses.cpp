@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "vltFlag.h"
+#include "vltScale.h"
 #include "vltVertexLists.h"
 
 namespace {
@@ -82,7 +83,5 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
 void vlt_tell_losses(const annDocument& document, const vltWrittenMeshes& meshes, const vltCarries& carries,
                      const velTableInstance& resources, velabsOutput& output) {
   vlt_tell_losses(document, meshes.bodies, carries, resources, output);
-  if (meshes.unit == velLENGTH_UNSPECIFIED) return;
-  output.message(velabsNOTE, utString(carries.format) + " holds no length unit: that of the numbers is " +
-                                 co_value_to_text(meshes.unit));
+  vlt_note_unit(carries.format, meshes.unit, document, output);
 }

@@ -19,8 +19,8 @@ struct vltCarries {
 };
 
 // Says in one note for each kind what the document has and the format does not hold; nothing of colours that the
-// resources WRITE_MATERIALS and WRITE_VERTEX_COLOURS leave out. Where the format names no length unit, one more note
-// says which the numbers are in.
+// resources WRITE_MATERIALS and WRITE_VERTEX_COLOURS leave out. Where the format states no length unit, one more note
+// names that of the numbers if a reader cannot know it.
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
                      const velTableInstance& resources, velabsOutput& output);
 void vlt_tell_losses(const annDocument& document, const vltWrittenMeshes& meshes, const vltCarries& carries,

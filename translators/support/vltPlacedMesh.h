@@ -30,8 +30,7 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
                                                             const velTableInstance& resources, double factor,
                                                             velabsOutput& output);
 
-// The same for a format that names no length unit: placed as the resources SCALE and LENGTH_UNIT ask for, and the unit
-// that its numbers are in then.
+// The same for a format that states no length unit: in the unit that `vlt_output_scale` chooses.
 struct vltWrittenMeshes {
   std::vector<vltPlacedMesh> bodies;
   velLengthUnit unit = velLENGTH_UNSPECIFIED;

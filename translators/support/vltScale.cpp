@@ -2,17 +2,12 @@
 
 #include <cmath>
 
+#include "utBool.h"
+
 namespace {
 
-double converted(double scale, velLengthUnit unit, const annDocument& document, velabsOutput& output) {
-  if (unit == document.unit) return scale;
-  if (document.unit != velLENGTH_UNSPECIFIED) return scale * vel_length_ratio(document.unit, unit);
-  const velLengthUnit other = unit == velLENGTH_INCH ? velLENGTH_MILLIMETRE : velLENGTH_INCH;
-  output.message(
-      velabsWARNING,
-      utString("the model has no length unit, so its numbers are taken to be in ") + co_value_to_text(unit) +
-          " already; if they are not, name their unit, for instance with --in length-unit=" + co_value_to_text(other));
-  return scale;
+bool is_millimetre(velLengthUnit unit) {
+  return unit == velLENGTH_MILLIMETRE || unit == velLENGTH_UNSPECIFIED;
 }
 
 }  // namespace
@@ -29,18 +24,33 @@ std::optional<double> vlt_input_scale(const velTableInstance& resources, annDocu
   return vlt_scale(resources, output);
 }
 
+velLengthUnit vlt_stated_unit(const velTableInstance& resources, const annDocument& document) {
+  const auto wanted = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+  return wanted == velLENGTH_UNSPECIFIED ? document.unit : wanted;
+}
+
 std::optional<double> vlt_output_scale(const velTableInstance& resources, const annDocument& document,
                                        velabsOutput& output, velLengthUnit& unit) {
-  std::optional<double> scale = vlt_scale(resources, output);
-  const auto wanted = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
-  unit = wanted == velLENGTH_UNSPECIFIED ? document.unit : wanted;
-  if (!scale || unit == document.unit) return scale;
-  return converted(*scale, unit, document, output);
+  unit = document.unit;
+  if (resources.value<utBool>("CONVERT_UNITS", utTRUE) == utTRUE) {
+    unit = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+    if (unit == velLENGTH_UNSPECIFIED && document.unit != velLENGTH_UNSPECIFIED) unit = velLENGTH_MILLIMETRE;
+  }
+  return vlt_output_scale_to(unit, resources, document, output);
+}
+
+void vlt_note_unit(const char* format, velLengthUnit unit, const annDocument& document, velabsOutput& output) {
+  if (is_millimetre(unit) && is_millimetre(document.unit)) return;
+  output.message(velabsNOTE,
+                 utString(format) + " holds no length unit: lengths are written in " + co_value_to_text(unit));
 }
 
 std::optional<double> vlt_output_scale_to(velLengthUnit unit, const velTableInstance& resources,
                                           const annDocument& document, velabsOutput& output) {
   const std::optional<double> scale = vlt_scale(resources, output);
   if (!scale) return scale;
-  return converted(*scale, unit, document, output);
+  if (document.unit == velLENGTH_UNSPECIFIED && unit != velLENGTH_UNSPECIFIED) {
+    output.message(velabsNOTE, "the model has no length unit: its numbers count as millimetres");
+  }
+  return *scale * vel_length_ratio(document.unit, unit);
 }

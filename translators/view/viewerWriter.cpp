@@ -33,8 +33,8 @@ viewerWriter::viewerWriter(velabsOfStream* stream)
     : vltDescribed(viewer_format, "Writes a page that shows the model in any browser."), stream_(*stream) {}
 
 velabsResult viewerWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  velLengthUnit unit = velLENGTH_UNSPECIFIED;
-  const std::optional<double> factor = vlt_output_scale(resources, document, output, unit);
+  const velLengthUnit unit = vlt_stated_unit(resources, document);
+  const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
   if (!factor) return velabsFAILED;
   const auto scene = view_make_scene(document, resources, *factor, output);
   if (!scene) return output.cancelled() ? velabsCANCELLED : velabsFAILED;

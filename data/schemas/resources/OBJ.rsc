@@ -1,9 +1,11 @@
 # Options of the OBJ translators. A line "KEY = value" gives a key its value where a request says nothing else.
 
 # Unit of the numbers in the file (reading and writing).
-# Reading: OBJ files hold no unit; this says which one theirs is.
-# Writing: numbers are converted from the model's unit; "unspecified" keeps the model's.
+# OBJ files hold no unit: "unspecified" is millimetre in both directions.
 LENGTH_UNIT = unspecified
+
+# Convert lengths from the model's unit to LENGTH_UNIT (writing). 0: write the model's own numbers, whatever its unit.
+CONVERT_UNITS = 1
 
 # Factor for all coordinates, greater than 0 (reading and writing).
 SCALE = 1

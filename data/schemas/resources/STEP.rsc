@@ -1,7 +1,7 @@
 # Options of the STEP translators. A line "KEY = value" gives a key its value where a request says nothing else.
 
 # Unit of the numbers in the file (writing; reading takes it from the file).
-# Numbers are converted from the model's unit; "unspecified" keeps the model's, millimetres without one.
+# Numbers are converted from the model's unit; "unspecified" keeps the model's, millimetre for a model without one.
 LENGTH_UNIT = unspecified
 
 # Unit of the plane angles in the file (writing; reading takes it from the file): degree, radian, gradian, arc-minute,

@@ -36,30 +36,23 @@ void name_nodes(Nodes& nodes, const std::string& stem) {
   }
 }
 
-// Where all the models came without a unit there is none to be mistaken about.
-void warn_of_missing_units(const std::vector<v2vInputModel>& models, const v2vInputModel& giver, v2vReport& report) {
-  const velLengthUnit taken = giver.document.unit;
-  const velLengthUnit other = taken == velLENGTH_INCH ? velLENGTH_MILLIMETRE : velLENGTH_INCH;
+// The unit of the first model that has one, and a note for each that has none.
+velLengthUnit common_unit(const std::vector<v2vInputModel>& models, v2vReport& report) {
+  auto has_unit = [](const v2vInputModel& model) { return model.document.unit != velLENGTH_UNSPECIFIED; };
+  const auto first = std::find_if(models.begin(), models.end(), has_unit);
+  if (first == models.end()) return velLENGTH_UNSPECIFIED;
   for (const v2vInputModel& model : models) {
-    if (model.document.unit != velLENGTH_UNSPECIFIED) continue;
-    report.message(velabsWARNING, model.file + ": it has no length unit, so its numbers are taken to be in " +
-                                      co_value_to_text(taken) + ", the unit of " + giver.file +
-                                      "; if they are not, name their unit, for instance with --in length-unit=" +
-                                      co_value_to_text(other));
+    if (has_unit(model)) continue;
+    report.message(velabsNOTE, model.file + ": it has no length unit: its numbers count as millimetres");
   }
+  return first->document.unit;
 }
 
 }  // namespace
 
 void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target, v2vReport& report) {
   target = annDocument();
-  const auto giver = std::find_if(models.begin(), models.end(), [](const v2vInputModel& model) {
-    return model.document.unit != velLENGTH_UNSPECIFIED;
-  });
-  if (giver != models.end()) {
-    target.unit = giver->document.unit;
-    warn_of_missing_units(models, *giver, report);
-  }
+  target.unit = common_unit(models, report);
   if (models.size() == 1) target.root.name = models[0].document.root.name;
 
   for (v2vInputModel& model : models) {

@@ -4,7 +4,8 @@
 #include "coDList.h"
 #include "utString.h"
 
-// Units of length. "unspecified" stands for a file or a wish that names none.
+// Units of length. "unspecified" is the unit of a file, a model or a request that names none; lengths in it count as
+// millimetres.
 enum velLengthUnit {
   velLENGTH_UNSPECIFIED = 0,
   velLENGTH_MICROMETRE = 1,
@@ -35,9 +36,9 @@ VELPLATFORM_API utString co_value_to_text(velLengthUnit value);
 VELPLATFORM_API const char* vel_length_name(velLengthUnit unit);
 VELPLATFORM_API const char* vel_length_symbol(velLengthUnit unit);
 
-// The length of one unit in metres; 0 for "unspecified".
+// The length of one unit in metres.
 VELPLATFORM_API double vel_metres(velLengthUnit unit);
 
-// What a length in `from` is multiplied with to give it in `to`, rounded once: 25.4 from inches to millimetres. 1 when
-// either is "unspecified".
+// The factor that converts a length in `from` to one in `to`, rounded once: 25.4 from inches to millimetres. 1 for a
+// number that is no unit.
 VELPLATFORM_API double vel_length_ratio(velLengthUnit from, velLengthUnit to);

@@ -19,7 +19,7 @@ struct Length {
 
 // In the order of the values.
 constexpr Length lengths[] = {
-    {"unspecified", "", "", 0},
+    {"unspecified", "", "", 1e7},
     {"micrometre", "\u00b5m", "um", 1e4},
     {"millimetre", "mm", "mm", 1e7},
     {"centimetre", "cm", "cm", 1e8},

@@ -29,6 +29,7 @@ void add(coResourceTable& table, const char* key, T standard) {
 coResourceTable* make_table() {
   auto table = std::make_unique<coResourceTable>();
   add(*table, "LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+  add(*table, "CONVERT_UNITS", utTRUE);
   add(*table, "ANGULAR_UNIT", velANGLE_RADIAN);
   add(*table, "SCALE", 1.0);
   add(*table, "FILE_FORMAT", velFORMAT_BINARY);

@@ -65,9 +65,7 @@ velabsResult brepWriter::write(const annDocument& document, const velTableInstan
   exa_tell_losses(document, "BREP", false, output);
   if (products.has_colours()) output.message(velabsNOTE, "BREP holds no colours: they are not written");
   if (products.has_names()) output.message(velabsNOTE, "BREP holds no names: the parts are written without");
-  if (unit != velLENGTH_UNSPECIFIED) {
-    output.message(velabsNOTE, utString("BREP holds no length unit: that of the numbers is ") + co_value_to_text(unit));
-  }
+  vlt_note_unit("BREP", unit, document, output);
 
   const bool text = resources.value<velFileFormat>("FILE_FORMAT", velFORMAT_ASCII) == velFORMAT_ASCII;
   exaSession session(output);
