@@ -21,7 +21,13 @@ constexpr velValidator::Bounds all_bounds[] = {
     {"HEIGHT", 1, 16384, false, velMSG_TAKES_PIXELS, velMSG_RANGE_PIXELS},
 };
 
-constexpr const char* views[] = {"iso", "front", "back", "left", "right", "top", "bottom"};
+struct Words {
+  const char* key;
+  std::vector<std::string> words;
+};
+
+const Words all_words[] = {{"VIEW", {"iso", "front", "back", "left", "right", "top", "bottom"}},
+                           {"UP_AXIS", {"auto", "y", "z", "keep"}}};
 
 // "transparent" or "#RRGGBB".
 bool is_background(const utString& value) {
@@ -66,6 +72,8 @@ bool velValidator::validate_text(const utString& key, const utString& value) {
 }
 
 std::vector<std::string> velValidator::words(const utString& key) {
-  if (!key.case_compare("VIEW")) return {};
-  return {std::begin(views), std::end(views)};
+  for (const Words& known : all_words) {
+    if (key.case_compare(known.key)) return known.words;
+  }
+  return {};
 }

@@ -98,6 +98,18 @@ TEST_F(Engine, SeveralInputsStandInTheirOrderInOneUnit) {
   EXPECT_EQ(TemporaryDirectory::read(directory_ / "out.side"), "a");
 }
 
+TEST_F(Engine, SeveralInputsStandWithTheirUpInTheSameDirection) {
+  annDocument document;
+  document_ = &document;
+  EXPECT_EQ(translate({"node\n", "z_up\nnode\n", "y_up\nnode\nnode\n", "z_up\nnode\n"}), 1);
+  EXPECT_EQ(document.up, annUP_Z);
+  const annVector sideways{1, 2, 3}, raised{1, -3, 2};
+  const annVector expected[] = {sideways, sideways, raised, sideways};
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(document.root.children.at(i)->transform.point({1, 2, 3}), expected[i]) << i;
+  }
+}
+
 TEST_F(Engine, ASingleInputKeepsItsTop) {
   annDocument document;
   document.root.add_child("of an earlier request");

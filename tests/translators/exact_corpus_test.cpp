@@ -143,8 +143,13 @@ std::vector<Part> parts_of_page(const std::string& page) {
 
 // `precision` is a part of the size.
 void expect_box(const annDocument& after, const annDocument& before, double precision, const std::string& where) {
-  const std::optional<annBox> a = ann_statistics(after).box, b = ann_statistics(before).box;
+  const std::optional<annBox> a = ann_statistics(after).box;
+  std::optional<annBox> b = ann_statistics(before).box;
   ASSERT_TRUE(a && b) << where;
+  const annTransform turn = ann_turn(before.up, after.up);
+  annBox turned{turn.point(b->min), turn.point(b->min)};
+  turned.include(turn.point(b->max));
+  b = turned;
   const double factor = vel_metres(before.unit) / vel_metres(after.unit);
   const double one[] = {a->min.x, a->min.y, a->min.z, a->max.x, a->max.y, a->max.z};
   const double two[] = {b->min.x, b->min.y, b->min.z, b->max.x, b->max.y, b->max.z};

@@ -78,6 +78,54 @@ TEST_F(Exact, StepStatesTheUnitsThatAreAskedFor) {
   }
 }
 
+TEST_F(Exact, AFileHasTheUnitAndTheUpOfItsFormat) {
+  annDocument document = document_of(cube(1));
+  document.root.children[0]->transform.m[10] = 3;
+  document.unit = velLENGTH_INCH;
+  document.up = annUP_Y;
+  for (const char* format : {"step", "iges", "brep"}) {
+    const Reading reading = through(document, format);
+    EXPECT_EQ(reading.document.unit, std::string(format) == "brep" ? velLENGTH_UNSPECIFIED : velLENGTH_INCH);
+    EXPECT_EQ(reading.document.up, annUP_Z);
+    const double inch = vel_length_ratio(velLENGTH_INCH, reading.document.unit);
+    const annBox box = reading.statistics().box.value();
+    EXPECT_NEAR(box.min.y, -3 * inch, 1e-5) << format;
+    EXPECT_NEAR(box.max.z, inch, 1e-5) << format;
+  }
+}
+
+TEST_F(Exact, AnAssemblyComesBackFromGlbWithItsAxesAndItsTree) {
+  const Reading source = reader("step").read(example);
+  Messages messages;
+  ASSERT_EQ(writer("glb").write(source.document, path("a.glb"), messages), velabsDONE) << messages.errors;
+  const Reading glb = reader("gltf").read(path("a.glb"));
+  EXPECT_EQ(glb.document.up, annUP_Z);
+  expect_box(glb.statistics(), source.statistics(), 0.001);
+  EXPECT_EQ(annDefinitions(glb.document).depth(), annDefinitions(source.document).depth());
+  EXPECT_EQ(annDefinitions(glb.document).occurrences(), annDefinitions(source.document).occurrences());
+  // Forced to keep its axes, glTF has the numbers of the model.
+  ASSERT_EQ(writer("glb").write(source.document, path("a.glb"), messages, {{"UP_AXIS", "keep"}}), velabsDONE);
+  expect_box(reader("gltf").read(path("a.glb"), {{"UP_AXIS", "keep"}}).statistics(), source.statistics(), 0.001);
+}
+
+TEST_F(Exact, TheChordToleranceIsALengthOfTheModel) {
+  const auto triangles = [&](const char* scale, velLengthUnit unit, const char* chord) {
+    Reading source = reader("step").read(example, {{"SCALE", scale}});
+    source.document.unit = unit;
+    Messages messages;
+    EXPECT_EQ(writer("stl").write(source.document, path("a.stl"), messages,
+                                  {{"CHORD_TOLERANCE", chord}, {"ANGLE_TOLERANCE", "90"}}),
+              velabsDONE);
+    return reader("stl").read(path("a.stl")).statistics().triangles;
+  };
+  const std::size_t fine = triangles("1", velLENGTH_MILLIMETRE, "0.01"),
+                    coarse = triangles("1", velLENGTH_MILLIMETRE, "1");
+  EXPECT_GT(fine, coarse);
+  // Whatever the unit of the output, but with the scale of the model.
+  EXPECT_EQ(triangles("1", velLENGTH_INCH, "0.01"), fine);
+  EXPECT_EQ(triangles("100", velLENGTH_MILLIMETRE, "1"), fine);
+}
+
 TEST_F(Exact, TheSameInputGivesTheSameBytes) {
   Reading source = reader("step").read(example);
   // Styles of many parts have many orders.

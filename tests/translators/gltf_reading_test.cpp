@@ -207,10 +207,38 @@ TEST(GltfReader, PlacesNodesAndSharesMeshes) {
   EXPECT_EQ(inner.name, "a");
   EXPECT_EQ(inner.body.mesh, outer.body.mesh);
   EXPECT_EQ(inner.transform.m, (std::array<double, 12>{0, 0, 1, 50, 0, 1, 0, 60, -1, 0, 0, 70}));
+}
 
-  reading = read(file.glb(), {"Z_UP", "1"});
-  EXPECT_EQ(reading.node(1).transform.point({1, 2, 3}), (annVector{1, -3, 2}));
-  EXPECT_EQ(reading.node(0).children.at(0)->transform.m[3], 5);
+TEST(GltfReader, RemovesTheNodeThatTurnsTheModelAndNoOther) {
+  const std::string turn = R"("matrix":[1,0,0,0, 0,0,-1,0, 0,1,0,0, 0,0,0,1])", below = R"("children":[1])",
+                    mark = R"("extras":{"velUpAxis":"Z"})", part = R"({"mesh":0,"name":"part"})";
+  const struct {
+    const char* what;
+    std::string nodes, roots;
+    const char* option;
+    bool removed;
+  } cases[] = {
+      {"as written", "{" + turn + "," + below + "," + mark + "}," + part, "[0]", "auto", true},
+      {"Y asked for", "{" + turn + "," + below + "," + mark + "}," + part, "[0]", "y", true},
+      {"Z asked for", "{" + turn + "," + below + "," + mark + "}," + part, "[0]", "z", false},
+      {"kept", "{" + turn + "," + below + "," + mark + "}," + part, "[0]", "keep", false},
+      {"no mark", "{" + turn + "," + below + R"(,"extras":["velUpAxis"]},)" + part, "[0]", "auto", false},
+      {"moved", "{" + below + "," + mark + R"(,"translation":[0,0,1]},)" + part, "[0]", "auto", false},
+      {"with a mesh", R"({"mesh":0,)" + turn + "," + below + "," + mark + "}," + part, "[0]", "auto", false},
+      {"not alone", "{" + turn + "," + below + "," + mark + "}," + part + "," + part, "[0,2]", "auto", false},
+      {"empty", "{" + turn + "," + mark + "}", "[0]", "auto", false},
+  };
+  for (const auto& c : cases) {
+    File file;
+    file.json["scenes"][0]["nodes"] = Json::parse(c.roots);
+    file.json["nodes"] = Json::parse("[" + c.nodes + "]");
+    const Reading reading = read(file.glb(), {"UP_AXIS", c.option});
+    ASSERT_EQ(reading.result, velabsDONE) << c.what << reading.messages.errors;
+    EXPECT_EQ(reading.node(0).name == "part", c.removed) << c.what;
+    const std::string option = c.option;
+    const annUpAxis otherwise = option == "keep" ? annUP_UNKNOWN : option == "z" ? annUP_Z : annUP_Y;
+    EXPECT_EQ(reading.document.up, c.removed ? annUP_Z : otherwise) << c.what;
+  }
 }
 
 TEST(GltfReader, WeldsAsAskedAndTellsWhatIsLeftOut) {

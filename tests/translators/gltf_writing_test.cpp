@@ -10,6 +10,7 @@ namespace {
 annDocument assembly() {
   annDocument document;
   document.unit = velLENGTH_MILLIMETRE;
+  document.up = annUP_Z;
   auto mesh = std::make_shared<annMesh>();
   mesh->vertices->points = {{0, 0, 0}, {2000, 0, 0}, {2000, 1000, 0}, {0, 1000, 0}, {0, 0, 125}};
   mesh->vertices->normals.assign(5, {0, 0.6, 0.8});
@@ -41,13 +42,15 @@ TEST(GltfWriter, WritesWhatItReads) {
       {binary_writer, "a.glb", "0"}, {text_writer, "b c.gltf", "0"}, {text_writer, "d.gltf", "1"}};
   for (const auto& [writer, name, embed] : ways) {
     Messages messages;
-    ASSERT_EQ(writer.write(assembly(), directory / name, messages, {{"Z_UP", "1"}, {"EMBED_BUFFERS", embed}}),
-              velabsDONE);
+    ASSERT_EQ(writer.write(assembly(), directory / name, messages, {{"EMBED_BUFFERS", embed}}), velabsDONE);
     EXPECT_NE(messages.notes.find("triangles only"), std::string::npos);
     EXPECT_NE(messages.notes.find("without faces"), std::string::npos);
-    const Reading reading = reader.read(directory / name, {{"WELD_POINTS", "0"}, {"Z_UP", "1"}});
+    const Reading reading = reader.read(directory / name, {{"WELD_POINTS", "0"}});
     ASSERT_EQ(reading.result, velabsDONE) << name << reading.messages.errors;
 
+    // The node that turns the model is none of its own.
+    EXPECT_EQ(reading.document.up, annUP_Z);
+    EXPECT_EQ(reading.document.root.children.size(), 3U);
     const annNode& top = reading.node(0);
     EXPECT_EQ(top.name, "top");
     EXPECT_EQ(top.transform.m, (std::array<double, 12>{0, -1, 0, 1.5, 1, 0, 0, 0, 0, 0, -1, 0.25}));
@@ -69,7 +72,7 @@ TEST(GltfWriter, WritesWhatItReads) {
     EXPECT_TRUE(reading.node(2).body.empty());
 
     // What was read is written as it stood.
-    ASSERT_EQ(binary_writer.write(reading.document, directory / "again.glb", messages, {{"Z_UP", "1"}}), velabsDONE);
+    ASSERT_EQ(binary_writer.write(reading.document, directory / "again.glb", messages), velabsDONE);
     EXPECT_EQ(TemporaryDirectory::read(directory / "again.glb"), TemporaryDirectory::read(directory / "a.glb")) << name;
   }
   EXPECT_TRUE(std::filesystem::exists(directory / "b c.bin"));

@@ -61,6 +61,13 @@ TEST(Png, EachViewShowsItsSideInTheMiddleAndNothingInTheCorners) {
     // The cube is as high as the picture but for the margin.
     EXPECT_NEAR(picture.share([](const auto& p) { return p[3] > 127; }), 0.92 * 0.92 * 60 / 90, 0.03) << view;
   }
+  annDocument y_up = coloured_cube();
+  y_up.up = annUP_Y;
+  const std::pair<const char*, char> of_y_up[] = {{"front", 'b'}, {"right", 'r'}, {"top", 'w'},
+                                                  {"back", 'w'},  {"left", 'w'},  {"bottom", 'g'}};
+  for (const auto& [view, colour] : of_y_up) {
+    EXPECT_EQ(colour_name(picture_of(y_up, {{"VIEW", view}}).at(0.5, 0.5)), colour) << view;
+  }
   const Picture iso = picture_of(document, {{"WIDTH", "200"}, {"HEIGHT", "200"}, {"BACKGROUND", "#FFfe00"}});
   EXPECT_TRUE(iso.opaque);
   EXPECT_EQ(iso.at(0, 0), (Picture::Pixel{255, 254, 0, 255}));

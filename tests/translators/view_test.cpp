@@ -208,8 +208,17 @@ TEST(Viewer, DataHoldsEachMeshOnce) {
 
 TEST(Viewer, UnitAndScaleAreThoseOfTheShownLengths) {
   const std::string scene = scene_of(page_of(document_of(cube(254)), {{"LENGTH_UNIT", "inch"}, {"SCALE", "2"}}));
-  EXPECT_NE(scene.find("\"unit\":\"in\""), scene.npos);
+  EXPECT_NE(scene.find("\"unit\":\"in\",\"up\":\"z\""), scene.npos);
   EXPECT_NE(scene.find(",[0,0,0,20,20,20]]"), scene.npos) << scene;
+}
+
+TEST(Viewer, NamesTheUpAxisAndKeepsTheNumbers) {
+  annDocument document = document_of(cube(1));
+  document.root.children[0]->transform.m[11] = 5;
+  document.up = annUP_Y;
+  const std::string scene = scene_of(page_of(document));
+  EXPECT_NE(scene.find("\"up\":\"y\""), scene.npos);
+  EXPECT_NE(scene.find(",[0,0,5,1,1,6]]"), scene.npos) << scene;
 }
 
 TEST(Viewer, SaysWhyThereIsNoPage) {

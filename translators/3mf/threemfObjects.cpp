@@ -39,14 +39,14 @@ struct threemfObjects::Entry {
   std::vector<threemfPlacedObject> components;
 };
 
-threemfObjects::threemfObjects(const annDocument& document, const std::vector<vltPlacedMesh>& bodies,
-                               threemfColours& colours) {
+threemfObjects::threemfObjects(const annDocument& document, const annTransform& whole,
+                               const std::vector<vltPlacedMesh>& bodies, threemfColours& colours) {
   Bodies by_node;
   for (const vltPlacedMesh& body : bodies) {
     if (body.mesh->face_count() > 0) by_node.emplace(body.node, &body);
   }
   std::vector<Entry> entries;
-  list(document, by_node, entries);
+  list(document.root, whole * document.root.transform, by_node, entries);
   for (std::size_t i = entries.size(); i-- > 1;) {
     Entry& entry = entries[i];
     entry.shown = entry.body || entry.has_parts;
@@ -59,18 +59,20 @@ threemfObjects::threemfObjects(const annDocument& document, const std::vector<vl
   number(entries);
 }
 
-void threemfObjects::list(const annDocument& document, const Bodies& bodies, std::vector<Entry>& entries) {
+void threemfObjects::list(const annNode& root, const annTransform& placement, const Bodies& bodies,
+                          std::vector<Entry>& entries) {
   struct Open {
     const annNode* node;
     std::size_t parent;
   };
-  std::vector<Open> open{{&document.root, none}};
+  std::vector<Open> open{{&root, none}};
   while (!open.empty()) {
     const Open next = open.back();
     open.pop_back();
     Entry entry{.node = next.node, .parent = next.parent, .transform = next.node->transform, .components = {}};
     // The root's own placement goes into that of the items: what it holds itself is one of them.
-    if (next.parent == 0) entry.transform = document.root.transform * entry.transform;
+    if (next.parent == none) entry.transform = placement;
+    if (next.parent == 0) entry.transform = placement * entry.transform;
     if (next.parent != none && next.parent != 0 && entries[next.parent].turned) {
       entry.transform = turned_outside(entry.transform);
     }

@@ -37,7 +37,9 @@ struct threemfAssemblyObject {
 // placement written keeps the hand. What has no faces, or stands flattened, is left out and counted.
 class threemfObjects {
  public:
-  threemfObjects(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, threemfColours& colours);
+  // `whole` is the placement of the document.
+  threemfObjects(const annDocument& document, const annTransform& whole, const std::vector<vltPlacedMesh>& bodies,
+                 threemfColours& colours);
 
   const std::vector<threemfMeshObject>& meshes() const { return meshes_; }
   // Each behind the objects that it is made of.
@@ -51,7 +53,7 @@ class threemfObjects {
   struct Entry;
   using Bodies = std::unordered_map<const annNode*, const vltPlacedMesh*>;
 
-  void list(const annDocument& document, const Bodies& bodies, std::vector<Entry>& entries);
+  void list(const annNode& root, const annTransform& placement, const Bodies& bodies, std::vector<Entry>& entries);
   std::size_t mesh_object(const Entry& entry, threemfColours& colours);
   void number(std::vector<Entry>& entries);
   void name_mesh(Entry& entry);

@@ -9,6 +9,7 @@
 #include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
+#include "vltUp.h"
 
 VELABS_INPUT_LIBRARY(threemfReader)
 
@@ -119,7 +120,7 @@ threemfReader::threemfReader()
 velabsResult threemfReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
                                  velabsOutput& output) {
   const std::optional<double> scale = vlt_scale(resources, output);
-  if (!scale) return velabsFAILED;
+  if (!scale || !vlt_read_up(annUP_Z, resources, document, output)) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped) return velabsFAILED;
   threemfArchive archive(output);

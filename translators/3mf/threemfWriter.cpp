@@ -8,6 +8,7 @@
 #include "vltLosses.h"
 #include "vltScale.h"
 #include "vltTextOutput.h"
+#include "vltUp.h"
 
 VELABS_OUTPUT_LIBRARY(threemfWriter)
 
@@ -49,14 +50,16 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
                                   velabsOutput& output) {
   const std::optional<int> digits = vlt_digits(resources, output);
   if (!digits) return velabsFAILED;
-  const auto bodies = vlt_placed_meshes(document, resources, 1, output);
+  const auto bodies = vlt_placed_meshes(document, resources, {}, output);
   if (!bodies) return velabsFAILED;
   const velLengthUnit unit = written_unit(document, resources, output);
   const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
   if (!factor) return velabsFAILED;
+  const std::optional<annTransform> turn = vlt_written_turn(annUP_Z, resources, document, output);
+  if (!turn) return velabsFAILED;
 
   threemfColours colours(vlt_flag(resources, "WRITE_MATERIALS"), vlt_flag(resources, "WRITE_VERTEX_COLOURS"));
-  const threemfObjects objects(document, *bodies, colours);
+  const threemfObjects objects(document, *turn, *bodies, colours);
   if (objects.items().empty()) {
     output.message(velabsWARNING, "the model has no faces that 3MF could hold: nothing will be built from the file");
   }

@@ -11,6 +11,7 @@
 #include "exaSession.h"
 #include "exaShape.h"
 #include "vltNames.h"
+#include "vltUp.h"
 
 namespace {
 
@@ -78,6 +79,7 @@ bool exa_allows_planar_faces(std::size_t count, const velTableInstance& resource
 exaProducts::exaProducts(const annDocument& document, const velTableInstance& resources, double factor,
                          velabsOutput& output)
     : wanted_(resources.value<velRepresentationOption>("REPRESENTATION", velREPRESENTATION_AS_IS)),
+      document_(document),
       resources_(resources),
       output_(output),
       definitions_(document),
@@ -91,8 +93,9 @@ bool exaProducts::make() {
                                           " deep; flatten them"));
     return false;
   }
-  if (!count_planar_faces()) return false;
-  if (!add_uses(definitions_.top(), change_, std::nullopt, top_)) return false;
+  const std::optional<annTransform> turn = vlt_written_turn(annUP_Z, resources_, document_, output_);
+  if (!turn || !count_planar_faces()) return false;
+  if (!add_uses(definitions_.top(), change_ * *turn, std::nullopt, top_)) return false;
   findings_.tell();
   if (!top_.empty()) return true;
   output_.message(velabsERROR, left_out_ ? "its meshes hold no face that has an area" : "the model holds no shape");

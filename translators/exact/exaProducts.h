@@ -80,6 +80,7 @@ class VELEXACT_API exaProducts {
   bool fail(const annNode& node, const std::string& why);
 
   const velRepresentationOption wanted_;
+  const annDocument& document_;
   const velTableInstance& resources_;
   velabsOutput& output_;
   annDefinitions definitions_;

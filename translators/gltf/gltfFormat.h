@@ -36,6 +36,7 @@ enum gltfMode : std::uint32_t { gltfTRIANGLES = 4, gltfTRIANGLE_STRIP = 5, gltfT
 double gltf_linear(float shown);
 float gltf_shown(double linear);
 
-// glTF's up is +Y. These turn a placement so that up becomes +Z, and back, by exchanging rows: the numbers stay exact.
-annTransform gltf_y_up_to_z_up(const annTransform& placement);
-annTransform gltf_z_up_to_y_up(const annTransform& placement);
+// The up axis of glTF is +Y. A model with +Z up stands below one node that turns it; these extras mark the node, so
+// that reading can remove it.
+inline constexpr const char* gltf_up_key = "velUpAxis";
+inline constexpr const char* gltf_up_z = "Z";

@@ -7,6 +7,7 @@
 #include "vltFlag.h"
 #include "vltLosses.h"
 #include "vltRounding.h"
+#include "vltUp.h"
 
 namespace {
 
@@ -27,11 +28,18 @@ gltfPlanner::gltfPlanner(const annDocument& document, const velTableInstance& re
       facets_(document, resources, output),
       materials_(vlt_flag(resources, "WRITE_MATERIALS")),
       normals_(vlt_flag(resources, "WRITE_NORMALS")),
-      colours_(vlt_flag(resources, "WRITE_VERTEX_COLOURS")),
-      z_up_(vlt_flag(resources, "Z_UP")) {}
+      colours_(vlt_flag(resources, "WRITE_VERTEX_COLOURS")) {}
 
 std::optional<gltfPlan> gltfPlanner::plan(double factor) {
   plan_.factor = factor;
+  const std::optional<annTransform> turn = vlt_written_turn(annUP_Y, resources_, document_, output_);
+  if (!turn) return std::nullopt;
+  std::optional<std::size_t> top;
+  if (!turn->is_identity()) {
+    top = 0;
+    plan_.roots.push_back(0);
+    plan_.nodes.push_back({nullptr, *turn, std::nullopt, {}});
+  }
   struct Open {
     const annNode* node;
     std::optional<std::size_t> parent;
@@ -45,9 +53,9 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
   };
   const annNode& root = document_.root;
   if (root.body.empty() && root.transform.is_identity()) {
-    add_children(root, std::nullopt, root.colour);
+    add_children(root, top, root.colour);
   } else {
-    open.push_back({&root, std::nullopt, root.colour});
+    open.push_back({&root, top, root.colour});
   }
   while (!open.empty()) {
     const Open current = open.back();
@@ -82,7 +90,6 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
 
 bool gltfPlanner::add_node(const annNode& node, std::optional<std::size_t> parent, std::optional<annColour> colour) {
   gltfPlan::Node planned{&node, node.transform, std::nullopt, {}};
-  if (z_up_ && !parent) planned.placement = gltf_z_up_to_y_up(planned.placement);
   for (std::size_t row = 0; row < 3; ++row) planned.placement.m[4 * row + 3] *= plan_.factor;
   for (double number : planned.placement.m) {
     if (!std::isfinite(number)) return fail("the placement of \"" + node.name.str() + "\" is too large");

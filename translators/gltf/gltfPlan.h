@@ -19,7 +19,7 @@
 // the JSON says where everything is. Points to the document, which must outlive it.
 struct gltfPlan {
   struct Node {
-    const annNode* node;
+    const annNode* node;  // null for the one that turns the model
     annTransform placement;
     std::optional<std::size_t> mesh;
     std::vector<std::size_t> children;
@@ -96,7 +96,7 @@ class gltfPlanner {
   const velTableInstance& resources_;
   velabsOutput& output_;
   vltFacets facets_;
-  bool materials_, normals_, colours_, z_up_;
+  bool materials_, normals_, colours_;
   gltfPlan plan_;
   std::vector<vltPlacedMesh> bodies_;
   std::map<Look, std::size_t> meshes_;

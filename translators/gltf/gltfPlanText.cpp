@@ -65,7 +65,8 @@ class TextMaker {
   }
 
   void write(const gltfPlan::Node& node) {
-    if (!node.node->name.empty()) json_.key("name").text(node.node->name.view());
+    if (!node.node) write_turn(node);
+    if (node.node && !node.node->name.empty()) json_.key("name").text(node.node->name.view());
     if (!node.placement.is_identity()) {
       json_.key("matrix").open('[');
       for (std::size_t column = 0; column < 4; ++column) {
@@ -78,6 +79,12 @@ class TextMaker {
     if (node.children.empty()) return;
     json_.key("children");
     numbers(node.children);
+  }
+
+  // Only a turn that glTF asks for is marked; one that a request forces stays when the file is read.
+  void write_turn(const gltfPlan::Node& node) {
+    if (node.placement != ann_turn(annUP_Z, annUP_Y)) return;
+    json_.key("name").text("Z up").key("extras").open('{').key(gltf_up_key).text(gltf_up_z).close('}');
   }
 
   void write(const gltfPlan::Mesh& mesh) {

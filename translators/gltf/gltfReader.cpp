@@ -7,6 +7,7 @@
 #include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
+#include "vltUp.h"
 
 VELABS_INPUT_LIBRARY(gltfReader)
 
@@ -47,7 +48,7 @@ class Reading {
     gltfVertexPools pools(accessors, {factor, vlt_flag(resources_, "WELD_POINTS")}, work, findings_);
     gltfMaterials materials(model, findings_);
     gltfMeshes meshes(model, accessors, pools, materials, vlt_flag(resources_, "READ_MATERIALS"), work, findings_);
-    if (!gltfScene(model, meshes, {factor, vlt_flag(resources_, "Z_UP")}, findings_).read(document)) return false;
+    if (!gltfScene(model, meshes, factor, findings_).read(document)) return false;
     findings_.tell();
     return !output_.cancelled();
   }
@@ -70,7 +71,7 @@ void gltfReader::file_types(intcoSet& types) const {
 velabsResult gltfReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
                               velabsOutput& output) {
   const std::optional<double> factor = vlt_scale(resources, output);
-  if (!factor) return velabsFAILED;
+  if (!factor || !vlt_read_up(annUP_Y, resources, document, output)) return velabsFAILED;
   document.unit = velLENGTH_METRE;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped) return velabsFAILED;

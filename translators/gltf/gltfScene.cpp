@@ -6,7 +6,9 @@
 
 bool gltfScene::read(annDocument& document) {
   std::vector<std::size_t> roots;
-  if (!read_children() || !check_for_cycles() || !find_roots(roots)) return false;
+  if (!read_children() || !check_for_cycles() || !find_roots(roots) || !remove_turn(roots, document)) {
+    return false;
+  }
   if (roots.empty()) {
     // A file may hold buffers alone: a model without geometry, which can be asked about.
     document.root.add_child("");
@@ -23,12 +25,9 @@ bool gltfScene::read(annDocument& document) {
     for (std::size_t index : nodes) open.push_back({index, &parent.add_child("")});
   };
   add(document.root, roots);
-  const std::size_t root_count = open.size();
   for (std::size_t i = 0; i < open.size(); ++i) {
     const Open current = open[i];
     if (!read_node(current.index, *current.node)) return false;
-    annTransform& placement = current.node->transform;
-    if (options_.z_up && i < root_count) placement = gltf_y_up_to_z_up(placement);
     add(*current.node, children_[current.index]);
   }
   if (model_.count(gltfMESHES) == 0) findings_.count(velabsWARNING, "the file holds no meshes");
@@ -103,10 +102,23 @@ bool gltfScene::find_roots(std::vector<std::size_t>& roots) const {
   return true;
 }
 
+bool gltfScene::remove_turn(std::vector<std::size_t>& roots, annDocument& document) const {
+  if (document.up != annUP_Y || roots.size() != 1) return true;
+  const gltfValue node = model_.item(gltfNODES, roots[0]);
+  const std::vector<std::size_t>& below = children_[roots[0]];
+  if (node.extra(gltf_up_key) != gltf_up_z || node.has("mesh") || below.empty()) return true;
+  annTransform placement;
+  if (!gltf_read_placement(node, factor_, placement)) return false;
+  if (placement != ann_turn(annUP_Z, annUP_Y)) return true;
+  document.up = annUP_Z;
+  roots = below;
+  return true;
+}
+
 bool gltfScene::read_node(std::size_t index, annNode& node) {
   const gltfValue value = model_.item(gltfNODES, index);
   std::string_view name;
-  if (!value.read("name", name) || !gltf_read_placement(value, options_.factor, node.transform)) return false;
+  if (!value.read("name", name) || !gltf_read_placement(value, factor_, node.transform)) return false;
   if (!name.empty()) node.name = utString(name);
   return read_mesh(value, node);
 }

@@ -7,16 +7,12 @@
 #include "gltfMeshes.h"
 
 // Makes the tree of a document from the nodes of a file: those below the scene that the file wants shown, else all. A
-// node that stands in two places or below itself is an error.
+// node that stands in two places or below itself is an error. In a document with +Y up, a node above all others that
+// our writers put there to turn +Z up to +Y is left out, and the document has +Z up then.
 class gltfScene {
  public:
-  struct Options {
-    double factor = 1;
-    bool z_up = false;
-  };
-
-  gltfScene(const gltfModel& model, gltfMeshes& meshes, Options options, vltOnce& findings)
-      : model_(model), meshes_(meshes), options_(options), findings_(findings) {}
+  gltfScene(const gltfModel& model, gltfMeshes& meshes, double factor, vltOnce& findings)
+      : model_(model), meshes_(meshes), factor_(factor), findings_(findings) {}
 
   bool read(annDocument& document);
 
@@ -26,12 +22,13 @@ class gltfScene {
   bool read_children();
   bool check_for_cycles() const;
   bool find_roots(std::vector<std::size_t>& roots) const;
+  bool remove_turn(std::vector<std::size_t>& roots, annDocument& document) const;
   bool read_node(std::size_t index, annNode& node);
   bool read_mesh(const gltfValue& value, annNode& node);
 
   const gltfModel& model_;
   gltfMeshes& meshes_;
-  Options options_;
+  double factor_;
   vltOnce& findings_;
   std::vector<std::size_t> parents_;
   std::vector<std::vector<std::size_t>> children_;

@@ -37,6 +37,13 @@ const gltfValue::Json* gltfValue::find(const char* key) const {
   return member == json_->end() ? nullptr : &*member;
 }
 
+std::string_view gltfValue::extra(const char* key) const {
+  const Json* extras = find("extras");
+  if (!extras || !extras->is_object()) return {};
+  const auto member = extras->find(key);
+  return member != extras->end() && member->is_string() ? member->get_ref<const std::string&>() : std::string_view();
+}
+
 bool gltfValue::read(const char* key, std::size_t& number) const {
   const Json* member = find(key);
   return !member || take_whole(*member, number) || fail(key, "a whole number that is not negative is expected");

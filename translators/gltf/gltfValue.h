@@ -32,6 +32,9 @@ class gltfValue {
   // Exactly as many numbers as there is room for.
   bool read(const char* key, std::span<double> numbers) const;
 
+  // A text among the extras, which may be of any form; empty when there is none. Valid as long as the JSON.
+  std::string_view extra(const char* key) const;
+
   // An element of an array in this object; false when it is no object.
   bool element(const char* key, const Array& array, std::size_t index, std::optional<gltfValue>& object) const;
   // An element as a whole number that is not negative.

@@ -32,7 +32,7 @@ objWriter::objWriter(velabsOfStream* stream)
 velabsResult objWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
   const std::optional<int> digits = vlt_digits(resources, output);
   if (!digits) return velabsFAILED;
-  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, resources, output);
+  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, annUP_UNKNOWN, resources, output);
   if (!meshes) return velabsFAILED;
   const std::vector<vltPlacedMesh>& bodies = meshes->bodies;
 

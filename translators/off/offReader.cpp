@@ -5,6 +5,7 @@
 #include "vltFlag.h"
 #include "vltInput.h"
 #include "vltScale.h"
+#include "vltUp.h"
 
 VELABS_INPUT_LIBRARY(offReader)
 
@@ -13,7 +14,7 @@ offReader::offReader() : vltDescribed(off_format, "Reads polygon meshes from OFF
 velabsResult offReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
                              velabsOutput& output) {
   const std::optional<double> factor = vlt_input_scale(resources, document, output);
-  if (!factor) return velabsFAILED;
+  if (!factor || !vlt_read_up(annUP_UNKNOWN, resources, document, output)) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
   const bool materials = vlt_flag(resources, "READ_MATERIALS");

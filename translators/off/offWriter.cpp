@@ -13,7 +13,7 @@ offWriter::offWriter(velabsOfStream* stream)
 velabsResult offWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
   const std::optional<int> digits = vlt_digits(resources, output);
   if (!digits) return velabsFAILED;
-  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, resources, output);
+  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, annUP_UNKNOWN, resources, output);
   if (!meshes) return velabsFAILED;
 
   vltOneMesh mesh(meshes->bodies, resources);

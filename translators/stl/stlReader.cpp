@@ -8,6 +8,7 @@
 #include "stlTextReader.h"
 #include "vltInput.h"
 #include "vltScale.h"
+#include "vltUp.h"
 #include "vltWords.h"
 
 VELABS_INPUT_LIBRARY(stlReader)
@@ -35,7 +36,7 @@ stlReader::stlReader() : vltDescribed(stl_format, "Reads triangles from STL file
 velabsResult stlReader::read(const utString& file, const velTableInstance& resources, annDocument& document,
                              velabsOutput& output) {
   const std::optional<double> factor = vlt_input_scale(resources, document, output);
-  if (!factor) return velabsFAILED;
+  if (!factor || !vlt_read_up(annUP_Z, resources, document, output)) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped) return velabsFAILED;
   // The remarks of a binary file may begin with any bytes, so its exact size decides first.

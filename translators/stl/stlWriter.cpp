@@ -13,7 +13,7 @@ stlWriter::stlWriter(velabsOfStream* stream)
     : vltDescribed(stl_format, "Writes triangles to STL files, binary or ASCII."), stream_(*stream) {}
 
 velabsResult stlWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
-  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, resources, output);
+  const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, annUP_Z, resources, output);
   if (!meshes) return velabsFAILED;
 
   const bool text = resources.value<velFileFormat>("FILE_FORMAT", velFORMAT_BINARY) == velFORMAT_ASCII;

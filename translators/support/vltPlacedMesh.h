@@ -24,16 +24,17 @@ struct vltPlacedMesh {
   }
 };
 
-// The bodies of a document in the order of its tree, as `vltFacets` gives them. A factor that is not 1 goes into the
-// placements. Nothing, and a message, when there is no body or a shape has no facets to give.
+// The bodies of a document in the order of its tree, as `vltFacets` gives them, in a placement of the whole. Nothing,
+// and a message, when there is no body or a shape has no facets to give.
 std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& document,
-                                                            const velTableInstance& resources, double factor,
-                                                            velabsOutput& output);
+                                                            const velTableInstance& resources,
+                                                            const annTransform& whole, velabsOutput& output);
 
-// The same for a format that states no length unit: in the unit that `vlt_output_scale` chooses.
+// The same for a format that states no length unit and whose up axis is `up`: in the unit that `vlt_output_scale`
+// chooses, turned as `vlt_written_turn` says.
 struct vltWrittenMeshes {
   std::vector<vltPlacedMesh> bodies;
   velLengthUnit unit = velLENGTH_UNSPECIFIED;
 };
-std::optional<vltWrittenMeshes> vlt_written_meshes(const annDocument& document, const velTableInstance& resources,
-                                                   velabsOutput& output);
+std::optional<vltWrittenMeshes> vlt_written_meshes(const annDocument& document, annUpAxis up,
+                                                   const velTableInstance& resources, velabsOutput& output);

@@ -20,6 +20,11 @@ constexpr double iso_rise = 35.26438968;
 constexpr Named views[] = {{"iso", 45, iso_rise}, {"front", 0, 0}, {"back", 180, 0},  {"left", -90, 0},
                            {"right", 90, 0},      {"top", 0, 90},  {"bottom", 0, -90}};
 
+pngDirection for_up(annUpAxis up, const pngDirection& direction) {
+  const annTransform turn = ann_turn(annUP_Z, up);
+  return {turn.point(direction.right), turn.point(direction.up), turn.point(direction.towards)};
+}
+
 }  // namespace
 
 std::optional<pngDirection> png_direction(std::string_view view) {
@@ -32,7 +37,7 @@ std::optional<pngDirection> png_direction(std::string_view view) {
 
 pngCamera::pngCamera(const pngDirection& direction, const viewScene& scene, const std::vector<viewMesh>& meshes,
                      double width, double height)
-    : axes_(direction), half_width_(width / 2), half_height_(height / 2) {
+    : axes_(for_up(scene.up, direction)), half_width_(width / 2), half_height_(height / 2) {
   constexpr double far_away = std::numeric_limits<double>::infinity();
   annBox box{{far_away, far_away, far_away}, {-far_away, -far_away, -far_away}};
   for (const viewScene::Node& node : scene.nodes) {

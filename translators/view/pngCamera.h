@@ -21,7 +21,7 @@ std::optional<pngDirection> png_direction(std::string_view view);
 // placement makes of it.
 class pngCamera {
  public:
-  // The whole scene fills a picture of that size but for a narrow margin.
+  // `direction` is for a scene with +Z up. The whole scene fills a picture of that size but for a narrow margin.
   pngCamera(const pngDirection& direction, const viewScene& scene, const std::vector<viewMesh>& meshes, double width,
             double height);
 

@@ -94,6 +94,7 @@ bool keeps_boxes(const annTransform& placement) {
 std::optional<viewScene> view_make_scene(const annDocument& document, const velTableInstance& resources, double factor,
                                          velabsOutput& output) {
   Collector collector(document, resources, output);
+  collector.scene.up = document.up;
   if (!collector.collect(document.root, annTransform::scaling(factor))) return std::nullopt;
   if (!collector.scene.meshes.empty()) return std::move(collector.scene);
   output.message(velabsERROR, "the model holds no shape");

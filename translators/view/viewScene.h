@@ -22,6 +22,7 @@ struct viewScene {
     annTransform placement;
     std::optional<annColour> colour;
   };
+  annUpAxis up = annUP_UNKNOWN;  // +Z is up in a scene without one
   std::vector<Node> nodes;
   std::vector<std::shared_ptr<const annMesh>> meshes;
 };

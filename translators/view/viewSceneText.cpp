@@ -60,8 +60,8 @@ std::string viewSceneText::add_mesh(const viewMesh& mesh, std::size_t number) {
 }
 
 void viewSceneText::write(velabsOfStream& stream) {
-  stream.write("{\"title\":" + view_json_text(title_) + ",\"unit\":\"" + vel_length_symbol(unit_) +
-               "\",\n\"meshes\":[");
+  stream.write("{\"title\":" + view_json_text(title_) + ",\"unit\":\"" + vel_length_symbol(unit_) + "\",\"up\":\"" +
+               (scene_.up == annUP_Y ? "y" : "z") + "\",\n\"meshes\":[");
   stream.write(meshes_);
   stream.write("],\n\"nodes\":[");
   for (std::size_t i = 0; i < scene_.nodes.size(); ++i) write_node(scene_.nodes[i], i, stream);

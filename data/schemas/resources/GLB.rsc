@@ -4,8 +4,9 @@
 # Factor for all coordinates, greater than 0 (writing). The unit of glTF is the metre.
 SCALE = 1
 
-# Turn the model's +Z, its up, to glTF's up, which is +Y (writing).
-Z_UP = 0
+# Axis that points up in the file: auto, y, z or keep (writing). auto is +Y. A model with another axis up is turned by a
+# node at the top; keep leaves every model as it is.
+UP_AXIS = auto
 
 # Write the colours of faces and parts as materials (writing).
 WRITE_MATERIALS = 1

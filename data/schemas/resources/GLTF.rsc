@@ -3,9 +3,10 @@
 # Factor for all coordinates, greater than 0 (reading and writing). The unit of glTF is the metre.
 SCALE = 1
 
-# Take +Z for up (reading and writing). glTF's up is +Y.
-# Reading: the model is turned so that its up becomes +Z. Writing: the model's +Z is turned to +Y.
-Z_UP = 0
+# Axis that points up in the file: auto, y, z or keep (reading and writing). auto is +Y.
+# Writing turns a model with another axis up by a node at the top, which reading removes again; keep leaves every model
+# as it is.
+UP_AXIS = auto
 
 # Give equal points one number, so that triangles share them (reading). Normals that differ there are left out.
 WELD_POINTS = 0

@@ -7,6 +7,10 @@ LENGTH_UNIT = unspecified
 # Factor for all coordinates, greater than 0 (reading and writing).
 SCALE = 1
 
+# Axis that points up in the file: auto, y, z or keep (reading and writing). auto is +Z.
+# Writing turns a model with another axis up; keep leaves every model as it is.
+UP_AXIS = auto
+
 # Take colours of products and faces (reading).
 READ_MATERIALS = 1
 

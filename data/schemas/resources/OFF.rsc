@@ -10,6 +10,10 @@ CONVERT_UNITS = 1
 # Factor for all coordinates, greater than 0 (reading and writing).
 SCALE = 1
 
+# Axis that points up in the file: auto, y, z or keep (reading and writing). OFF has no rule: auto is the same as keep,
+# which leaves every model as it is. Writing y or z turns a model with the other axis up.
+UP_AXIS = auto
+
 # Take colours of faces (reading).
 READ_MATERIALS = 1
 

@@ -6,7 +6,8 @@ WIDTH = 800
 # Height of the picture in pixels, 1 to 16384 (writing).
 HEIGHT = 600
 
-# From where the model is seen: iso, front, back, left, right, top or bottom (writing). Z is up; "front" looks along Y.
+# From where the model is seen: iso, front, back, left, right, top or bottom (writing).
+# "front" looks along +Y, or along -Z where the model has +Y up.
 VIEW = iso
 
 # What stands behind the model: transparent, or a colour as #RRGGBB (writing).

@@ -10,6 +10,10 @@ CONVERT_UNITS = 1
 # Factor for all coordinates, greater than 0 (reading and writing).
 SCALE = 1
 
+# Axis that points up in the file: auto, y, z or keep (reading and writing). auto is +Z.
+# Writing turns a model with another axis up; keep leaves every model as it is.
+UP_AXIS = auto
+
 # Give equal points one number, so that triangles share them (reading).
 WELD_POINTS = 1
 

@@ -48,11 +48,18 @@ velLengthUnit common_unit(const std::vector<v2vInputModel>& models, v2vReport& r
   return first->document.unit;
 }
 
+annUpAxis common_up(const std::vector<v2vInputModel>& models) {
+  const auto first = std::find_if(models.begin(), models.end(),
+                                  [](const v2vInputModel& model) { return model.document.up != annUP_UNKNOWN; });
+  return first == models.end() ? annUP_UNKNOWN : first->document.up;
+}
+
 }  // namespace
 
 void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target, v2vReport& report) {
   target = annDocument();
   target.unit = common_unit(models, report);
+  target.up = common_up(models);
   if (models.size() == 1) target.root.name = models[0].document.root.name;
 
   for (v2vInputModel& model : models) {
@@ -65,9 +72,10 @@ void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target, v2vRepor
       top.clear();
       top.push_back(std::move(whole));
     }
-    const double scale = vel_length_ratio(model.document.unit, target.unit);
+    const annTransform change = annTransform::scaling(vel_length_ratio(model.document.unit, target.unit)) *
+                                ann_turn(model.document.up, target.up);
     for (auto& node : top) {
-      if (scale != 1) node->transform = annTransform::scaling(scale) * node->transform;
+      if (!change.is_identity()) node->transform = change * node->transform;
       target.root.children.push_back(std::move(node));
     }
   }

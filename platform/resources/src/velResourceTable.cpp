@@ -42,7 +42,7 @@ coResourceTable* make_table() {
   add(*table, "WRITE_NORMALS", utTRUE);
   add(*table, "WRITE_VERTEX_COLOURS", utTRUE);
   add(*table, "WRITE_FACETS", utTRUE);
-  add(*table, "Z_UP", utFALSE);
+  add(*table, "UP_AXIS", utString("auto"));
   add(*table, "EMBED_BUFFERS", utFALSE);
   add(*table, "CHORD_TOLERANCE", 0.0);
   add(*table, "ANGLE_TOLERANCE", 0.0);

@@ -7,6 +7,7 @@
 #include "exaShape.h"
 #include "vltInput.h"
 #include "vltScale.h"
+#include "vltUp.h"
 
 VELABS_INPUT_LIBRARY(brepReader)
 
@@ -16,7 +17,7 @@ velabsResult brepReader::read(const utString& file, const velTableInstance& reso
                               velabsOutput& listener) {
   exaOutput output(listener);
   const std::optional<double> factor = vlt_input_scale(resources, document, output);
-  if (!factor) return velabsFAILED;
+  if (!factor || !vlt_read_up(annUP_Z, resources, document, output)) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped) return velabsFAILED;
   exaSession session(output);

@@ -26,6 +26,7 @@
 #include "stepUnits.h"
 #include "vltInput.h"
 #include "vltScale.h"
+#include "vltUp.h"
 
 VELABS_INPUT_LIBRARY(stepReader)
 
@@ -128,7 +129,7 @@ velabsResult stepReader::read(const utString& file, const velTableInstance& reso
                               velabsOutput& listener) {
   exaOutput output(listener);
   const std::optional<double> factor = vlt_scale(resources, output);
-  if (!factor) return velabsFAILED;
+  if (!factor || !vlt_read_up(annUP_Z, resources, document, output)) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped || !vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
   const velabsResult result = Reading(file, resources, document, output).run(mapped->bytes());

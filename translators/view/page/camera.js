@@ -7,9 +7,11 @@ const standardViews = {
 };
 
 class Camera {
-  constructor() {
+  // `up` is the axis that points up, "y" or "z".
+  constructor(up) {
+    this.up = up;
     this.target = [0, 0, 0];
-    this.turn = Math.PI / 4; // about the upright axis; 0 looks along +Y
+    this.turn = Math.PI / 4; // about the upright axis; 0 looks along +Y, along -Z where +Y is up
     this.rise = 0.6155; // above the ground
     this.distance = 4;
     this.parallel = false;
@@ -19,7 +21,8 @@ class Camera {
   // Right, up and towards the eye.
   axes() {
     const [ct, st, cr, sr] = [Math.cos(this.turn), Math.sin(this.turn), Math.cos(this.rise), Math.sin(this.rise)];
-    return [[ct, st, 0], [-st * sr, ct * sr, cr], [st * cr, -ct * cr, sr]];
+    const axes = [[ct, st, 0], [-st * sr, ct * sr, cr], [st * cr, -ct * cr, sr]];
+    return this.up === "y" ? axes.map(([x, y, z]) => [x, z, -y]) : axes;
   }
 
   // A point of the scene in the eye's directions, as seen from the target.

@@ -122,6 +122,7 @@ function readModel() {
   return {
     title: scene.title,
     unit: scene.unit,
+    up: scene.up,
     colours: scene.colours,
     meshes: readMeshes(scene.meshes),
     nodes,

@@ -5,7 +5,7 @@ class Viewer {
     this.model = model;
     this.canvas = canvas;
     this.renderer = renderer;
-    this.camera = new Camera();
+    this.camera = new Camera(model.up);
     this.selected = null;
     this.waiting = 0;
     this.tree = new Tree(model, {
