@@ -40,6 +40,7 @@ class VELPLATFORM_API apFileFinderEx {
   }
 
   std::wstring directory_;  // with a separator behind it
+  const apIStringEncoding* encoding_;
   std::string names_;
   std::vector<Entry> entries_;
   std::size_t position_ = 0;  // one behind the current entry

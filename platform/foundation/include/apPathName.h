@@ -8,16 +8,25 @@
 #include "apFileName.h"
 #include "apString.h"
 
+class apIStringEncoding;
+
 // A directory or path, its text kept verbatim. Both "/" and the backslash separate components; "/" joins. A path is
 // invalid exactly when its text is empty. Two paths are equal when their texts are. Copies share the text, which never
 // changes.
+//
+// On disk a name is bytes. A path knows the encoding that turns its text into them; what the encoding has no form for
+// is taken as UTF-8. Paths made from a path, and the entries that a directory lists, have the encoding of that path.
 class VELPLATFORM_API apPathName {
  public:
   apPathName() = default;
-  explicit apPathName(apString path) : path_(std::make_shared<const apString>(std::move(path))) {}
+  // A null encoding is the default one, UTF-8. The encoding is not owned.
+  explicit apPathName(apString path, const apIStringEncoding* encoding = nullptr)
+      : path_(std::make_shared<const Path>(Path{std::move(path), encoding})) {}
 
   bool invalid() const { return string().empty(); }
-  const apString& string() const { return path_ ? *path_ : no_path(); }
+  const apString& string() const { return path_ ? path_->text : no_path(); }
+  // Null when it is the default one.
+  const apIStringEncoding* encoding() const { return path_ ? path_->encoding : nullptr; }
 
   // What stands before the last separator: "/" for "/f", empty for "f".
   apPathName dirname() const;
@@ -36,7 +45,12 @@ class VELPLATFORM_API apPathName {
   }
 
  private:
+  struct Path {
+    apString text;
+    const apIStringEncoding* encoding;
+  };
+
   static const apString& no_path();
 
-  std::shared_ptr<const apString> path_;
+  std::shared_ptr<const Path> path_;
 };

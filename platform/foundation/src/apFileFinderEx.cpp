@@ -10,7 +10,6 @@
 #include <string_view>
 
 #include "apSystemPath.h"
-#include "apUtf8.h"
 
 namespace {
 
@@ -40,7 +39,7 @@ std::uint64_t leading_bytes(std::string_view text) {
 
 }  // namespace
 
-apFileFinderEx::apFileFinderEx(const apPath& path) {
+apFileFinderEx::apFileFinderEx(const apPath& path) : encoding_(path.directory().encoding()) {
   const std::string name = ap_system_path(path.directory());
   std::unique_ptr<DIR, CloseDirectory> directory(name.empty() ? nullptr : opendir(name.c_str()));
   if (!directory) {
@@ -83,14 +82,14 @@ apPathName apFileFinderEx::path() const {
   std::wstring path;
   path.reserve(directory_.size() + name.size());
   path += directory_;
-  ap_decode_utf8(name, path);
-  return apPathName(std::move(path));
+  ap_decode_name(name, encoding_, path);
+  return apPathName(std::move(path), encoding_);
 }
 
 apFileName apFileFinderEx::file_name() const {
   if (position_ == 0 || position_ > entries_.size()) return {};
   std::wstring name;
-  ap_decode_utf8(name_of(entries_[position_ - 1]), name);
+  ap_decode_name(name_of(entries_[position_ - 1]), encoding_, name);
   return apFileName(std::move(name));
 }
 

@@ -9,7 +9,6 @@
 
 #include "apFrustrumChooser.h"
 #include "apSystemPath.h"
-#include "apUtf8.h"
 
 apIFileOperations::~apIFileOperations() = default;
 
@@ -65,8 +64,8 @@ class SystemFileOperations : public apIFileOperations {
       name = here + "/" + name;
     }
     std::wstring text;
-    ap_decode_utf8(without_detours(name), text);
-    return apPathName(std::move(text));
+    ap_decode_name(without_detours(name), path.encoding(), text);
+    return apPathName(std::move(text), path.encoding());
   }
 };
 

@@ -34,7 +34,7 @@ const apString& apPathName::no_path() {
 apPathName apPathName::dirname() const {
   const std::size_t start = start_of_last_component(string().view());
   if (start == 0) return {};
-  return apPathName(string().substr(0, start == 1 ? 1 : start - 1));
+  return apPathName(string().substr(0, start == 1 ? 1 : start - 1), encoding());
 }
 
 std::wstring_view apPathName::last_component() const {
@@ -48,11 +48,11 @@ apFileName apPathName::basename() const {
 apPathName apPathName::combine(const apPathName& relative) const {
   if (relative.invalid()) return *this;
   if (invalid()) return relative;
-  return apPathName(join(string().view(), relative.string().view()));
+  return apPathName(join(string().view(), relative.string().view()), encoding());
 }
 
 apPathName apPathName::adjoin(const apPathName& directory, const apFileName& name) {
   if (name.empty()) return directory;
   if (directory.invalid()) return apPathName(name.string());
-  return apPathName(join(directory.string().view(), name.string().view()));
+  return apPathName(join(directory.string().view(), name.string().view()), directory.encoding());
 }
