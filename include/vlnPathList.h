@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "coDynArr.h"
@@ -9,8 +11,8 @@
 
 // The older list of directories, on character strings: duplicates and empty entries are dropped, a leading "~" becomes
 // the value of HOME, and each candidate is tested for what it is. Strings that it returns as `char*` are allocated with
-// malloc and belong to the caller, who frees them with free; a null pointer means not found. Only the
-// constructor takes a null list. Not for several threads.
+// malloc and belong to the caller, who frees them with free; a null pointer means not found. A null name is not found,
+// a null list is empty. Not for several threads.
 class VLN_API vlnPathList {
  public:
   // Directories with ";" between them.
@@ -23,11 +25,13 @@ class VLN_API vlnPathList {
   // The same for a directory.
   char* search_dir(const char* name);
 
-  // Appends every regular file with the extension, directory by directory and sorted by name within each. A name in an
-  // earlier directory hides the same name in later ones. An empty extension stands for names without a dot.
+  // Appends every regular file whose name matches "*." and the extension, directory by directory and sorted by name
+  // within each. Case is ignored; "*" and "?" in the extension match any characters and one. A name in an earlier
+  // directory hides the same name in later ones. An empty extension gives names without a dot, a null one nothing.
   void search_by_extension(utStringcoDynArr& found, const char* extension);
 
-  // `list` with every "<exe_dir>", wherever it stands, replaced.
+  // `list` with every "<exe_dir>", wherever it is, replaced. Placeholders that a replacement completes are replaced
+  // too, unless `exe_dir` holds one itself. Empty text for a null list.
   static char* expand_list(const char* list, const utString& exe_dir);
 
  protected:
@@ -52,4 +56,5 @@ class VLN_API vlnPathList {
   char path_slash_ = '\\';
   char alt_slash_ = '/';
   std::vector<utString> directories_;
+  std::unordered_set<std::string> listed_;  // the same directories
 };

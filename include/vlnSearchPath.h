@@ -17,8 +17,9 @@ class VLN_API vlnSearchPath {
   // Not set: `invalid`, without directories.
   vlnSearchPath() = default;
   vlnSearchPath(apPathName directory);
-  // Directories with ";" between them. "a;;b" has three entries, "a;b;" two, "" none; each of them is set.
-  explicit vlnSearchPath(apString path);
+  // Directories with ";" between them. "a;;b" has three entries, "a;b;" two, "" none; each of them is set. The encoding
+  // is that of the directories on disk; null is the default one.
+  explicit vlnSearchPath(apString path, const apIStringEncoding* encoding = nullptr);
   vlnSearchPath(const vlnSearchPath&) = default;
   vlnSearchPath& operator=(const vlnSearchPath&) = default;
   virtual ~vlnSearchPath();
@@ -51,6 +52,7 @@ class VLN_API vlnSearchPath {
 
   // The directories with ";" between them.
   apString path_string() const;
+  // Null when the encoding is.
   utString ut_path_string(const apIStringEncoding* encoding) const;
 
  private:

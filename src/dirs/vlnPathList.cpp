@@ -9,8 +9,10 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include "apFileFinderEx.h"
+#include "apStringCompareInsensitive.h"
 #include "apStringEncodingChooser.h"
 
 namespace {
@@ -55,6 +57,27 @@ bool is_regular_file(const char* path) {
   return stat(path, &status) == 0 && S_ISREG(status.st_mode);
 }
 
+// Whether a whole text matches a pattern in which "*" stands for any characters and "?" for one.
+bool matches(std::wstring_view text, std::wstring_view pattern) {
+  std::size_t at = 0, in_pattern = 0;
+  std::size_t star = pattern.npos, star_end = 0;  // the last "*", and where its match ends so far
+  while (at < text.size()) {
+    if (in_pattern < pattern.size() && pattern[in_pattern] == L'*') {
+      star = in_pattern++;
+      star_end = at;
+    } else if (in_pattern < pattern.size() && (pattern[in_pattern] == L'?' || pattern[in_pattern] == text[at])) {
+      ++in_pattern;
+      ++at;
+    } else if (star != pattern.npos) {
+      in_pattern = star + 1;
+      at = ++star_end;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of(L'*', in_pattern) == pattern.npos;
+}
+
 bool is_passing(int code) {
   return code == EINTR || code == ENXIO || code == ENODEV || code == EMFILE;
 }
@@ -85,11 +108,11 @@ void vlnPathList::add(const char* path) {
     if (!home) return;
     directory.replace(0, 1, home);
   }
-  if (!in_list(directory.c_str())) directories_.emplace_back(directory);
+  if (listed_.insert(directory).second) directories_.emplace_back(std::move(directory));
 }
 
 int vlnPathList::in_list(const char* path) {
-  return std::find(directories_.begin(), directories_.end(), path) != directories_.end() ? 1 : 0;
+  return path && listed_.contains(path) ? 1 : 0;
 }
 
 vlnPathListError vlnPathList::check_access(const char* path) {
@@ -130,6 +153,7 @@ char* vlnPathList::search_dir(const char* name) {
 }
 
 char* vlnPathList::search(const char* name, vlnPathListError wanted) {
+  if (!name) return nullptr;
   if (absolute_path(name)) return check_access(name) == wanted ? allocated(name) : nullptr;
   for (const utString& directory : directories_) {
     const std::string candidate = directory == "." ? std::string(name) : directory.str() + alt_slash_ + name;
@@ -139,17 +163,19 @@ char* vlnPathList::search(const char* name, vlnPathListError wanted) {
 }
 
 void vlnPathList::search_by_extension(utStringcoDynArr& found, const char* extension) {
+  if (!extension) return;
   const apIStringEncoding* encoding = apStringEncodingChooser().ut_encoding();
-  const std::string ending = std::string(".") + extension;
+  const std::wstring pattern = ap_fold((apString(L"*.") + encoding->to_apString(extension)).view());
   std::unordered_set<std::string> seen;
   for (const utString& directory : directories_) {
     apFileFinderEx entries{apPath(apPathName(encoding->to_apString(directory)))};
     while (++entries) {
       if (entries.is_directory()) continue;
-      const utString name = encoding->to_utString(entries.file_name().string());
-      const bool matches = *extension ? name.view().ends_with(ending) : name.find(".") == utString::npos;
+      const apFileName entry = entries.file_name();
+      if (*extension ? !matches(ap_fold(entry.string().view()), pattern) : entry.has_extension()) continue;
+      const utString name = encoding->to_utString(entry.string());
       const utString path = directory + "/" + name;
-      if (!matches || seen.contains(name.str()) || !is_regular_file(path.c_str())) continue;
+      if (seen.contains(name.str()) || !is_regular_file(path.c_str())) continue;
       seen.insert(name.str());
       found.append(path);
     }
@@ -158,15 +184,31 @@ void vlnPathList::search_by_extension(utStringcoDynArr& found, const char* exten
 
 char* vlnPathList::expand_list(const char* list, const utString& exe_dir) {
   constexpr std::string_view placeholder = "<exe_dir>";
-  // One pass that does not look again at what it put in, should the directory hold the placeholder itself.
+  const std::string_view text = list ? list : "";
+  // Replacements without end need text that grows by itself; the list's own text makes fewer than it has characters.
+  std::size_t rescans_left = exe_dir.find(placeholder) == utString::npos ? text.size() : 0;
   std::string expanded;
-  std::string_view rest = list;
-  for (std::size_t at = rest.find(placeholder); at != rest.npos; at = rest.find(placeholder)) {
-    expanded += rest.substr(0, at);
-    expanded += exe_dir.view();
-    rest.remove_prefix(at + placeholder.size());
+  std::size_t final_length = 0;  // how much of `expanded` is not searched again
+  std::vector<std::string_view> to_read{text};
+  while (!to_read.empty()) {
+    std::string_view& next = to_read.back();
+    if (next.empty()) {
+      to_read.pop_back();
+      continue;
+    }
+    expanded += next.front();
+    next.remove_prefix(1);
+    if (!std::string_view(expanded).substr(final_length).ends_with(placeholder)) continue;
+
+    expanded.resize(expanded.size() - placeholder.size());
+    if (rescans_left > 0) {
+      --rescans_left;
+      to_read.push_back(exe_dir.view());
+    } else {
+      expanded += exe_dir.view();
+      final_length = expanded.size();
+    }
   }
-  expanded += rest;
   return allocated(expanded);
 }
 

@@ -1,5 +1,7 @@
 #include "vlnSearchPath.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "apFileFinderEx.h"
@@ -32,13 +34,12 @@ bool listed(const apPathName& directory, const apFileName& name, apFileName& ent
 
 vlnSearchPath::vlnSearchPath(apPathName directory) : directories_{std::move(directory)}, valid_(true) {}
 
-vlnSearchPath::vlnSearchPath(apString path) : valid_(true) {
-  apString rest = std::move(path);
+vlnSearchPath::vlnSearchPath(apString path, const apIStringEncoding* encoding) : valid_(true) {
+  std::wstring_view rest = path.view();
   while (!rest.empty()) {
-    const std::size_t end = rest.find(separator);
-    directories_.emplace_back(rest.substr(0, end));
-    if (end == apString::npos) break;
-    rest = rest.substr(end + 1);
+    const std::size_t end = std::min(rest.find(separator), rest.size());
+    directories_.emplace_back(std::wstring(rest.substr(0, end)), encoding);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
   }
 }
 
@@ -83,7 +84,9 @@ vlnSearchPath vlnSearchPath::exe_substitute(const apPathName& exe_dir) const {
 
 vlnSearchPath vlnSearchPath::substitute(const apString& from, const apString& to) const {
   vlnSearchPath result = *this;
-  for (apPathName& directory : result.directories_) directory = apPathName(directory.string().replace_all(from, to));
+  for (apPathName& directory : result.directories_) {
+    directory = apPathName(directory.string().replace_all(from, to), directory.encoding());
+  }
   return result;
 }
 
@@ -97,5 +100,5 @@ apString vlnSearchPath::path_string() const {
 }
 
 utString vlnSearchPath::ut_path_string(const apIStringEncoding* encoding) const {
-  return encoding->to_utString(path_string());
+  return encoding ? encoding->to_utString(path_string()) : utString();
 }

@@ -2,6 +2,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "TemporaryDirectory.h"
 #include "vlnPathList.h"
 
@@ -62,6 +64,7 @@ TEST(PathList, TellsWhatAPathIs) {
                {dir.path().string(), vlnPathIsDirectory},
                {dir.path().string() + "/", vlnPathIsDirectory},
                {dir.path().string() + "\\", vlnPathIsDirectory},
+               {file + "/", vlnPathIsFile},
                {dir / "pipe", vlnPathNotFileOrDir},
                {dir / "none", vlnPathNotFound},
                {file + "/below", vlnPathNotFound},
@@ -70,6 +73,28 @@ TEST(PathList, TellsWhatAPathIs) {
                {"/", vlnPathNotFound}};
   PathList list("");
   for (const auto& c : cases) EXPECT_EQ(list.check_access(c.path.c_str()), c.expected) << c.path;
+}
+
+TEST(PathList, ReportsAPathThatMayNotBeSeen) {
+  const TemporaryDirectory dir;
+  const std::string hidden = dir.write("closed/hidden", "");
+  chmod((dir / "closed").c_str(), 0);
+  chmod(dir.path().c_str(), 0711);
+  // The superuser may see everything.
+  const uid_t user = geteuid();
+  ASSERT_TRUE(user != 0 || seteuid(65534) == 0);
+  const vlnPathListError error = PathList("").check_access(hidden.c_str());
+  ASSERT_TRUE(user != 0 || seteuid(0) == 0);
+  chmod((dir / "closed").c_str(), 0700);
+  EXPECT_EQ(error, vlnPathNoPermission);
+}
+
+TEST(PathList, NullPointersNameNothing) {
+  PathList list("/");
+  EXPECT_FALSE(list.search(nullptr) || list.search_dir(nullptr) || list.in_list(nullptr));
+  EXPECT_TRUE(list.with_extension(nullptr).empty());
+  EXPECT_EQ(PathList::taken(PathList::expand_list(nullptr, "/e")), "");
+  EXPECT_FALSE(PathList(nullptr).in_list(""));
 }
 
 TEST(PathList, SearchesRelativeNamesThroughTheListAndAbsoluteOnesAsTheyStand) {
@@ -83,6 +108,14 @@ TEST(PathList, SearchesRelativeNamesThroughTheListAndAbsoluteOnesAsTheyStand) {
   EXPECT_EQ(list.directory("sub"), dir / "more/sub");
   EXPECT_EQ(list.file(dir / "more/name"), dir / "more/name");
   EXPECT_EQ(list.file("/name"), "none") << "absolute: the list is not consulted";
+
+  const std::filesystem::path here = std::filesystem::current_path();
+  std::filesystem::current_path(dir.path());
+  PathList local(".;more;./lib");
+  EXPECT_EQ(local.file("name"), "more/name");
+  EXPECT_EQ(local.directory("lib"), "lib") << "in the current directory the name alone";
+  EXPECT_EQ(PathList("./lib").file("name"), "./lib/name");
+  std::filesystem::current_path(here);
   const struct {
     const char* path;
     int absolute;
@@ -95,14 +128,58 @@ TEST(PathList, GathersOneExtensionAndEarlierDirectoriesHideLaterOnes) {
   for (const char* name : {"a/a.txt", "a/b.txt.bak", "a/plain", "b/a.txt", "b/c.txt", "b/sub.txt/x", "b/.txt"}) {
     dir.write(name, "");
   }
+  ASSERT_EQ(mkfifo((dir / "a/pipe.txt").c_str(), 0600), 0);
   PathList list((dir / "a" + ";" + (dir / "none") + ";" + (dir / "b")).c_str());
   EXPECT_EQ(list.with_extension("txt"), (std::vector<std::string>{dir / "a/a.txt", dir / "b/.txt", dir / "b/c.txt"}));
   EXPECT_EQ(list.with_extension(""), std::vector<std::string>{dir / "a/plain"});
 }
 
+TEST(PathList, ExtensionsAreMatchedWithoutCaseAndWithWildcards) {
+  const TemporaryDirectory dir;
+  for (const char* name : {"A.TXT", "b.tar.gz", "c.t1", "d.t[1", "txt", "e.\xc3\x89", "f.a-b-c"}) dir.write(name, "");
+  PathList list(dir.path().c_str());
+  const struct {
+    const char* extension;
+    std::vector<std::string> names;
+  } cases[] = {{"txt", {"A.TXT"}},
+               {"Txt", {"A.TXT"}},
+               {"\xc3\xa9", {"e.\xc3\x89"}},
+               {"gz", {"b.tar.gz"}},
+               {"t?", {"c.t1"}},
+               {"t??", {"A.TXT", "d.t[1"}},
+               {"t*", {"A.TXT", "b.tar.gz", "c.t1", "d.t[1"}},
+               {"*", {"A.TXT", "b.tar.gz", "c.t1", "d.t[1", "e.\xc3\x89", "f.a-b-c"}},
+               {"t*1", {"c.t1", "d.t[1"}},
+               {"?*x*t*", {"A.TXT"}},
+               {"a*-c", {"f.a-b-c"}},
+               {"t[1", {"d.t[1"}},
+               {"*.gz", {"b.tar.gz"}},
+               {"tx", {}},
+               {"?txt", {}},
+               {"txt?", {}}};
+  for (const auto& c : cases) {
+    std::vector<std::string> paths;
+    for (const std::string& name : c.names) paths.push_back(dir / name);
+    EXPECT_EQ(list.with_extension(c.extension), paths) << c.extension;
+  }
+}
+
 TEST(PathList, TextHelpers) {
-  EXPECT_EQ(PathList::taken(PathList::expand_list("<exe_dir>/a;x/<exe_dir>", "/e")), "/e/a;x//e");
-  EXPECT_EQ(PathList::taken(PathList::expand_list("<exe_dir>", "<exe_dir>!")), "<exe_dir>!");
+  const struct {
+    const char *list, *exe_dir, *expanded;
+  } expansions[] = {{"<exe_dir>/a;x/<exe_dir>", "/e", "/e/a;x//e"},
+                    {"<exe_dir>", "<exe_dir>!", "<exe_dir>!"},
+                    {"<exe_dir>dir>;<exe_dir>", "<exe_dir><exe_", "<exe_dir><exe_dir>;<exe_dir><exe_"},
+                    {"<exe_<exe_dir>dir>/<EXE_DIR>", "", "/<EXE_DIR>"},
+                    {"<<exe_dir>", "exe_dir>", "exe_dir>"},
+                    {"<exe_dir>>>", "a<exe_dir", "aaa<exe_dir"},
+                    {"", "/e", ""}};
+  for (const auto& c : expansions) {
+    EXPECT_EQ(PathList::taken(PathList::expand_list(c.list, c.exe_dir)), c.expanded) << c.list;
+  }
+  // A directory that would make placeholders for ever.
+  const std::string endless = "<ex<exe_dir>e_dir>";
+  EXPECT_NE(PathList::taken(PathList::expand_list(endless.c_str(), "e_dir>e_dir><ex<ex")), "");
   PathList list("");
   std::string text = "a/b/c";
   EXPECT_STREQ(list.path_verify(text.data(), 2), "a\\b/c");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "CountedAllocations.h"
 #include "Registry.h"
 #include "vlnExtensionIT.h"
 #include "vlnSearchPath.h"
@@ -42,10 +43,24 @@ TEST(SearchPath, SplitsAndJoins) {
   EXPECT_TRUE(vlnSearchPath().compare(path_of("")));
 }
 
+TEST(SearchPath, SplittingCopiesEachDirectoryOnce) {
+  const auto copied = [](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "/a/directory;";
+    const apString list(text.c_str());
+    const std::size_t before = allocated_bytes();
+    EXPECT_EQ(entries(vlnSearchPath(list)).size(), static_cast<std::size_t>(count));
+    return allocated_bytes() - before;
+  };
+  EXPECT_LT(copied(40000), 6 * copied(10000)) << "in proportion to the length";
+}
+
 TEST(SearchPath, AppendsComparesAndGivesASingleDirectory) {
   const vlnSearchPath joined = path_of("a").append(path_of("a;b"));
   EXPECT_EQ(entries(joined), (Strings{"a", "a", "b"}));
   EXPECT_TRUE(path_of("a").append(vlnSearchPath()).invalid() && !joined.invalid());
+  const vlnSearchPath unset_first = vlnSearchPath().append(path_of("a"));
+  EXPECT_TRUE(unset_first.invalid() && entries(unset_first) == Strings{"a"});
   EXPECT_FALSE(path_of("a;b").compare(path_of("b;a")) || path_of("a").compare(path_of("a/")));
 
   bool not_single = true;
@@ -61,6 +76,11 @@ TEST(SearchPath, Substitutes) {
   EXPECT_EQ(entries(path), (Strings{"/bin", "/bin/p", "/bin/p", "x/<exe_dir>", "<EXE_DIR>"}));
   EXPECT_EQ(entries(path_of("aXbX;X").substitute(L"X", L"XX")), (Strings{"aXXbXX", "XX"}));
   EXPECT_EQ(entries(path_of("ab").substitute(L"", L"x")), Strings{"ab"});
+  for (const bool set : {false, true}) {
+    const vlnSearchPath given = set ? path_of("<exe_dir>") : vlnSearchPath();
+    EXPECT_EQ(given.exe_substitute(apPathName(L"/bin")).invalid(), !set);
+    EXPECT_EQ(given.substitute(L"a", L"b").invalid(), !set);
+  }
 }
 
 TEST(SearchPath, TheFirstDirectoryThatListsANameWins) {
