@@ -13,6 +13,9 @@
 // directory under "sys". The user's application data directory is found or created; nothing of the installation is
 // checked or made. Everything is unset until `initialise`. The environment and the application information are not
 // owned.
+//
+// On disk every path is its text in the application's encoding, so that `utString` and foundation strings name the same
+// file.
 class VLN_API vlnAppDirMap : public vlnIAppDirMap {
  public:
   explicit vlnAppDirMap(utObserverPtr<apIProcessEnvironmentOperations> environment);
@@ -26,7 +29,8 @@ class VLN_API vlnAppDirMap : public vlnIAppDirMap {
   // `drive` and `directory` say where the executable lies; the directory may end in a separator. The application data
   // directory is `startup_subpath` below the first base that will have it: the variable QRM_HOME, `config_path` (made
   // if it is missing), `temp_path`. Without one the result says so: the installation's directories are then set, the
-  // schemas are not. A directory of 512 characters or more throws std::out_of_range.
+  // schemas are not. It also says so, with nothing set, when `app_info` is null. A directory of 512 characters or more
+  // throws std::out_of_range.
   virtual vlnAppMapInit initialise(const utString& drive, const utString& directory, const apPathName& startup_subpath,
                                    velabsAppInfo* app_info, const apPathName& config_path, const apPathName& temp_path);
 
@@ -61,7 +65,11 @@ class VLN_API vlnAppDirMap : public vlnIAppDirMap {
   void create_schema_dir(const utString& name);
 
  private:
-  const apIStringEncoding* encoding() const { return app_info_->ut_encoding(); }
+  // The application's; the default one before `initialise`.
+  const apIStringEncoding* encoding() const;
+  apPathName in_own_encoding(const apString& path) const;
+  // The value of a variable as the application's encoding spells it.
+  apString environment_text(const apString& name) const;
 
   vlnSearchPath system_;
   vlnSearchPath library_;

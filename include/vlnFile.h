@@ -10,7 +10,7 @@
 
 // One file by its absolute path, the parts of that path and what stood there when it was looked at last. Nothing need
 // exist. Two files are equal when directory, name and extension are, case aside. The encoding and the file operations
-// are not owned.
+// are not owned; without either the path is empty.
 class VLN_API vlnFile {
  public:
   vlnFile(const utString& path, const apIStringEncoding* encoding, const apIFileOperations* file_operations);

@@ -5,6 +5,7 @@
 
 #include "apFrustrumChooser.h"
 #include "apSplitPath.h"
+#include "apStringEncodingChooser.h"
 #include "vlnPathList.h"
 #include "vluFileHelpers.h"
 
@@ -37,11 +38,12 @@ vlnAppDirMap::~vlnAppDirMap() = default;
 vlnAppMapInit vlnAppDirMap::initialise(const utString& drive, const utString& directory,
                                        const apPathName& startup_subpath, velabsAppInfo* app_info,
                                        const apPathName& config_path, const apPathName& temp_path) {
-  config_path_ = config_path;
-  temp_path_ = temp_path;
-  startup_subpath_ = startup_subpath;
+  if (!app_info) return vlnAppMapInitNoAppDataDir;
   app_info_ = app_info;
-  executable_path_ = vlnSearchPath(encoding()->to_apString(drive + directory));
+  config_path_ = in_own_encoding(config_path.string());
+  temp_path_ = in_own_encoding(temp_path.string());
+  startup_subpath_ = startup_subpath;
+  executable_path_ = vlnSearchPath(encoding()->to_apString(drive + directory), encoding());
   InitialiseSysDir(drive, directory);
   if (!initialise_app_data_dir()) return vlnAppMapInitNoAppDataDir;
   setup_schemas();
@@ -57,7 +59,7 @@ void vlnAppDirMap::InitialiseSysDir(const utString& drive, const utString& direc
   if (!root_text.empty() && is_separator(root_text.back())) root_text.pop_back();
   root_text = without_last_component(without_last_component(root_text));
 
-  const apPathName root(encoding()->to_apString(drive + utString(root_text)));
+  const apPathName root = in_own_encoding(encoding()->to_apString(drive + utString(root_text)));
   bool not_single = false;
   const apPathName executable = executable_path_.directory_path(not_single);
   const auto below = [](const apPathName& base, const wchar_t* path) {
@@ -83,7 +85,7 @@ bool vlnAppDirMap::initialise_app_data_dir() {
 }
 
 bool vlnAppDirMap::search_qrm_home_path(apPathName& path) {
-  path = environment_ ? apPathName(environment_->get(L"QRM_HOME")) : apPathName();
+  path = in_own_encoding(environment_text(L"QRM_HOME"));
   return create_startup_path(path);
 }
 
@@ -146,16 +148,35 @@ int vlnAppDirMap::copy_files(const utString& from_dirs, const utString& to_dir, 
 }
 
 utString vlnAppDirMap::extract_file(const utString& path) const {
-  const apSplitPath parts{apPathName(encoding()->to_apString(path))};
+  // Any bytes may be a name, also those that the application's encoding does not know.
+  const apIStringEncoding* bytes = apStringEncodingChooser().ut_encoding();
+  const apSplitPath parts{apPathName(bytes->to_apString(path))};
   // A lone dot at the end says nothing; a name that is all extension keeps it.
   const bool extension = parts.extension().length() > 1;
-  return encoding()->to_utString(extension ? parts.name() + parts.extension() : parts.name());
+  return bytes->to_utString(extension ? parts.name() + parts.extension() : parts.name());
 }
 
 void vlnAppDirMap::path_from_env_var(const apString& name, vlnSearchPath& search_path,
                                      const apPathName& exe_dir) const {
+  const apString value = environment_text(name);
+  if (!value.empty()) search_path = vlnSearchPath(value, encoding()).exe_substitute(in_own_encoding(exe_dir.string()));
+}
+
+const apIStringEncoding* vlnAppDirMap::encoding() const {
+  return app_info_ ? app_info_->ut_encoding() : apStringEncodingChooser().ut_encoding();
+}
+
+apPathName vlnAppDirMap::in_own_encoding(const apString& path) const {
+  return apPathName(path, encoding());
+}
+
+apString vlnAppDirMap::environment_text(const apString& name) const {
   const apString value = environment_ ? environment_->get(name) : apString();
-  if (!value.empty()) search_path = vlnSearchPath(value).exe_substitute(exe_dir);
+  apStatus status;
+  encoding()->to_utString(value, status);
+  if (status.ok()) return value;
+  // The environment decodes bytes as UTF-8; these are bytes of another encoding.
+  return encoding()->to_apString(apStringEncodingChooser().ut_encoding()->to_utString(value));
 }
 
 void vlnAppDirMap::add_env_options(const apPathName& path) {

@@ -53,7 +53,7 @@ int vlnAppDirMap::setup_schemas() {
 
 int vlnAppDirMap::add_schema_dir(const utString& directories) {
   if (!initialised_ || !app_info_ || schemas_.invalid()) return 0;
-  schemas_ = vlnSearchPath(encoding()->to_apString(directories)).append(installation_schemas_);
+  schemas_ = vlnSearchPath(encoding()->to_apString(directories), encoding()).append(installation_schemas_);
   setup_schemas();
   return 1;
 }

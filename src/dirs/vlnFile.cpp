@@ -14,11 +14,16 @@ vlnFile::vlnFile(const utString& path, const apIStringEncoding* encoding, const 
 }
 
 utString vlnFile::full_path(const utString& path) const {
-  const apPathName given(encoding_->to_apString(path));
+  if (!encoding_ || !file_operations_) return "";
+  const apPathName given(encoding_->to_apString(path), encoding_);
   return encoding_->to_utString(file_operations_->full_path(given).string());
 }
 
 void vlnFile::get_path_elements(const utString& path, utString& directory, utString& name, utString& extension) const {
+  if (!encoding_) {
+    directory = name = extension = "";
+    return;
+  }
   const apPathName whole(encoding_->to_apString(path));
   const apFileName last = whole.basename();
   directory = encoding_->to_utString(whole.dirname().string());

@@ -70,6 +70,78 @@ TEST_F(AppDirMapTest, DerivesTheInstallationFromTheExecutable) {
   EXPECT_EQ(at(-1), "/A/B/sys/exec") << "an unknown value gives a usable directory";
   EXPECT_EQ(registry.app_info.fabrin_server_dir(), "/A/B/sys/exec");
   EXPECT_THROW(initialise("/" + std::string(511, 'x')), std::out_of_range);
+  EXPECT_NO_THROW(initialise("/" + std::string(510, 'x')));
+  map.initialise("c:", "\\i\\sys\\exec", apPathName(L"app"), &registry.app_info, apPathName(), apPathName());
+  EXPECT_EQ(at(vlnDIRECTORY_HELP), "c:\\i/file/help");
+  EXPECT_EQ(at(vlnDIRECTORY_LIBRARY), "c:\\i\\sys\\exec/lib");
+}
+
+TEST_F(AppDirMapTest, SeveralExecutableDirectoriesAreASearchPathButNoDirectory) {
+  initialise("/a/sys/exec;/b/sys/exec");
+  EXPECT_EQ(at(vlnDIRECTORY_EXECUTABLE_PATH), "/a/sys/exec;/b/sys/exec");
+  EXPECT_EQ(at(vlnDIRECTORY_EXECUTABLE), "");
+}
+
+TEST_F(AppDirMapTest, FindsAFileInTheDirectoriesOfAKind) {
+  const std::string installed = dir.write("i/sys/schemas/x", "");
+  const std::string misc = dir.write("i/sys/misc/x", "");
+  initialise(dir / "i/sys/exec");
+  const auto found = [&](vlnQRMDirectory directory, const wchar_t* name) {
+    return registry.encoding->to_utString(map.find_file(directory, apFileName(name)).string()).str();
+  };
+  EXPECT_EQ(found(vlnDIRECTORY_SCHEMAS, L"x"), installed);
+  EXPECT_EQ(found(vlnDIRECTORY_MISC, L"X"), misc);
+  EXPECT_EQ(found(vlnDIRECTORY_HELP, L"x"), "");
+  const std::string users = dir.write("config/app/x", "");
+  EXPECT_EQ(found(vlnDIRECTORY_SCHEMAS, L"x"), users);
+}
+
+TEST_F(AppDirMapTest, PathsAreTheirTextInTheEncodingOfTheApplication) {
+  // One letter, as bytes of two encodings.
+  const std::pair<const char*, std::string> cases[] = {{"UTF-8", "\xc3\xa9"}, {"ISO-8859-1", "\xe9"}};
+  for (const auto& [name, letter] : cases) {
+    velabsAppInfo app_info("test", "1", "test", "nobody", name);
+    const apIStringEncoding* encoding = app_info.ut_encoding();
+    const std::string misc = letter + "/sys/misc";
+    const utString file = dir.write(misc + "/" + letter + ".TXT", "");
+    environment.put(L"QRM_HOME", encoding->to_apString(dir / letter));
+    EXPECT_EQ(
+        map.initialise("", dir / (letter + "/sys/exec"), apPathName(L"app"), &app_info, apPathName(), apPathName()),
+        vlnAppMapInitOk);
+    EXPECT_TRUE(std::filesystem::is_directory(dir / (letter + "/app"))) << name;
+    const apFileName wanted(L"\u00e9.txt");
+    const apPathName found = map.find_file(vlnDIRECTORY_MISC, wanted);
+    EXPECT_EQ(encoding->to_utString(found.string()), file);
+    EXPECT_TRUE(apFrustrumChooser().file_operations()->file_exists(found));
+    EXPECT_EQ(map.get_dir(vlnDIRECTORY_MISC).substitute(L"no such", L"").search(wanted), found);
+
+    const vlnSchemaDir fonts = map.get_schema_dir(vlnSchemaFonts);
+    EXPECT_EQ(fonts.user_dir(), dir / (letter + "/app/fonts"));
+    EXPECT_EQ(map.copy_files(dir / misc, fonts.user_dir(), "txt"), 1);
+    EXPECT_EQ(fonts.find_user_file(letter + ".TXT"), fonts.user_dir() + "/" + letter + ".TXT");
+
+    environment.values.clear();
+    const apPathName config(encoding->to_apString(dir / (letter + "/config")));
+    map.initialise("", "/i/sys/exec", apPathName(L"app"), &app_info, config, apPathName());
+    EXPECT_TRUE(std::filesystem::is_directory(dir / (letter + "/config/app"))) << name;
+    map.initialise("", "/i/sys/exec", apPathName(L"own"), &app_info, apPathName(), config);
+    EXPECT_TRUE(std::filesystem::is_directory(dir / (letter + "/config/own"))) << name;
+
+    // A variable of the process is decoded as UTF-8, whatever its bytes are.
+    environment.put(L"QRM_HOME", registry.encoding->to_apString(dir / letter));
+    map.initialise("", "/i/sys/exec", apPathName(L"app"), &app_info, apPathName(), apPathName());
+    EXPECT_EQ(map.get_schema_dir(vlnSchemaFonts).user_dir(), fonts.user_dir());
+  }
+}
+
+TEST_F(AppDirMapTest, WithoutAnApplicationNothingIsSet) {
+  EXPECT_EQ(map.initialise("", "/i/sys/exec", apPathName(), nullptr, apPathName(), apPathName()),
+            vlnAppMapInitNoAppDataDir);
+  EXPECT_TRUE(map.get_dir(vlnDIRECTORY_SYSTEM).invalid());
+  EXPECT_EQ(map.get_schema_dir(vlnSchemaFonts).user_dir(), "");
+  dir.write("from/a.x", "copied");
+  EXPECT_EQ(map.copy_files(dir / "from", dir / "to", "x"), 1);
+  EXPECT_EQ(TemporaryDirectory::read(dir / "to/a.x"), "copied");
 }
 
 TEST_F(AppDirMapTest, TheFirstUsableBaseHoldsTheApplicationData) {
@@ -104,7 +176,8 @@ TEST_F(AppDirMapTest, TheFirstUsableBaseHoldsTheApplicationData) {
 }
 
 TEST_F(AppDirMapTest, CopiesFilesOfOneExtension) {
-  for (const char* name : {"from/a.rsc", "from/b.txt", "more/a.rsc", "to/a.rsc", "from/bare"}) dir.write(name, name);
+  for (const char* name : {"from/a.rsc", "from/b.txt", "more/a.rsc", "to/a.rsc", "from/bare", "from/.dot", "from/end."})
+    dir.write(name, name);
   initialise("/i/sys/exec");
   const utString from = dir / "from" + ";" + (dir / "more");
   EXPECT_EQ(map.copy_files(from, dir / "to", "rsc"), 1);
@@ -112,6 +185,10 @@ TEST_F(AppDirMapTest, CopiesFilesOfOneExtension) {
   EXPECT_FALSE(std::filesystem::exists(dir / "to/b.txt"));
   EXPECT_EQ(map.copy_files(from, dir / "made", ""), 1);
   EXPECT_EQ(TemporaryDirectory::read(dir / "made/bare"), "from/bare");
+  EXPECT_EQ(map.copy_files(from, dir / "made", "dot"), 1);
+  EXPECT_EQ(TemporaryDirectory::read(dir / "made/.dot"), "from/.dot");
+  EXPECT_EQ(map.copy_files(from, dir / "made", "*"), 1);
+  EXPECT_EQ(TemporaryDirectory::read(dir / "made/end"), "from/end.");
   EXPECT_EQ(map.copy_files(from, dir / "no/such", "rsc"), 0);
   EXPECT_EQ(map.copy_files(from, dir / "from/b.txt", "rsc"), 0) << "a file is in the way";
 }
@@ -123,4 +200,7 @@ TEST_F(AppDirMapTest, ReadsSearchPathsFromTheEnvironment) {
   environment.put(L"P", L"<exe_dir>/a;/b");
   map.path_from_env_var(L"P", path, apPathName(L"/e"));
   EXPECT_EQ(path.ut_path_string(registry.encoding), "/e/a;/b");
+  environment.put(L"P", L"");
+  map.path_from_env_var(L"P", path, apPathName(L"/e"));
+  EXPECT_EQ(path.ut_path_string(registry.encoding), "/e/a;/b") << "an empty variable leaves it alone";
 }

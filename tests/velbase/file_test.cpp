@@ -91,5 +91,40 @@ TEST(File, AFactoryUsesWhatItWasGiven) {
   const vlnFile file = base.create("d/\xe9.x");
   EXPECT_EQ(file.full_path(), "/root/d/\xe9.x");
   EXPECT_EQ(file.get_path_element(vlnFileName), "\xe9");
+  utString directory, name, extension("old");
+  file.get_path_elements("/d/bare", directory, name, extension);
+  EXPECT_EQ(directory.str() + " " + name.str() + " " + extension.str(), "/d bare ");
   EXPECT_EQ(vlnFile::backslashify("a/b\\c//"), "a\\b\\c\\\\");
+}
+
+TEST(File, BothStringTypesNameOneFileInEveryEncoding) {
+  const TemporaryDirectory directory;
+  const apIFileOperations* operations = apFrustrumChooser().file_operations();
+  const fs::path here = fs::current_path();
+  for (const char* name : {"UTF-8", "ISO-8859-1", "ASCII"}) {
+    const apIStringEncoding* encoding = apStringEncodingChooser().named(name);
+    // Directories of either encoding are bytes for both.
+    for (const char* letter : {"\xc3\xa9", "\xe9", "e"}) {
+      fs::create_directories(directory.path() / letter);
+      fs::current_path(directory.path() / letter);
+      const vlnFile file(name, encoding, operations);
+      if (std::string_view(name) == "ASCII" && *letter != 'e') {
+        EXPECT_EQ(file.full_path(), "") << "it has no text in ASCII";
+        continue;
+      }
+      const std::string path = directory / (std::string(letter) + "/" + name);
+      EXPECT_EQ(file.full_path(), path);
+      EXPECT_EQ(file.create_file(vlnFileCreateAppend), 1);
+      EXPECT_TRUE(fs::is_regular_file(path));
+      EXPECT_TRUE(operations->file_exists(apPathName(encoding->to_apString(path), encoding)));
+    }
+  }
+  fs::current_path(here);
+}
+
+TEST(File, WithoutPoliciesThePathIsEmpty) {
+  const vlnFile file = vlnVlnFileFactory(nullptr, nullptr).create("/x.y");
+  EXPECT_EQ(file.full_path(), "");
+  EXPECT_EQ(file.get_path_element(vlnFileExtension), "");
+  EXPECT_EQ(file.create_file(vlnFileCreateAppend), 0);
 }

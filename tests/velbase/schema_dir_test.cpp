@@ -29,10 +29,40 @@ TEST_F(SchemaDirTest, TheUsersCopyWins) {
   EXPECT_EQ(resources.find_user_file("STL.rsc"), "");
   EXPECT_EQ(resources.find_file("none"), "");
   EXPECT_EQ(resources.find_dir("sub"), dir / "i/sys/schemas/resources/sub");
+  EXPECT_EQ(resources.find_dir("STL.rsc"), "") << "a file is no directory";
 
   const std::string users = dir.write("config/app/resources/STL.rsc", "");
   EXPECT_EQ(resources.find_file("STL.rsc"), users);
   EXPECT_EQ(resources.find_installation_file("STL.rsc"), installed);
+  dir.write("config/app/resources/sub/y", "");
+  EXPECT_EQ(resources.find_dir("sub"), dir / "config/app/resources/sub");
+}
+
+TEST_F(SchemaDirTest, EachSubDirectoryHasItsName) {
+  const char* names[] = {
+      "lintor",    "colourschemes", "export_options", "fonts", "graphics", "lights", "parasolid", "release",
+      "resources", "step",          "translators",    "xrc",   "kpq",      "wx",     "navblock",  "UPI"};
+  ASSERT_EQ(std::size(names), std::size_t{vlnNUM_SCHEMA_SUB_DIRECTORIES});
+  for (int value = 0; value < vlnNUM_SCHEMA_SUB_DIRECTORIES; ++value) {
+    const vlnSchemaDir schema = map.get_schema_dir(static_cast<vlnSchemaSubDirectory>(value));
+    EXPECT_EQ(schema.user_dir(), dir / "config/app/" + names[value]);
+    EXPECT_EQ(schema.installation_path(), dir / "i/sys/schemas/" + names[value]);
+  }
+}
+
+TEST_F(SchemaDirTest, ACopyDoesWhatTheOriginalDoes) {
+  dir.write("i/sys/schemas/fonts/a.fnt", "font");
+  const vlnSchemaDir fonts = map.get_schema_dir(vlnSchemaFonts);
+  const vlnSchemaDir copy(fonts);
+  vlnSchemaDir assigned = map.get_schema_dir(vlnSchemaLights);
+  assigned = fonts;
+  for (const vlnSchemaDir* each : {&copy, static_cast<const vlnSchemaDir*>(&assigned)}) {
+    EXPECT_EQ(each->installation_path(), fonts.installation_path());
+    EXPECT_EQ(each->user_dir(), fonts.user_dir());
+    EXPECT_EQ(each->copy_files("fnt"), 1);
+    EXPECT_TRUE(std::filesystem::remove(dir / "config/app/fonts/a.fnt"));
+  }
+  EXPECT_EQ(vlnSchemaDir(fonts.installation_path(), fonts.user_dir(), nullptr).copy_files("fnt"), 0);
 }
 
 TEST_F(SchemaDirTest, LaterSchemaDirectoriesStandBehindTheUsersAndBeforeEarlierOnes) {
