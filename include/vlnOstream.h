@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ostream>
+#include <string_view>
 #include <vector>
 
 #include "apCriticalSection.h"
@@ -15,12 +16,14 @@ class VLN_API vlnOstream {
   // A null pointer makes the lock from the standard library.
   explicit vlnOstream(const apISynchOperations* synch);
 
+  // A null pointer is ignored.
   void add_ostream(std::ostream* stream);
 
   // Whether every stream is flushed after each call; returns what held before. Not for several threads.
   int auto_flush(int on);
 
-  // Writes the text as it is; a line break belongs to the text.
+  // Writes the text as it is; a line break belongs to the text. No printing operation pads: a width that is set for a
+  // stream stays set.
   void print(const char* text);
 
   // One more dot; the 77th ends the row.
@@ -31,7 +34,7 @@ class VLN_API vlnOstream {
   void print_percent(int percent);
 
  private:
-  void write(const char* before, const char* text, const char* after);
+  void write(std::string_view before, std::string_view text, std::string_view after);
 
   int auto_flush_ = 0;
   std::vector<std::ostream*> streams_;

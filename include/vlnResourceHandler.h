@@ -31,7 +31,7 @@ class VLN_API vlnResourceHandler {
   // Appends the texts that the type allows.
   void valid_strings(utStringcoDList& list) const;
 
-  // Adds the resource's value under this handler's key.
+  // Adds the resource's value under this handler's key. A null resource adds nothing.
   void add_resource(const coResourceBase* resource, velTableInstance& table) const;
 
  private:

@@ -14,7 +14,7 @@
 // object of each type exists for the life of the process; it is found by a resource or by a resource's key.
 class VLN_API vlnResourceType {
  public:
-  // The value as text, numbers as the user's locale writes them.
+  // The value as text, numbers as the user's locale writes them; null text for a null resource.
   virtual utString display(const coResourceBase* resource) const;
 
   // Nonzero when the value is acceptable for the key. Numbers are left to the validator; without one none is
@@ -24,6 +24,7 @@ class VLN_API vlnResourceType {
   // Appends the texts that a finite type allows; nothing for an open one.
   virtual void valid_strings(utStringcoDList& list) const;
 
+  // The value as text; null text for a null resource.
   virtual utString as_string(const coResourceBase* resource) const;
 
   // Nonzero when the resource's value is of this type.

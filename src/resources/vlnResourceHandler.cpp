@@ -31,5 +31,5 @@ void vlnResourceHandler::valid_strings(utStringcoDList& list) const {
 }
 
 void vlnResourceHandler::add_resource(const coResourceBase* resource, velTableInstance& table) const {
-  if (type_) table.add_resource(key_, type_->as_string(resource));
+  if (type_ && resource) table.add_resource(key_, type_->as_string(resource));
 }

@@ -45,7 +45,7 @@ utString vlnResourceType::display(const coResourceBase* resource) const {
 }
 
 utString vlnResourceType::as_string(const coResourceBase* resource) const {
-  return resource->text();
+  return resource ? resource->text() : utString();
 }
 
 void vlnResourceType::valid_strings(utStringcoDList&) const {}

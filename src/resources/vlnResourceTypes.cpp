@@ -41,7 +41,7 @@ void vlnResourceType_utBool::valid_strings(utStringcoDList& list) const {
 }
 
 utString vlnResourceType_utBool::as_string(const coResourceBase* resource) const {
-  const utString text = resource->text();
+  const utString text = vlnResourceType::as_string(resource);
   if (text == "0") return "False";
   if (text == "1") return "True";
   return text;

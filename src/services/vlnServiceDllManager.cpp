@@ -14,7 +14,7 @@ vlnServiceDllManager::~vlnServiceDllManager() = default;
 utObserverPtr<apDynamicLibrary> vlnServiceDllManager::load_dll(const vluServiceKey& key) {
   if (const auto loaded = libraries_.find(key); loaded != libraries_.end()) return loaded->second.get();
   const apPathName path = path_.search(dll_name_from_key(key));
-  if (path.invalid()) return nullptr;
+  if (path.invalid() || !loader_) return nullptr;
   apStatus status;
   auto library = loader_->load(path, status);
   if (!library || !status.ok()) return nullptr;

@@ -16,6 +16,7 @@ constexpr int row_width = 77;
 vlnOstream::vlnOstream(const apISynchOperations* synch) : lock_(synch) {}
 
 void vlnOstream::add_ostream(std::ostream* stream) {
+  if (!stream) return;
   const std::lock_guard guard(lock_);
   streams_.push_back(stream);
 }
@@ -26,9 +27,12 @@ int vlnOstream::auto_flush(int on) {
   return before;
 }
 
-void vlnOstream::write(const char* before, const char* text, const char* after) {
+void vlnOstream::write(std::string_view before, std::string_view text, std::string_view after) {
   for (std::ostream* stream : streams_) {
-    *stream << before << text << after;
+    // Unformatted, so that a width which the caller has set neither pads this nor is used up.
+    for (const std::string_view part : {before, text, after}) {
+      stream->write(part.data(), static_cast<std::streamsize>(part.size()));
+    }
     if (auto_flush_) stream->flush();
   }
 }
@@ -63,7 +67,7 @@ void vlnOstream::print_percent(int percent) {
 }
 
 void vlnOstreamDisplayer::display(const char* text) {
-  stream_->print(text);
+  if (stream_) stream_->print(text);
 }
 
 vlnOstreamDisplayer::~vlnOstreamDisplayer() = default;

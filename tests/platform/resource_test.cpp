@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <locale.h>
 
-#include "TemporaryDirectory.h"
+#include "CommaLocale.h"
 #include "coPageArr.h"
 #include "coResourceTableMaker.h"
 #include "velFileFormat.h"
@@ -95,26 +95,8 @@ TEST(TableInstance, ValuesThenParentThenDefaults) {
   EXPECT_EQ(table.problems().size(), 1u);
 }
 
-// The C library never frees what it makes of LOCPATH.
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {  // NOLINT
-  return "leak:argz";
-}
-
 class LocaleNumbers : public testing::Test {
  protected:
-  // Makes a locale with a decimal comma and has it be the user's.
-  bool use_comma() {
-    const std::string name = directory_ / "xx.UTF-8";
-    const std::string command = "localedef -i de_DE -f UTF-8 '" + name + "' >/dev/null 2>&1";
-    if (std::system(command.c_str()) != 0) return false;
-    setenv("LOCPATH", directory_.path().c_str(), 1);
-    setenv("LC_ALL", "xx.UTF-8", 1);
-    return true;
-  }
-  ~LocaleNumbers() override {
-    unsetenv("LOCPATH");
-    unsetenv("LC_ALL");
-  }
   static bool reads(const char* text) {
     double value = 0;
     return co_value_from_text(utString(text), value) && value == 2.5;
@@ -122,11 +104,11 @@ class LocaleNumbers : public testing::Test {
   static bool holds(const char* right, const char* wrong) {
     return reads(right) && !reads(wrong) && co_value_to_text(2.5) == right;
   }
-  TemporaryDirectory directory_;
 };
 
 TEST_F(LocaleNumbers, HoldForTheirLifetimeAndNest) {
-  if (!use_comma()) GTEST_SKIP() << "no locale can be made here";
+  const CommaLocale locale;
+  if (!locale.made()) GTEST_SKIP() << "no locale can be made here";
   const locale_t before = uselocale(nullptr);
   {
     velnlsLocaleNumbers outer;
@@ -150,4 +132,5 @@ TEST_F(LocaleNumbers, AnUnknownLocaleChangesNothing) {
   velnlsLocaleNumbers numbers;
   EXPECT_EQ(uselocale(nullptr), before);
   EXPECT_TRUE(reads("2.5"));
+  unsetenv("LC_ALL");
 }

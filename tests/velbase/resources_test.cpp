@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "CommaLocale.h"
 #include "coResourceTable.h"
 #include "velResourceTable.h"
 #include "vlnResourceHandler.h"
@@ -10,8 +11,29 @@ namespace {
 class Validator : public vlnValidator {
  public:
   bool validate_int(const utString&, const utString& value) override { return value == "3"; }
-  bool validate_double(const utString&, const utString& value) override { return value == "1.5" || value == "1e3"; }
+  bool validate_double(const utString&, const utString& value) override {
+    return value == "1.5" || value == "1e3" || value == "2,5" || value == "no number";
+  }
 };
+
+struct OpenType : vlnResourceType_utString {
+  using vlnResourceType::look_up_type;
+};
+
+// A resource of a type that the suite does not know.
+struct OddResource : coResourceBase {
+  OddResource() : coResourceBase("ODD") {}
+  utString text() const override { return "odd"; }
+  std::unique_ptr<coResourceBase> with_text(const utString&) const override { return nullptr; }
+};
+
+std::vector<std::string> valid_strings(const char* key) {
+  utStringcoDList list;
+  vlnResourceHandler(nullptr, key).valid_strings(list);
+  std::vector<std::string> result;
+  for (std::size_t i = 0; i < list.count(); ++i) result.push_back(list[i].str());
+  return result;
+}
 
 }  // namespace
 
@@ -34,6 +56,26 @@ TEST(ResourceTypes, KeysThatAreAddedLaterAreFound) {
   const coResource<utBool> off("ADDED_LATER", utFALSE);
   EXPECT_EQ(type->as_string(&off), "False");
   EXPECT_EQ(type->display(&off), "False");
+  const coResource<utBool> on("ADDED_LATER", utTRUE);
+  EXPECT_EQ(type->as_string(&on), "True");
+}
+
+TEST(ResourceTypes, AResourceThatChangesItsTypeIsSeenWithTheNextUnknownKey) {
+  vel_resource_table_inquire().put(std::make_unique<coResource<int>>("CHANGES", 1));
+  const vlnResourceType* type = vlnResourceType::look_up_type("CHANGES");
+  EXPECT_TRUE(dynamic_cast<const vlnResourceType_int*>(type));
+  vel_resource_table_inquire().put(std::make_unique<coResource<double>>("CHANGES", 1));
+  EXPECT_EQ(vlnResourceType::look_up_type("CHANGES"), type);
+  EXPECT_EQ(vlnResourceType::look_up_type("NO_SUCH_KEY"), nullptr);
+  EXPECT_TRUE(dynamic_cast<const vlnResourceType_double*>(vlnResourceType::look_up_type("CHANGES")));
+}
+
+TEST(ResourceTypes, AnUnknownTypeIsText) {
+  const OddResource odd;
+  const vlnResourceType* text = OpenType::look_up_type("SOLID_NAME");
+  EXPECT_TRUE(dynamic_cast<const vlnResourceType_utString*>(text));
+  EXPECT_EQ(OpenType::look_up_type(&odd), text);
+  EXPECT_EQ(text->as_string(&odd), "odd");
 }
 
 TEST(ResourceHandler, ChecksByTypeWithoutRegardToCase) {
@@ -66,4 +108,53 @@ TEST(ResourceHandler, StoresTheValueAsGiven) {
   const coResource<double> scale("OTHER", 2.5);
   vlnResourceHandler(&validator, "SCALE").add_resource(&scale, table);
   EXPECT_EQ(table.value<double>("SCALE"), 2.5);
+}
+
+TEST(ResourceHandler, ListsTheTextsOfItsType) {
+  EXPECT_EQ(valid_strings("WELD_POINTS"), (std::vector<std::string>{"False", "True"}));
+  EXPECT_EQ(valid_strings("SOLID_NAME"), std::vector<std::string>{});
+  EXPECT_EQ(valid_strings("NO_SUCH_KEY"), std::vector<std::string>{});
+  const coResourceTable& table = vel_resource_table_inquire();
+  std::size_t finite = 0;
+  for (std::size_t i = 0; i < table.count(); ++i) {
+    const char* key = table.at(i).key().c_str();
+    const vlnResourceHandler handler(nullptr, key);
+    const std::vector<std::string> texts = valid_strings(key);
+    for (const std::string& text : texts) EXPECT_TRUE(handler.validate(text)) << key << "=" << text;
+    EXPECT_EQ(!texts.empty(), dynamic_cast<const vlnFiniteResourceType*>(handler.type()) != nullptr) << key;
+    finite += !texts.empty();
+  }
+  EXPECT_GE(finite, 14u);
+}
+
+TEST(ResourceHandler, ATableThatRefusesAValueDoesNotCount) {
+  Validator validator;
+  velTableInstance table;
+  EXPECT_EQ(vlnResourceHandler(&validator, "SCALE").insert("no number", table), 1);
+  EXPECT_TRUE(table.keys().empty());
+}
+
+TEST(ResourceHandler, NumbersMayHaveTheFormOfTheLocale) {
+  const CommaLocale locale;
+  if (!locale.made()) GTEST_SKIP() << "no locale can be made here";
+  Validator validator;
+  const vlnResourceHandler handler(&validator, "SCALE");
+  velTableInstance table;
+  EXPECT_EQ(handler.insert("2,5", table), 1);
+  EXPECT_EQ(table.value<double>("SCALE"), 2.5);
+  EXPECT_EQ(handler.insert("1.5", table), 1);
+  EXPECT_EQ(table.value<double>("SCALE"), 1.5);
+  const coResource<double> scale("SCALE", 2.5);
+  EXPECT_EQ(handler.display(&scale), "2,5");
+  EXPECT_EQ(handler.type()->as_string(&scale), "2.5");
+}
+
+TEST(ResourceHandler, NothingIsShownOrAddedForANullResource) {
+  for (const char* key : {"SCALE", "WELD_POINTS", "LENGTH_UNIT", "NO_SUCH_KEY"}) {
+    const vlnResourceHandler handler(nullptr, key);
+    velTableInstance table;
+    handler.add_resource(nullptr, table);
+    EXPECT_TRUE(table.keys().empty());
+    EXPECT_TRUE(handler.display(nullptr).empty());
+  }
 }

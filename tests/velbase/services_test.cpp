@@ -148,6 +148,8 @@ TEST_F(Services, WhatCannotBeLoadedIsTriedAgain) {
       std::make_unique<vlnServiceDllManager>(vlnSearchPath(apString(directory_.path().c_str())), &loader_, &ascii);
   EXPECT_TRUE(manager->load_dll(vluServiceKey("odd")));
   EXPECT_FALSE(manager->load_dll(vluServiceKey("\xc3\xa9")));
+  vlnServiceDllManager without_loader(vlnSearchPath(apString(directory_.path().c_str())), nullptr, nullptr);
+  EXPECT_FALSE(without_loader.load_dll(vluServiceKey("odd")));
 }
 
 TEST_F(Services, UnitsAreConvertedAndNamed) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <iomanip>
 #include <sstream>
 #include <thread>
 
@@ -73,6 +74,7 @@ TEST(Ostream, EveryStreamGetsEverythingFromThenOn) {
   std::ostringstream first, second;
   vlnOstream stream(nullptr);
   stream.print("to nobody");
+  stream.add_ostream(nullptr);
   stream.add_ostream(&first);
   stream.print_dot();
   stream.add_ostream(&second);
@@ -81,6 +83,19 @@ TEST(Ostream, EveryStreamGetsEverythingFromThenOn) {
   interface.display("é 100%\n");
   EXPECT_EQ(first.str(), ".\né 100%\n");
   EXPECT_EQ(second.str(), "\né 100%\n");
+}
+
+TEST(Ostream, AWidthThatIsSetForTheStreamDoesNotPad) {
+  std::ostringstream text;
+  vlnOstream stream(nullptr);
+  stream.add_ostream(&text);
+  text << std::setw(8) << std::setfill('#');
+  stream.print("x");
+  stream.print_dot();
+  stream.print_percent(5);
+  text << 7;
+  EXPECT_EQ(text.str(), "x.%05%#######7");
+  vlnOstreamDisplayer(nullptr).display("x");
 }
 
 TEST(Ostream, FlushesOnlyWhenAsked) {
