@@ -7,7 +7,7 @@ set(VEL_RESOURCE_DIR ${VEL_SCHEMA_DIR}/resources)
 set(VEL_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/velbase)
 configure_package_config_file(cmake/velbaseConfig.cmake.in ${CMAKE_BINARY_DIR}/velbaseConfig.cmake
   INSTALL_DESTINATION ${VEL_PACKAGE_DIR}
-  PATH_VARS VEL_TRANSLATOR_DIR VEL_RESOURCE_DIR CMAKE_INSTALL_LIBDIR
+  PATH_VARS VEL_TRANSLATOR_DIR VEL_RESOURCE_DIR VEL_SERVICE_DIR CMAKE_INSTALL_LIBDIR
   NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/velbaseConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/velbaseConfig.cmake ${CMAKE_BINARY_DIR}/velbaseConfigVersion.cmake

@@ -1,4 +1,4 @@
-# Installs BUILD, moves the installation, builds examples/translator and a small program against it, and runs both.
+# Installs BUILD, moves the installation, builds examples/translator, a service and small programs against it, and runs them.
 
 # run(WHAT COMMAND...): stops the test when the command fails; `output` is what it printed.
 function(run what)
@@ -71,6 +71,12 @@ if(NOT count EQUAL 524 OR lines)
 endif()
 run("vel info" ${prefix}/bin/vel info ${WORK}/bracket.tri)
 expect("vel info" "${output}" "triangles +524\nvertices +260\nsmallest x y z +0 0 0\nlargest x y z +600 400 600")
+
+# A service, and a program that finds it among those of the installation.
+build(${SOURCE}/tests/sdk/service)
+run("installing the service" ${CMAKE_COMMAND} --install ${WORK}/service)
+run("the program that asks for the service" ${WORK}/service/greet)
+expect("the program that asks for the service" "${output}" "^hello 1 0\n$")
 
 # A program, by the CMake package and by pkg-config.
 build(${SOURCE}/tests/sdk/consumer)
