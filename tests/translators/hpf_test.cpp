@@ -67,6 +67,20 @@ annDocument whole_document() {
   return document;
 }
 
+// The same with all that takes version 1.1.
+annDocument newer_document() {
+  annDocument document = whole_document();
+  annNode& assembly = *document.root.children[0];
+  const auto hard = std::make_shared<annMesh>(*assembly.children[1]->body.mesh);
+  hard->vertices->normal_pool = {{0, 0, 1}, {0, 0.6, 0.8}};
+  hard->corner_normals = {1, annMesh::no_normal, 0};
+  assembly.children[1]->body.mesh = hard;
+  assembly.instance_name = "an assembly, 2";
+  document.root.children[2]->instance_name = "";
+  document.up = annUP_Z;
+  return document;
+}
+
 std::string file_of(const TemporaryDirectory& directory, const annDocument& document, Options options = {}) {
   Messages messages;
   EXPECT_EQ(writer.write(document, directory / "a.hpf", messages, options), velabsDONE) << messages.errors;
@@ -123,6 +137,40 @@ TEST(Hpf, KeepsEverythingAndWhatIsShared) {
   EXPECT_EQ(file_of(directory, reading.document), bytes);
 }
 
+TEST(Hpf, KeepsNormalsOfCornersNamesOfInstancesAndTheUpAxis) {
+  TemporaryDirectory directory;
+  const std::string bytes = file_of(directory, newer_document());
+  const Reading reading = reader.read(directory / "a.hpf");
+  ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+  const annMesh& hard = *reading.node(0).children[1]->body.mesh;
+  EXPECT_EQ(hard.vertices, reading.node(1).body.mesh->vertices);
+  EXPECT_EQ(hard.vertices->normal_pool, (std::vector<annVector>{{0, 0, 1}, {0, 0.6, 0.8}}));
+  EXPECT_EQ(hard.corner_normals, (std::vector<std::uint32_t>{1, annMesh::no_normal, 0}));
+  EXPECT_EQ(reading.node(0).instance_name, "an assembly, 2");
+  EXPECT_TRUE(reading.node(1).instance_name.is_null() && !reading.node(2).instance_name.is_null());
+  EXPECT_EQ(reading.document.up, annUP_Z);
+  EXPECT_EQ(file_of(directory, reading.document), bytes);
+}
+
+TEST(Hpf, WritesVersion1_0WhereThatHoldsEverything) {
+  TemporaryDirectory directory;
+  const std::string older = file_of(directory, whole_document(), {{"CHORD_TOLERANCE", "0.25"}});
+  EXPECT_EQ(older[12], 0);
+  // The sum of what was written before there was a version 1.1.
+  EXPECT_EQ(hpfChecksum::of(older), (hpfSum{0xEC6C9AB12D05F79C, 0xE1466C884FDE6E2A}));
+
+  // Readers of 1.0 pass over what is not critical, and find the rest as it was.
+  const std::string newer = file_of(directory, newer_document());
+  EXPECT_EQ(newer[12], 1);
+  for (std::size_t place = 64; place < newer.size();) {
+    hpfChunkHead head;
+    std::memcpy(&head, newer.data() + place, sizeof head);
+    const bool is_older = older.find(std::string_view(head.name.data(), 4)) != older.npos;
+    EXPECT_EQ(head.flags, is_older ? hpf_critical : 0U) << std::string(head.name.data(), 4);
+    place += sizeof head + head.length;
+  }
+}
+
 TEST(Hpf, BoxesOfStoredShapesAreExactOrUnknown) {
   const annStoredShape shape("k", "", {}, annBox{{0, 0, 0}, {1, 2, 3}});
   annTransform turned;
@@ -153,7 +201,7 @@ TEST(Hpf, KeepsShapesWithoutFacetsAndSaysSo) {
 
 TEST(Hpf, TellsEveryDamage) {
   TemporaryDirectory directory;
-  const std::string bytes = file_of(directory, whole_document());
+  const std::string bytes = file_of(directory, newer_document());
   const std::string file = directory / "a.hpf";
   auto is_told = [&] {
     const Reading reading = reader.read(file);
@@ -237,18 +285,31 @@ Forgery inserted(const char* what, const std::array<char, 4>& name, std::uint32_
           message};
 }
 
+void check(const std::string& bytes, std::initializer_list<Forgery> forgeries) {
+  TemporaryDirectory directory;
+  ASSERT_EQ(sealed(bytes), bytes);
+  for (const Forgery& forgery : forgeries) {
+    std::string file = bytes;
+    forgery.change(file);
+    const Reading reading = reader.read(directory.write("f.hpf", sealed(file)));
+    const bool is_read = std::string(forgery.message).starts_with("note: ");
+    const std::string& said = is_read ? reading.messages.notes : reading.messages.errors;
+    EXPECT_FALSE(reading.fault()) << forgery.what;
+    EXPECT_EQ(reading.result, is_read ? velabsDONE : velabsFAILED) << forgery.what;
+    EXPECT_NE(said.find(forgery.message + (is_read ? 6 : 0)), said.npos) << forgery.what << ": " << said;
+  }
+}
+
 TEST(Hpf, ChecksWhatHasTheRightSums) {
   TemporaryDirectory directory;
-  const std::string bytes = file_of(directory, whole_document());
-  ASSERT_EQ(sealed(bytes), bytes);
   constexpr auto huge = std::uint64_t{1} << 61;
   constexpr auto vert = hpf_vertices_chunk, mesh = hpf_mesh_chunk, shap = hpf_shape_chunk, tree = hpf_tree_chunk;
   using V = hpfVerticesHead;
   using M = hpfMeshHead;
   using N = hpfNode;
   constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-  const Forgery forgeries[] = {
-      {"another major", [](auto& b) { b[8] = 2; }, "of HPF version 2.0, this program reads version 1.0"},
+  const std::initializer_list<Forgery> forgeries = {
+      {"another major", [](auto& b) { b[8] = 2; }, "of HPF version 2.0, this program reads version 1.1"},
       {"newer minor", [](auto& b) { b[12] = 9; }, "note: "},
       inserted("unknown chunk", {'N', 'E', 'W', '1'}, 0, "note: HPF 1.3: what its chunk \"NEW1\" holds is left out"),
       inserted("unknown critical chunk", {'N', 'E', 'W', '1'}, 1, "chunk \"NEW1\": this program does not know it"),
@@ -325,16 +386,63 @@ TEST(Hpf, ChecksWhatHasTheRightSums) {
           "node's colour that is none", tree, 64 + 136, [](N& n) { n.colour[3] = nan; }, "colour of a node"),
       forged<N>(
           "long name", tree, 64, [](N& n) { n.name_length = huge; }, "a name is longer")};
-  for (const Forgery& forgery : forgeries) {
-    std::string file = bytes;
-    forgery.change(file);
-    const Reading reading = reader.read(directory.write("f.hpf", sealed(file)));
-    const bool is_read = std::string(forgery.message).starts_with("note: ");
-    const std::string& said = is_read ? reading.messages.notes : reading.messages.errors;
-    EXPECT_FALSE(reading.fault()) << forgery.what;
-    EXPECT_EQ(reading.result, is_read ? velabsDONE : velabsFAILED) << forgery.what;
-    EXPECT_NE(said.find(forgery.message + (is_read ? 6 : 0)), said.npos) << forgery.what << ": " << said;
-  }
+  check(file_of(directory, whole_document()), forgeries);
+}
+
+TEST(Hpf, ChecksTheChunksOfVersion1_1) {
+  TemporaryDirectory directory;
+  constexpr auto huge = std::uint64_t{1} << 61;
+  constexpr auto pool = hpf_pool_chunk, corners = hpf_corner_normals_chunk, names = hpf_instance_names_chunk;
+  using Pool = hpfPoolHead;
+  using Corners = hpfCornerNormalsHead;
+  using Names = hpfInstanceNamesHead;
+  // Puts a copy of a chunk before another one.
+  auto copied = [](const char* what, const std::array<char, 4>& chunk, const std::array<char, 4>& before,
+                   const char* message) {
+    return Forgery{what,
+                   [=](std::string& bytes) {
+                     const std::size_t place = place_of(bytes, chunk) - 64;
+                     hpfChunkHead head;
+                     std::memcpy(&head, bytes.data() + place, sizeof head);
+                     bytes.insert(place_of(bytes, before) - 64, bytes.substr(place, 64 + head.length));
+                   },
+                   message};
+  };
+  check(file_of(directory, newer_document()),
+        {copied("pool before its vertices", pool, hpf_vertices_chunk, "names vertices 0, of which there are 0"),
+         copied("second pool", pool, hpf_mesh_chunk, "a second one for the same vertices"),
+         copied("normals before their mesh", corners, hpf_mesh_chunk, "names mesh 1, of which there are 0"),
+         copied("second normals", corners, hpf_tree_chunk, "a second one for the same mesh"),
+         copied("names before the nodes", names, hpf_tree_chunk, "names node 1, of which there are 0"),
+         copied("second names", names, hpf_up_chunk, "node 1 has two names of an instance"),
+         forged<Pool>(
+             "no such vertices", pool, 0, [](Pool& h) { h.vertices = 7; }, "names vertices 7"),
+         forged<Pool>(
+             "many normals", pool, 0, [](Pool& h) { h.normals = huge; }, "more normals than"),
+         forged<Pool>(
+             "too many normals", pool, 0, [](Pool& h) { h.normals = 1000; }, "too short"),
+         forged<Pool>(
+             "few normals", pool, 0, [](Pool& h) { h.normals = 1; }, "a corner names a normal that is not there"),
+         forged<double>(
+             "infinite normal", pool, 64 + 8, [](double& d) { d = 1 / 0.0; }, "a normal is not of finite"),
+         forged<Corners>(
+             "no such mesh", corners, 0, [](Corners& h) { h.mesh = huge; }, "it names mesh"),
+         forged<Corners>(
+             "few corners", corners, 0, [](Corners& h) { h.corners = 2; }, "not every corner has"),
+         forged<std::uint32_t>(
+             "no such normal", corners, 64 + 8, [](auto& n) { n = 2; }, "a corner names a normal that is not there"),
+         forged<Names>(
+             "many names", names, 0, [](Names& h) { h.records = huge; }, "too short"),
+         forged<Names>(
+             "few names", names, 0, [](Names& h) { h.records = 0; }, "text behind its names"),
+         forged<Names>(
+             "few bytes", names, 0, [](Names& h) { h.name_bytes = 3; }, "a name is longer"),
+         forged<hpfInstanceName>(
+             "no such node", names, 64, [](auto& n) { n.node = 1000; }, "names node 1000, of which there are"),
+         forged<hpfUpHead>(
+             "no axis", hpf_up_chunk, 0, [](auto& h) { h.axis = 0; }, "up axis 0 is not known"),
+         forged<hpfUpHead>(
+             "another axis", hpf_up_chunk, 0, [](auto& h) { h.axis = 3; }, "up axis 3 is not known")});
 }
 
 TEST(Hpf, ChecksumIsTheDocumentedOne) {

@@ -17,7 +17,7 @@ static_assert(sizeof(double) == 8 && sizeof(float) == 4);
 
 inline constexpr std::string_view hpf_mark("\x89HPF\r\n\x1a\n", 8);
 inline constexpr std::uint32_t hpf_major = 1;
-inline constexpr std::uint32_t hpf_minor = 0;
+inline constexpr std::uint32_t hpf_minor = 1;  // of files that need it; others are 1.0
 
 inline constexpr std::size_t hpf_alignment = 64;
 constexpr std::uint64_t hpf_aligned(std::uint64_t size) {
@@ -53,6 +53,12 @@ inline constexpr std::array<char, 4> hpf_mesh_chunk{'M', 'E', 'S', 'H'};
 inline constexpr std::array<char, 4> hpf_shape_chunk{'S', 'H', 'A', 'P'};
 inline constexpr std::array<char, 4> hpf_tree_chunk{'T', 'R', 'E', 'E'};
 inline constexpr std::array<char, 4> hpf_end_chunk{'E', 'N', 'D', ' '};
+
+// Since version 1.1, and not critical.
+inline constexpr std::array<char, 4> hpf_pool_chunk{'N', 'P', 'O', 'L'};
+inline constexpr std::array<char, 4> hpf_corner_normals_chunk{'C', 'N', 'R', 'M'};
+inline constexpr std::array<char, 4> hpf_instance_names_chunk{'I', 'N', 'S', 'T'};
+inline constexpr std::array<char, 4> hpf_up_chunk{'U', 'P', 'A', 'X'};
 
 // Points, normals, colours follow.
 struct hpfVerticesHead {
@@ -100,6 +106,38 @@ struct hpfTreeHead {
   std::uint64_t spare[5];
 };
 
+// The normals follow.
+struct hpfPoolHead {
+  std::uint64_t vertices;
+  std::uint64_t normals;
+  std::uint64_t spare[6];
+};
+
+// For each corner the index of its normal follows.
+struct hpfCornerNormalsHead {
+  std::uint64_t mesh;
+  std::uint64_t corners;
+  std::uint64_t spare[6];
+};
+
+// The records and the names follow.
+struct hpfInstanceNamesHead {
+  std::uint64_t records;
+  std::uint64_t name_bytes;
+  std::uint64_t spare[6];
+};
+
+struct hpfInstanceName {
+  std::uint32_t node;
+  std::uint32_t spare;
+  std::uint64_t name_length;
+};
+
+struct hpfUpHead {
+  std::uint64_t axis;  // 1 for Y, 2 for Z
+  std::uint64_t spare[7];
+};
+
 // Stands for no parent, no mesh, no shape.
 inline constexpr std::uint32_t hpf_none = ~std::uint32_t{0};
 inline constexpr std::uint32_t hpf_has_colour = 1;
@@ -117,6 +155,8 @@ struct hpfNode {
 static_assert(sizeof(hpfFileHead) == 64 && sizeof(hpfChunkHead) == 64 && sizeof(hpfVerticesHead) == 64);
 static_assert(sizeof(hpfMeshHead) == 64 && sizeof(hpfMaterial) == 24 && sizeof(hpfShapeHead) == 128);
 static_assert(sizeof(hpfTreeHead) == 64 && sizeof(hpfNode) == 136);
+static_assert(sizeof(hpfPoolHead) == 64 && sizeof(hpfCornerNormalsHead) == 64 && sizeof(hpfUpHead) == 64);
+static_assert(sizeof(hpfInstanceNamesHead) == 64 && sizeof(hpfInstanceName) == 16);
 
 // The sum that belongs into a head.
 template <typename Head>

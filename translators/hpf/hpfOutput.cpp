@@ -13,9 +13,9 @@ constexpr std::size_t block_size = velabsOfStream::buffer_size;
 
 class ChunkWriter {
  public:
-  ChunkWriter(std::uint64_t length, velabsOfStream& stream, velabsOutput& output)
+  ChunkWriter(std::uint32_t minor, std::uint64_t length, velabsOfStream& stream, velabsOutput& output)
       : stream_(stream), progress_(output, static_cast<std::size_t>(length), 4 * block_size) {
-    hpfFileHead head{{}, hpf_major, hpf_minor, length, {}, {}};
+    hpfFileHead head{{}, hpf_major, minor, length, {}, {}};
     std::copy(hpf_mark.begin(), hpf_mark.end(), head.mark.begin());
     put_head(head);
   }
@@ -33,7 +33,7 @@ class ChunkWriter {
 
  private:
   void begin(const hpfChunk& chunk) {
-    hpfChunkHead head{chunk.name, hpf_critical, chunk.length(), place_, 0, checksum_.value(), {}};
+    hpfChunkHead head{chunk.name, chunk.flags, chunk.length(), place_, 0, checksum_.value(), {}};
     checksum_ = hpfChecksum();
     put_head(head);
   }
@@ -81,13 +81,14 @@ class ChunkWriter {
 
 }  // namespace
 
-velabsResult hpf_write_chunks(const std::vector<hpfChunk>& chunks, velabsOfStream& stream, velabsOutput& output) {
+velabsResult hpf_write_chunks(const hpfPlan& plan, velabsOfStream& stream, velabsOutput& output) {
+  const std::vector<hpfChunk>& chunks = plan.chunks();
   std::uint64_t length = sizeof(hpfFileHead) + sizeof(hpfChunkHead);
   for (const hpfChunk& chunk : chunks) length += sizeof(hpfChunkHead) + chunk.length();
 
-  ChunkWriter writer(length, stream, output);
+  ChunkWriter writer(plan.minor(), length, stream, output);
   const bool written =
       std::all_of(chunks.begin(), chunks.end(), [&](const auto& chunk) { return writer.write(chunk); });
   if (writer.cancelled()) return velabsCANCELLED;
-  return written && writer.write({hpf_end_chunk, {}}) ? velabsDONE : velabsFAILED;
+  return written && writer.write({hpf_end_chunk, hpf_critical, {}}) ? velabsDONE : velabsFAILED;
 }

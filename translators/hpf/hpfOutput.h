@@ -6,4 +6,4 @@
 #include "velabsResult.h"
 
 // Writes a whole file: its head, the chunks, each summed while it is written, and the end.
-velabsResult hpf_write_chunks(const std::vector<hpfChunk>& chunks, velabsOfStream& stream, velabsOutput& output);
+velabsResult hpf_write_chunks(const hpfPlan& plan, velabsOfStream& stream, velabsOutput& output);

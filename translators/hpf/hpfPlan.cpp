@@ -29,7 +29,12 @@ std::array<float, 4> numbers_of(const annColour& colour) {
 }  // namespace
 
 hpfChunk& hpfPlan::add_chunk(const std::array<char, 4>& name) {
-  return chunks_.emplace_back(hpfChunk{name, {}});
+  return chunks_.emplace_back(hpfChunk{name, hpf_critical, {}});
+}
+
+hpfChunk& hpfPlan::add_newer_chunk(const std::array<char, 4>& name) {
+  minor_ = hpf_minor;
+  return chunks_.emplace_back(hpfChunk{name, 0, {}});
 }
 
 std::string_view hpfPlan::keep(std::string bytes) {
@@ -50,6 +55,10 @@ std::uint32_t hpfPlan::number_of(const annVertices& vertices) {
   const hpfVerticesHead head{vertices.points.size(), vertices.normals.size(), vertices.colours.size(), {}};
   add_chunk(hpf_vertices_chunk).pieces = {keep_record(head), bytes_of(vertices.points), bytes_of(vertices.normals),
                                           bytes_of(vertices.colours)};
+  if (!vertices.normal_pool.empty()) {
+    const hpfPoolHead pool{entry->second, vertices.normal_pool.size(), {}};
+    add_newer_chunk(hpf_pool_chunk).pieces = {keep_record(pool), bytes_of(vertices.normal_pool)};
+  }
   return entry->second;
 }
 
@@ -72,6 +81,10 @@ std::uint32_t hpfPlan::number_of(const std::shared_ptr<const annMesh>& mesh) {
   add_chunk(hpf_mesh_chunk).pieces = {keep_record(head),           bytes_of(mesh->corners),
                                       bytes_of(mesh->face_starts), bytes_of(mesh->face_materials),
                                       keep(std::move(materials)),  keep(std::move(names))};
+  if (!mesh->corner_normals.empty()) {
+    const hpfCornerNormalsHead normals{entry->second, mesh->corner_normals.size(), {}};
+    add_newer_chunk(hpf_corner_normals_chunk).pieces = {keep_record(normals), bytes_of(mesh->corner_normals)};
+  }
   return entry->second;
 }
 
@@ -104,7 +117,7 @@ bool hpfPlan::make(const annDocument& document, const MeshOf& mesh_of, std::stri
   std::vector<Open> open{{&document.root, hpf_none}};
   std::string records;
   std::string names;
-  std::uint32_t nodes = 0;
+  std::vector<const annNode*> nodes;
   while (!open.empty()) {
     const auto [node, parent] = open.back();
     open.pop_back();
@@ -120,11 +133,29 @@ bool hpfPlan::make(const annDocument& document, const MeshOf& mesh_of, std::stri
     }
     append(records, record);
     for (auto child = node->children.rbegin(); child != node->children.rend(); ++child) {
-      open.push_back({child->get(), nodes});
+      open.push_back({child->get(), static_cast<std::uint32_t>(nodes.size())});
     }
-    ++nodes;
+    nodes.push_back(node);
   }
-  const hpfTreeHead head{nodes, names.size(), static_cast<std::uint64_t>(document.unit), {}};
+  const hpfTreeHead head{nodes.size(), names.size(), static_cast<std::uint64_t>(document.unit), {}};
   add_chunk(hpf_tree_chunk).pieces = {keep_record(head), keep(std::move(records)), keep(std::move(names))};
+  add_instance_names(nodes);
+  if (document.up != annUP_UNKNOWN) {
+    add_newer_chunk(hpf_up_chunk).pieces = {keep_record(hpfUpHead{static_cast<std::uint64_t>(document.up), {}})};
+  }
   return true;
+}
+
+void hpfPlan::add_instance_names(const std::vector<const annNode*>& nodes) {
+  std::string records;
+  std::string names;
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    const utString& name = nodes[i]->instance_name;
+    if (name.is_null()) continue;
+    append(records, hpfInstanceName{static_cast<std::uint32_t>(i), 0, append_name(names, name)});
+  }
+  if (records.empty()) return;
+  const hpfInstanceNamesHead head{records.size() / sizeof(hpfInstanceName), names.size(), {}};
+  add_newer_chunk(hpf_instance_names_chunk).pieces = {keep_record(head), keep(std::move(records)),
+                                                      keep(std::move(names))};
 }

@@ -16,6 +16,7 @@
 // A chunk about to be written: its records and arrays, each of which begins at a multiple of 64 bytes.
 struct hpfChunk {
   std::array<char, 4> name;
+  std::uint32_t flags;
   std::vector<std::string_view> pieces;
 
   std::uint64_t length() const {
@@ -37,6 +38,9 @@ class hpfPlan {
 
   const std::vector<hpfChunk>& chunks() const { return chunks_; }
 
+  // The minor version that has all chunks.
+  std::uint32_t minor() const { return minor_; }
+
  private:
   using Numbers = std::unordered_map<const void*, std::uint32_t>;
 
@@ -45,12 +49,16 @@ class hpfPlan {
   bool number_of(const annExactShape& shape, std::uint32_t& number, std::string& failure);
 
   hpfChunk& add_chunk(const std::array<char, 4>& name);
+  // One that version 1.0 does not have, and that its readers pass over.
+  hpfChunk& add_newer_chunk(const std::array<char, 4>& name);
+  void add_instance_names(const std::vector<const annNode*>& nodes);
   // Keeps bytes that are not the document's own.
   std::string_view keep(std::string bytes);
   template <typename Record>
   std::string_view keep_record(const Record& record);
 
   std::vector<hpfChunk> chunks_;
+  std::uint32_t minor_ = 0;
   std::deque<std::string> kept_;
   std::vector<std::shared_ptr<const annMesh>> meshes_;
   Numbers vertices_numbers_, mesh_numbers_, shape_numbers_;

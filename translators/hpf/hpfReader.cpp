@@ -15,7 +15,7 @@ namespace {
 class ChunkReader {
  public:
   ChunkReader(hpfInput& input, annDocument& document, velabsOutput& output)
-      : input_(input), document_(document), output_(output) {}
+      : input_(input), document_(document), output_(output), tree_(document) {}
 
   bool read_all() {
     if (!input_.begin()) return false;
@@ -29,7 +29,7 @@ class ChunkReader {
                       utString("the file was written by a newer version, HPF 1." + std::to_string(input_.minor()) +
                                ": what its chunk " + which + " holds is left out"));
     }
-    if (has_tree_ && !(document_.root.children.empty() && document_.root.body.empty())) return true;
+    if (tree_.has_nodes() && !(document_.root.children.empty() && document_.root.body.empty())) return true;
     output_.message(velabsERROR, "the file is whole, but the model in it has no parts");
     return false;
   }
@@ -38,14 +38,14 @@ class ChunkReader {
   bool read_chunk() {
     const std::string_view name = input_.name();
     if (is(hpf_vertices_chunk)) return things_.read_vertices(input_);
+    if (is(hpf_pool_chunk)) return things_.read_normal_pool(input_);
     if (is(hpf_mesh_chunk)) return things_.read_mesh(input_);
+    if (is(hpf_corner_normals_chunk)) return things_.read_corner_normals(input_);
     if (is(hpf_shape_chunk)) return things_.read_shape(input_);
+    if (is(hpf_tree_chunk)) return tree_.read_nodes(input_, things_);
+    if (is(hpf_instance_names_chunk)) return tree_.read_instance_names(input_);
+    if (is(hpf_up_chunk)) return tree_.read_up_axis(input_);
     if (is(hpf_end_chunk)) return true;
-    if (is(hpf_tree_chunk)) {
-      if (has_tree_) return input_.fail("there is a second one");
-      has_tree_ = true;
-      return hpf_read_tree(input_, things_, document_);
-    }
     if (input_.is_critical()) {
       return input_.fail(
           "this program does not know it, and the file cannot be understood without; read it with the "
@@ -61,7 +61,7 @@ class ChunkReader {
   annDocument& document_;
   velabsOutput& output_;
   hpfThings things_;
-  bool has_tree_ = false;
+  hpfTree tree_;
   std::size_t passed_over_ = 0;
   std::string first_passed_over_;
 };

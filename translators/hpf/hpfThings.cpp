@@ -88,6 +88,16 @@ bool take_materials(hpfInput& input, annMesh& mesh, const hpfMeshHead& head) {
   return rest.empty() || input.fail("there is text behind its names");
 }
 
+// Of the things that the chunks before this one made, the one of a number; null after a failure.
+template <typename Thing>
+Thing* find(hpfInput& input, const std::vector<std::shared_ptr<Thing>>& things, std::uint64_t number,
+            const char* what) {
+  if (number < things.size()) return things[number].get();
+  input.fail("it names " + std::string(what) + " " + std::to_string(number) + ", of which there are " +
+             std::to_string(things.size()) + " before it");
+  return nullptr;
+}
+
 }  // namespace
 
 bool hpfThings::read_vertices(hpfInput& input) {
@@ -107,13 +117,38 @@ bool hpfThings::read_vertices(hpfInput& input) {
   return true;
 }
 
+bool hpfThings::read_normal_pool(hpfInput& input) {
+  hpfPoolHead head;
+  if (!input.record(head)) return false;
+  annVertices* const vertices = find(input, vertices_, head.vertices, "vertices");
+  if (!vertices) return false;
+  if (!vertices->normal_pool.empty()) return input.fail("there is a second one for the same vertices");
+  if (head.normals > most_numbers) return input.fail("it has more normals than corners can name");
+  return take_finite(input, vertices->normal_pool, head.normals, "a normal");
+}
+
+bool hpfThings::read_corner_normals(hpfInput& input) {
+  hpfCornerNormalsHead head;
+  if (!input.record(head)) return false;
+  annMesh* const mesh = find(input, meshes_, head.mesh, "mesh");
+  if (!mesh) return false;
+  if (!mesh->corner_normals.empty()) return input.fail("there is a second one for the same mesh");
+  if (head.corners != mesh->corners.size()) return input.fail("not every corner has an index of a normal");
+  const std::size_t normals = mesh->vertices->normal_pool.size();
+  return input.array(mesh->corner_normals, head.corners, [&](std::span<const std::uint32_t> block) {
+    for (std::uint32_t index : block) {
+      if (index != annMesh::no_normal && index >= normals) {
+        return input.fail("a corner names a normal that is not there");
+      }
+    }
+    return true;
+  });
+}
+
 bool hpfThings::read_mesh(hpfInput& input) {
   hpfMeshHead head;
   if (!input.record(head)) return false;
-  if (head.vertices >= vertices_.size()) {
-    return input.fail("it names vertices " + std::to_string(head.vertices) + ", of which there are " +
-                      std::to_string(vertices_.size()) + " before it");
-  }
+  if (!find(input, vertices_, head.vertices, "vertices")) return false;
   if (head.corners > most_numbers) return input.fail("it has more corners than a mesh can number");
   auto mesh = std::make_shared<annMesh>();
   mesh->vertices = vertices_[head.vertices];

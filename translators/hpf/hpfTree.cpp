@@ -5,9 +5,9 @@
 
 namespace {
 
-template <typename Thing>
-bool take_thing(hpfInput& input, const std::vector<std::shared_ptr<const Thing>>& things, std::uint32_t number,
-                const char* what, std::shared_ptr<const Thing>& thing) {
+template <typename Things, typename Thing>
+bool take_thing(hpfInput& input, const Things& things, std::uint32_t number, const char* what,
+                std::shared_ptr<const Thing>& thing) {
   if (number == hpf_none) return true;
   if (number >= things.size()) {
     return input.fail("a node names " + std::string(what) + " " + std::to_string(number) + ", of which there are " +
@@ -31,7 +31,8 @@ bool fill_node(hpfInput& input, const hpfThings& things, const hpfNode& record, 
 
 }  // namespace
 
-bool hpf_read_tree(hpfInput& input, const hpfThings& things, annDocument& document) {
+bool hpfTree::read_nodes(hpfInput& input, const hpfThings& things) {
+  if (has_nodes()) return input.fail("there is a second one");
   hpfTreeHead head;
   std::vector<hpfNode> records;
   std::string names;
@@ -40,17 +41,47 @@ bool hpf_read_tree(hpfInput& input, const hpfThings& things, annDocument& docume
     return false;
   }
   if (head.unit > velLENGTH_MILE) return input.fail("its length unit " + std::to_string(head.unit) + " is not known");
-  document.unit = static_cast<velLengthUnit>(head.unit);
+  document_.unit = static_cast<velLengthUnit>(head.unit);
 
   hpfNames rest(names);
-  std::vector<annNode*> nodes;
-  nodes.reserve(records.size());
+  nodes_.reserve(records.size());
   for (const hpfNode& record : records) {
-    if (nodes.empty() ? record.parent != hpf_none : record.parent >= nodes.size()) {
-      return input.fail("node " + std::to_string(nodes.size()) + " does not stand behind its parent");
+    if (nodes_.empty() ? record.parent != hpf_none : record.parent >= nodes_.size()) {
+      return input.fail("node " + std::to_string(nodes_.size()) + " does not stand behind its parent");
     }
-    nodes.push_back(nodes.empty() ? &document.root : &nodes[record.parent]->add_child({}));
-    if (!fill_node(input, things, record, rest, *nodes.back())) return false;
+    nodes_.push_back(nodes_.empty() ? &document_.root : &nodes_[record.parent]->add_child({}));
+    if (!fill_node(input, things, record, rest, *nodes_.back())) return false;
   }
   return rest.empty() || input.fail("there is text behind its names");
+}
+
+bool hpfTree::read_instance_names(hpfInput& input) {
+  hpfInstanceNamesHead head;
+  std::vector<hpfInstanceName> records;
+  std::string names;
+  auto any = [](std::span<const hpfInstanceName>) { return true; };
+  if (!input.record(head) || !input.array(records, head.records, any) || !input.text(names, head.name_bytes)) {
+    return false;
+  }
+  hpfNames rest(names);
+  for (const hpfInstanceName& record : records) {
+    if (record.node >= nodes_.size()) {
+      return input.fail("it names node " + std::to_string(record.node) + ", of which there are " +
+                        std::to_string(nodes_.size()) + " before it");
+    }
+    utString& name = nodes_[record.node]->instance_name;
+    if (!name.is_null()) return input.fail("node " + std::to_string(record.node) + " has two names of an instance");
+    if (!rest.take(record.name_length, name)) return input.fail("a name is longer than the names are");
+  }
+  return rest.empty() || input.fail("there is text behind its names");
+}
+
+bool hpfTree::read_up_axis(hpfInput& input) {
+  hpfUpHead head;
+  if (!input.record(head)) return false;
+  if (head.axis != annUP_Y && head.axis != annUP_Z) {
+    return input.fail("its up axis " + std::to_string(head.axis) + " is not known");
+  }
+  document_.up = static_cast<annUpAxis>(head.axis);
+  return true;
 }

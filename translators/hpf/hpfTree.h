@@ -1,8 +1,24 @@
 #pragma once
 
+#include <vector>
+
 #include "annDocument.h"
 #include "hpfInput.h"
 #include "hpfThings.h"
 
-// Reads the chunk of the nodes that `input` has come to. False after a failure, which was told.
-bool hpf_read_tree(hpfInput& input, const hpfThings& things, annDocument& document);
+// The nodes of a file, by number. The operations read the chunk that `input` has come to; false after a failure, which
+// was told.
+class hpfTree {
+ public:
+  explicit hpfTree(annDocument& document) : document_(document) {}
+
+  bool read_nodes(hpfInput& input, const hpfThings& things);
+  bool read_instance_names(hpfInput& input);
+  bool read_up_axis(hpfInput& input);
+
+  bool has_nodes() const { return !nodes_.empty(); }
+
+ private:
+  annDocument& document_;
+  std::vector<annNode*> nodes_;
+};

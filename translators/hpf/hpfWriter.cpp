@@ -61,5 +61,5 @@ velabsResult hpfWriter::write(const annDocument& document, const velTableInstanc
     return velabsFAILED;
   }
   missing.tell();
-  return output.cancelled() ? velabsCANCELLED : hpf_write_chunks(plan.chunks(), stream_, output);
+  return output.cancelled() ? velabsCANCELLED : hpf_write_chunks(plan, stream_, output);
 }
