@@ -204,7 +204,9 @@ TEST(GltfReader, PlacesNodesAndSharesMeshes) {
   EXPECT_NEAR(point.x, 10, 1e-12);
   EXPECT_NEAR(point.y, 40, 1e-12);
   const annNode& inner = *outer.children.at(0);
-  EXPECT_EQ(inner.name, "a");
+  EXPECT_EQ(inner.name, "mesh");
+  EXPECT_EQ(inner.instance_name, "a");
+  EXPECT_TRUE(outer.instance_name.is_null());
   EXPECT_EQ(inner.body.mesh, outer.body.mesh);
   EXPECT_EQ(inner.transform.m, (std::array<double, 12>{0, 0, 1, 50, 0, 1, 0, 60, -1, 0, 0, 70}));
 }
@@ -266,7 +268,8 @@ TEST(GltfReader, WeldsAsAskedAndTellsWhatIsLeftOut) {
   EXPECT_EQ(corners(reading), (Corners{0, 1, 0}));
   EXPECT_EQ(reading.mesh().vertices->count(), 2u);
   EXPECT_TRUE(reading.mesh().vertices->normals.empty());
-  EXPECT_NE(reading.messages.notes.find("whose welded points"), std::string::npos);
+  EXPECT_EQ(reading.mesh().vertices->normal_pool, (std::vector<annVector>{{0, 0, 1}, {0, 1, 0}}));
+  EXPECT_EQ(reading.mesh().corner_normals, (Corners{0, 0, 1}));
 }
 
 }  // namespace

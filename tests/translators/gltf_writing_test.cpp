@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "GltfFile.h"
+#include "Solids.h"
 
 namespace {
 
@@ -77,6 +78,87 @@ TEST(GltfWriter, WritesWhatItReads) {
   }
   EXPECT_TRUE(std::filesystem::exists(directory / "b c.bin"));
   EXPECT_FALSE(std::filesystem::exists(directory / "d.bin"));
+}
+
+TEST(GltfWriter, ShowsOpenBodiesFromBothSides) {
+  annDocument document;
+  auto red_of = [](std::shared_ptr<annMesh> mesh) {
+    mesh->materials = {{"red", {1, 0, 0, 1}}};
+    mesh->face_materials.assign(mesh->face_count(), 0);
+    return mesh;
+  };
+  const std::pair<const char*, std::shared_ptr<annMesh>> bodies[] = {
+      {"closed", red_of(cube(1))},
+      {"open", red_of(cube(1, true))},
+      {"bare open", cube(1, true)},
+      {"closed by position", red_of(with_face_normals(*cube(1)))}};
+  for (const auto& [name, mesh] : bodies) document.root.add_child(name).body.mesh = mesh;
+  document.root.add_child("blue").body.mesh = bodies[2].second;
+  document.root.children.back()->colour = annColour{0, 0, 1, 1};
+
+  TemporaryDirectory directory;
+  Messages messages;
+  ASSERT_EQ(text_writer.write(document, directory / "a.gltf", messages), velabsDONE);
+  const Json json = Json::parse(TemporaryDirectory::read(directory / "a.gltf"));
+  std::string seen;
+  for (const Json& mesh : json["meshes"]) {
+    const Json& material = json["materials"][mesh["primitives"][0].at("material").get<std::size_t>()];
+    seen += material.value("name", "-") + (material.value("doubleSided", false) ? " both, " : " one, ");
+  }
+  EXPECT_EQ(seen, "red one, red both, - both, red one, - both, ");
+  EXPECT_EQ(json["materials"].size(), 4U);
+
+  // That both sides are seen changes nothing that is read.
+  const Reading reading = reader.read(directory / "a.gltf");
+  ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+  for (std::size_t i : {0, 1, 3}) EXPECT_EQ(reading.mesh(i).materials, bodies[0].second->materials);
+  EXPECT_TRUE(reading.mesh(2).materials.empty() && reading.mesh(2).face_materials.empty());
+  EXPECT_EQ(reading.mesh(4).materials, (std::vector<annMaterial>{{{}, {0, 0, 1, 1}}}));
+  ASSERT_EQ(text_writer.write(reading.document, directory / "b.gltf", messages), velabsDONE);
+  EXPECT_EQ(Json::parse(TemporaryDirectory::read(directory / "b.gltf"))["materials"], json["materials"]);
+}
+
+TEST(GltfWriter, NamesNodesByInstancesAndMeshesByParts) {
+  const struct {
+    std::vector<std::array<const char*, 2>> names;  // of part and instance, of nodes with one mesh
+    const char *nodes, *mesh;
+    std::vector<std::array<const char*, 2>> again = {};  // where others are read than were written
+  } cases[] = {{{{"nut", "nut_1"}, {"nut", "nut_2"}}, "nut_1 nut_2 ", "nut"},
+               {{{"nut", ""}}, "nut ", "nut"},
+               {{{"nut", "nut"}}, "nut ", "nut", {{"nut", ""}}},
+               {{{"", "nut_1"}}, "nut_1 ", "", {{"nut_1", ""}}},
+               {{{"left", ""}, {"right", ""}}, "left right ", ""},
+               {{{"", ""}}, " ", ""}};
+  TemporaryDirectory directory;
+  for (const auto& c : cases) {
+    annDocument document;
+    const auto mesh = cube(1);
+    for (const auto& [name, instance] : c.names) {
+      annNode& node = document.root.add_child(name);
+      node.instance_name = instance;
+      node.body.mesh = mesh;
+    }
+    Messages messages;
+    ASSERT_EQ(text_writer.write(document, directory / "a.gltf", messages), velabsDONE);
+    const Json json = Json::parse(TemporaryDirectory::read(directory / "a.gltf"));
+    std::string nodes;
+    for (const Json& node : json["nodes"]) nodes += node.value("name", "") + " ";
+    EXPECT_EQ(nodes, c.nodes);
+    EXPECT_EQ(json["meshes"][0].value("name", ""), c.mesh) << c.nodes;
+    const Reading reading = reader.read(directory / "a.gltf");
+    const auto& expected = c.again.empty() ? c.names : c.again;
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+      EXPECT_EQ(reading.node(i).name.str(), expected[i][0]) << c.nodes;
+      EXPECT_EQ(reading.node(i).instance_name.str(), expected[i][1]) << c.nodes;
+    }
+  }
+  annDocument assembly;
+  annNode& top = assembly.root.add_child("rod-assembly");
+  top.instance_name = "rod_1";
+  top.add_child("rod").body.mesh = cube(1);
+  Messages messages;
+  ASSERT_EQ(text_writer.write(assembly, directory / "a.gltf", messages), velabsDONE);
+  EXPECT_NE(messages.notes.find("names an assembly once"), std::string::npos) << messages.notes;
 }
 
 TEST(GltfWriter, KeepsTheOpacityOfVertices) {

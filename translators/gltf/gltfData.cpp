@@ -66,7 +66,8 @@ bool gltfDataWriter::write_pool(const gltfPlan::Pool& pool) {
     to[2] = static_cast<float>(p.z * factor);
   };
   auto put_normals = [&](std::size_t i, float* to) {
-    const annVector& n = vertices.normals[i];
+    // A normal of length 0 is none, and glTF has no word for that.
+    const annVector n = vertices.normals[i] == annVector{} ? annVector{0, 0, 1} : vertices.normals[i];
     to[0] = static_cast<float>(n.x);
     to[1] = static_cast<float>(n.y);
     to[2] = static_cast<float>(n.z);

@@ -41,6 +41,13 @@ gltfJsonText& gltfJsonText::text(std::string_view text) {
   return *this;
 }
 
+gltfJsonText& gltfJsonText::flag(bool flag) {
+  separate();
+  json_ += flag ? "true" : "false";
+  needs_comma_ = true;
+  return *this;
+}
+
 template <typename Number>
 gltfJsonText& gltfJsonText::write(Number number) {
   separate();

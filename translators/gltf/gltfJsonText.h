@@ -15,6 +15,7 @@ class gltfJsonText {
 
   // Bytes that are no UTF-8 are replaced.
   gltfJsonText& text(std::string_view text);
+  gltfJsonText& flag(bool flag);
   gltfJsonText& number(std::size_t number);
   // The shortest text that reads back as the same number.
   gltfJsonText& number(double number);

@@ -54,8 +54,10 @@ std::optional<gltfMaterial> gltfMaterials::read(std::size_t index) const {
   gltfBase base{.alpha = *alpha};
   std::array<double, 3> emission{};
   double metal = 0, roughness = 1;  // what is not said is no loss
+  bool double_sided = false;
   if (!value.read("name", name) || !value.read("emissiveFactor", emission) ||
-      !value.read("pbrMetallicRoughness", metallic) || !value.read("extensions", extensions)) {
+      !value.read("doubleSided", double_sided) || !value.read("pbrMetallicRoughness", metallic) ||
+      !value.read("extensions", extensions)) {
     return std::nullopt;
   }
   if (metallic && (!metallic->read("baseColorFactor", base.colour) || !metallic->read("metallicFactor", metal) ||
@@ -71,5 +73,5 @@ std::optional<gltfMaterial> gltfMaterials::read(std::size_t index) const {
     findings_.count(velabsNOTE, "of materials only name, colour and opacity are kept");
   }
   const bool is_look = !name.empty() || specular || (metallic && metallic->has("baseColorFactor"));
-  return gltfMaterial{{utString(name), base.shown()}, base, is_look};
+  return gltfMaterial{{utString(name), base.shown()}, base, is_look, double_sided};
 }

@@ -40,6 +40,7 @@ struct gltfMaterial {
   annMaterial look;
   gltfBase base;
   bool is_look;  // false when it has neither a name nor a colour: the looks are those of the vertices then
+  bool double_sided = false;
 };
 
 // The materials of a file: of each the name, the base colour and, where the file says that it counts, the opacity.

@@ -112,7 +112,9 @@ bool gltfMeshes::read_material(Parts& parts, Primitive& primitive) {
     const gltfMaterial* known = materials_.find(*material);
     if (!known) return false;
     base = known->base;
-    if (!has_colours || known->is_look) {
+    // Bodies that are not closed have a material only to be seen from both sides.
+    const bool is_look = known->is_look || (!has_colours && !known->double_sided);
+    if (is_look) {
       primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
     }
   } else if (has_colours) {
@@ -153,7 +155,9 @@ bool gltfMeshes::add_triangles(const Primitive& primitive, const gltfVertexPool&
   const auto offset = static_cast<std::uint32_t>(start);
   for (std::size_t i = first_corner; i < mesh.corners.size(); ++i) {
     std::uint32_t& corner = mesh.corners[i];
-    corner = pool.welded.empty() ? offset + corner : pool.welded[offset + corner];
+    const std::uint32_t vertex = offset + corner;
+    corner = pool.welded.empty() ? vertex : pool.welded[vertex];
+    if (!pool.welded_normals.empty()) mesh.corner_normals.push_back(pool.welded_normals[vertex]);
   }
   if (!mesh.materials.empty()) mesh.face_materials.resize(mesh.corners.size() / 3, primitive.material);
   return true;

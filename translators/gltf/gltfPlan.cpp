@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "annOpenEdges.h"
+#include "annVertexSplitting.h"
 #include "vltFlag.h"
 #include "vltLosses.h"
 #include "vltRounding.h"
@@ -40,6 +42,7 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
     plan_.roots.push_back(0);
     plan_.nodes.push_back({nullptr, *turn, std::nullopt, {}});
   }
+  if (normals_ && !split_vertices()) return std::nullopt;
   struct Open {
     const annNode* node;
     std::optional<std::size_t> parent;
@@ -82,17 +85,35 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
                     "glTF multiplies the colours of materials and vertices: where vertices have one, the "
                     "material's is left out");
   }
+  if (hides_names_) {
+    output_.message(velabsNOTE,
+                    "glTF names an assembly once: where its instance has a name, that of the assembly is left out");
+  }
   if (without_faces_ > 0) {
     output_.message(velabsNOTE, "glTF holds no meshes without faces: their parts are written as empty nodes");
   }
   return std::move(plan_);
 }
 
+bool gltfPlanner::split_vertices() {
+  std::vector<std::shared_ptr<const annMesh>> own, split;
+  for (const annPlacedBody& placed : ann_placed_bodies(document_)) {
+    own.push_back(facets_.of(*placed.node));
+    if (!own.back()) return false;
+  }
+  split = own;
+  ann_split_vertices(split);
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    if (split[i] != own[i]) split_[own[i].get()] = std::move(split[i]);
+  }
+  return true;
+}
+
 bool gltfPlanner::add_node(const annNode& node, std::optional<std::size_t> parent, std::optional<annColour> colour) {
   gltfPlan::Node planned{&node, node.transform, std::nullopt, {}};
   for (std::size_t row = 0; row < 3; ++row) planned.placement.m[4 * row + 3] *= plan_.factor;
   for (double number : planned.placement.m) {
-    if (!std::isfinite(number)) return fail("the placement of \"" + node.name.str() + "\" is too large");
+    if (!std::isfinite(number)) return fail("the placement of \"" + node.label().str() + "\" is too large");
   }
   if (!node.body.empty()) {
     const std::shared_ptr<const annMesh> mesh = facets_.of(node);
@@ -102,10 +123,13 @@ bool gltfPlanner::add_node(const annNode& node, std::optional<std::size_t> paren
       ++without_faces_;
     } else if (std::size_t index = 0; add_mesh(mesh, colour, index)) {
       planned.mesh = index;
+      std::optional<utString>& name = plan_.meshes[index].name;
+      name = !name || *name == node.name ? node.name : utString();
     } else {
-      return fail("\"" + node.name.str() + "\": a coordinate is too large for the numbers of glTF");
+      return fail("\"" + node.label().str() + "\": a coordinate is too large for the numbers of glTF");
     }
   }
+  hides_names_ = hides_names_ || (!planned.mesh && !node.name.empty() && node.label() != node.name);
   const std::size_t index = plan_.nodes.size();
   (parent ? plan_.nodes[*parent].children : plan_.roots).push_back(index);
   plan_.nodes.push_back(std::move(planned));
@@ -120,16 +144,17 @@ bool gltfPlanner::add_mesh(const std::shared_ptr<const annMesh>& mesh, std::opti
   const auto [known, is_new] = meshes_.try_emplace(look, plan_.meshes.size());
   index = known->second;
   if (!is_new) return true;
-  gltfPlan::Mesh planned{mesh, 0, false, {}, {}};
+  const auto split = split_.find(mesh.get());
+  gltfPlan::Mesh planned{split == split_.end() ? mesh : split->second, std::nullopt, 0, false, {}, {}};
   const std::size_t pools = plan_.pools.size();
-  if (!add_pool(*mesh->vertices, planned.pool)) return false;
+  if (!add_pool(*planned.mesh->vertices, planned.pool)) return false;
   planned.first_of_pool = planned.pool == pools;
-  add_groups(planned, colour);
+  add_groups(planned, colour, materials_ && is_open(*mesh));
   plan_.meshes.push_back(std::move(planned));
   return true;
 }
 
-void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annColour>& colour) {
+void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annColour>& colour, bool double_sided) {
   constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
   const annMesh& mesh = *planned.mesh;
   planned.group_of_material.assign(mesh.materials.size() + 1, none);
@@ -155,7 +180,7 @@ void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annCol
       look = annMaterial{{}, *colour};
     }
     std::optional<std::size_t> material;
-    if (look || blends) material = material_number(look, blends);
+    if (look || blends || double_sided) material = material_number(look, blends, double_sided);
     const auto [group, is_new] = known.try_emplace(material, planned.groups.size());
     if (is_new) {
       planned.groups.push_back({material});
@@ -223,12 +248,18 @@ std::size_t gltfPlanner::add_accessor(std::size_t count, std::size_t components,
   return plan_.accessors.size() - 1;
 }
 
-std::size_t gltfPlanner::material_number(const std::optional<annMaterial>& look, bool blends) {
+std::size_t gltfPlanner::material_number(const std::optional<annMaterial>& look, bool blends, bool double_sided) {
   blends = blends || (look && look->colour.opacity < 1);
   LookKey key;
   if (look) key.emplace(look->name.str(), numbers_of(look->colour));
-  const auto [known, is_new] = material_numbers_.try_emplace({key, blends}, plan_.materials.size());
-  if (is_new) plan_.materials.push_back({look, blends});
+  const auto [known, is_new] = material_numbers_.try_emplace({key, blends, double_sided}, plan_.materials.size());
+  if (is_new) plan_.materials.push_back({look, blends, double_sided});
+  return known->second;
+}
+
+bool gltfPlanner::is_open(const annMesh& mesh) {
+  const auto [known, is_new] = open_.try_emplace(&mesh, false);
+  if (is_new) known->second = ann_open_edges(mesh) > 0;
   return known->second;
 }
 

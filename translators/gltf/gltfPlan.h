@@ -41,10 +41,11 @@ struct gltfPlan {
     std::optional<std::size_t> normals{};
     std::optional<std::size_t> colours{};
   };
-  // A look, and whether opacities count: those of vertices do where it says so.
+  // A look, whether opacities count, those of vertices too, and whether faces are seen from behind.
   struct Material {
     std::optional<annMaterial> look;
     bool blends = false;
+    bool double_sided = false;
   };
   // The faces of a mesh that have one look.
   struct Group {
@@ -53,6 +54,7 @@ struct gltfPlan {
   };
   struct Mesh {
     std::shared_ptr<const annMesh> mesh;
+    std::optional<utString> name;  // of the part; empty when nodes of several names show it
     std::size_t pool;
     bool first_of_pool;  // the pool's data stands in front of its own
     std::vector<Group> groups;
@@ -70,7 +72,10 @@ struct gltfPlan {
 };
 
 // Makes the plan for a document, which it must not outlive, nor the resources; says what gets lost. A mesh without
-// faces cannot be written: its node is empty.
+// faces cannot be written: its node is empty. Vertices at hard edges are split, because those of glTF have one normal.
+//
+// A node is called as its instance, its mesh as the part. The faces of bodies that are not closed are seen from both
+// sides; so a material of closed and of open bodies becomes two.
 class gltfPlanner {
  public:
   gltfPlanner(const annDocument& document, const velTableInstance& resources, velabsOutput& output);
@@ -82,13 +87,15 @@ class gltfPlanner {
   // The look of a part is that of its faces without one: a mesh under two colours becomes two meshes.
   using Look = std::tuple<const annMesh*, std::optional<std::array<float, 4>>>;
 
+  bool split_vertices();
   bool add_node(const annNode& node, std::optional<std::size_t> parent, std::optional<annColour> colour);
   bool add_mesh(const std::shared_ptr<const annMesh>& mesh, std::optional<annColour> colour, std::size_t& index);
-  void add_groups(gltfPlan::Mesh& planned, const std::optional<annColour>& colour);
+  void add_groups(gltfPlan::Mesh& planned, const std::optional<annColour>& colour, bool double_sided);
+  bool is_open(const annMesh& mesh);
   bool add_pool(const annVertices& vertices, std::size_t& index);
   bool add_positions(const annVertices& vertices, std::size_t& index);
   std::size_t add_accessor(std::size_t count, std::size_t components, gltfComponentType type);
-  std::size_t material_number(const std::optional<annMaterial>& look, bool blends);
+  std::size_t material_number(const std::optional<annMaterial>& look, bool blends, bool double_sided);
   bool has_faces_without_look(const annMesh& mesh);
   bool fail(const utString& reason);
 
@@ -99,11 +106,13 @@ class gltfPlanner {
   bool materials_, normals_, colours_;
   gltfPlan plan_;
   std::vector<vltPlacedMesh> bodies_;
+  std::map<const annMesh*, std::shared_ptr<const annMesh>> split_;
   std::map<Look, std::size_t> meshes_;
   std::map<const annVertices*, std::size_t> pools_;
-  std::map<const annMesh*, bool> without_look_;
+  std::map<const annMesh*, bool> without_look_, open_;
   using LookKey = std::optional<std::tuple<std::string, std::array<float, 4>>>;
-  std::map<std::tuple<LookKey, bool>, std::size_t> material_numbers_;
+  std::map<std::tuple<LookKey, bool, bool>, std::size_t> material_numbers_;
   std::size_t without_faces_ = 0;
+  bool hides_names_ = false;  // names of instances stand in place of those of assemblies
   bool hides_looks_ = false;  // colours of vertices stand in place of those of looks
 };

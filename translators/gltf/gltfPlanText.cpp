@@ -66,7 +66,7 @@ class TextMaker {
 
   void write(const gltfPlan::Node& node) {
     if (!node.node) write_turn(node);
-    if (node.node && !node.node->name.empty()) json_.key("name").text(node.node->name.view());
+    if (node.node && !node.node->label().empty()) json_.key("name").text(node.node->label().view());
     if (!node.placement.is_identity()) {
       json_.key("matrix").open('[');
       for (std::size_t column = 0; column < 4; ++column) {
@@ -89,6 +89,7 @@ class TextMaker {
 
   void write(const gltfPlan::Mesh& mesh) {
     const gltfPlan::Pool& pool = plan_.pools[mesh.pool];
+    if (mesh.name && !mesh.name->empty()) json_.key("name").text(mesh.name->view());
     json_.key("primitives").open('[');
     for (const gltfPlan::Group& group : mesh.groups) {
       json_.open('{').key("attributes").open('{').key("POSITION").number(pool.positions);
@@ -112,6 +113,7 @@ class TextMaker {
     }
     json_.key("metallicFactor").number(std::size_t{0}).close('}');
     if (material.blends) json_.key("alphaMode").text("BLEND");
+    if (material.double_sided) json_.key("doubleSided").flag(true);
   }
 
   void write(const gltfPlan::Accessor& accessor) {

@@ -130,7 +130,11 @@ bool gltfScene::read_mesh(const gltfValue& value, annNode& node) {
   const gltfMeshes::Mesh* mesh = meshes_.find(*index);
   if (!mesh) return false;
   node.body.mesh = mesh->mesh;
-  if (node.name.empty() && !mesh->name.empty()) node.name = utString(mesh->name);
+  if (!mesh->name.empty()) {
+    // The name of the node is that of an instance when the part has another one.
+    if (!node.name.empty() && node.name.view() != mesh->name) node.instance_name = node.name;
+    node.name = utString(mesh->name);
+  }
   if (value.has("skin")) findings_.count(velabsNOTE, "skins are left out: the shape at rest is read");
   std::optional<gltfValue> extensions;
   if (!value.read("extensions", extensions)) return false;

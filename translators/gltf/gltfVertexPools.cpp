@@ -154,8 +154,9 @@ bool gltfVertexPools::fail(const gltfAccessor& accessor, std::string_view reason
 
 void gltfVertexPools::weld(gltfVertexPool& pool) {
   annVertices& vertices = *pool.vertices;
-  std::vector<annVector> points, normals;
+  std::vector<annVector> points;
   std::vector<annColour> colours;
+  std::vector<std::uint32_t> first_at;  // of each point, its first vertex
   bool normals_agree = true, colours_agree = true;
   annWelder welder(points, vertices.points.size());
   pool.welded.reserve(vertices.points.size());
@@ -164,18 +165,31 @@ void gltfVertexPools::weld(gltfVertexPool& pool) {
     const std::uint32_t number = welder.number_of(vertices.points[i]);
     pool.welded.push_back(number);
     if (number == known) {
-      if (!vertices.normals.empty()) normals.push_back(vertices.normals[i]);
+      first_at.push_back(static_cast<std::uint32_t>(i));
       if (!vertices.colours.empty()) colours.push_back(vertices.colours[i]);
       continue;
     }
-    normals_agree = normals_agree && (normals.empty() || normals[number] == vertices.normals[i]);
+    normals_agree =
+        normals_agree && (vertices.normals.empty() || vertices.normals[first_at[number]] == vertices.normals[i]);
     colours_agree = colours_agree && (colours.empty() || colours[number] == vertices.colours[i]);
   }
-  if (!normals_agree) findings_.count(velabsNOTE, "normals are left out of meshes whose welded points have several");
   if (!colours_agree) {
     findings_.count(velabsNOTE, "vertex colours are left out of meshes whose welded points have several");
   }
   vertices.points = std::move(points);
-  vertices.normals = normals_agree ? std::move(normals) : std::vector<annVector>();
+  weld_normals(pool, first_at, normals_agree);
   vertices.colours = colours_agree ? std::move(colours) : std::vector<annColour>();
+}
+
+void gltfVertexPools::weld_normals(gltfVertexPool& pool, const std::vector<std::uint32_t>& first_at, bool agree) {
+  annVertices& vertices = *pool.vertices;
+  const std::vector<annVector> normals = std::move(vertices.normals);
+  vertices.normals = {};
+  if (normals.empty()) return;
+  if (agree) {
+    for (std::uint32_t first : first_at) vertices.normals.push_back(normals[first]);
+    return;
+  }
+  pool.welded_normals.resize(normals.size());
+  annWelder(vertices.normal_pool).numbers_of(normals, pool.welded_normals.data());
 }

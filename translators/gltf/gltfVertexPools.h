@@ -28,8 +28,9 @@ struct gltfAttributes {
 struct gltfVertexPool {
   std::shared_ptr<annVertices> vertices = std::make_shared<annVertices>();
   std::vector<std::size_t> starts;  // of each set, and the end
-  // Once equal points were put together: the new number of each vertex.
-  std::vector<std::uint32_t> welded;
+  // Once equal points were put together: the new number of each vertex, and where points have several normals, the
+  // index of its own in the normal pool.
+  std::vector<std::uint32_t> welded, welded_normals;
 };
 
 // Makes the vertices of meshes; meshes with the same sets of attributes share them.
@@ -55,6 +56,7 @@ class gltfVertexPools {
   bool has_count(const gltfAccessor& accessor, std::size_t expected);
   bool fail(const gltfAccessor& accessor, std::string_view reason);
   void weld(gltfVertexPool& pool);
+  void weld_normals(gltfVertexPool& pool, const std::vector<std::uint32_t>& first_at, bool agree);
 
   gltfAccessors& accessors_;
   Options options_;

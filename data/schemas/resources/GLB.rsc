@@ -9,9 +9,10 @@ SCALE = 1
 UP_AXIS = auto
 
 # Write the colours of faces and parts as materials (writing).
+# The materials of bodies that are not closed show both sides of a face.
 WRITE_MATERIALS = 1
 
-# Write the normals of vertices, where the model has them (writing).
+# Write normals, where the model has them (writing). A point at a hard edge is written once for each of its normals.
 WRITE_NORMALS = 1
 
 # Write the colours of vertices, where the model has them (writing).

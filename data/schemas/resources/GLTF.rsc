@@ -8,16 +8,18 @@ SCALE = 1
 # as it is.
 UP_AXIS = auto
 
-# Give equal points one number, so that triangles share them (reading). Normals that differ there are left out.
+# Give equal points one number, so that triangles share them (reading). Where normals differ at a point,
+# they are kept for each corner.
 WELD_POINTS = 0
 
 # Take the colours of materials (reading).
 READ_MATERIALS = 1
 
 # Write the colours of faces and parts as materials (writing).
+# The materials of bodies that are not closed show both sides of a face.
 WRITE_MATERIALS = 1
 
-# Write the normals of vertices, where the model has them (writing).
+# Write normals, where the model has them (writing). A point at a hard edge is written once for each of its normals.
 WRITE_NORMALS = 1
 
 # Write the colours of vertices, where the model has them (writing).
