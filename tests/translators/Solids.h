@@ -25,6 +25,18 @@ inline std::shared_ptr<annMesh> cube(double size, bool open = false) {
   return mesh;
 }
 
+// A mesh with the normals of its faces at its corners, over vertices of its own.
+inline std::shared_ptr<annMesh> with_face_normals(const annMesh& mesh) {
+  auto result = std::make_shared<annMesh>(mesh);
+  result->vertices = std::make_shared<annVertices>(*mesh.vertices);
+  for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+    result->corner_normals.resize(result->corner_normals.size() + mesh.face(face).size(),
+                                  static_cast<std::uint32_t>(result->vertices->normal_pool.size()));
+    result->vertices->normal_pool.push_back(mesh.face_normal(face));
+  }
+  return result;
+}
+
 inline annDocument document_of(std::shared_ptr<const annMesh> mesh) {
   annDocument document;
   document.unit = velLENGTH_MILLIMETRE;

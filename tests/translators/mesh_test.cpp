@@ -14,17 +14,6 @@ namespace {
 
 using Meshes = std::vector<std::shared_ptr<const annMesh>>;
 
-// The same mesh, with the normals of its faces at its corners.
-std::shared_ptr<annMesh> with_face_normals(const annMesh& mesh) {
-  auto result = std::make_shared<annMesh>(mesh);
-  for (std::size_t face = 0; face < mesh.face_count(); ++face) {
-    result->corner_normals.resize(result->corner_normals.size() + mesh.face(face).size(),
-                                  static_cast<std::uint32_t>(mesh.vertices->normal_pool.size()));
-    mesh.vertices->normal_pool.push_back(mesh.face_normal(face));
-  }
-  return result;
-}
-
 std::shared_ptr<const annMesh> split(std::shared_ptr<const annMesh> mesh) {
   Meshes meshes{std::move(mesh)};
   ann_split_vertices(meshes);

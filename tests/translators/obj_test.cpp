@@ -136,26 +136,37 @@ TEST(ObjReader, FindsMaterialsBesideTheFileOnly) {
   }
 }
 
-TEST(ObjReader, KeepsNormalsThatBelongToVertices) {
+TEST(ObjReader, KeepsNormalsOfVerticesElseOfCorners) {
   TemporaryDirectory directory;
+  constexpr std::uint32_t no = annMesh::no_normal;
   const struct {
     const char* what;
     const char* faces;
-    bool kept;
-  } cases[] = {{"one each", "f 1//1 2//2 3//1\nf 1//1 3//3 4//1", true},
-               {"two for a vertex", "f 1//1 2//1 3//1\nf 1//2 3//1 4//1", false},
-               {"some without", "f 1//1 2//1 3//1\nf 1 3 4", false},
-               {"without before", "f 1 3 4\nf 1//1 2//1 3//1", false},
-               {"without direction", "f 1//4 2//4 3//4", false}};
+    std::vector<std::uint32_t> corner_normals;  // empty for those of vertices
+    const char* warning = "";
+  } cases[] = {{"one each", "f 1//1 2//2 3//1\nf 1//1 3//3 4//1", {}},
+               {"two for a vertex", "f 1//1 2//1 3//1\nf 1//2 3//1 4//3", {0, 0, 0, 1, 0, 2}},
+               {"some without", "f 1//1 2//1 3//1\nf 1 3 4", {0, 0, 0, no, no, no}},
+               {"without before", "f 1 3 4\nf 1//1 2//1 3//1", {no, no, no, 0, 0, 0}},
+               {"without between", "f 1//1 3//1 4//1\nf 1 2 3\nf 2//1 3 4//3", {0, 0, 0, no, no, no, 0, no, 2}},
+               {"without direction", "f 1//4 2//5 3//3", {no, 3, 2}},
+               {"not there", "f 1//1 2//1 3//6", {0, 0, no}, "names a normal that is not there"}};
   for (const auto& c : cases) {
     const Reading reading =
-        reader.read(directory.write("a.obj", square + "vn 0 0 2\nvn 1 0 0\nvn 0 0 1\nvn 0 0 0\n" + c.faces));
+        reader.read(directory.write("a.obj", square + "vn 0 0 2\nvn 1 0 0\nvn 0 0 1\nvn 0 0 0\nvn 0 3 0\n" + c.faces));
     ASSERT_EQ(reading.result, velabsDONE) << c.what;
-    EXPECT_EQ(!reading.mesh().vertices->normals.empty(), c.kept) << c.what;
-    EXPECT_EQ(reading.messages.notes.empty(), c.kept) << c.what;
-    if (!c.kept) continue;
-    EXPECT_EQ(reading.mesh().vertices->normals[0], (annVector{0, 0, 1}));
+    const annMesh& mesh = reading.mesh();
+    EXPECT_EQ(mesh.corner_normals, c.corner_normals) << c.what;
+    EXPECT_EQ(mesh.vertices->normals.empty(), !c.corner_normals.empty()) << c.what;
+    const std::vector<annVector> pool{{0, 0, 1}, {1, 0, 0}, {0, 0, 1}, {0, 1, 0}};
+    EXPECT_EQ(mesh.vertices->normal_pool, c.corner_normals.empty() ? std::vector<annVector>() : pool) << c.what;
+    EXPECT_EQ(reading.messages.notes, "") << c.what;
+    EXPECT_NE(reading.messages.warnings.find(c.warning), std::string::npos) << c.what << reading.messages.warnings;
+    if (!c.corner_normals.empty()) continue;
+    EXPECT_EQ(mesh.vertices->normals[0], (annVector{0, 0, 1}));
   }
+  const Reading none = reader.read(directory.write("a.obj", square + "vn 0 0 0\nf 1//1 2//1 3//1\nf 1 3 4"));
+  EXPECT_FALSE(none.mesh().has_normals());
 }
 
 TEST(ObjReader, ReadsVertexColoursOfBothRanges) {

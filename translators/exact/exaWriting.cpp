@@ -67,7 +67,7 @@ void exa_tell_losses(const annDocument& document, const char* format, bool holds
   for (const annPlacedBody& placed : ann_placed_bodies(document)) {
     const annMesh* mesh = placed.node->body.mesh.get();
     if (!mesh || placed.node->body.shape) continue;
-    normals = normals || !mesh->vertices->normals.empty();
+    normals = normals || mesh->has_normals();
     colours = colours || !mesh->vertices->colours.empty();
     names = names || std::any_of(mesh->materials.begin(), mesh->materials.end(),
                                  [](const annMaterial& material) { return !material.name.empty(); });

@@ -1,5 +1,6 @@
 #include "objMeshWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -17,10 +18,10 @@ objMeshWriter::objMeshWriter(velabsOfStream& stream, const velTableInstance& res
       lists_(lists) {}
 
 bool objMeshWriter::write(const vltPlacedMesh& body, std::size_t number) {
-  std::string name = vlt_name_for_line(body.node->name);
+  std::string name = vlt_name_for_line(body.node->label());
   if (name.empty()) name = "body_" + std::to_string(number + 1);
   name = names_.unique(std::move(name));
-  renames_.take(body.node->name.view(), name);
+  renames_.take(body.node->label().view(), name);
   text_.text("o ");
   text_.text(name);
   text_.text("\n");
@@ -32,14 +33,13 @@ const objMeshWriter::Written* objMeshWriter::written(const vltPlacedMesh& body, 
   const annVertices& vertices = *body.mesh->vertices;
   const std::size_t list = lists_.number_of(number);
   if (list < written_.size()) return &written_[list];
-  const bool has_normals = with_normals_ && !vertices.normals.empty();
-  written_.push_back({lists_.of(number).first + 1, has_normals ? next_normal_ : 0});
+  Written& now = written_.emplace_back(Written{lists_.of(number).first + 1, 0, 0});
   if (!points(body)) return nullptr;
-  if (has_normals) {
-    normals(body);
-    next_normal_ += vertices.normals.size();
+  if (with_normals_) {
+    now.first_normal = normals(vertices.normals, body.placement);
+    now.first_in_pool = normals(vertices.normal_pool, body.placement);
   }
-  return &written_.back();
+  return &now;
 }
 
 bool objMeshWriter::points(const vltPlacedMesh& body) {
@@ -67,14 +67,19 @@ bool objMeshWriter::points(const vltPlacedMesh& body) {
   return true;
 }
 
-void objMeshWriter::normals(const vltPlacedMesh& body) {
-  const bool identity = body.placement.is_identity();
-  for (const annVector& own : body.mesh->vertices->normals) {
-    const annVector n = identity ? own : body.placement.normal(own);
-    text_.text("vn");
-    numbers(std::array{n.x, n.y, n.z});
-    text_.text("\n");
-  }
+std::size_t objMeshWriter::normals(const std::vector<annVector>& normals, const annTransform& placement) {
+  if (normals.empty()) return 0;
+  const std::size_t first = next_normal_;
+  for (const annVector& own : normals) normal(own, placement);
+  return first;
+}
+
+void objMeshWriter::normal(annVector own, const annTransform& placement) {
+  const annVector n = placement.is_identity() ? own : placement.normal(own);
+  text_.text("vn");
+  numbers(std::array{n.x, n.y, n.z});
+  text_.text("\n");
+  ++next_normal_;
 }
 
 bool objMeshWriter::faces(const vltPlacedMesh& body, const Written& at) {
@@ -92,21 +97,39 @@ bool objMeshWriter::faces(const vltPlacedMesh& body, const Written& at) {
       }
     }
     const auto corners = mesh.face(face);
+    find_normals(body, face, at);
     text_.text("f");
-    corner(corners[0], at);
-    for (std::size_t i = 1; i < corners.size(); ++i) corner(corners[mirrors ? corners.size() - i : i], at);
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+      const std::size_t corner = mirrors && i > 0 ? corners.size() - i : i;
+      text_.text(" ");
+      text_.number(at.first_vertex + corners[corner]);
+      if (face_normals_.empty()) continue;
+      text_.text("//");
+      text_.number(face_normals_[corner]);
+    }
     text_.text("\n");
     if (!progress_.reached(++done_) || !stream_.good()) return false;
   }
   return true;
 }
 
-void objMeshWriter::corner(std::uint32_t vertex, const Written& at) {
-  text_.text(" ");
-  text_.number(at.first_vertex + vertex);
-  if (at.first_normal == 0) return;
-  text_.text("//");
-  text_.number(at.first_normal + vertex);
+void objMeshWriter::find_normals(const vltPlacedMesh& body, std::size_t face, const Written& at) {
+  const annMesh& mesh = *body.mesh;
+  face_normals_.clear();
+  if (!with_normals_ || !mesh.has_normals()) return;
+  const auto corners = mesh.face(face);
+  if (mesh.corner_normals.empty()) {
+    for (std::uint32_t vertex : corners) face_normals_.push_back(at.first_normal + vertex);
+    return;
+  }
+  const std::uint32_t* const indices = mesh.corner_normals.data() + (corners.data() - mesh.corners.data());
+  const auto bare = std::count(indices, indices + corners.size(), annMesh::no_normal);
+  if (bare == std::ssize(corners)) return;
+  const std::size_t of_face = next_normal_;
+  if (bare > 0) normal(mesh.face_normal(face), body.placement);
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    face_normals_.push_back(indices[i] == annMesh::no_normal ? of_face : at.first_in_pool + indices[i]);
+  }
 }
 
 void objMeshWriter::numbers(std::span<const double> values) {

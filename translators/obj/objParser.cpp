@@ -1,5 +1,6 @@
 #include "objParser.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "objNumbers.h"
@@ -76,13 +77,13 @@ bool objParser::face(std::string_view rest) {
   face_normals_.clear();
   bool any_normal = false;
   take_plain_corners(rest);
-  face_normals_.resize(face_corners_.size(), objVertices::no_normal);
+  face_normals_.resize(face_corners_.size(), annMesh::no_normal);
   for (std::string_view word = vlt_take_word(rest); !word.empty() && word[0] != '#'; word = vlt_take_word(rest)) {
     Corner next{};
     if (!corner(word, next)) return false;
     face_corners_.push_back(next.vertex);
     face_normals_.push_back(next.normal);
-    any_normal = any_normal || next.normal != objVertices::no_normal;
+    any_normal = any_normal || next.normal != annMesh::no_normal;
   }
   if (!any_normal) face_normals_.clear();
   if (face_corners_.size() < 3) {
@@ -130,7 +131,7 @@ bool objParser::corner(std::string_view word, Corner& corner) {
     return fail("there is no vertex " + vlt_quoted(whole.substr(0, whole.find('/'))) + ", " +
                 std::to_string(vertices_.positions()) + " came before");
   }
-  corner.normal = objVertices::no_normal;
+  corner.normal = annMesh::no_normal;
   if (word.starts_with('/')) {
     word.remove_prefix(1);
     long long texture = 0;
@@ -167,8 +168,8 @@ void objParser::add_face() {
   annMesh& mesh = *part.mesh;
   // Corners that came before the first normal have none.
   if (!face_normals_.empty()) {
-    part.corner_normals.resize(mesh.corners.size(), objVertices::no_normal);
-    part.corner_normals.insert(part.corner_normals.end(), face_normals_.begin(), face_normals_.end());
+    mesh.corner_normals.resize(mesh.corners.size(), annMesh::no_normal);
+    mesh.corner_normals.insert(mesh.corner_normals.end(), face_normals_.begin(), face_normals_.end());
   }
   mesh.add_face(face_corners_);
   if (material_ == annMesh::no_material) return;
@@ -217,16 +218,42 @@ void objParser::finish_materials() {
 }
 
 void objParser::finish_normals() {
-  if (normal_reach_.needed == 0) return;
   if (normal_reach_.needed > vertices_.normals()) {
-    findings_.count(velabsWARNING, "a corner names a normal that is not there, so normals are left out",
-                    normal_reach_.line);
-    return;
+    findings_.count(velabsWARNING, "a corner names a normal that is not there", normal_reach_.line);
   }
+  bool has_normals = false;
   for (const objPart& part : parts_.all()) {
-    if (vertices_.take_corner_normals(part.mesh->corners, part.corner_normals)) continue;
-    findings_.count(velabsNOTE, "normals are left out: not every vertex has one and the same at all its corners");
-    return;
+    std::vector<std::uint32_t>& normals = part.mesh->corner_normals;
+    for (std::uint32_t& normal : normals) normal = vertices_.pool_index(normal);
+    auto is_none = [](std::uint32_t normal) { return normal == annMesh::no_normal; };
+    if (std::all_of(normals.begin(), normals.end(), is_none)) normals = {};
+    if (!normals.empty()) normals.resize(part.mesh->corners.size(), annMesh::no_normal);
+    has_normals = has_normals || !normals.empty();
   }
-  vertices_.finish_normals();
+  if (has_normals && !give_normals_to_vertices()) return;
+  // Each vertex has its own, or no corner has any.
+  vertices_.shared()->normal_pool = {};
+  for (const objPart& part : parts_.all()) part.mesh->corner_normals = {};
+}
+
+bool objParser::give_normals_to_vertices() {
+  constexpr annVector any_direction{0, 0, 1};
+  annVertices& vertices = *vertices_.shared();
+  const std::vector<annVector>& pool = vertices.normal_pool;
+  std::vector<std::uint32_t> normal_of(vertices.points.size(), annMesh::no_normal);
+  for (const objPart& part : parts_.all()) {
+    const annMesh& mesh = *part.mesh;
+    if (mesh.corner_normals.size() != mesh.corners.size()) return false;
+    for (std::size_t i = 0; i < mesh.corners.size(); ++i) {
+      const std::uint32_t normal = mesh.corner_normals[i];
+      std::uint32_t& known = normal_of[mesh.corners[i]];
+      if (known == annMesh::no_normal) known = normal;
+      if (normal == annMesh::no_normal || (known != normal && pool[known] != pool[normal])) return false;
+    }
+  }
+  vertices.normals.reserve(normal_of.size());
+  for (std::uint32_t normal : normal_of) {
+    vertices.normals.push_back(normal == annMesh::no_normal ? any_direction : pool[normal]);
+  }
+  return true;
 }

@@ -13,8 +13,8 @@
 // Reads the statements of one file, from front to back, into a document.
 //
 // What is no polygon mesh is left out and told once for each kind. A face of fewer than three corners is left out with
-// a warning; a corner that names a vertex which the file does not have is an error. One that names such a normal costs
-// the normals.
+// a warning; a corner that names a vertex which the file does not have is an error. One that names such a normal has
+// none. Normals stay with the corners, in the pool of the vertices, unless every vertex has one at all its corners.
 class objParser {
  public:
   objParser(const utString& name, apMappedFile& file, const velTableInstance& resources, annDocument& document,
@@ -48,6 +48,9 @@ class objParser {
   bool finish();
   void finish_materials();
   void finish_normals();
+  // False, and nothing done, when a corner has no normal or two corners of one vertex differ. A vertex that no face
+  // uses gets some direction.
+  bool give_normals_to_vertices();
 
   apMappedFile& file_;
   velabsOutput& output_;

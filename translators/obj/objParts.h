@@ -12,7 +12,6 @@
 // What the faces of one object and group make.
 struct objPart {
   std::shared_ptr<annMesh> mesh;
-  std::vector<std::uint32_t> corner_normals;                           // in step with the mesh's corners, or empty
   std::unordered_map<std::uint32_t, std::uint32_t> local_material_of;  // file's number to the mesh's
   std::vector<std::uint32_t> materials;                                // the mesh's number to the file's
 };

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "annMesh.h"
 #include "objNumbers.h"
 #include "vltColours.h"
 #include "vltInput.h"
@@ -71,28 +72,18 @@ bool objVertices::normal(std::string_view rest, std::size_t line) {
     return vlt_fail_at_line(output_, line, vlt_quoted(wrong) + " is no number");
   }
   const double length = std::hypot(numbers[0], numbers[1], numbers[2]);
-  const bool usable = count == 3 && length > 0 && std::isfinite(length);
-  normals_.push_back(usable ? annVector{numbers[0] / length, numbers[1] / length, numbers[2] / length} : annVector{});
+  if (count == 3 && length > 0 && std::isfinite(length)) {
+    shared_->normal_pool.push_back({numbers[0] / length, numbers[1] / length, numbers[2] / length});
+  } else {
+    without_direction_.push_back(static_cast<std::uint32_t>(normals_));
+  }
+  ++normals_;
   return true;
 }
 
-bool objVertices::take_corner_normals(const std::vector<std::uint32_t>& corners,
-                                      const std::vector<std::uint32_t>& corner_normals) {
-  normal_of_.resize(positions(), no_normal);
-  if (corner_normals.size() != corners.size()) return false;
-  for (std::size_t i = 0; i < corners.size(); ++i) {
-    const std::uint32_t wanted = corner_normals[i];
-    if (wanted == no_normal || normals_[wanted] == annVector{}) return false;
-    std::uint32_t& known = normal_of_[corners[i]];
-    if (known == no_normal) known = wanted;
-    if (known != wanted && normals_[known] != normals_[wanted]) return false;
-  }
-  return true;
-}
-
-void objVertices::finish_normals() {
-  shared_->normals.reserve(positions());
-  for (std::uint32_t number : normal_of_) {
-    shared_->normals.push_back(number == no_normal ? annVector{0, 0, 1} : normals_[number]);
-  }
+std::uint32_t objVertices::pool_index(std::uint32_t number) const {
+  if (number >= normals_) return annMesh::no_normal;
+  const auto left_out = std::lower_bound(without_direction_.begin(), without_direction_.end(), number);
+  if (left_out != without_direction_.end() && *left_out == number) return annMesh::no_normal;
+  return number - static_cast<std::uint32_t>(left_out - without_direction_.begin());
 }

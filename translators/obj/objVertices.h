@@ -27,18 +27,15 @@ class objVertices {
   void texture() { ++textures_; }
 
   std::size_t positions() const { return shared_->points.size(); }
-  std::size_t normals() const { return normals_.size(); }
+  std::size_t normals() const { return normals_; }
   std::size_t textures() const { return textures_; }
 
   // Brings the colours into the range 0 to 1; the greatest component of the file tells what they count to.
   void finish_colours();
 
-  // Makes the normals of the vertices from those that their corners use: `corners` and `corner_normals` run in step,
-  // `no_normal` standing for none. False when a corner has none or two corners of one vertex differ.
-  static constexpr std::uint32_t no_normal = 0xffffffff;
-  bool take_corner_normals(const std::vector<std::uint32_t>& corners, const std::vector<std::uint32_t>& corner_normals);
-  // After all corners: gives the vertices their normals. Those that no face uses get some direction.
-  void finish_normals();
+  // Turns the number of a normal of the file, counted from 0, into its index in the pool of the vertices;
+  // `annMesh::no_normal` for one without a direction and for one that the file does not have.
+  std::uint32_t pool_index(std::uint32_t number) const;
 
   const std::shared_ptr<annVertices>& shared() const { return shared_; }
 
@@ -49,8 +46,8 @@ class objVertices {
   vltOnce& findings_;
   velabsOutput& output_;
   std::shared_ptr<annVertices> shared_ = std::make_shared<annVertices>();
-  std::vector<annVector> normals_;  // of length 1; the null vector for one without a direction
-  std::vector<std::uint32_t> normal_of_;
+  std::size_t normals_ = 0;
+  std::vector<std::uint32_t> without_direction_;  // numbers of normals, in their order; these are not in the pool
   std::size_t textures_ = 0;
   float greatest_component_ = 0;
 };

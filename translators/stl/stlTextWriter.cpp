@@ -80,9 +80,9 @@ velabsResult stl_write_text(const std::vector<vltPlacedMesh>& bodies, const velT
   vltRenames renames;
   if (one) writer.begin(all);
   for (const vltPlacedMesh& body : bodies) {
-    const std::string name = vlt_name_for_line(body.node->name);
+    const std::string name = vlt_name_for_line(body.node->label());
     if (!one) {
-      renames.take(body.node->name.view(), name);
+      renames.take(body.node->label().view(), name);
       writer.begin(name);
     }
     if (!writer.facets(body)) return writer.result();

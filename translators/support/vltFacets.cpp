@@ -71,7 +71,7 @@ std::shared_ptr<const annMesh> vltFacets::of(const annNode& node) {
   if (facets.told || facets.status.ok() || output_.cancelled()) return facets.mesh;
   facets.told = true;
   const utString what = facets.mesh ? "not all facets for the shape of \"" : "no facets for the shape of \"";
-  output_.message(facets.mesh ? velabsWARNING : velabsERROR, what + node.name + "\": " + facets.status.failure());
+  output_.message(facets.mesh ? velabsWARNING : velabsERROR, what + node.label() + "\": " + facets.status.failure());
   return facets.mesh;
 }
 

@@ -27,7 +27,7 @@ bool any_name_above_a_body(const annDocument& document) {
     const auto [node, below_a_name] = open.back();
     open.pop_back();
     if (below_a_name && !node->body.empty()) return true;
-    for (const auto& child : node->children) open.push_back({child.get(), below_a_name || !node->name.empty()});
+    for (const auto& child : node->children) open.push_back({child.get(), below_a_name || !node->label().empty()});
   }
   return false;
 }
@@ -69,8 +69,7 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   note(flattens && bodies.size() == 1 && any_name_above_a_body(document),
        "holds no assemblies: the part is written without the names of those that it stands in");
   if (vlt_flag(resources, "WRITE_MATERIALS")) tell_lost_looks();
-  note(!carries.vertex_normals &&
-           any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->normals.empty(); }),
+  note(!carries.vertex_normals && any_body([](const vltPlacedMesh& body) { return body.mesh->has_normals(); }),
        "holds no vertex normals: they are left out");
   note(!carries.vertex_colours &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "annVertexSplitting.h"
 #include "vltFlag.h"
 
 namespace {
@@ -27,8 +28,10 @@ struct Coordinates {
 
 }  // namespace
 
-vltOneMesh::vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableInstance& resources)
-    : bodies_(bodies), lists_(bodies) {
+vltOneMesh::vltOneMesh(std::vector<vltPlacedMesh> bodies, const velTableInstance& resources)
+    : bodies_(std::move(bodies)),
+      face_normals_(vlt_flag(resources, "WRITE_NORMALS") && split_vertices(bodies_)),
+      lists_(bodies_) {
   auto spread = [&](const char* key, auto has) {
     const auto& lists = lists_.all();
     if (!vlt_flag(resources, key) || std::none_of(lists.begin(), lists.end(), has)) return Spread::none;
@@ -43,8 +46,25 @@ vltOneMesh::vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableI
     const std::vector<annColour>& colours = colours_of(list);
     bytes_ = bytes_ && std::all_of(colours.begin(), colours.end(), vlt_is_of_bytes);
   }
-  for (const vltPlacedMesh& body : bodies) look_at_faces(body);
+  for (const vltPlacedMesh& body : bodies_) look_at_faces(body);
   face_colours_ = face_colours_ && vlt_flag(resources, "WRITE_MATERIALS");
+}
+
+bool vltOneMesh::split_vertices(std::vector<vltPlacedMesh>& bodies) {
+  auto any = [&](auto test) {
+    return std::any_of(bodies.begin(), bodies.end(), [&](const vltPlacedMesh& body) { return test(*body.mesh); });
+  };
+  const bool bare_faces = any([](const annMesh& mesh) { return !mesh.has_normals() && mesh.face_count() > 0; });
+  // There is no normal to be had for points alone.
+  const bool bare_points = any([](const annMesh& mesh) {
+    return !mesh.has_normals() && mesh.face_count() == 0 && !mesh.vertices->points.empty();
+  });
+  const bool fill = bare_faces && !bare_points && any([](const annMesh& mesh) { return mesh.has_normals(); });
+  std::vector<std::shared_ptr<const annMesh>> meshes;
+  for (const vltPlacedMesh& body : bodies) meshes.push_back(body.mesh);
+  ann_split_vertices(meshes, fill ? annBARE_GET_FACE_NORMALS : annBARE_STAY);
+  for (std::size_t i = 0; i < bodies.size(); ++i) bodies[i].mesh = std::move(meshes[i]);
+  return fill;
 }
 
 void vltOneMesh::make_colours(bool of_faces) {
@@ -95,6 +115,9 @@ bool vltOneMesh::check(velabsOutput& output) {
 }
 
 void vltOneMesh::tell_mixture(velabsOutput& output) const {
+  if (face_normals_) {
+    output.message(velabsNOTE, "parts without normals are written with those of their faces, because others have some");
+  }
   if (normals_ == Spread::some) {
     output.message(velabsNOTE, "no normals are written: not every part has them, and one mesh has them all or none");
   }

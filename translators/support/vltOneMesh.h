@@ -7,15 +7,19 @@
 #include "vltVertexLists.h"
 
 // All bodies of a document as the one mesh that some formats hold, seen before it is written: how many vertices and
-// faces it has, and what is known of all of them. Holds on to nothing: the bodies must outlive it.
+// faces it has, and what is known of all of them. When normals are written, its vertices have one each: those at hard
+// edges are split, and parts without normals beside others with some get those of their faces. The nodes must outlive
+// it.
 class vltOneMesh {
  public:
   // What the format and the resources WRITE_NORMALS, WRITE_VERTEX_COLOURS and WRITE_MATERIALS let through.
-  vltOneMesh(const std::vector<vltPlacedMesh>& bodies, const velTableInstance& resources);
+  vltOneMesh(std::vector<vltPlacedMesh> bodies, const velTableInstance& resources);
+  vltOneMesh(const vltOneMesh&) = delete;
+  vltOneMesh& operator=(const vltOneMesh&) = delete;
 
   // Looks at every coordinate. False, and a message, when one cannot be written.
   bool check(velabsOutput& output);
-  // Says what is lost where parts with normals or vertex colours stand beside others without.
+  // Says what becomes of parts without normals or vertex colours beside others that have them.
   void tell_mixture(velabsOutput& output) const;
 
   const std::vector<vltPlacedMesh>& bodies() const { return bodies_; }
@@ -23,7 +27,7 @@ class vltOneMesh {
   std::size_t face_count() const { return faces_; }
   std::size_t largest_face() const { return largest_face_; }
 
-  // Every vertex has a normal. With normals on some parts only, none is written: nobody can make up the others.
+  // Every vertex has a normal. None is written when some parts have normals and others are points without any.
   bool normals() const { return normals_ == Spread::all; }
   // Some vertex has a colour.
   bool vertex_colours() const { return colours_ != Spread::none; }
@@ -45,10 +49,13 @@ class vltOneMesh {
 
  private:
   enum class Spread { none, some, all };
+  // True when parts got the normals of their faces.
+  static bool split_vertices(std::vector<vltPlacedMesh>& bodies);
   void make_colours(bool of_faces);
   void look_at_faces(const vltPlacedMesh& body);
 
-  const std::vector<vltPlacedMesh>& bodies_;
+  std::vector<vltPlacedMesh> bodies_;
+  bool face_normals_;
   vltVertexLists lists_;
   std::size_t faces_ = 0;
   std::size_t largest_face_ = 0;

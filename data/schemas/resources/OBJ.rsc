@@ -20,7 +20,7 @@ READ_MATERIALS = 1
 # Write colours to a material file beside the file, with the extension mtl (writing).
 WRITE_MATERIALS = 1
 
-# Write the normals of vertices, where the model has them (writing).
+# Write the normals of vertices and of corners, where the model has them (writing).
 WRITE_NORMALS = 1
 
 # Write the colours of vertices, where the model has them (writing).

@@ -20,7 +20,8 @@ READ_MATERIALS = 1
 # Write colours of faces, where the model has them (writing).
 WRITE_MATERIALS = 1
 
-# Write the normals of vertices, where the model has them (writing).
+# Write normals, where the model has them (writing). A point at a hard edge is written once for each of its normals.
+# Parts without normals beside others with some get those of their faces.
 WRITE_NORMALS = 1
 
 # Write the colours of vertices, where the model has them (writing).

@@ -23,7 +23,8 @@ FILE_FORMAT = binary
 # Write colours of faces, where the model has them (writing). Faces without one beside others become light grey.
 WRITE_MATERIALS = 1
 
-# Write the normals of vertices, where the model has them (writing).
+# Write normals, where the model has them (writing). A point at a hard edge is written once for each of its normals.
+# Parts without normals beside others with some get those of their faces.
 WRITE_NORMALS = 1
 
 # Write the colours of vertices, where the model has them (writing).
