@@ -47,16 +47,21 @@ const vlnTranslatorInfo* vlnSecureTranslatorInfo::load_now(vlnTranslatorLoadStat
 vlnTranslatorLoadStatus vlnSecureTranslatorInfo::update_info_from_dll(const apPathName& library) {
   // The path may be this description's own, which is filled below.
   const apPathName path = library;
+  const velabsTranslatorCategorycoPrf earlier_category = translator_category();
+  vlnTranslatorLoadStatus status(path);
   try {
-    return ask_library(path);
+    status = ask_library(path);
   } catch (...) {
-    return vlnTranslatorLoadStatus(path);
+    // The status says that the library failed.
   }
+  // A category may be an object of the library, whose code must then stay.
+  if (!status.ok() && library_ && translator_category() == earlier_category) library_->refuse();
+  return status;
 }
 
 vlnTranslatorLoadStatus vlnSecureTranslatorInfo::ask_library(const apPathName& library) {
   ThrowAwayEnvironment environment;
-  library_ = loader_->load_library_path(library);
+  library_ = loader_ ? loader_->load_library_path(library) : nullptr;
 
   std::unique_ptr<velabsLibBase> object;
   if (library_ && library_->is_output()) {

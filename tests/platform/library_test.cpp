@@ -1,3 +1,4 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <mutex>
@@ -14,19 +15,30 @@ static apPathName fixture(const std::string& name) {
 }
 
 TEST(DynamicLibrary, IsUnloadedWithItsObjectUnlessKept) {
-  for (Lifetime lifetime : {Lifetime::unload, Lifetime::keep_mapped}) {
+  const TemporaryDirectory directory;
+  const std::string content = TemporaryDirectory::read(std::string(VEL_FIXTURES) + "/watched.dll");
+  const struct {
+    const char* name;
+    Lifetime at_opening, later;
+    int unloaded;
+  } cases[] = {{"a.dll", Lifetime::unload, Lifetime::unload, 1},
+               {"b.dll", Lifetime::unload, Lifetime::keep_mapped, 0},
+               {"c.dll", Lifetime::keep_mapped, Lifetime::unload, 0}};
+  for (const auto& c : cases) {
     int counter = 1;
     apStatus status;
-    auto library = apDynamicLibraryLoader().load(fixture("watched"), status, lifetime);
+    const apPathName path(apString(directory.write(c.name, content).c_str()));
+    auto library = apDynamicLibraryLoader().load(path, status, c.at_opening);
     ASSERT_TRUE(library) << status.failure().str();
     auto* watch = reinterpret_cast<void (*)(int*)>(library->proc_address("watch", status));
     ASSERT_NE(watch, nullptr);
     watch(&counter);
     EXPECT_EQ(library->proc_address("no_such_name", status), nullptr);
     EXPECT_FALSE(status.ok());
+    library->set_lifetime(c.later);
     library.reset();
-    EXPECT_EQ(counter, lifetime == Lifetime::unload ? 0 : 1);
-    if (lifetime == Lifetime::keep_mapped) watch(nullptr);  // still there
+    EXPECT_EQ(counter, 1 - c.unloaded) << c.name;
+    if (!c.unloaded) watch(nullptr);  // still there
   }
 }
 
@@ -53,6 +65,26 @@ TEST(DynamicLibrary, OperationsThatGiveAHandleAndAFailureAreClosed) {
   EXPECT_EQ(apDynamicLibraryLoader(&operations).load(apPathName(L"/x"), status), nullptr);
   EXPECT_EQ(operations.open_handles, 0);
   EXPECT_EQ(status.failure(), "bad");
+}
+
+TEST(DynamicLibrary, OneThatWasCutShortIsRefusedBeforeTheSystemMapsIt) {
+  TemporaryDirectory directory;
+  const std::string file = directory / "cut.dll";
+  const std::string whole = TemporaryDirectory::read(std::string(VEL_FIXTURES) + "/watched.dll");
+  const apPathName path(apString(file.c_str()));
+  bool any_refused = false;
+  for (std::size_t size = whole.size(); size > 0; size = size > 512 ? size - 512 : size / 2) {
+    directory.write("cut.dll", whole.substr(0, size));
+    apStatus status;
+    // The tables at the end of the file are not mapped, so it opens without them.
+    if (apDynamicLibraryLoader().load(path, status)) {
+      EXPECT_FALSE(any_refused) << size;
+      continue;
+    }
+    any_refused = true;
+    EXPECT_FALSE(status.failure().empty()) << size;
+  }
+  EXPECT_TRUE(any_refused);
 }
 
 TEST(TranslatorLoader, RefusesWhatIsNoTranslatorAndSaysWhy) {
@@ -86,6 +118,22 @@ TEST(TranslatorLoader, TellsTheDirectionsOfALibrary) {
   const auto both = loader.load_library_path(fixture("no_object"));
   EXPECT_TRUE(both->is_input() && both->is_output());
   EXPECT_TRUE(loader.failure(fixture("no_object")).is_null());
+}
+
+TEST(TranslatorLoader, CodeStaysMappedUnlessTheLibraryIsRefused) {
+  const TemporaryDirectory directory;
+  const v2vTranslatorLoader loader;
+  for (const bool refused : {false, true}) {
+    const std::string file = directory / (refused ? "refused.dll" : "kept.dll");
+    std::filesystem::copy_file(std::string(VEL_FIXTURES) + "/no_object.dll", file);
+    const auto library = loader.load_library_path(apPathName(apString(file.c_str())));
+    ASSERT_TRUE(library);
+    if (refused) library->refuse();
+  }
+  for (const char* name : {"kept.dll", "refused.dll"}) {
+    void* mapped = dlopen((directory / name).c_str(), RTLD_NOW | RTLD_NOLOAD);
+    EXPECT_EQ(mapped != nullptr, std::string(name) == "kept.dll");
+  }
 }
 
 TEST(CriticalSection, IsARealLockWhateverItIsMadeFrom) {

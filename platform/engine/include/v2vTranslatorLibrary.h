@@ -9,7 +9,7 @@
 #include "velabsLibOutput.h"
 
 // A library that was opened as a translator. It owns its handle; its code stays mapped after that, because what it made
-// may live on.
+// may live on, unless the library is refused.
 class VELPLATFORM_API v2vTranslatorLibrary {
  public:
   v2vTranslatorLibrary(std::unique_ptr<apDynamicLibrary> library, velabsReadWrapper read, velabsWriteWrapper write);
@@ -20,6 +20,10 @@ class VELPLATFORM_API v2vTranslatorLibrary {
   // Null when the library does not have that direction.
   velabsReadWrapper read_wrapper() const { return read_; }
   velabsWriteWrapper write_wrapper() const { return write_; }
+
+  // Unloads the code together with this object, so that the file is opened afresh when it has changed. Only while
+  // nothing that the library made is in use.
+  void refuse() { library_->set_lifetime(apILibraryLoaderOperations::Lifetime::unload); }
 
  private:
   std::unique_ptr<apDynamicLibrary> library_;

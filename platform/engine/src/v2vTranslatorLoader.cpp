@@ -36,7 +36,7 @@ std::unique_ptr<v2vTranslatorLibrary> v2vTranslatorLoader::load_library_path(con
     return nullptr;
   };
   apStatus status;
-  auto library = libraries_.load(path, status, apILibraryLoaderOperations::Lifetime::keep_mapped);
+  auto library = libraries_.load(path, status);
   if (!library) return refuse(status.failure());
   const utString reason = reason_against_interface(*library);
   if (!reason.is_null()) return refuse(reason);

@@ -5,16 +5,24 @@
 #include "apExport.h"
 #include "apILibraryLoaderOperations.h"
 
-// One open library; closed by the destructor, also after the operations that opened it are gone.
+// One open library. The destructor closes it, also after the operations that opened it are gone, unless its code is to
+// stay mapped.
 class VELPLATFORM_API apDynamicLibrary {
  public:
   apDynamicLibrary(const apILibraryLoaderOperations* operations, apILibraryLoaderOperations::Handle handle)
       : operations_(operations), handle_(std::move(handle)) {}
+  ~apDynamicLibrary();
+  apDynamicLibrary(const apDynamicLibrary&) = delete;
+  apDynamicLibrary& operator=(const apDynamicLibrary&) = delete;
 
   // The address of an exported name, or null and a status that is not good. Asks the operations, which must live.
   void* proc_address(const char* name, apStatus& status) const;
 
+  // Whether the destructor leaves the code mapped. The last call counts.
+  void set_lifetime(apILibraryLoaderOperations::Lifetime lifetime) { lifetime_ = lifetime; }
+
  private:
   const apILibraryLoaderOperations* operations_;
   apILibraryLoaderOperations::Handle handle_;
+  apILibraryLoaderOperations::Lifetime lifetime_ = apILibraryLoaderOperations::Lifetime::unload;
 };

@@ -18,7 +18,9 @@ class VELPLATFORM_API apILibraryLoaderOperations {
 
   virtual ~apILibraryLoaderOperations();
 
-  // Null, and a status that says why, when the library cannot be opened. A relative path is refused.
+  // Null, and a status that says why, when the library cannot be opened. A relative path is refused, and so is a file
+  // that is no regular file or that was cut short. A library that nobody has open any more and whose file has changed
+  // is opened as it is now, also when the system could not unload the old one.
   virtual Handle open(const apPathName& path, Lifetime lifetime, apStatus& status) const = 0;
   virtual void* symbol(void* library, const char* name, apStatus& status) const = 0;
 

@@ -4,6 +4,11 @@
 
 apILibraryLoaderOperations::~apILibraryLoaderOperations() = default;
 
+apDynamicLibrary::~apDynamicLibrary() {
+  // A handle that is never closed keeps the code.
+  if (lifetime_ == apILibraryLoaderOperations::Lifetime::keep_mapped) static_cast<void>(handle_.release());
+}
+
 void* apDynamicLibrary::proc_address(const char* name, apStatus& status) const {
   return operations_->symbol(handle_.get(), name, status);
 }

@@ -1,9 +1,17 @@
 #include <dlfcn.h>
+#include <sys/mman.h>
+#include <sys/sendfile.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cstdint>
+#include <map>
+#include <mutex>
 #include <string>
 
+#include "apElfFile.h"
 #include "apILibraryLoaderOperations.h"
+#include "apRegularFile.h"
 #include "apSystemPath.h"
 
 namespace {
@@ -13,29 +21,120 @@ utString last_failure() {
   return text ? text : "unknown reason";
 }
 
-void close(void* library) {
+// Tells two contents of a path apart without reading them.
+struct FileState {
+  dev_t device = 0;
+  ino_t inode = 0;
+  off_t size = 0;
+  time_t seconds = 0;
+  long nanoseconds = 0;
+
+  bool operator==(const FileState&) const = default;
+};
+
+FileState state_of(const apRegularFile& file) {
+  struct stat info {};
+  fstat(file.descriptor(), &info);
+  return {info.st_dev, info.st_ino, info.st_size, info.st_mtim.tv_sec, info.st_mtim.tv_nsec};
+}
+
+// A name under which the system's loader finds a copy of the file; empty when there is no memory for it. The
+// descriptor stays open for as long as the process, so that no later copy gets the same name.
+std::string copy_in_memory(const apRegularFile& file) {
+  const int copy = memfd_create("library", MFD_CLOEXEC);
+  if (copy < 0) return "";
+  off_t offset = 0;
+  while (static_cast<std::uint64_t>(offset) < file.size()) {
+    const auto left = static_cast<std::size_t>(file.size() - static_cast<std::uint64_t>(offset));
+    if (sendfile(copy, file.descriptor(), &offset, left) > 0) continue;
+    close(copy);
+    return "";
+  }
+  return "/proc/self/fd/" + std::to_string(copy);
+}
+
+// The libraries that were opened by their paths. The system cannot unload some of them, those that define symbols which
+// are unique in the process; it goes on to give such a library under its name, whatever the file holds by then.
+class OpenedLibraries {
+ public:
+  // Under which name to open the file: its path, or, when the system would give what the file held before and nobody
+  // uses that, the name of a copy.
+  std::string name_for(const std::string& path, const apRegularFile& file) {
+    const std::lock_guard guard(lock_);
+    const auto known = libraries_.find(path);
+    if (known == libraries_.end()) return path;
+    Library& library = known->second;
+    if (library.name == path && !is_mapped(path)) return path;
+    if (users_.contains(library.handle) || library.file == state_of(file)) return library.name;
+    const std::string copy = copy_in_memory(file);
+    if (!copy.empty()) library = {copy, nullptr, state_of(file)};
+    return library.name;
+  }
+
+  void add_user(void* handle, const std::string& path, const std::string& name, const apRegularFile& file) {
+    const std::lock_guard guard(lock_);
+    if (++users_[handle] == 1) libraries_[path] = {name, handle, state_of(file)};
+  }
+
+  void remove_user(void* handle) {
+    const std::lock_guard guard(lock_);
+    if (--users_[handle] == 0) users_.erase(handle);
+  }
+
+ private:
+  struct Library {
+    std::string name;
+    void* handle = nullptr;
+    FileState file;
+  };
+
+  static bool is_mapped(const std::string& name) {
+    void* library = dlopen(name.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (library) dlclose(library);
+    return library != nullptr;
+  }
+
+  std::mutex lock_;
+  std::map<std::string, Library> libraries_;  // by path
+  std::map<void*, int> users_;                // by handle
+};
+
+OpenedLibraries& opened() {
+  static auto* libraries = new OpenedLibraries;
+  return *libraries;
+}
+
+void close_library(void* library) {
+  opened().remove_user(library);
   dlclose(library);
 }
 
 class SystemLibraries : public apILibraryLoaderOperations {
  public:
   Handle open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
-    Handle library(nullptr, close);
+    Handle library(nullptr, close_library);
     const std::string name = ap_system_path(path);
     // The system would look for a relative name in places of its own.
     if (name.empty() || name.front() != '/') {
       status.set_failure("the path of a library must be absolute");
       return library;
     }
-    // The system's loader would wait for whoever writes to a pipe.
-    struct stat info {};
-    if (stat(name.c_str(), &info) == 0 && !S_ISREG(info.st_mode)) {
-      status.set_failure(S_ISDIR(info.st_mode) ? "it is a directory" : "it is not a regular file");
+    // The system's loader would wait for whoever writes to a pipe, and die of a file that was cut short.
+    const apRegularFile file(name, status);
+    if (!file.good()) return library;
+    if (const utString missing = ap_missing_part_of_library(file); !missing.is_null()) {
+      status.set_failure(missing);
       return library;
     }
+    const std::string name_of_content = opened().name_for(name, file);
     const int flags = RTLD_NOW | RTLD_LOCAL | (lifetime == Lifetime::keep_mapped ? RTLD_NODELETE : 0);
-    library.reset(dlopen(name.c_str(), flags));
-    if (!library) status.set_failure(last_failure());
+    void* handle = dlopen(name_of_content.c_str(), flags);
+    if (!handle) {
+      status.set_failure(last_failure());
+      return library;
+    }
+    opened().add_user(handle, name, name_of_content, file);
+    library.reset(handle);
     return library;
   }
 
