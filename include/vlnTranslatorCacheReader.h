@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,8 +22,9 @@ class vlnLibraryIndex;
 
 // Reads "translators.lst" (vlnTranslatorCacheWriter says how it looks) and turns each record back into a description
 // that is marked as from the cache. A record that cannot be parsed, or whose library is no longer on the search path,
-// is dropped without a word: discovery then describes that library afresh. A line may hold at most 1023 characters; a
-// longer one, or an empty one, ends the reading for good. Nothing that is passed by pointer is owned.
+// is dropped without a word: discovery then describes that library afresh. Of a line of more than 1023 characters only
+// these count; it ends the reading for good, and so does an empty line. A file of more than 64 MiB is not read. Each
+// directory of the search path is listed once. Nothing that is passed by pointer is owned.
 class VLN_API vlnTranslatorCacheReader {
  public:
   // Reads the file whole into the two sets. `result` is 1 when at least one record gave a description, else 0.
@@ -31,11 +33,6 @@ class VLN_API vlnTranslatorCacheReader {
                            const apIStringEncoding* encoding, const apIStringCompare* compare,
                            const velabsAppInfo* app_info, int& result);
 
-  // The same over libraries that were listed before.
-  vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vlnTranslatorDlls& outputs, const apPathName& cache_file,
-                           std::shared_ptr<const vlnLibraryIndex> libraries,
-                           const vlnSecureTranslatorInfoFactory* factory, const apIStringEncoding* encoding,
-                           const apIStringCompare* compare, const velabsAppInfo* app_info, int& result);
   ~vlnTranslatorCacheReader();
 
   // Reads on from where the last reading stopped; the same result.
@@ -51,8 +48,8 @@ class VLN_API vlnTranslatorCacheReader {
   // long as the reader lives.
   std::vector<std::string_view> records() const;
 
-  // False when the file is damaged: it could not be opened as a regular file, reading stopped on a failed stream, or it
-  // has content without one complete record.
+  // False when the file is damaged: it could not be opened as a regular file, it is too large, reading stopped on a
+  // failed stream, or it has content without one complete record.
   bool intact() const;
 
   // False when the file holds something behind the last record that was found: a record that was cut off, or what
@@ -86,14 +83,14 @@ class VLN_API vlnTranslatorCacheReader {
 
   vlnTranslatorDlls& inputs_;
   vlnTranslatorDlls& outputs_;
-  std::shared_ptr<const vlnLibraryIndex> libraries_;
+  std::unique_ptr<const vlnLibraryIndex> libraries_;
   const vlnSecureTranslatorInfoFactory* factory_;
   const apIStringEncoding* encoding_;
   const apIStringCompare* compare_;
   const apIStringEncoding* file_name_encoding_;
   apString library_extension_;
-  std::string text_;                    // the file without its line breaks
-  std::vector<std::size_t> line_ends_;  // where each line ends in it
+  std::string text_;                      // the file without its line breaks
+  std::vector<std::uint32_t> line_ends_;  // where each line ends in it
   Place place_;
   mutable velabsTranslatorCategorycoPrf category_;  // of the last record
   mutable std::wstring library_name_;               // kept for its room

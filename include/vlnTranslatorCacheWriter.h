@@ -1,9 +1,9 @@
 #pragma once
 
-#include <fstream>
 #include <string>
 
 #include "apIStringEncoding.h"
+#include "apRegularFile.h"
 #include "utString.h"
 #include "vlnExport.h"
 #include "vlnTranslatorDlls.h"
@@ -15,12 +15,19 @@
 //
 // A record is "{" on a line, then, each line with two blanks in front and a comma behind: file name, direction, format
 // name, file types, extensions, filter text, category, further text, and, without a comma, a further number; then "}".
-// Texts stand in double quotes, lists in braces. Nothing is escaped: a value with a double quote, a line break or an
-// unbalanced brace keeps its record out of the file (vlnLOAD_ENCODING_FAILED), as does one that the encoding cannot
-// hold.
+// Texts stand in double quotes, lists in braces. Nothing is escaped, so a record is skipped (vlnLOAD_ENCODING_FAILED)
+// when
+// - a value contains a double quote, a line feed, a carriage return, a null character or an unbalanced brace;
+// - the encoding has no bytes for its file name, its format name or an extension;
+// - a line would be longer than the 1023 characters that the reader takes;
+// - one of its file types has no name.
+// A record is also skipped when its library cannot be opened; the status then gives the reason.
+//
+// Only a regular file is written: a pipe or a device is unwritable (vlnLOAD_CACHE_UNWRITABLE) and is not opened.
 class VLN_API vlnTranslatorCacheWriter {
  public:
-  // Makes one whole pass: inputs, then outputs. The sets and the encoding must outlive the writer.
+  // Makes one whole pass: inputs, then outputs. The sets and the encoding must outlive the writer. Without an encoding
+  // texts are UTF-8.
   vlnTranslatorCacheWriter(const utString& cache_file, const vlnTranslatorDlls& inputs,
                            const vlnTranslatorDlls& outputs, const apIStringEncoding* encoding, int& records_written,
                            vlnTranslatorLoadStatus& status);
@@ -30,7 +37,7 @@ class VLN_API vlnTranslatorCacheWriter {
   // many records it wrote whole.
   int make_cache_file(vlnTranslatorLoadStatus& status);
 
-  // Writes one record whole or not at all.
+  // Writes one record whole or not at all. Nothing, and a status that is not set, for a null description.
   vlnTranslatorLoadStatus write_next_dll(const vlnTranslatorInfo* info);
 
   // The text of one record from what the description holds, whether its library was opened or not. Empty when a value
@@ -43,5 +50,6 @@ class VLN_API vlnTranslatorCacheWriter {
   const vlnTranslatorDlls& inputs_;
   const vlnTranslatorDlls& outputs_;
   const apIStringEncoding* encoding_;
-  std::ofstream stream_;
+  apStatus opening_;
+  apRegularFileWriter file_;
 };

@@ -15,8 +15,9 @@
 class vlnLibraryIndex;
 
 // Fills the two translator sets at start-up: first from the cache, then from every library on the search path that the
-// cache did not name. With a whole cache no library is opened, and each directory is listed once. The encoding, the
-// comparison and the description factory are not owned.
+// cache did not name. With a whole cache no library is opened. Each directory is listed twice: for the records of
+// the cache, and by the lister of the search path for the libraries that they do not name. The encoding, the comparison
+// and the description factory are not owned; without a description factory both sets stay empty.
 class VLN_API vlnTranslatorDllsFactory {
  public:
   vlnTranslatorDllsFactory(const apIStringEncoding* encoding, const apIStringCompare* compare,

@@ -40,23 +40,13 @@ vlnTranslatorCacheReader::vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vl
                                                    const vlnSecureTranslatorInfoFactory* factory,
                                                    const apIStringEncoding* encoding, const apIStringCompare* compare,
                                                    const velabsAppInfo* app_info, int& result)
-    : vlnTranslatorCacheReader(inputs, outputs, cache_file,
-                               std::make_shared<const vlnLibraryIndex>(vlnLibraryIndex::of_entries(search_path)),
-                               factory, encoding, compare, app_info, result) {}
-
-vlnTranslatorCacheReader::vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vlnTranslatorDlls& outputs,
-                                                   const apPathName& cache_file,
-                                                   std::shared_ptr<const vlnLibraryIndex> libraries,
-                                                   const vlnSecureTranslatorInfoFactory* factory,
-                                                   const apIStringEncoding* encoding, const apIStringCompare* compare,
-                                                   const velabsAppInfo* app_info, int& result)
     : inputs_(inputs),
       outputs_(outputs),
-      libraries_(std::move(libraries)),
+      libraries_(std::make_unique<const vlnLibraryIndex>(vlnLibraryIndex::of_entries(search_path))),
       factory_(factory),
-      encoding_(encoding),
+      encoding_(encoding ? encoding : apStringEncodingChooser().ut_encoding()),
       compare_(compare),
-      file_name_encoding_(app_info ? app_info->ut_encoding() : encoding),
+      file_name_encoding_(app_info ? app_info->ut_encoding() : encoding_),
       library_extension_(vln_shared_library_extension()) {
   const utString path = apStringEncodingChooser().ut_encoding()->to_utString(cache_file.string());
   readable_ = read_lines(path);
@@ -118,9 +108,10 @@ bool vlnTranslatorCacheReader::read_to_end() const {
 
 bool vlnTranslatorCacheReader::read_lines(const utString& path) {
   constexpr std::size_t block = std::size_t{64} << 10;
+  constexpr std::uint64_t largest_file = std::uint64_t{64} << 20;
   apStatus status;
   const apRegularFile file(path, status);
-  if (!file.good()) return false;
+  if (!file.good() || file.size() > largest_file) return false;
   any_text_ = file.size() > 0;
   constexpr std::uint64_t room_at_first = std::uint64_t{8} << 20;
   text_.reserve(static_cast<std::size_t>(std::min(file.size(), room_at_first)));
@@ -128,16 +119,19 @@ bool vlnTranslatorCacheReader::read_lines(const utString& path) {
   // In blocks, so that a file that is no cache costs no more than its first line.
   std::string unjoined;
   std::uint64_t place = 0;
-  for (std::size_t got = block; got == block && status.ok();) {
+  while (place < file.size() && status.ok()) {
     const std::size_t kept = unjoined.size();
-    unjoined.resize(kept + block);
-    got = file.read_at(place, unjoined.data() + kept, block, status);
+    const std::size_t wanted = static_cast<std::size_t>(std::min<std::uint64_t>(block, file.size() - place));
+    unjoined.resize(kept + wanted);
+    const std::size_t got = file.read_at(place, unjoined.data() + kept, wanted, status);
     unjoined.resize(kept + got);
     place += got;
-    if (!join_lines(unjoined, got < block)) {
+    const bool is_last = got < wanted || place == file.size();
+    if (!join_lines(unjoined, is_last)) {
       any_text_unread_ = any_text_unread_ || place < file.size();
       break;
     }
+    if (is_last) break;
   }
   return status.ok();
 }
@@ -149,7 +143,8 @@ bool vlnTranslatorCacheReader::join_lines(std::string& unjoined, bool is_last) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
     const bool is_whole = end < rest.size() || is_last;
     if (!is_whole && end <= longest_line) break;
-    std::string_view line = rest.substr(0, end);
+    // What is within the limit may close a record.
+    std::string_view line = rest.substr(0, std::min(end, longest_line));
     rest.remove_prefix(std::min(end + 1, rest.size()));
     while (line.ends_with('\r')) line.remove_suffix(1);
 
@@ -157,12 +152,11 @@ bool vlnTranslatorCacheReader::join_lines(std::string& unjoined, bool is_last) {
     const std::size_t joined = text_.size();
     text_ += line;
     line_too_long_ = end > longest_line;
-    if (line_too_long_ || line.empty()) {
-      text_.resize(joined);
+    if (text_.size() > joined) line_ends_.push_back(static_cast<std::uint32_t>(text_.size()));
+    if (line_too_long_ || text_.size() == joined) {
       any_text_unread_ = line_too_long_ || rest.find_first_not_of("\r\n") != rest.npos;
       return false;
     }
-    line_ends_.push_back(text_.size());
   }
   unjoined.erase(0, unjoined.size() - rest.size());
   return true;
@@ -176,6 +170,7 @@ int vlnTranslatorCacheReader::make_info_from_string(const utString& record,
 bool vlnTranslatorCacheReader::make_info(std::string_view record,
                                          std::unique_ptr<vlnSecureTranslatorInfo>& info) const {
   info.reset();
+  if (!factory_) return false;
   std::string_view text;
   if (!vln_take_string(record, text)) return false;
   apPathName library = find_library(text);

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "apStringEncodingChooser.h"
 #include "vlnTranslatorDllsIT.h"
 #include "vluFileTypeInfo.h"
 
@@ -109,8 +110,8 @@ vlnTranslatorCacheWriter::vlnTranslatorCacheWriter(const utString& cache_file, c
                                                    int& records_written, vlnTranslatorLoadStatus& status)
     : inputs_(inputs),
       outputs_(outputs),
-      encoding_(encoding),
-      stream_(cache_file.str(), std::ios::binary | std::ios::trunc) {
+      encoding_(encoding ? encoding : apStringEncodingChooser().ut_encoding()),
+      file_(cache_file, opening_) {
   records_written = make_cache_file(status);
 }
 
@@ -137,15 +138,14 @@ std::string vlnTranslatorCacheWriter::record_text(const vlnTranslatorInfo& info,
 }
 
 vlnTranslatorLoadStatus vlnTranslatorCacheWriter::write_next_dll(const vlnTranslatorInfo* info) {
-  if (!stream_.good()) return vlnTranslatorLoadStatus(vlnLOAD_CACHE_UNWRITABLE);
+  if (!info) return {};
+  if (!file_.good()) return vlnTranslatorLoadStatus(vlnLOAD_CACHE_UNWRITABLE);
   vlnTranslatorLoadStatus loaded(vlnLOAD_OK);
   info->load_now(loaded);
   if (!loaded.ok()) return loaded;
 
   const std::string record = record_text(*info, *encoding_);
   if (record.empty()) return vlnTranslatorLoadStatus(vlnLOAD_ENCODING_FAILED);
-  // A full disk shows only when the text leaves the buffer.
-  stream_.write(record.data(), static_cast<std::streamsize>(record.size()));
-  stream_.flush();
-  return vlnTranslatorLoadStatus(stream_.good() ? vlnLOAD_OK : vlnLOAD_CACHE_UNWRITABLE);
+  file_.write(record);
+  return vlnTranslatorLoadStatus(file_.good() ? vlnLOAD_OK : vlnLOAD_CACHE_UNWRITABLE);
 }

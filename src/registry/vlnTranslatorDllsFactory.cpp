@@ -19,16 +19,15 @@ vlnTranslatorLoadStatus vlnTranslatorDllsFactory::create_translator_dlls(
   if (search_path.empty()) return vlnTranslatorLoadStatus(vlnLOAD_SEARCH_PATH_EMPTY);
 
   vlnTranslatorLoadStatus status(vlnLOAD_OK);
-  // One listing serves the cache's records and the libraries that it does not name.
-  const auto libraries = std::make_shared<const vlnLibraryIndex>(vlnLibraryIndex::of_libraries(search_path));
-  for (vlnTranslatorDlls* set : {inputs.get(), outputs.get()}) set->reserve(libraries->files().size());
+  const vlnLibraryIndex libraries = vlnLibraryIndex::of_libraries(search_path);
+  for (vlnTranslatorDlls* set : {inputs.get(), outputs.get()}) set->reserve(libraries.files().size());
   if (!cache_file.invalid()) {
     int any_record = 0;
-    const vlnTranslatorCacheReader reader(*inputs, *outputs, cache_file, libraries, descriptions_, encoding_, compare_,
-                                          app_info, any_record);
+    const vlnTranslatorCacheReader reader(*inputs, *outputs, cache_file, search_path, descriptions_, encoding_,
+                                          compare_, app_info, any_record);
     if (!reader.intact()) status.merge_status(vlnTranslatorLoadStatus(vlnLOAD_CACHE_UNREADABLE));
   }
-  get_translators_not_in_cache(*libraries, *inputs, *outputs, status);
+  get_translators_not_in_cache(libraries, *inputs, *outputs, status);
   if (!preferred_output_format.empty()) outputs->set_preferred_output_format(preferred_output_format);
   return status;
 }
@@ -44,6 +43,7 @@ void vlnTranslatorDllsFactory::get_translators_not_in_cache(const vlnLibraryInde
   }
   if (libraries.directory_missing()) status.merge_status(vlnTranslatorLoadStatus(vlnLOAD_DIRECTORY_MISSING));
 
+  if (!descriptions_) return;
   for (std::size_t i = 0; i < known.size(); ++i) {
     if (known[i]) continue;
     vlnTranslatorLoadStatus described(vlnLOAD_OK);

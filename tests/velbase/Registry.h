@@ -43,6 +43,7 @@ class OpenInfo : public vlnSecureTranslatorInfo {
   using vlnTranslatorInfo::set_file;
   using vlnTranslatorInfo::set_filter;
   using vlnTranslatorInfo::set_format_name;
+  using vlnTranslatorInfo::set_from_cache;
   using vlnTranslatorInfo::set_further;
   using vlnTranslatorInfo::set_translator_category;
   using vlnTranslatorInfo::set_type;
@@ -64,6 +65,14 @@ struct Registry {
     return {vlnSearchPath(encoding->to_apString(directories)), &lister};
   }
   vlnFormatName format(const std::string& name) const { return {encoding->to_apString(name), encoding, &compare}; }
+
+  // Without a library yet, as from a cache.
+  std::unique_ptr<OpenInfo> unloaded(const std::string& file) const {
+    auto made = std::make_unique<OpenInfo>(&loader, encoding, &compare);
+    made->set_file(path(file));
+    made->set_from_cache(1);
+    return made;
+  }
 
   std::unique_ptr<OpenInfo> info(const std::string& format_name, vlnTranslatorType type,
                                  const std::string& file = "/lib/x.dll") const {

@@ -1,4 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
 
 #include "Registry.h"
 #include "apStringEncodings.h"
@@ -21,9 +25,8 @@ class CacheTest : public testing::Test {
     inputs = registry.sets.empty_dlls();
     outputs = registry.sets.empty_dlls();
     int result = -1;
-    const vlnTranslatorCacheReader reader(*inputs, *outputs, registry.path(file), registry.search_path(dir / "lib"),
-                                          &registry.descriptions, registry.encoding, &registry.compare,
-                                          &registry.app_info, result);
+    const vlnTranslatorCacheReader reader(*inputs, *outputs, registry.path(file), registry.search_path(directories),
+                                          &registry.descriptions, encoding, &registry.compare, app_info, result);
     intact = reader.intact();
     read_to_end = reader.read_to_end();
     records.clear();
@@ -39,6 +42,9 @@ class CacheTest : public testing::Test {
 
   TemporaryDirectory dir;
   Registry registry;
+  std::string directories = dir / "lib";
+  const apIStringEncoding* encoding = registry.encoding;
+  const velabsAppInfo* app_info = &registry.app_info;
   std::unique_ptr<vlnTranslatorDlls> inputs = registry.sets.empty_dlls(), outputs = registry.sets.empty_dlls();
   vlnTranslatorLoadStatus status{vlnLOAD_OK};
   int written = -1;
@@ -68,7 +74,7 @@ TEST_F(CacheTest, LayoutDoesNotMatter) {
   std::string one_line = record("step.dll", "input", "STEP");
   std::erase(one_line, '\n');
   std::string crlf = record("step.dll", "input", "STEP");
-  for (std::size_t at = 0; (at = crlf.find('\n', at)) != crlf.npos; at += 2) crlf.insert(at, "\r");
+  for (std::size_t at = 0; (at = crlf.find('\n', at)) != crlf.npos; at += 3) crlf.insert(at, "\r\r");
   const struct {
     std::string cache;
     std::size_t records;
@@ -97,9 +103,10 @@ TEST_F(CacheTest, LayoutDoesNotMatter) {
 TEST_F(CacheTest, BrokenAndStaleRecordsAreDroppedAlone) {
   const std::string good = record("step.dll", "input", "STEP");
   for (const std::string& bad :
-       {record("gone.dll", "input", "X"), record("../lib/step.dll", "input", "X"), record("step.dll", "sideways", "X"),
-        record("step.dll", "input", "X", "\"STEP\",\"No such type\""), record("step.dll", "input", "X", "STEP"),
-        std::string("{}\n"), std::string("{ \"step.dll\", \"input\" }\n"), std::string("{\"step.dll\n")}) {
+       {record("gone.dll", "input", "X"), record("../lib/step.dll", "input", "X"), record("LIBstep.dll", "input", "X"),
+        record("step.dll", "sideways", "X"), record("step.dll", "input", "X", "\"STEP\",\"No such type\""),
+        record("step.dll", "input", "X", "STEP"), std::string("{}\n"), std::string("{ \"step.dll\", \"input\" }\n"),
+        std::string("{\"step.dll\n")}) {
     read(good + bad);
     EXPECT_EQ(registry.formats(*inputs), std::vector<std::string>{"STEP"}) << bad;
     read(bad);
@@ -119,6 +126,65 @@ TEST_F(CacheTest, LibrariesAreFoundInEitherFormAndAnyCase) {
     read(record(c.recorded, "input", "F"));
     ASSERT_EQ(inputs->count(), 1U) << c.recorded;
     EXPECT_EQ(inputs->translator_for_format("F")->file_ut(), dir / c.found);
+  }
+}
+
+TEST_F(CacheTest, AnExactSpellingIsPreferredWithinADirectory) {
+  dir.write("lib/STEP.DLL", "");
+  dir.write("other/exact.dll", "");
+  dir.write("lib/EXACT.DLL", "");
+  directories = (dir / "lib") + ";" + (dir / "other");
+  for (const char* name : {"lib/STEP.DLL", "lib/step.dll"}) {
+    read(record(name + 4, "input", "F"));
+    EXPECT_EQ(inputs->translator_for_format("F")->file_ut(), dir / name);
+  }
+  read(record("exact.dll", "input", "F"));
+  EXPECT_EQ(inputs->translator_for_format("F")->file_ut(), dir / "lib/EXACT.DLL") << "the first directory decides";
+}
+
+TEST_F(CacheTest, NamesAreDecodedByTheApplicationAndTheRestByTheReader) {
+  const apAsciiEncoding ascii;
+  dir.write("lib/\xC3\xB6.dll", "");
+  const velabsAppInfo latin("test", "1", "test", "nobody", "ISO-8859-1");
+  app_info = &latin;
+  EXPECT_EQ(read(record("\xF6", "input", "X")), 1);
+  EXPECT_EQ(read(record("\xC3\xB6", "input", "X")), 0);
+  encoding = &ascii;
+  EXPECT_EQ(read(record("\xF6", "input", "X")), 1);
+  EXPECT_EQ(read(record("step", "input", "\xF6")), 0) << "the format name";
+  std::string other_extension = record("step", "input", "X");
+  other_extension.replace(other_extension.find("stp"), 3, "st\xF6");
+  EXPECT_EQ(read(other_extension), 0);
+}
+
+TEST_F(CacheTest, OfALineNoMoreThan1023CharactersCount) {
+  const std::string after = record("step.dll", "input", "after");
+  const std::string start = "{\"step\",\"input\",\"A\",{},{},\"\",\"";
+  const struct {
+    std::size_t closing_brace, length;  // of the long line
+    std::size_t records;
+    bool intact;
+  } cases[] = {{1023, 1023, 2, true},   // whole
+               {1023, 1024, 1, false},  // closed within the limit; then reading ends
+               {1023, 5000, 1, false},
+               {1024, 1024, 0, false}};
+  for (const auto& c : cases) {
+    std::string line = start + std::string(c.closing_brace - start.size() - 2, 'x') + "\"}";
+    line.resize(c.length, ' ');
+    EXPECT_EQ(read(line + "\n" + after), c.records > 0 ? 1 : 0) << c.closing_brace << ' ' << c.length;
+    EXPECT_EQ(inputs->count(), c.records);
+    EXPECT_EQ(intact, c.intact);
+    EXPECT_EQ(read_to_end, c.intact);
+  }
+}
+
+TEST_F(CacheTest, AFileOfMoreThan64MebibytesIsNotRead) {
+  const std::string file = dir.write("large.lst", record("step.dll", "input", "A"));
+  const std::uintmax_t limit = std::uintmax_t{64} << 20;
+  for (const std::uintmax_t size : {limit, limit + 1}) {
+    std::filesystem::resize_file(file, size);
+    EXPECT_EQ(read_file(file), size == limit ? 1 : 0);
+    EXPECT_FALSE(intact);
   }
 }
 
@@ -158,7 +224,7 @@ TEST(CacheFields, AreTakenFromTheFront) {
 
   text = "{\"a\" b}";
   EXPECT_FALSE(Reader::extract_list(text, list));
-  for (const char* none : {"", "{", "{a", "}{a}", "\"", "\"open", "bare", "x}", ",", "99999999999"}) {
+  for (const char* none : {"", "{", "{a", "}{a}", "\"", "\"open", "bare", "x}", ",", "99999999999", "12x", "1 2"}) {
     text = none;
     EXPECT_TRUE(Reader::extract_set_string(text).is_null()) << none;
     EXPECT_FALSE(Reader::extract_string(text, value)) << none;
@@ -178,20 +244,30 @@ TEST_F(CacheTest, WritesEachRecordWholeOrNotAtAll) {
   plain->set_further("more", -1);
   inputs->add_translator(std::move(plain));
   for (const std::string& unwritable :
-       {std::string("quote\""), std::string("brace}"), std::string(1020, 'x'), std::string("not ASCII: \xC3\xB6")}) {
+       {std::string("quote\""), std::string("brace}"), std::string("brace{"), std::string("line\nfeed"),
+        std::string("carriage\rreturn"), std::string("null\0", 5), std::string(1019, 'x'),
+        std::string("not ASCII: \xC3\xB6")}) {
     inputs->add_translator(registry.info(unwritable, vlnTRANSLATOR_INPUT));
   }
+  auto unnamed_type = registry.info("F", vlnTRANSLATOR_INPUT);
+  unnamed_type->add_file_type(static_cast<vluFileType>(9999));
+  inputs->add_translator(std::move(unnamed_type));
+  auto long_name = registry.info(std::string(1018, 'x'), static_cast<vlnTranslatorType>(2), "/l/long.dll");
+  outputs->add_translator(std::move(long_name));
   outputs->add_translator(registry.info("odd", static_cast<vlnTranslatorType>(2), "/l/odd.dll"));
 
   const apAsciiEncoding ascii;
   const std::string file = dir / "translators.lst";
   { const vlnTranslatorCacheWriter writer(file, *inputs, *outputs, &ascii, written, status); }
-  EXPECT_EQ(written, 2);
+  EXPECT_EQ(written, 3);
   EXPECT_TRUE(status.types().contains(vlnLOAD_ENCODING_FAILED));
   EXPECT_EQ(TemporaryDirectory::read(file),
             "{\n  \"stepreader.dll\",\n  \"input\",\n  \"STEP\",\n  {\"STEP\"},\n  {\"stp\",\"step\"},\n"
             "  \"STEP files (*.stp;*.step)|*.stp;*.step\",\n  \"Exchange\",\n  \"more\",\n  -1\n}\n"
-            "{\n  \"odd.dll\",\n  \"odd\",\n  {},\n  {},\n  \"\",\n  \"\",\n  \"\",\n  0\n}\n");
+            "{\n  \"long.dll\",\n  \"" +
+                std::string(1018, 'x') +
+                "\",\n  {},\n  {},\n  \"\",\n  \"\",\n  \"\",\n"
+                "  0\n}\n{\n  \"odd.dll\",\n  \"odd\",\n  {},\n  {},\n  \"\",\n  \"\",\n  \"\",\n  0\n}\n");
 }
 
 TEST_F(CacheTest, AnEmptyRegistryMakesAnEmptyFileAndAFullDiskIsTold) {
@@ -201,12 +277,39 @@ TEST_F(CacheTest, AnEmptyRegistryMakesAnEmptyFileAndAFullDiskIsTold) {
   EXPECT_TRUE(status.ok());
 
   inputs->add_translator(registry.info("A", vlnTRANSLATOR_INPUT));
-  for (const std::string& unwritable : {std::string("/dev/full"), dir / "missing/translators.lst"}) {
+  ASSERT_EQ(mkfifo((dir / "pipe").c_str(), 0600), 0);
+  for (const std::string& unwritable :
+       {std::string("/dev/full"), std::string("/dev/null"), dir / "pipe", dir / "lib", dir / "missing/file"}) {
     vlnTranslatorLoadStatus failed(vlnLOAD_OK);
     const vlnTranslatorCacheWriter writer(unwritable, *inputs, *outputs, registry.encoding, written, failed);
     EXPECT_EQ(written, 0);
     EXPECT_TRUE(failed.types().contains(vlnLOAD_CACHE_UNWRITABLE)) << unwritable;
   }
+
+  // A file that may not grow fails as a full disk does.
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit full{10, before.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &full);
+  { const vlnTranslatorCacheWriter writer(file, *inputs, *outputs, registry.encoding, written, status); }
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(written, 0);
+  EXPECT_TRUE(status.types().contains(vlnLOAD_CACHE_UNWRITABLE));
+}
+
+TEST_F(CacheTest, ARecordIsWrittenFromTheLibraryNotFromTheCache) {
+  auto cached = registry.unloaded(VEL_FIXTURES "/good_input.dll");
+  cached->set_format_name(registry.format("old"));
+  inputs->add_translator(std::move(cached));
+  inputs->add_translator(registry.unloaded(dir / "gone.dll"));
+  const std::string file = dir / "translators.lst";
+  vlnTranslatorCacheWriter writer(file, *inputs, *outputs, nullptr, written, status);
+  EXPECT_EQ(written, 1) << "a library that cannot be opened has no record";
+  EXPECT_EQ(status.types(), (std::set{vlnLOAD_OK, vlnLOAD_FILE_FAILED}));
+  EXPECT_NE(TemporaryDirectory::read(file).find("\"A / B X\""), std::string::npos);
+  EXPECT_TRUE(writer.write_next_dll(nullptr).invalid());
 }
 
 TEST_F(CacheTest, WhatIsWrittenReadsBackTheSame) {

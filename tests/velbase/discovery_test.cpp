@@ -46,7 +46,7 @@ class DiscoveryTest : public testing::Test {
 TEST_F(DiscoveryTest, DescribesEveryLibraryAndLeavesBrokenOnesOut) {
   const vlnTranslatorLoadStatus status = discover(VEL_FIXTURES ";" + (dir / "missing"));
   EXPECT_EQ(registry.formats(*inputs), (std::vector<std::string>{"A / B X", "Fixture", "say \"cheese\""}));
-  EXPECT_EQ(registry.formats(*outputs), (std::vector<std::string>{"Fixture", "Good", "Viewer"}));
+  EXPECT_EQ(registry.formats(*outputs), (std::vector<std::string>{"Fixture", "Good", "reflecting", "Viewer"}));
   EXPECT_EQ(status.types(),
             (std::set{vlnLOAD_OK, vlnLOAD_NO_LIBRARY_OBJECT, vlnLOAD_FILE_FAILED, vlnLOAD_DIRECTORY_MISSING}));
 }
@@ -59,7 +59,7 @@ TEST_F(DiscoveryTest, AnEmptySearchPathEndsItAtOnce) {
   EXPECT_EQ(inputs->count() + outputs->count(), 0U);
 }
 
-TEST_F(DiscoveryTest, OpensNothingAndListsOnceWhenTheCacheIsWhole) {
+TEST_F(DiscoveryTest, OpensNothingAndListsTwiceWhenTheCacheIsWhole) {
   std::string cache;
   for (int i = 0; i < 40; ++i) {
     const std::string number = std::to_string(i);
@@ -72,7 +72,7 @@ TEST_F(DiscoveryTest, OpensNothingAndListsOnceWhenTheCacheIsWhole) {
   EXPECT_TRUE(status.ok());
   EXPECT_EQ(inputs->count() + outputs->count(), 40U);
   EXPECT_EQ(registry.libraries.opened, 0);
-  EXPECT_EQ(listings[dir / "lib"], 1);
+  EXPECT_EQ(listings[dir / "lib"], 2) << "for all records, and by the lister";
 }
 
 TEST_F(DiscoveryTest, OnlyWhatTheCacheDoesNotNameIsOpened) {
@@ -90,6 +90,20 @@ TEST_F(DiscoveryTest, OnlyWhatTheCacheDoesNotNameIsOpened) {
   EXPECT_TRUE(discover(dir / "lib", dir / "translators.lst").ok()) << "a stale record is no failure";
   EXPECT_EQ(inputs->count(), 0U);
   EXPECT_EQ(outputs->count(), 1U);
+}
+
+TEST_F(DiscoveryTest, RecordsAreLookedUpOnTheSearchPathWhateverTheListerGives) {
+  copy_fixture("good_input", dir.path() / "lib");
+  discover(dir / "lib");
+  const std::string cache = write_cache();
+  struct : vlnIFindByExtension {
+    void find_by_extension(apPathName, apString, std::vector<apPathName>&, bool& missing) const override {
+      missing = false;
+    }
+  } nothing;
+  const vlnTranslatorSearchPath path(vlnSearchPath(registry.path(dir / "lib")), &nothing);
+  registry.sets.create_translator_dlls(registry.path(cache), path, "", &registry.app_info, inputs, outputs);
+  EXPECT_EQ(inputs->count(), 1U);
 }
 
 TEST_F(DiscoveryTest, ADamagedCacheIsToldAndReplacedByTheLibraries) {
@@ -119,12 +133,20 @@ TEST_F(DiscoveryTest, TheEarlierOfTwoLibrariesOfOneFormatIsOpenedAgain) {
   discover(dir / "lib");
   EXPECT_TRUE(discover(dir / "lib", write_cache()).ok());
   EXPECT_EQ(registry.libraries.opened, 1);
-  EXPECT_EQ(inputs->count(), 3U);
+  std::vector<std::string> files;
+  vlnTranslatorDllsIT translators(*inputs);
+  while (++translators) files.push_back(translators()->file_name_ut().str());
+  EXPECT_EQ(files, (std::vector<std::string>{"a.dll", "b.dll", "a.dll"}));
 }
 
 TEST_F(DiscoveryTest, APreferredFormatReachesTheOutputSet) {
   copy_fixture("good_output", dir.path() / "lib");
   copy_fixture("viewer", dir.path() / "lib");
+  copy_fixture("reflecting", dir.path() / "lib");
+  setenv("FIXTURE_FORMAT", "iges", 1);
+  discover(dir / "lib");
+  unsetenv("FIXTURE_FORMAT");
+  EXPECT_EQ(outputs->default_output_format(nullptr)->format_name().ut_string(), "iges") << "no preference";
   registry.sets.create_translator_dlls(apPathName(), registry.search_path(dir / "lib"), "viewer", &registry.app_info,
                                        inputs, outputs);
   EXPECT_TRUE(outputs->default_output_format(nullptr)->is_viewer());

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "apExport.h"
 #include "apStatus.h"
@@ -27,9 +28,27 @@ class VELPLATFORM_API apRegularFile {
   std::size_t read_at(std::uint64_t place, char* to, std::size_t count, apStatus& status) const;
 
  private:
-  // Null, or why not.
-  utString open(const utString& path);
-
   int descriptor_ = -1;
   std::uint64_t size_ = 0;
+};
+
+// A regular file opened for writing, empty at first. It is made when there is none. As for reading, pipes, sockets and
+// devices are not opened.
+class VELPLATFORM_API apRegularFileWriter {
+ public:
+  // Sets the status and is not `good` when no regular file can be written under the path.
+  apRegularFileWriter(const utString& path, apStatus& status);
+  ~apRegularFileWriter();
+  apRegularFileWriter(const apRegularFileWriter&) = delete;
+  apRegularFileWriter& operator=(const apRegularFileWriter&) = delete;
+
+  // False for good once a byte could not be written.
+  bool good() const { return good_; }
+
+  // Appends; the bytes are with the system when it returns. Does nothing unless `good`.
+  void write(std::string_view bytes);
+
+ private:
+  int descriptor_ = -1;
+  bool good_ = false;
 };
