@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "apIFileOperations.h"
 #include "apILibraryLoaderOperations.h"
@@ -17,8 +18,9 @@
 // and file operations, application information) must outlive it, and it must outlive the sets' uses.
 class VLN_API vlnDLLLoader {
  public:
-  // Replaces both sets by what the cache and the library directory give. The application information must have been
-  // set. What failed is not reported.
+  // Replaces both sets by what the cache and the library directory give. May be called again, also with other sets; all
+  // of them may be used as long as the loader lives. What failed is not reported. Without application information
+  // texts are UTF-8; without a directory map both sets are empty.
   virtual void load_dlls(std::unique_ptr<vlnTranslatorDlls>& input, std::unique_ptr<vlnTranslatorDlls>& output);
 
   // The application's step after loading; the driver calls it last.
@@ -43,7 +45,7 @@ class VLN_API vlnDLLLoader {
   v2vTranslatorLoader libraries_;
   utObserverPtr<const apIFileOperations> files_;
   utObserverPtr<velabsAppInfo> app_info_;
-  // The descriptions hold it by pointer, so it lives until the next loading.
-  std::unique_ptr<apIStringCompare> compare_;
+  // One for each loading; the descriptions hold it by pointer.
+  std::vector<std::unique_ptr<apIStringCompare>> comparisons_;
   std::shared_ptr<vlnIAppDirMap> app_dir_map_;
 };

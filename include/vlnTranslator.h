@@ -24,6 +24,8 @@
 #include "vlnTranslatorInfo.h"
 #include "vlnValidator.h"
 
+class vlnResourceHandler;
+
 // One request at a time: input files, each read by the translator that suits its content, into one output file of a
 // named format. An application derives from it, calls `initialise` once, names files and resources, and runs; `run` may
 // be called again. One table of resource values serves all input files: it starts afresh for each, and the engine reads
@@ -41,7 +43,7 @@ class VLN_API vlnTranslator {
   // The application's own start-up, before anything else is made.
   virtual void set_up_application() = 0;
   virtual utObserverPtr<velabsAppInfo> app_info() = 0;
-  // Where the engine tells what happens. Either may be null.
+  // Where the engine reports what happens. Either may be null.
   virtual utObserverPtr<velabsOutput> primary_output() = 0;
   virtual utObserverPtr<velabsOutput> secondary_output() = 0;
   virtual std::unique_ptr<vlnDLLLoader> create_dll_loader() = 0;
@@ -49,10 +51,11 @@ class VLN_API vlnTranslator {
   virtual utString resolve_input_file(const utString& name) = 0;
 
   // Starts `table` afresh from the translator's resource file and puts the given values over it. A value that does not
-  // validate is skipped without a word.
+  // validate is ignored; the engine warns of it when the request runs.
   virtual void set_up_resources(const vlnTranslatorInfo* info, velTableInstance& table, const Resources& resources);
 
-  // Carries the request out. False, and nothing translated, when a file has no translator.
+  // Carries the request out. False, and nothing translated, when a file has no translator, which the engine reports
+  // through the outputs, or before `initialise`.
   virtual bool translate_input_files();
 
   vlnTranslator();
@@ -64,7 +67,7 @@ class VLN_API vlnTranslator {
   // Appends to the list as it stands.
   void set_input_file_list(itIterator<utString> files);
 
-  // Appended unchecked; looked at when the request runs.
+  // Appended unchecked; checked when the request runs.
   void set_input_resource(const utString& name, const utString& value);
   void set_output_resource(const utString& name, const utString& value);
 
@@ -73,7 +76,7 @@ class VLN_API vlnTranslator {
   // True when the engine reports success.
   bool run();
 
-  // Input files of the last run that were read, and that were not.
+  // Input files of the last run that were read, and that were not; both 0 when the run did not reach the engine.
   int num_passed();
   int num_failed();
 
@@ -102,12 +105,20 @@ class VLN_API vlnTranslator {
   v2vOutputTranslatorElements output_elements(const utString& file, const utString& format);
 
   // The translator's resource file: the user's copy, else the installation's, else a "default" in the user's directory.
+  // Empty for a null translator and before `initialise`.
   utString resource_path(const utObserverPtr<const vlnTranslatorInfo>& info);
 
   // Deletes the output file if it is there.
   void remove_output_file();
 
+  // The warnings of the values that the set-ups of resources ignored since the run began, for a driver that makes the
+  // engine's request itself.
+  const std::vector<utString>& ignored_values() const { return ignored_values_; }
+
  private:
+  const apIStringEncoding* encoding();
+  void note_ignored_value(const utString& name, const utString& value, const vlnResourceHandler& handler);
+
   utString output_file_ = "";
   utString output_format_ = "";
   std::vector<utString> input_files_;
@@ -123,4 +134,5 @@ class VLN_API vlnTranslator {
   std::unique_ptr<v2vTranslatorLoader> libraries_;
   std::unique_ptr<vlnDLLLoader> loader_;
   std::shared_ptr<vlnValidator> validator_;
+  std::vector<utString> ignored_values_;
 };

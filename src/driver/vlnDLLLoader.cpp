@@ -1,6 +1,7 @@
 #include "vlnDLLLoader.h"
 
 #include "apStringCompareInsensitive.h"
+#include "apStringEncodingChooser.h"
 #include "vlnFindFileByExtension.h"
 #include "vlnSecureTranslatorInfoFactory.h"
 #include "vlnTranslatorDllsFactory.h"
@@ -19,18 +20,20 @@ std::shared_ptr<vlnIAppDirMap> vlnDLLLoader::app_dir_map() {
 
 void vlnDLLLoader::load_dlls(std::unique_ptr<vlnTranslatorDlls>& input, std::unique_ptr<vlnTranslatorDlls>& output) {
   const std::shared_ptr<vlnIAppDirMap> directories = app_dir_map();
-  const utString cache_file = directories->get_schema_dir(vlnSchemaTranslators).find_file("translators.lst");
+  const apIStringEncoding* encoding = app_info_ ? app_info_->ut_encoding() : apStringEncodingChooser().ut_encoding();
+  const apIStringCompare* compare =
+      comparisons_.emplace_back(std::make_unique<apStringCompareInsensitive>(encoding)).get();
 
-  const apIStringEncoding* encoding = app_info_->ut_encoding();
-  const apPathName cache_path(encoding->to_apString(cache_file));
-  auto compare = std::make_unique<apStringCompareInsensitive>(encoding);
-
-  const vlnFindFileByExtension lister(files_.get(), compare.get());
-  const vlnTranslatorSearchPath search_path(directories->get_dir(vlnDIRECTORY_LIBRARY), &lister);
-  const vlnSecureTranslatorInfoFactory descriptions(&libraries_, encoding, compare.get());
-  const vlnTranslatorDllsFactory sets(encoding, compare.get(), &descriptions);
+  apPathName cache_path;
+  vlnSearchPath library_directories;
+  if (directories) {
+    const utString cache_file = directories->get_schema_dir(vlnSchemaTranslators).find_file("translators.lst");
+    cache_path = apPathName(encoding->to_apString(cache_file));
+    library_directories = directories->get_dir(vlnDIRECTORY_LIBRARY);
+  }
+  const vlnFindFileByExtension lister(files_.get(), compare);
+  const vlnTranslatorSearchPath search_path(library_directories, &lister);
+  const vlnSecureTranslatorInfoFactory descriptions(&libraries_, encoding, compare);
+  const vlnTranslatorDllsFactory sets(encoding, compare, &descriptions);
   sets.create_translator_dlls(cache_path, search_path, "", app_info_.get(), input, output);
-
-  // The earlier sets are gone by now, so nobody holds the earlier comparison.
-  compare_ = std::move(compare);
 }

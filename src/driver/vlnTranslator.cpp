@@ -1,6 +1,9 @@
 #include "vlnTranslator.h"
 
+#include <algorithm>
+
 #include "apFrustrumChooser.h"
+#include "apStringEncodingChooser.h"
 #include "v2vTranslationElements.h"
 #include "v2vVel2vel.h"
 #include "vlnResourceHandler.h"
@@ -24,6 +27,10 @@ void vlnTranslator::initialise(std::shared_ptr<annDocument> document, std::share
   loader_ = create_dll_loader();
   document_ = std::move(document);
   validator_ = std::move(validator);
+  inputs_.reset();
+  outputs_.reset();
+  app_dirs_.reset();
+  if (!loader_) return;
   loader_->set_app_info(app_info());
   loader_->load_dlls(inputs_, outputs_);
   app_dirs_ = loader_->app_dir_map();
@@ -52,6 +59,9 @@ void vlnTranslator::output_file_and_format(const utString& file, const utString&
 }
 
 bool vlnTranslator::run() {
+  // The application's own `translate_input_files` may refuse the request too.
+  if (thread_comm_) thread_comm_->forget_counts();
+  ignored_values_.clear();
   return translate_input_files();
 }
 
@@ -70,13 +80,20 @@ utString vlnTranslator::input_file(int index) {
 }
 
 bool vlnTranslator::translate_input_files() {
+  if (!inputs_ || !outputs_) return false;
   v2vTranslatorElementscoPageArr inputs;
   for (const utString& file : input_files_) {
-    v2vTranslatorElements elements = input_elements(resolve_input_file(file));
-    if (elements.invalid()) return false;
+    const utString resolved = resolve_input_file(file);
+    v2vTranslatorElements elements = input_elements(resolved);
+    if (elements.invalid()) {
+      const utObserverPtr<velabsOutput> secondary = secondary_output();
+      v2vVel2vel().report_input_without_translator(resolved, primary_output(), secondary);
+      return false;
+    }
     inputs.append(std::move(elements));
   }
-  const v2vTranslationElements request(inputs, output_elements(output_file_, output_format_));
+  v2vTranslationElements request(inputs, output_elements(output_file_, output_format_));
+  for (const utString& warning : ignored_values_) request.add_warning(warning);
   thread_comm_->register_translation(request);
 
   // Applications may make their outputs as they are asked for: the second one first, then the first, then the
@@ -88,7 +105,7 @@ bool vlnTranslator::translate_input_files() {
 }
 
 v2vTranslatorElements vlnTranslator::input_elements(const utString& file) {
-  return input_elements(file, inputs_->translator_for_file(file));
+  return input_elements(file, inputs_ ? inputs_->translator_for_file(file) : nullptr);
 }
 
 v2vTranslatorElements vlnTranslator::input_elements(const utString& file, const vlnTranslatorInfo* translator) {
@@ -100,7 +117,7 @@ v2vTranslatorElements vlnTranslator::input_elements(const utString& file, const 
 }
 
 v2vOutputTranslatorElements vlnTranslator::output_elements(const utString& file, const utString& format) {
-  const vlnTranslatorInfo* translator = outputs_->translator_for_format(format);
+  const vlnTranslatorInfo* translator = outputs_ ? outputs_->translator_for_format(format) : nullptr;
   if (!translator) return {};
   vlnTranslatorLoadStatus status(vlnLOAD_OK);
   translator->load_now(status);
@@ -118,19 +135,49 @@ void vlnTranslator::set_up_resources(const vlnTranslatorInfo* info, velTableInst
   table.initialise(resource_path(info));
   for (const auto& [name, value] : resources) {
     const vlnResourceHandler handler(validator_.get(), name);
-    if (handler.validate(value)) handler.insert(value, table);
+    if (handler.validate(value)) {
+      handler.insert(value, table);
+    } else {
+      note_ignored_value(name, value, handler);
+    }
   }
 }
 
+void vlnTranslator::note_ignored_value(const utString& name, const utString& value, const vlnResourceHandler& handler) {
+  utString warning;
+  if (!handler.type()) {
+    warning = utString("there is no resource ") + name + "; its value \"" + value + "\" is ignored";
+  } else {
+    warning = utString("\"") + value + "\" is not a valid value of the resource " + name + "; it is ignored";
+    utStringcoDList valid;
+    handler.valid_strings(valid);
+    const char* separator = "; use one of ";
+    for (const utString& text : valid) {
+      warning = warning + separator + text;
+      separator = ", ";
+    }
+  }
+  // Each of several inputs is given the same values.
+  if (std::find(ignored_values_.begin(), ignored_values_.end(), warning) == ignored_values_.end()) {
+    ignored_values_.push_back(warning);
+  }
+}
+
+const apIStringEncoding* vlnTranslator::encoding() {
+  const utObserverPtr<velabsAppInfo> info = app_info();
+  return info ? info->ut_encoding() : apStringEncodingChooser().ut_encoding();
+}
+
 utString vlnTranslator::resource_path(const utObserverPtr<const vlnTranslatorInfo>& info) {
-  const utString name = app_info()->ut_encoding()->to_utString(info->resource_file_name().string());
+  if (!info || !app_dirs_) return "";
+  const utString name = encoding()->to_utString(info->resource_file_name().string());
   const vlnSchemaDir resources = app_dirs_->get_schema_dir(vlnSchemaResources);
   const utString path = resources.find_file(name);
   return path.empty() ? resources.user_dir() + "/default" : path;
 }
 
 void vlnTranslator::remove_output_file() {
-  const apPathName path(app_info()->ut_encoding()->to_apString(output_file_));
+  const apPathName path(encoding()->to_apString(output_file_));
   const apIFileOperations* files = apFrustrumChooser().file_operations();
   if (files->file_exists(path)) files->delete_file(path);
 }

@@ -1,17 +1,23 @@
 #include <gtest/gtest.h>
 
+#include <mutex>
 #include <stdexcept>
 
 #include "Registry.h"
 #include "vlnAppDirMap.h"
 #include "vlnTranslator.h"
+#include "vlnTranslatorCacheWriter.h"
 
 namespace {
+
+// In the order of destruction.
+std::vector<std::string> destroyed;
 
 class Loader : public vlnDLLLoader {
  public:
   explicit Loader(const std::string& root, std::vector<std::string>& calls, const CountingLibraries& libraries)
       : vlnDLLLoader(&libraries, apFrustrumChooser().file_operations()), root_(root), calls_(calls) {}
+  ~Loader() override { destroyed.push_back("loader"); }
   void finish_loading() override { calls_.push_back("finish_loading"); }
 
  protected:
@@ -30,21 +36,53 @@ class Loader : public vlnDLLLoader {
 };
 
 class Validator : public vlnValidator {
+ public:
+  ~Validator() override { destroyed.push_back("validator"); }
   bool validate_int(const utString&, const utString&) override { return true; }
-  bool validate_double(const utString&, const utString& value) override { return value == "2"; }
+  bool validate_double(const utString&, const utString& value) override { return value != "7"; }
+};
+
+class Section : public apICriticalSection {
+ public:
+  ~Section() override { destroyed.push_back("thread communication"); }
+  void enter() override { mutex_.lock(); }
+  void leave() override { mutex_.unlock(); }
+
+ private:
+  std::mutex mutex_;
+};
+
+class Sections : public apISynchOperations {
+  std::unique_ptr<apICriticalSection> make_critical_section() const override { return std::make_unique<Section>(); }
+};
+
+std::shared_ptr<annDocument> make_document() {
+  return {new annDocument, [](annDocument* document) {
+            destroyed.push_back("document");
+            delete document;
+          }};
+}
+
+class Output : public velabsOutput {
+ public:
+  void message(velabsSeverity, const utString& text) override { messages.push_back(text.str()); }
+  void progress(int) override {}
+  bool cancelled() const override { return false; }
+
+  std::vector<std::string> messages;
 };
 
 // An application over an installation of fixture translators.
 class Driver : public vlnTranslator {
  public:
-  explicit Driver(const std::string& root) : root_(root) {
-    initialise(std::make_shared<annDocument>(), std::make_shared<Validator>(), &libraries, nullptr);
+  explicit Driver(const std::string& root, bool initialised = true) : root_(root) {
+    if (initialised) initialise(make_document(), std::make_shared<Validator>(), &libraries, &sections);
   }
 
   void set_up_application() override { calls.push_back("set_up_application"); }
   utObserverPtr<velabsAppInfo> app_info() override { return calls.push_back("app_info"), &info_; }
-  utObserverPtr<velabsOutput> primary_output() override { return calls.push_back("primary_output"), nullptr; }
-  utObserverPtr<velabsOutput> secondary_output() override { return calls.push_back("secondary_output"), nullptr; }
+  utObserverPtr<velabsOutput> primary_output() override { return calls.push_back("primary_output"), &primary; }
+  utObserverPtr<velabsOutput> secondary_output() override { return calls.push_back("secondary_output"), &secondary; }
   std::unique_ptr<vlnDLLLoader> create_dll_loader() override {
     calls.push_back("create_dll_loader");
     return std::make_unique<Loader>(root_, calls, libraries);
@@ -57,6 +95,8 @@ class Driver : public vlnTranslator {
   }
 
   using vlnTranslator::get_input_dlls;
+  using vlnTranslator::get_output_dlls;
+  using vlnTranslator::get_thread_comm;
   using vlnTranslator::input_elements;
   using vlnTranslator::input_file;
   using vlnTranslator::num_input_files;
@@ -71,6 +111,8 @@ class Driver : public vlnTranslator {
   }
 
   CountingLibraries libraries;
+  Sections sections;
+  Output primary, secondary;
   std::vector<std::string> calls;
   double scale = 0;
 
@@ -89,7 +131,22 @@ class DriverTest : public testing::Test {
               "solid s\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 0\n"
               "endloop\nendfacet\nendsolid s\n");
     dir.write("unknown.txt", "neither this nor that");
+    dir.write("empty.stl", "");
   }
+
+  // Makes both translators known from the cache alone.
+  void write_cache() {
+    const Registry registry;
+    std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
+    registry.sets.create_translator_dlls(apPathName(), registry.search_path(dir / "sys/exec/lib"), "", nullptr, inputs,
+                                         outputs);
+    int written = 0;
+    vlnTranslatorLoadStatus status(vlnLOAD_OK);
+    const std::string cache = dir.write("sys/schemas/translators/translators.lst", "");
+    const vlnTranslatorCacheWriter writer(cache, *inputs, *outputs, nullptr, written, status);
+    ASSERT_EQ(written, 2);
+  }
+
   TemporaryDirectory dir;
 };
 
@@ -99,6 +156,36 @@ TEST_F(DriverTest, InitialisesInOrder) {
   const Driver driver(dir.path().string());
   EXPECT_EQ(driver.calls, (std::vector<std::string>{"set_up_application", "create_dll_loader", "app_info",
                                                     "create_app_dir_map", "finish_loading"}));
+}
+
+TEST_F(DriverTest, IsDestroyedInOrder) {
+  auto driver = std::make_unique<Driver>(dir.path().string());
+  destroyed.clear();
+  driver.reset();
+  EXPECT_EQ(destroyed, (std::vector<std::string>{"document", "validator", "loader", "thread communication"}));
+}
+
+TEST_F(DriverTest, NothingHappensBeforeItIsInitialised) {
+  Driver driver(dir.path().string(), false);
+  driver.set_input_file("in.stl");
+  driver.output_file_and_format(dir / "out.good", "GOOD");
+  EXPECT_FALSE(driver.run());
+  EXPECT_EQ(driver.num_passed() + driver.num_failed(), 0);
+  EXPECT_TRUE(driver.input_elements(dir / "in.stl").invalid());
+  EXPECT_TRUE(driver.output_elements("x", "GOOD").invalid());
+  EXPECT_EQ(driver.resource_path(nullptr), "");
+}
+
+TEST_F(DriverTest, SetsOfAnEarlierLoadingStayUsable) {
+  velabsAppInfo info("test", "1", "test", "nobody", "UTF-8");
+  std::vector<std::string> calls;
+  const CountingLibraries libraries;
+  Loader loader(dir.path().string(), calls, libraries);
+  loader.set_app_info(&info);
+  std::unique_ptr<vlnTranslatorDlls> first_inputs, first_outputs, inputs, outputs;
+  loader.load_dlls(first_inputs, first_outputs);
+  loader.load_dlls(inputs, outputs);
+  for (const auto* set : {&first_outputs, &outputs}) EXPECT_TRUE((*set)->translator_for_format("gOOD"));
 }
 
 TEST_F(DriverTest, TranslatesFromEndToEnd) {
@@ -113,7 +200,9 @@ TEST_F(DriverTest, TranslatesFromEndToEnd) {
   EXPECT_EQ(TemporaryDirectory::read(dir / "out.good"), "part");
   const std::vector<std::string> fetched(driver.calls.end() - 3, driver.calls.end());
   EXPECT_EQ(fetched, (std::vector<std::string>{"secondary_output", "primary_output", "app_info"}));
-  EXPECT_TRUE(driver.run()) << "again";
+  driver.get_thread_comm()->cancel();
+  EXPECT_TRUE(driver.run()) << "again; a wish to stop belonged to the earlier request";
+  EXPECT_EQ(driver.num_passed(), 1);
   driver.remove_output_file();
   EXPECT_FALSE(std::filesystem::exists(dir / "out.good"));
 }
@@ -126,6 +215,26 @@ TEST_F(DriverTest, WhatHasNoTranslatorStopsTheWholeRequest) {
   EXPECT_FALSE(driver.run());
   EXPECT_EQ(driver.num_passed() + driver.num_failed(), 0) << "the engine was not called";
   EXPECT_TRUE(driver.input_elements("/no/such").invalid());
+  driver.set_input_file("in.stl");
+  EXPECT_TRUE(driver.run());
+  driver.remove_output_file();
+  const struct {
+    const char *file, *reason;
+  } cases[] = {{"unknown.txt", "no translator reads its content"},
+               {"missing.stl", "No such file or directory"},
+               {"config", "it is a directory"},
+               {"empty.stl", "it is empty"}};
+  for (const auto& c : cases) {
+    driver.primary.messages.clear();
+    driver.secondary.messages.clear();
+    driver.set_input_file(c.file);
+    EXPECT_FALSE(driver.run());
+    EXPECT_EQ(driver.num_passed() + driver.num_failed(), 0) << "the counts of the run before";
+    ASSERT_EQ(driver.primary.messages.size(), 1U) << c.file;
+    EXPECT_EQ(driver.primary.messages[0].find(dir / c.file + ": "), 0U) << driver.primary.messages[0];
+    EXPECT_NE(driver.primary.messages[0].find(c.reason), std::string::npos) << driver.primary.messages[0];
+    EXPECT_EQ(driver.secondary.messages, driver.primary.messages);
+  }
 
   Driver other(dir.path().string());
   other.output_file_and_format(dir / "out.good", "Good");
@@ -135,6 +244,23 @@ TEST_F(DriverTest, WhatHasNoTranslatorStopsTheWholeRequest) {
   EXPECT_FALSE(other.run()) << "an unknown format";
   EXPECT_TRUE(other.output_elements("x", "no such").invalid());
   EXPECT_FALSE(std::filesystem::exists(dir / "out.good"));
+}
+
+TEST_F(DriverTest, ATranslatorThatCannotBeLoadedIsTheEnginesToReport) {
+  for (const char* library : {"good_input", "good_output"}) {
+    write_cache();
+    Driver driver(dir.path().string());
+    EXPECT_EQ(driver.libraries.opened, 0);
+    std::filesystem::remove(dir.path() / "sys/exec/lib" / (std::string(library) + ".dll"));
+    driver.set_input_file("in.stl");
+    driver.output_file_and_format(dir / "out.good", "Good");
+    EXPECT_FALSE(driver.run());
+    EXPECT_EQ(driver.num_failed(), 1) << library;
+    EXPECT_EQ(driver.num_passed(), 0);
+    ASSERT_EQ(driver.primary.messages.size(), 1U);
+    EXPECT_NE(driver.primary.messages[0].find(library), std::string::npos) << driver.primary.messages[0];
+    copy_fixture(library, dir.path() / "sys/exec/lib");
+  }
 }
 
 TEST_F(DriverTest, OneFileReplacesTheListAndAListAppends) {
@@ -165,6 +291,28 @@ TEST_F(DriverTest, ResourcesComeFromTheFileAndFromTheRequest) {
   driver.input_elements(dir / "in.stl");
   EXPECT_EQ(driver.scale, 6) << "a value that does not validate is skipped";
   driver.set_input_resource("SCALE", "2");
-  driver.input_elements(dir / "in.stl");
+  driver.set_output_resource("SCALE", "3");
+  driver.set_output_resource("LENGTH_UNIT", "furlong");
+  const v2vTranslatorElements input = driver.input_elements(dir / "in.stl");
   EXPECT_EQ(driver.scale, 2);
+  const v2vTranslatorElements output = driver.output_elements(dir / "out.good", "Good");
+  EXPECT_EQ(driver.scale, 3);
+  EXPECT_EQ(input.resources()->value<double>("SCALE"), 2);
+  EXPECT_EQ(output.resources()->value<double>("SCALE"), 3);
+
+  const std::vector<utString> twice{"in.stl", "in.stl"};
+  driver.set_input_file_list(itIterator<utString>(twice));
+  driver.output_file_and_format(dir / "out.good", "Good");
+  for (int turn = 0; turn < 2; ++turn) {
+    driver.primary.messages.clear();
+    EXPECT_TRUE(driver.run());
+    const std::vector<std::string>& messages = driver.primary.messages;
+    ASSERT_EQ(messages.size(), 3U) << "each once, however many files and runs";
+    EXPECT_EQ(messages[0], "\"7\" is not a valid value of the resource SCALE; it is ignored");
+    EXPECT_EQ(messages[1], "there is no resource NO_SUCH_KEY; its value \"2\" is ignored");
+    EXPECT_EQ(
+        messages[2].find("\"furlong\" is not a valid value of the resource LENGTH_UNIT; it is ignored; use one of "),
+        0U)
+        << messages[2];
+  }
 }

@@ -16,6 +16,9 @@ class VELPLATFORM_API v2vThreadComm {
   // Begins a new request: the counts start at 0 and an earlier wish to stop is forgotten.
   void register_translation(const v2vTranslationElements& elements);
 
+  // Sets the counts to 0, for a request that may be refused before it is registered.
+  void forget_counts();
+
   // The counts of the request that was registered last; before any, both are 0.
   v2vTranslationDetails current_translation_details() const;
 

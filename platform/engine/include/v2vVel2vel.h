@@ -12,10 +12,10 @@
 // read by worker threads. The target is replaced only by a complete file.
 class VELPLATFORM_API v2vVel2vel {
  public:
-  // Nonzero when the output stands. 0, and a message that names the file and the reason, when there is no input, one
-  // cannot be read, the output is unknown, is an input too or cannot be written, or the work was cancelled. `comm`
-  // counts every input. Messages and progress go to both outputs; either may be null. No exception of a translator
-  // leaves this call.
+  // Passes the request's warnings on, then runs it. Nonzero when the output stands. 0, and a message that names the
+  // file and the reason, when there is no input, one cannot be read, the output is unknown, is an input too or cannot
+  // be written, or the work was cancelled. `comm` counts every input. Messages and progress go to both outputs; either
+  // may be null. No exception of a translator leaves this call.
   int translate(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
                 const v2vTranslationElements& elements, utObserverPtr<velabsOutput> primary,
                 utObserverPtr<velabsOutput> secondary) const;
@@ -24,4 +24,9 @@ class VELPLATFORM_API v2vVel2vel {
   int read(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
            const v2vTranslatorElementscoPageArr& inputs, annDocument& document, utObserverPtr<velabsOutput> primary,
            utObserverPtr<velabsOutput> secondary) const;
+
+  // Says in an error why no translator was found for an input: it is missing, cannot be read, is empty or is in a
+  // format that no translator reads. For a driver that refuses a request for such a file.
+  void report_input_without_translator(const utString& file, utObserverPtr<velabsOutput> primary,
+                                       utObserverPtr<velabsOutput> secondary) const;
 };

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "apFrustrumChooser.h"
+#include "apRegularFile.h"
 #include "apStringEncodingChooser.h"
 
 namespace {
@@ -73,4 +74,12 @@ std::vector<utString> v2v_reasons_against(const v2vTranslationElements& elements
   const utString reason = reason_against_place(output.file());
   if (!reason.is_null()) reasons.push_back(output.file() + ": " + reason);
   return reasons;
+}
+
+utString v2v_reason_against_input(const utString& file) {
+  apStatus status;
+  const apRegularFile regular(file, status);
+  if (!regular.good()) return utString("it cannot be read: ") + status.failure() + "; name another input";
+  if (regular.size() == 0) return "it is empty; name another input";
+  return "no translator reads its content; name another input or install a translator for it";
 }

@@ -6,6 +6,10 @@ v2vThreadComm::v2vThreadComm(const apISynchOperations* operations) : lock_(opera
 
 void v2vThreadComm::register_translation(const v2vTranslationElements&) {
   cancelled_.store(false, std::memory_order_relaxed);
+  forget_counts();
+}
+
+void v2vThreadComm::forget_counts() {
   std::lock_guard guard(lock_);
   details_ = {};
 }

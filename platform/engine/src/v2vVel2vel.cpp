@@ -61,6 +61,7 @@ bool read_all(const v2vTranslatorElementscoPageArr& inputs, Libraries& libraries
 
 bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslatorLoader& loader,
          const v2vTranslationElements& elements, v2vReport& report) {
+  for (const utString& warning : elements.warnings()) report.message(velabsWARNING, warning);
   const v2vOutputTranslatorElements& output = elements.output();
   const std::vector<utString> reasons = v2v_reasons_against(elements);
   for (const utString& reason : reasons) report.message(velabsERROR, reason);
@@ -128,4 +129,11 @@ int v2vVel2vel::read(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm,
     Libraries libraries(loader, app_info.get());
     return read_all(inputs, libraries, app_info.get(), comm, report, document);
   });
+}
+
+void v2vVel2vel::report_input_without_translator(const utString& file, utObserverPtr<velabsOutput> primary,
+                                                 utObserverPtr<velabsOutput> secondary) const {
+  const v2vThreadComm comm;
+  v2vReport report(comm, primary, secondary, 0);
+  report.message(velabsERROR, file + ": " + v2v_reason_against_input(file));
 }
