@@ -6,7 +6,8 @@
 #include "vlnIFindByExtension.h"
 
 // Lists what the file system holds, in the order of the entries' names, sub-directories not descended into. Extensions
-// are compared by the given comparison. Neither argument is owned; without file operations the system's own serve.
+// are compared by the given comparison; without one nothing is found. Neither argument is owned; without file
+// operations the system's own serve.
 class VLN_API vlnFindFileByExtension : public vlnIFindByExtension {
  public:
   vlnFindFileByExtension(const apIFileOperations* files, const apIStringCompare* compare);

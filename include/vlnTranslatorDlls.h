@@ -24,7 +24,8 @@ class VLN_API vlnTranslatorDlls {
   vlnTranslatorDlls(const vlnTranslatorDlls&) = delete;
   vlnTranslatorDlls& operator=(const vlnTranslatorDlls&) = delete;
 
-  // Takes the description over. Duplicates are kept. The lists below are snapshots of this moment.
+  // Takes the description over; a null one changes nothing. Duplicates are kept. The lists below are snapshots of this
+  // moment.
   void add_translator(std::unique_ptr<vlnSecureTranslatorInfo> info);
 
   std::size_t count() const { return descriptions_.count(); }

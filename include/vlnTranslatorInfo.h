@@ -74,7 +74,8 @@ class VLN_API vlnTranslatorInfo {
   apFileName resource_file_name() const;
 
  protected:
-  explicit vlnTranslatorInfo(const apIStringEncoding* encoding) : encoding_(encoding) {}
+  // Without an encoding texts are UTF-8.
+  explicit vlnTranslatorInfo(const apIStringEncoding* encoding);
 
   const apIStringEncoding* encoding() const { return encoding_; }
 

@@ -3,11 +3,17 @@
 #include <algorithm>
 
 vlnExtensionIT::vlnExtensionIT(const utStringcoSet* extensions) {
+  if (!extensions) return;
+  std::vector<utString> unmarked;
   for (const utString& extension : *extensions) {
-    const bool is_default = extension.view().starts_with('*');
-    ordered_.push_back(is_default ? extension.substr(1) : extension);
-    if (is_default) std::rotate(ordered_.begin(), ordered_.end() - 1, ordered_.end());
+    if (extension.view().starts_with('*')) {
+      ordered_.push_back(extension.substr(1));
+    } else {
+      unmarked.push_back(extension);
+    }
   }
+  std::reverse(ordered_.begin(), ordered_.end());
+  ordered_.insert(ordered_.end(), unmarked.begin(), unmarked.end());
 }
 
 int vlnExtensionIT::operator++() {

@@ -15,7 +15,7 @@ vlnFindFileByExtension::vlnFindFileByExtension(const apIFileOperations* files, c
 void vlnFindFileByExtension::find_by_extension(apPathName directory, apString extension, std::vector<apPathName>& files,
                                                bool& directory_missing) const {
   directory_missing = !files_->directory_exists(directory);
-  if (directory_missing) return;
+  if (directory_missing || !compare_) return;
   apFileFinderEx entries{apPath(directory)};
   while (++entries) {
     apPathName path = entries.path();

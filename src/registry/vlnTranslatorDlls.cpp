@@ -3,10 +3,12 @@
 #include <utility>
 
 #include "apSplitPath.h"
+#include "apStringEncodingChooser.h"
 #include "vlnTranslatorDllsIT.h"
 #include "vluFileTypeFinder.h"
 
-vlnTranslatorDlls::vlnTranslatorDlls(const apIStringEncoding* encoding) : libraries_(8), encoding_(encoding) {
+vlnTranslatorDlls::vlnTranslatorDlls(const apIStringEncoding* encoding)
+    : libraries_(8), encoding_(encoding ? encoding : apStringEncodingChooser().ut_encoding()) {
   libraries_.max_load_factor(1.0F);
 }
 
@@ -20,6 +22,7 @@ void vlnTranslatorDlls::reserve(std::size_t count) {
 }
 
 void vlnTranslatorDlls::add_translator(std::unique_ptr<vlnSecureTranslatorInfo> info) {
+  if (!info) return;
   const vlnTranslatorInfo& added = *descriptions_.append(std::move(info));
   libraries_.insert_or_assign(added.format_name(), added.file());
   if (!added.is_viewer()) formats_.push_back(added.format_name());

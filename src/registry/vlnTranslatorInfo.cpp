@@ -4,6 +4,10 @@
 #include <utility>
 
 #include "apStringCompareInsensitive.h"
+#include "apStringEncodingChooser.h"
+
+vlnTranslatorInfo::vlnTranslatorInfo(const apIStringEncoding* encoding)
+    : encoding_(encoding ? encoding : apStringEncodingChooser().ut_encoding()) {}
 
 vlnTranslatorInfo::~vlnTranslatorInfo() = default;
 

@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ctime>
+
 #include "Registry.h"
+#include "apStringEncodings.h"
+#include "vlnExtensionIT.h"
 #include "vlnNonVelabsTranslatorInfo.h"
 
 namespace {
@@ -30,7 +35,8 @@ TEST(Description, NamesComeFromTheLibraryAndTheFormat) {
   for (const auto& c : tags) {
     EXPECT_EQ(text(registry.info("F", vlnTRANSLATOR_INPUT, c.file)->tag()), c.tag) << c.file;
   }
-  for (const auto& [name, file] : {std::pair("A / B X", "ABX.rsc"), {"A\tB", "A\tB.rsc"}, {"", ".rsc"}}) {
+  for (const auto& [name, file] :
+       {std::pair("A / B X", "ABX.rsc"), {"A\tB", "A\tB.rsc"}, {"A\\B", "A\\B.rsc"}, {"", ".rsc"}}) {
     EXPECT_EQ(text(registry.info(name, vlnTRANSLATOR_INPUT)->resource_file_name().string()), file);
   }
   EXPECT_EQ(OpenInfo::remove_forward_slashes("/a//b/"), "ab");
@@ -49,6 +55,42 @@ TEST(Description, FilterElementCarriesTagAndCategoryOrder) {
   EXPECT_EQ(info->filter().category_order(), velabsTranslatorCategory::find("no such")->group_order());
   info->set_translator_category(velabsTranslatorCategory::find("Mesh"));
   EXPECT_LT(info->filter().category_order(), velabsTranslatorCategory::find("no such")->group_order());
+}
+
+TEST(Description, OnlyInputsGoByTheFileType) {
+  const Registry registry;
+  for (int type = 0; type <= 2; ++type) {
+    const auto info = registry.info("F", static_cast<vlnTranslatorType>(type));
+    info->add_file_type(vluSTL);
+    info->add_extension(L"stp");
+    EXPECT_EQ(info->is_compatible(vluSTL, "none"), type == 0 ? 1 : 0) << type;
+    EXPECT_EQ(info->is_compatible(vluOBJ, "STP"), type == 0 ? 0 : 1) << type;
+  }
+}
+
+TEST(Extensions, MarkedOnesComeFirstTheLastOfThemInFront) {
+  utStringcoSet set(4, 50);
+  for (const char* extension : {"a", "*b", "c", "*d"}) set.add(extension);
+  std::vector<std::string> ordered;
+  vlnExtensionIT extensions(&set);
+  while (++extensions) ordered.push_back(extensions().str());
+  EXPECT_EQ(ordered, (std::vector<std::string>{"d", "b", "a", "c"}));
+  EXPECT_EQ(++vlnExtensionIT(nullptr), 0);
+}
+
+TEST(Extensions, ManyMarkedOnesTakeLinearTime) {
+  const auto seconds = [](int count) {
+    utStringcoSet set(4, 50);
+    for (int i = 0; i < count; ++i) set.add(utString("*") + std::to_string(i));
+    double best = 1e9;
+    for (int turn = 0; turn < 3; ++turn) {
+      const std::clock_t start = std::clock();
+      const vlnExtensionIT extensions(&set);
+      best = std::min(best, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+    }
+    return best;
+  };
+  EXPECT_LT(seconds(160000), 12 * std::max(seconds(40000), 1e-3)) << "four times as many";
 }
 
 TEST(LibraryDescription, IsTakenFromTheLibrary) {
@@ -126,6 +168,96 @@ TEST(LibraryDescription, AFailedLoadTriesAgain) {
   EXPECT_EQ(info->load_now(status), info.get());
   EXPECT_EQ(info->invalid(), 0);
   EXPECT_FALSE(status.ok()) << "the first failure stays in the status";
+}
+
+TEST(LibraryDescription, ReplacesWhatTheCacheSaid) {
+  const Registry registry;
+  const auto info = registry.unloaded(VEL_FIXTURES "/good_input.dll");
+  info->set_format_name(registry.format("old"));
+  info->set_type(vlnTRANSLATOR_OUTPUT);
+  info->add_extension(L"old");
+  info->add_file_type(vluOBJ);
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  EXPECT_EQ(info->load_now(status), info.get());
+  EXPECT_EQ(info->format_name().ut_string(), "A / B X");
+  EXPECT_EQ(info->type(), vlnTRANSLATOR_INPUT);
+  EXPECT_EQ(info->from_cache(), 0);
+  EXPECT_EQ(extensions_of(*info), (std::vector<std::string>{"fix", "stl"}));
+  intcoDList types;
+  info->get_file_types(types);
+  EXPECT_EQ(types.count(), 1U);
+
+  const auto output = registry.unloaded(VEL_FIXTURES "/good_output.dll");
+  output->set_type(vlnTRANSLATOR_INPUT);
+  output->load_now(status);
+  EXPECT_EQ(output->type(), vlnTRANSLATOR_OUTPUT);
+
+  const auto no_filter = registry.unloaded(VEL_FIXTURES "/no_filter.dll");
+  no_filter->add_extension(L"old");
+  no_filter->add_file_type(vluOBJ);
+  no_filter->load_now(status);
+  EXPECT_TRUE(extensions_of(*no_filter).empty() && !no_filter->is_compatible(vluOBJ, ""));
+}
+
+TEST(LibraryDescription, TextThatTheEncodingCannotHoldIsAFailure) {
+  const apAsciiEncoding ascii;
+  const Registry registry;
+  const vlnSecureTranslatorInfoFactory descriptions(&registry.loader, &ascii, &registry.compare);
+  const apPathName library = registry.path(VEL_FIXTURES "/reflecting.dll");
+  for (const char* variable : {"FIXTURE_FORMAT", "FIXTURE_EXTENSION"}) {
+    setenv(variable, "\xC3\xB6", 1);
+    vlnTranslatorLoadStatus status(vlnLOAD_OK);
+    EXPECT_EQ(descriptions.make_info_from_dll(library, status), nullptr) << variable;
+    EXPECT_TRUE(status.types().contains(vlnLOAD_ENCODING_FAILED)) << variable;
+    unsetenv(variable);
+  }
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  EXPECT_EQ(descriptions.make_info_from_dll(library, status)->further_text(), "xxxx")
+      << "a library is not given the application's information before it is used";
+}
+
+TEST(LibraryDescription, ARefusedLibraryIsLookedAtAgainWhenItsFileHasChanged) {
+  const TemporaryDirectory dir;
+  const Registry registry;
+  for (const char* broken : {"no_entry", "no_object", "throws", "wrong_interface", "not_a_library", "cut short"}) {
+    const std::string name = std::string(broken) + ".dll";
+    const bool is_cut = name == "cut short.dll";
+    const std::string file = copy_fixture(is_cut ? "good_input" : broken, dir.path(), name);
+    if (is_cut) std::filesystem::resize_file(file, std::filesystem::file_size(file) / 2);
+    vlnTranslatorLoadStatus status(vlnLOAD_OK);
+    for (int turn = 0; turn < 2; ++turn) {
+      EXPECT_EQ(registry.descriptions.make_info_from_dll(registry.path(file), status), nullptr) << broken;
+    }
+    const std::string repaired = copy_fixture("good_output", dir.path(), "new");
+    std::filesystem::rename(repaired, file);
+    for (int turn = 0; turn < 2; ++turn) {
+      const auto info = registry.descriptions.make_info_from_dll(registry.path(file), status);
+      ASSERT_TRUE(info) << broken << ": " << registry.loader.failure(registry.path(file)).str();
+      EXPECT_EQ(info->format_name().ut_string(), "Good") << broken;
+    }
+  }
+}
+
+TEST(LibraryDescription, NullPointersAreNoCrash) {
+  const Registry registry;
+  vlnTranslatorLoadStatus status(vlnLOAD_OK);
+  const vlnSecureTranslatorInfoFactory nothing(nullptr, nullptr, nullptr);
+  EXPECT_EQ(nothing.make_info_from_dll(registry.path(VEL_FIXTURES "/good_input.dll"), status), nullptr);
+  EXPECT_EQ(nothing.create_info()->file_ut(), "");
+  const vlnTranslatorDllsFactory sets(nullptr, nullptr, &nothing);
+  const auto set = sets.empty_dlls();
+  set->add_translator(nullptr);
+  EXPECT_EQ(set->count(), 0U);
+  EXPECT_EQ(set->translator_for_format("x"), nullptr);
+  std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
+  const vlnTranslatorDllsFactory no_descriptions(nullptr, nullptr, nullptr);
+  no_descriptions.create_translator_dlls(registry.path("/no/cache"), registry.search_path(VEL_FIXTURES), "", nullptr,
+                                         inputs, outputs);
+  EXPECT_EQ(inputs->count() + outputs->count(), 0U);
+  std::vector<apPathName> files;
+  bool missing = true;
+  vlnFindFileByExtension(nullptr, nullptr).find_by_extension(registry.path(VEL_FIXTURES), L"dll", files, missing);
+  EXPECT_TRUE(files.empty() && !missing);
 }
 
 TEST(NonVelabsDescription, NeverOpensAnything) {

@@ -84,6 +84,8 @@ TEST(TranslatorSet, DefaultOutputFormat) {
   EXPECT_EQ(format_of(set->default_output_format(iges_input.get())), "STL");
   set->set_preferred_output_format("none such");
   EXPECT_EQ(format_of(set->default_output_format(other_input.get())), "STL") << "the first non-viewer, not iges";
+  set->set_preferred_output_format("");
+  EXPECT_EQ(format_of(set->default_output_format(other_input.get())), "STL") << "an empty name is a preference too";
 }
 
 TEST(TranslatorSet, ViewersAreListedButNeverOfferedAsAFormat) {
