@@ -48,8 +48,9 @@ vlnTranslatorCacheReader::vlnTranslatorCacheReader(vlnTranslatorDlls& inputs, vl
       compare_(compare),
       file_name_encoding_(app_info ? app_info->ut_encoding() : encoding_),
       library_extension_(vln_shared_library_extension()) {
-  const utString path = apStringEncodingChooser().ut_encoding()->to_utString(cache_file.string());
-  readable_ = read_lines(path);
+  const apIStringEncoding* path_encoding = cache_file.encoding();
+  if (!path_encoding) path_encoding = apStringEncodingChooser().ut_encoding();
+  readable_ = read_lines(path_encoding->to_utString(cache_file.string()));
   result = read_cache_file();
 }
 

@@ -28,7 +28,7 @@ void vlnDLLLoader::load_dlls(std::unique_ptr<vlnTranslatorDlls>& input, std::uni
   vlnSearchPath library_directories;
   if (directories) {
     const utString cache_file = directories->get_schema_dir(vlnSchemaTranslators).find_file("translators.lst");
-    cache_path = apPathName(encoding->to_apString(cache_file));
+    cache_path = apPathName(encoding->to_apString(cache_file), encoding);
     library_directories = directories->get_dir(vlnDIRECTORY_LIBRARY);
   }
   const vlnFindFileByExtension lister(files_.get(), compare);

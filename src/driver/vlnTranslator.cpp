@@ -177,7 +177,7 @@ utString vlnTranslator::resource_path(const utObserverPtr<const vlnTranslatorInf
 }
 
 void vlnTranslator::remove_output_file() {
-  const apPathName path(encoding()->to_apString(output_file_));
+  const apPathName path(encoding()->to_apString(output_file_), encoding());
   const apIFileOperations* files = apFrustrumChooser().file_operations();
   if (files->file_exists(path)) files->delete_file(path);
 }

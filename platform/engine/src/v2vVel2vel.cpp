@@ -22,7 +22,7 @@ class Libraries {
 
   // Null, and why, when the library cannot be used in that direction.
   const v2vTranslatorLibrary* find(const utString& library, bool for_output, utString& failure) {
-    const apPathName path(encoding_->to_apString(library));
+    const apPathName path(encoding_->to_apString(library), encoding_);
     auto [entry, added] = open_.try_emplace(library);
     if (added) entry->second = loader_.load_library_path(path);
     if (!entry->second) {
