@@ -7,7 +7,7 @@
 #include <random>
 
 #include "annDocument.h"
-#include "annTriangulation.h"
+#include "annTriangleCorners.h"
 #include "annWelder.h"
 
 namespace {
@@ -136,6 +136,24 @@ double work_done() {
   timespec time{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
   return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+}
+
+TEST(Triangulation, OfCornersGivesTheSameTriangles) {
+  annMesh mesh;
+  mesh.vertices->points = {{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {2, 1, 0}, {0, 4, 0}, {0, 0, 3}};
+  for (const auto& face :
+       std::vector<std::vector<std::uint32_t>>{{5, 1, 0}, {0, 1, 2, 3, 4}, {4, 3, 1, 0}, {2, 1, 5}}) {
+    mesh.add_face(face);
+  }
+  std::vector<std::array<std::size_t, 4>> expected, found;
+  ann_for_each_triangle(mesh, [&](auto face, auto a, auto b, auto c) { expected.push_back({face, a, b, c}); });
+  ann_for_each_triangle_of_corners(mesh, [&](auto face, auto a, auto b, auto c) {
+    found.push_back({face, mesh.corners[a], mesh.corners[b], mesh.corners[c]});
+    for (const auto corner : {a, b, c}) {
+      EXPECT_TRUE(corner >= mesh.face_starts[face] && corner < mesh.face_starts[face + 1]);
+    }
+  });
+  EXPECT_EQ(found, expected);
 }
 
 TEST(Triangulation, WorkGrowsWithTheCornersAndNotWithTheirSquare) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Picture.h"
+#include "Rail.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
@@ -110,6 +111,19 @@ TEST(Png, LinesStandOnEdgesWhenAskedFor) {
   const annDocument document = coloured_cube();
   EXPECT_GT(picture_of(document, {{"WIDTH", "100"}}).share(dark), 0.0005);
   EXPECT_EQ(picture_of(document, {{"WIDTH", "100"}, {"SHOW_EDGES", "0"}}).share(dark), 0);
+}
+
+TEST(Png, FlatFacesAreFlatBesideFillets) {
+  for (const bool with_normals : {true, false}) {
+    annDocument document;
+    document.root.add_child("rail").body.mesh = rail(with_normals);
+    const Picture picture = picture_of(document, {{"VIEW", "top"}, {"WIDTH", "300"}, {"SHOW_EDGES", "0"}});
+    // The sheet is as wide as the picture but for the margin; two thirds of it are flat.
+    const auto at = [&](double x) { return picture.at(0.04 + 0.92 * x / 3, 0.5); };
+    EXPECT_EQ(at(0.1) == at(1.9), with_normals);
+    EXPECT_NE(at(2.2), at(2.3));
+    EXPECT_NE(at(2.3), at(2.4));
+  }
 }
 
 TEST(Png, OnePictureForOneModelWhateverItsBands) {

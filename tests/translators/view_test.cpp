@@ -7,6 +7,7 @@
 #include <limits>
 #include <numbers>
 
+#include "Rail.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
@@ -116,6 +117,23 @@ unsigned next_number(const std::string& bytes, std::size_t& at) {
   }
 }
 
+// A vertex of the first mesh in a page: its place in the mesh's box and its normal.
+struct Vertex {
+  annVector place, normal;
+};
+
+Vertex vertex_of(const std::string& data, std::size_t count, std::size_t index) {
+  std::uint16_t place[3];
+  std::int16_t folded[2];
+  std::memcpy(place, data.data() + 6 * index, 6);
+  std::memcpy(folded, data.data() + (6 * count + 3) / 4 * 4 + 4 * index, 4);
+  const double x = folded[0] / 32767.0, y = folded[1] / 32767.0, z = 1 - std::fabs(x) - std::fabs(y);
+  annVector normal{x, y, z};
+  if (z < 0) normal = {std::copysign(1 - std::fabs(y), x), std::copysign(1 - std::fabs(x), y), z};
+  return {{place[0] / 65535.0, place[1] / 65535.0, place[2] / 65535.0},
+          normal * (1 / std::sqrt(ann_dot(normal, normal)))};
+}
+
 TEST(Viewer, PageNeedsNothingThatLiesElsewhere) {
   const std::string page = page_of(document_of(cube()));
   for (const char* outside : {"http:", "https:", "src=", "url(", "@import", "fetch(", "XMLHttpRequest", "WebSocket",
@@ -152,18 +170,36 @@ TEST(Viewer, SplitsAtCreasesAndDrawsThem) {
   }
   auto with_normals = cube();
   with_normals->vertices->normals.assign(8, {0, 0, 1});
+  auto without_any = cube();
+  without_any->corner_normals.assign(24, annMesh::no_normal);
+  auto half_without = cube();
+  half_without->vertices->normal_pool = {{0, 0, -1}};
+  half_without->corner_normals.assign(24, annMesh::no_normal);
+  std::fill_n(half_without->corner_normals.begin(), 4, 0U);
+  // Its sides meet at 60 degrees, its lids have a normal of their own.
+  auto round = prism(6, true);
+  for (const annVector& p : round->vertices->points) round->vertices->normal_pool.push_back({p.x, p.y, 0});
+  round->vertices->normal_pool.insert(round->vertices->normal_pool.end(), {{0, 0, -1}, {0, 0, 1}});
+  round->corner_normals = round->corners;
+  std::fill_n(round->corner_normals.end() - 12, 6, 12U);
+  std::fill_n(round->corner_normals.end() - 6, 6, 13U);
   const struct {
     const char* what;
     std::shared_ptr<const annMesh> mesh;
     long vertices, triangles, lines, solid;
-  } cases[] = {{"cube", cube(), 24, 12, 12, 1},
-               {"cube in pieces", taken_apart(*cube()), 24, 12, 12, 1},
-               {"cube that faces inwards", inside_out, 24, 12, 12, 0},
-               {"cube with normals", with_normals, 8, 12, 12, 1},
-               {"twelve sides are round", prism(12, true), 48, 44, 24, 1},
-               {"eight sides are not", prism(8, true), 48, 28, 24, 1},
-               {"tube", prism(24, false), 48, 48, 48, 0},
-               {"sheet with a face without extent", sheet, 4, 2, 4, 0}};
+  } cases[] = {
+      {"cube", cube(), 24, 12, 12, 1},
+      {"cube in pieces", taken_apart(*cube()), 24, 12, 12, 1},
+      {"cube that faces inwards", inside_out, 24, 12, 12, 0},
+      {"cube with normals", with_normals, 8, 12, 12, 1},
+      {"cube whose corners have no normals", without_any, 24, 12, 12, 1},
+      {"cube with normals on one side", half_without, 24, 12, 12, 1},
+      {"six sides with normals of a cylinder", round, 24, 20, 12, 1},
+      {"rail with normals", rail(true), 2 * (5 + rail_steps), 2 * (3 + rail_steps), 2 * (3 + rail_steps) + 3, 0},
+      {"twelve sides are round", prism(12, true), 48, 44, 24, 1},
+      {"eight sides are not", prism(8, true), 48, 28, 24, 1},
+      {"tube", prism(24, false), 48, 48, 48, 0},
+      {"sheet with a face without extent", sheet, 4, 2, 4, 0}};
   for (const auto& c : cases) {
     const std::string scene = scene_of(page_of(document_of(c.mesh)));
     EXPECT_EQ(number(scene, "v"), c.vertices) << c.what;
@@ -171,6 +207,25 @@ TEST(Viewer, SplitsAtCreasesAndDrawsThem) {
     EXPECT_EQ(number(scene, "e"), c.lines) << c.what;
     EXPECT_EQ(number(scene, "solid"), c.solid) << c.what;
   }
+}
+
+TEST(Viewer, NormalsOfCornersAreShown) {
+  const std::string page = page_of(document_of(rail(true))), data = data_of(page);
+  const auto count = static_cast<std::size_t>(number(scene_of(page), "v"));
+  int up = 0, round = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto [place, normal] = vertex_of(data, count, i);
+    const double x = 3 * place.x, z = 2 * place.z - 1;
+    annVector expected{x - 2, 0, z};
+    if (z < 0) expected = {1, 0, 0};
+    if (x < 1e-4) expected = normal.z > 0.5 ? annVector{0, 0, 1} : annVector{-1, 0, 0};
+    EXPECT_GT(ann_dot(normal, expected), 0.9999) << x << " " << z;
+    up += normal.z > 0.9999;
+    round += normal.z > 0.01 && normal.z < 0.99;
+  }
+  // The flat face is flat up to where the fillet begins.
+  EXPECT_EQ(up, 4);
+  EXPECT_EQ(round, 2 * (rail_steps - 1));
 }
 
 TEST(Viewer, DataHoldsEachMeshOnce) {

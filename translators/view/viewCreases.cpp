@@ -1,9 +1,11 @@
 #include "viewCreases.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
 #include <span>
+#include <tuple>
 
 namespace {
 
@@ -18,10 +20,10 @@ float dot(const Normal& a, const Normal& b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-// Of length 1; null for what is too small to have a direction.
+// Of length 1; null for what is too small or too large to have a direction.
 Normal unit(annVector v) {
   const double largest = std::max({std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
-  if (!(largest > 0)) return {};
+  if (!(largest > 0) || !std::isfinite(v.x + v.y + v.z)) return {};
   v = v * (1 / largest);
   v = v * (1 / std::sqrt(ann_dot(v, v)));
   return {static_cast<float>(v.x), static_cast<float>(v.y), static_cast<float>(v.z)};
@@ -31,14 +33,22 @@ bool is_null(const Normal& n) {
   return n.x == 0 && n.y == 0 && n.z == 0;
 }
 
+// Steps of about 0.003 degrees.
+std::array<int, 3> in_steps(const Normal& n) {
+  constexpr float steps = 16384;
+  return {static_cast<int>(std::lround(n.x * steps)), static_cast<int>(std::lround(n.y * steps)),
+          static_cast<int>(std::lround(n.z * steps))};
+}
+
 class Splitter {
  public:
-  Splitter(const annVertices& source, const std::vector<annVector>& points, const std::vector<std::uint32_t>& places,
-           const std::vector<std::uint32_t>& originals, viewMesh& made)
-      : source_(source), points_(points), places_(places), originals_(originals), made_(made) {}
+  Splitter(const annMesh& source, const std::vector<annVector>& points, const std::vector<std::uint32_t>& places,
+           const std::vector<std::uint32_t>& sources, viewMesh& made)
+      : source_(source), points_(points), places_(places), sources_(sources), made_(made) {}
 
   void split() {
     make_facets();
+    take_normals();
     gather_corners();
     made_.corners.resize(places_.size());
     made_.points.reserve(points_.size());
@@ -64,13 +74,15 @@ class Splitter {
     bool operator<(const Spoke& other) const { return to != other.to ? to < other.to : corner < other.corner; }
   };
 
-  // A corner of the fan with all that its vertex depends on.
+  // A corner of the fan with all that its vertex depends on: its own normal or, where that is null, the triangles that
+  // shade into each other, and the vertex whose colour it has.
   struct Key {
-    std::uint32_t group, original, corner;
+    std::array<int, 3> own;  // in steps, so that what rounding did makes no difference
+    std::uint32_t group, colour, corner;
 
+    bool shades_as(const Key& other) const { return own == other.own && group == other.group; }
     bool operator<(const Key& other) const {
-      if (group != other.group) return group < other.group;
-      return original != other.original ? original < other.original : corner < other.corner;
+      return std::tie(own, group, colour, corner) < std::tie(other.own, other.group, other.colour, other.corner);
     }
   };
 
@@ -81,6 +93,16 @@ class Splitter {
       facets_[t] = unit(ann_cross(points_[places_[3 * t + 1]] - a, points_[places_[3 * t + 2]] - a));
     }
   }
+
+  // The mesh's own normals, null at corners without one.
+  void take_normals() {
+    if (!source_.has_normals()) return;
+    own_.resize(places_.size());
+    for (std::size_t i = 0; i < own_.size(); ++i) {
+      if (const annVector* normal = source_.normal(sources_[i])) own_[i] = unit(*normal);
+    }
+  }
+  Normal own(std::uint32_t corner) const { return own_.empty() ? Normal{} : own_[corner]; }
 
   // The corners at each place, one place after the other.
   void gather_corners() {
@@ -112,7 +134,8 @@ class Splitter {
       closed = closed && pair && spokes_[at].outwards != spokes_[at + 1].outwards;
       const bool smooth = pair && is_smooth(spokes_[at], spokes_[at + 1]);
       if (smooth) join(spokes_[at].corner, spokes_[at + 1].corner);
-      if (!smooth && place < spokes_[at].to) made_.edges.insert(made_.edges.end(), {place, spokes_[at].to});
+      const bool line = !pair || has_line(spokes_[at], spokes_[at + 1], smooth);
+      if (line && place < spokes_[at].to) made_.edges.insert(made_.edges.end(), {place, spokes_[at].to});
       at = end;
     }
     return closed;
@@ -123,8 +146,30 @@ class Splitter {
     const Normal& b = facets_[fan_[other.corner] / 3];
     if (is_null(a) || is_null(b)) return true;
     // Where the two run in the same direction, one of them faces the wrong way.
-    const float cosine = one.outwards != other.outwards ? dot(a, b) : -dot(a, b);
-    return cosine > cosine_of_crease;
+    const float facing = one.outwards != other.outwards ? 1.0F : -1.0F;
+    return facing * dot(a, b) > cosine_of_crease;
+  }
+
+  // Whether a line shows an edge. Own normals decide where both triangles have them at both ends, but not those that
+  // lean far from their triangles, as a cube's do that all its sides share.
+  bool has_line(const Spoke& one, const Spoke& other, bool smooth) const {
+    bool smooth_by_normals = true;
+    for (const bool far_end : {false, true}) {
+      const Normal a = own(corner_of(one, far_end)), b = own(corner_of(other, far_end));
+      if (!is_near_facet(a, one) || !is_near_facet(b, other)) return !smooth;
+      smooth_by_normals = smooth_by_normals && std::fabs(dot(a, b)) > cosine_of_crease;
+    }
+    return !smooth_by_normals;
+  }
+
+  // The corner of a spoke's triangle at the place in work or at the spoke's other end.
+  std::uint32_t corner_of(const Spoke& spoke, bool far_end) const {
+    const std::uint32_t corner = fan_[spoke.corner];
+    return far_end ? corner / 3 * 3 + (corner % 3 + (spoke.outwards ? 1 : 2)) % 3 : corner;
+  }
+
+  bool is_near_facet(const Normal& normal, const Spoke& spoke) const {
+    return std::fabs(dot(normal, facets_[fan_[spoke.corner] / 3])) > cosine_of_crease;
   }
 
   std::uint32_t leader(std::uint32_t corner) {
@@ -138,34 +183,37 @@ class Splitter {
 
   void make_vertices(std::uint32_t place) {
     any_vertex_[place] = static_cast<std::uint32_t>(made_.points.size());
-    const bool by_original = !source_.normals.empty() || !source_.colours.empty();
     keys_.clear();
     for (std::uint32_t i = 0; i < fan_.size(); ++i) {
-      const std::uint32_t group = source_.normals.empty() ? leader(i) : 0;
-      keys_.push_back({group, by_original ? originals_[fan_[i]] : 0, i});
+      const Normal normal = own(fan_[i]);
+      keys_.push_back({in_steps(normal), is_null(normal) ? leader(i) : 0, has_colours() ? vertex(i) : 0, i});
     }
     std::sort(keys_.begin(), keys_.end());
     for (std::size_t at = 0; at < keys_.size();) {
       std::size_t end = at + 1;
-      while (end < keys_.size() && keys_[end].group == keys_[at].group) ++end;
+      while (end < keys_.size() && keys_[end].shades_as(keys_[at])) ++end;
       make_vertices_of_group(place, std::span(keys_).subspan(at, end - at));
       at = end;
     }
   }
 
   void make_vertices_of_group(std::uint32_t place, std::span<const Key> group) {
-    const Normal common = source_.normals.empty() ? normal_of(group) : Normal{};
+    const Normal own_normal = own(fan_[group.front().corner]);
+    const Normal normal = is_null(own_normal) ? normal_of(group) : own_normal;
     for (std::size_t i = 0; i < group.size(); ++i) {
       const Key& key = group[i];
-      if (i == 0 || key.original != group[i - 1].original) {
+      if (i == 0 || key.colour != group[i - 1].colour) {
         made_.points.push_back(points_[place]);
-        if (!source_.colours.empty()) made_.colours.push_back(source_.colours[key.original]);
-        const Normal own = source_.normals.empty() ? common : unit(source_.normals[key.original]);
-        made_.normals.push_back(is_null(own) ? facets_[fan_[key.corner] / 3] : own);
+        made_.normals.push_back(normal);
+        if (has_colours()) made_.colours.push_back(source_.vertices->colours[key.colour]);
       }
       made_.corners[fan_[key.corner]] = static_cast<std::uint32_t>(made_.points.size() - 1);
     }
   }
+
+  bool has_colours() const { return !source_.vertices->colours.empty(); }
+  // Of the mesh, at a corner of the fan.
+  std::uint32_t vertex(std::uint32_t corner) const { return source_.corners[sources_[fan_[corner]]]; }
 
   // Of the triangles of a group together, each as heavy as its angle at the place.
   Normal normal_of(std::span<const Key> group) const {
@@ -197,12 +245,13 @@ class Splitter {
     return sum;
   }
 
-  const annVertices& source_;
+  const annMesh& source_;
   const std::vector<annVector>& points_;
   const std::vector<std::uint32_t>& places_;
-  const std::vector<std::uint32_t>& originals_;
+  const std::vector<std::uint32_t>& sources_;
   viewMesh& made_;
   std::vector<Normal> facets_;
+  std::vector<Normal> own_;  // of the corners; none when the mesh has no normals
   std::vector<std::uint32_t> first_, corners_;
   std::vector<std::uint32_t> any_vertex_;  // one that stands at each place
   // Of the place in work.
@@ -213,8 +262,8 @@ class Splitter {
 
 }  // namespace
 
-void view_split_at_creases(const annVertices& source, const std::vector<annVector>& points,
-                           const std::vector<std::uint32_t>& places, const std::vector<std::uint32_t>& originals,
+void view_split_at_creases(const annMesh& source, const std::vector<annVector>& points,
+                           const std::vector<std::uint32_t>& places, const std::vector<std::uint32_t>& sources,
                            viewMesh& made) {
-  Splitter(source, points, places, originals, made).split();
+  Splitter(source, points, places, sources, made).split();
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "annTriangulation.h"
+#include "annTriangleCorners.h"
 #include "annWelder.h"
 #include "viewCreases.h"
 
@@ -19,37 +19,38 @@ class Triangles {
     sort();
   }
 
-  std::vector<std::uint32_t> originals;  // vertices of the mesh, three for each triangle
-  std::vector<std::uint32_t> places;     // the same as numbers of distinct points
-  std::vector<annVector> points;         // the distinct points
+  std::vector<std::uint32_t> sources;  // indices into the mesh's corners, three for each triangle
+  std::vector<std::uint32_t> places;   // the same as indices of distinct points
+  std::vector<annVector> points;       // the distinct points
   std::vector<viewMesh::Range> ranges;
 
  private:
   void take() {
     annWelder welder(points, std::min<std::size_t>(mesh_.vertices->points.size(), mesh_.corners.size()));
-    auto place = [&](std::uint32_t vertex) {
+    auto place = [&](std::uint32_t corner) {
+      const std::uint32_t vertex = mesh_.corners[corner];
       std::uint32_t& number = number_of_[vertex];
       if (number == none) number = welder.number_of(mesh_.vertices->points[vertex]);
       return number;
     };
-    originals.reserve(3 * mesh_.triangle_count());
-    ann_for_each_triangle(mesh_, [&](std::size_t face, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
+    sources.reserve(3 * mesh_.triangle_count());
+    ann_for_each_triangle_of_corners(mesh_, [&](std::size_t face, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
       const std::uint32_t pa = place(a), pb = place(b), pc = place(c);
       if (pa == pb || pb == pc || pc == pa) return;
-      originals.insert(originals.end(), {a, b, c});
+      sources.insert(sources.end(), {a, b, c});
       if (!mesh_.face_materials.empty()) materials_.push_back(mesh_.face_material(face));
     });
   }
 
   void sort() {
-    const auto count = static_cast<std::uint32_t>(originals.size() / 3);
+    const auto count = static_cast<std::uint32_t>(sources.size() / 3);
     if (materials_.empty()) {
       if (count > 0) ranges.push_back({none, 0, count});
     } else {
       sort_by_material(count);
     }
-    places.resize(originals.size());
-    for (std::size_t i = 0; i < originals.size(); ++i) places[i] = number_of_[originals[i]];
+    places.resize(sources.size());
+    for (std::size_t i = 0; i < sources.size(); ++i) places[i] = number_of_[mesh_.corners[sources[i]]];
   }
 
   void sort_by_material(std::uint32_t count) {
@@ -64,12 +65,12 @@ class Triangles {
         ranges.push_back({static_cast<std::uint32_t>(look) - 1U, next[look], next[look + 1] - next[look]});
       }
     }
-    std::vector<std::uint32_t> sorted(originals.size());
+    std::vector<std::uint32_t> sorted(sources.size());
     for (std::uint32_t triangle = 0; triangle < count; ++triangle) {
       const std::size_t to = next[slot(materials_[triangle])]++;
-      std::copy_n(originals.begin() + 3 * triangle, 3, sorted.begin() + static_cast<std::ptrdiff_t>(3 * to));
+      std::copy_n(sources.begin() + 3 * triangle, 3, sorted.begin() + static_cast<std::ptrdiff_t>(3 * to));
     }
-    originals = std::move(sorted);
+    sources = std::move(sorted);
   }
 
   const annMesh& mesh_;
@@ -109,7 +110,7 @@ viewMesh view_make_mesh(const annMesh& mesh) {
   viewMesh made;
   made.ranges = std::move(triangles.ranges);
   if (made.ranges.empty()) return made;
-  view_split_at_creases(*mesh.vertices, triangles.points, triangles.places, triangles.originals, made);
+  view_split_at_creases(mesh, triangles.points, triangles.places, triangles.sources, made);
   number_by_use(made);
   made.box = {made.points.front(), made.points.front()};
   for (const annVector& point : made.points) made.box.include(point);

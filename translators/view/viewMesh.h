@@ -31,7 +31,8 @@ struct viewMesh {
   std::size_t triangle_count() const { return corners.size() / 3; }
 };
 
-// Points at the same place are one. Normals are the mesh's own where it has them; else triangles that meet at less than
-// a little over 30 degrees shade into each other. Lines stand where they meet at more, and along free borders.
-// Triangles without any extent are left out, and so nothing may be left.
+// Points at the same place are one. Normals are the mesh's own, of corners or vertices, where it has them; triangles at
+// corners without one shade into each other where they meet at less than a little over 30 degrees. Lines are where
+// normals, the mesh's own or those of triangles, differ by more, and along free borders. Triangles without any extent
+// are skipped, and so nothing may remain.
 viewMesh view_make_mesh(const annMesh& mesh);
