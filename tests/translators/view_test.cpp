@@ -228,6 +228,15 @@ TEST(Viewer, NormalsOfCornersAreShown) {
   EXPECT_EQ(round, 2 * (rail_steps - 1));
 }
 
+TEST(Viewer, InstancesHaveTheirNameAndThatOfTheirPart) {
+  annDocument document = document_of(cube(), "nut");
+  annNode& instance = *document.root.children.front();
+  instance.instance_name = "nut_1";
+  EXPECT_NE(scene_of(page_of(document)).find("[-1,[\"nut_1\",\"nut\"],0,"), std::string::npos);
+  instance.instance_name = "nut";
+  EXPECT_NE(scene_of(page_of(document)).find("[-1,\"nut\",0,"), std::string::npos);
+}
+
 TEST(Viewer, DataHoldsEachMeshOnce) {
   annDocument document = document_of(cube(2));
   annNode& twin = document.root.add_child("twin");

@@ -220,6 +220,34 @@ TEST_F(Browser, SectionsShowMaterialAndNothingBehindIt) {
   EXPECT_LT(darkest, 160);
 }
 
+TEST_F(Browser, InstancesAreFoundByTheirNamesAndThoseOfTheirParts) {
+  std::string obj;
+  add_box(obj, "nut", "none", {0, 0, 0}, {1, 1, 1});
+  add_box(obj, "rod", "none", {3, 0, 0}, {4, 1, 1});
+  const std::string file = page_of(installation_.work().write("names.obj", obj));
+  // As of formats that know instances.
+  std::string page = TemporaryDirectory::read(file);
+  const std::string name = "\"nut\",";
+  page.replace(page.find(name), name.size(), R"(["left_1","nut"],)");
+  std::ofstream(file) << page;
+  look(file, R"({
+    const found = (text) => {
+      const filter = document.getElementById("filter");
+      filter.value = text;
+      filter.dispatchEvent(new Event("input"));
+      return [...document.querySelectorAll(".row-of-tree")].map((row) => row.innerText.replace(/\s+/g, " ") + "/" + row.title);
+    };
+    for (const text of ["", "LEFT", "nut", "rod"]) console.log("test " + (text || "all") + ": " + found(text).join(", "));
+    found("nut");
+    document.querySelector(".row-of-tree").click();
+    console.log("test " + document.getElementById("size-of").textContent + " is selected");
+  })");
+  for (const char* line : {"all: left_1 nut/left_1 (nut), rod/rod", "LEFT: left_1 nut/left_1 (nut)",
+                           "nut: left_1 nut/left_1 (nut)", "rod: rod/rod", "left_1 (nut) is selected"}) {
+    EXPECT_NE(said_.find(line), std::string::npos) << line << "\n" << said_;
+  }
+}
+
 TEST_F(Browser, TwoHundredThousandTrianglesStandInSeconds) {
   constexpr int around = 320;
   std::string obj;

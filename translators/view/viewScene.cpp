@@ -50,7 +50,8 @@ class Collector {
     std::uint32_t mesh = viewScene::none;
     if (!next.node->body.empty()) {
       if (!is_finite(next.placement)) {
-        output_.message(velabsERROR, "\"" + vlt_one_line(next.node->name) + "\" stands too far away, or is too large");
+        output_.message(velabsERROR,
+                        "\"" + vlt_one_line(next.node->label()) + "\" stands too far away, or is too large");
         return false;
       }
       std::shared_ptr<const annMesh> facets = facets_.of(*next.node);

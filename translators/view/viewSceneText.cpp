@@ -46,9 +46,8 @@ std::string viewSceneText::add_mesh(const viewMesh& mesh, std::size_t number) {
   if (!meshes_.empty()) meshes_ += ",\n";
   meshes_ += "{\"v\":" + std::to_string(mesh.points.size()) + ",\"t\":" + std::to_string(mesh.triangle_count()) +
              ",\"e\":" + std::to_string(mesh.edges.size() / 2) + ",\"c\":" + std::to_string(packed.corner_bytes) +
-             ",\"l\":" + std::to_string(packed.edge_bytes) + ",\"box\":[" + box_text(mesh.box) + "],\"ranges\":[" +
-             ranges + "],\"solid\":" + (mesh.closed ? "1" : "0") + ",\"tinted\":" + (mesh.colours.empty() ? "0" : "1") +
-             "}";
+             ",\"l\":" + std::to_string(packed.edge_bytes) + ",\"box\":[" + box_text(mesh.box) + "],\"ranges\":[" + ranges +
+             "],\"solid\":" + (mesh.closed ? "1" : "0") + ",\"tinted\":" + (mesh.colours.empty() ? "0" : "1") + "}";
   if (mesh.corners.empty()) return {};
   for (std::size_t node : shown_by_[number]) {
     const annBox& box = boxes_[node] = view_placed_box(mesh.points, mesh.box, scene_.nodes[node].placement);
@@ -70,8 +69,11 @@ void viewSceneText::write(velabsOfStream& stream) {
 
 void viewSceneText::write_node(const viewScene::Node& node, std::size_t number, velabsOfStream& stream) {
   auto reference = [](std::uint32_t to) { return to == viewScene::none ? "-1" : std::to_string(to); };
-  std::string text =
-      (number == 0 ? "[" : ",\n[") + reference(node.parent) + "," + view_json_text(node.node->name.view());
+  const utString &name = node.node->name, &instance = node.node->instance_name;
+  std::string text = (number == 0 ? "[" : ",\n[") + reference(node.parent) + ",";
+  const bool has_own_name = !instance.empty() && instance != name;
+  text += has_own_name ? "[" + view_json_text(instance.view()) + "," + view_json_text(name.view()) + "]"
+                       : view_json_text(name.view());
   if (node.mesh != viewScene::none && !is_empty_[node.mesh]) {
     text += "," + reference(node.mesh) + "," + (node.colour ? std::to_string(colour(*node.colour)) : "-1") + ",[" +
             numbers(node.placement.m) + "],[" + box_text(boxes_[number]) + "]";

@@ -72,7 +72,8 @@ function readMeshes(list) {
     return from;
   };
   return list.map((entry) => {
-    const mesh = { box: entry.box, ranges: entry.ranges, solid: entry.solid === 1, vertices: entry.v, triangles: entry.t };
+    const { box, ranges } = entry;
+    const mesh = { box, ranges, solid: entry.solid === 1, vertices: entry.v, triangles: entry.t };
     if (entry.t === 0) return mesh;
     mesh.positions = new Uint16Array(bytes.buffer, take(6 * entry.v), 3 * entry.v);
     mesh.normals = new Int16Array(bytes.buffer, take(4 * entry.v), 2 * entry.v);
@@ -86,10 +87,18 @@ function readMeshes(list) {
   });
 }
 
+// An instance with a name of its own has that and the name of its part. `title` has both.
+function namesOf(names) {
+  if (!Array.isArray(names)) return { name: names, part: "", title: names };
+  const [name, part] = names;
+  return { name, part, title: part ? `${name} (${part})` : name };
+}
+
 // Nodes come before what is below them, so what is below node i is all from i + 1 to its `end`.
 function readNodes(list) {
-  const nodes = list.map(([parent, name, mesh = -1, colour = -1, placement = null, box = null], number) => ({
-    number, parent, name, mesh, colour, placement, box, end: number + 1, depth: 0, visible: true, open: false,
+  const nodes = list.map(([parent, names, mesh = -1, colour = -1, placement = null, box = null], number) => ({
+    number, parent, ...namesOf(names), mesh, colour, placement, box,
+    end: number + 1, depth: 0, visible: true, open: false,
   }));
   for (let i = nodes.length - 1; i >= 0; --i) {
     const parent = nodes[nodes[i].parent];

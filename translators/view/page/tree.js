@@ -51,7 +51,7 @@ class Tree {
   // Those that are looked for, what they are in, and what is open below them.
   found() {
     const { nodes } = this.model;
-    const meant = nodes.map((node) => node.name.toLowerCase().includes(this.wanted));
+    const meant = nodes.map(({ name, part }) => [name, part].some((text) => text.toLowerCase().includes(this.wanted)));
     const holds = nodes.map(() => false);
     for (let i = nodes.length - 1; i >= 0; --i) {
       if ((meant[i] || holds[i]) && nodes[i].parent >= 0) holds[nodes[i].parent] = true;
@@ -126,7 +126,7 @@ class Tree {
       return made;
     };
     const row = make("div", "row-of-tree");
-    const title = node.name || "without a name";
+    const title = node.title || "without a name";
     row.id = `node-${node.number}`;
     row.dataset.node = node.number;
     row.style.paddingLeft = `${4 + 14 * Math.min(node.depth, deepestIndent)}px`;
@@ -147,9 +147,14 @@ class Tree {
       row.append(dot);
     }
     const name = make("span", node.name ? "name" : "name none");
-    name.textContent = title;
-    row.title = node.name;
+    name.textContent = node.name || title;
+    row.title = node.title;
     row.append(name);
+    if (node.part) {
+      const part = make("span", "part");
+      part.textContent = node.part;
+      row.append(part);
+    }
     return row;
   }
 

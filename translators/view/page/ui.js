@@ -155,7 +155,7 @@ class Ui {
   tellSize(node, parts) {
     const { model } = this.viewer;
     const box = joinBoxes(parts);
-    element("size-of").textContent = node ? node.name || "without a name" : "Size of the model";
+    element("size-of").textContent = node ? node.title || "without a name" : "Size of the model";
     for (let i = 0; i < 3; ++i) {
       element(`size-${"xyz"[i]}`).textContent = box ? lengthText(box[i + 3] - box[i], model.unit) : "\u2013";
     }
