@@ -126,6 +126,26 @@ TEST(Png, FlatFacesAreFlatBesideFillets) {
   }
 }
 
+TEST(Png, LinesOfSmallPartsDoNotCoverThem) {
+  const auto light = [](const annDocument& document, const char* edges) {
+    const Picture picture = picture_of(document, {{"WIDTH", "500"}, {"HEIGHT", "400"}, {"SHOW_EDGES", edges}});
+    double sum = 0, shown = 0;
+    picture.share([&](const Picture::Pixel& p) {
+      if (p[3] > 250) sum += p[0] + p[1] + p[2], ++shown;
+      return false;
+    });
+    return sum / shown;
+  };
+  annDocument document;
+  const auto mesh = coloured_cube().root.children.front()->body.mesh;
+  for (int i = 0; i < 5000; ++i) {
+    annNode& node = document.root.add_child("cube");
+    node.body.mesh = mesh;
+    node.transform.m = {1, 0, 0, 1.5 * (i % 17), 0, 1, 0, 1.5 * (i / 17 % 17), 0, 0, 1, 1.5 * (i / 289)};
+  }
+  EXPECT_GT(light(document, "1"), 0.85 * light(document, "0"));
+}
+
 TEST(Png, OnePictureForOneModelWhateverItsBands) {
   TemporaryDirectory directory;
   Messages messages;

@@ -248,6 +248,28 @@ TEST_F(Browser, InstancesAreFoundByTheirNamesAndThoseOfTheirParts) {
   }
 }
 
+TEST_F(Browser, LinesOfSmallPartsDoNotCoverThem) {
+  std::string obj;
+  for (int i = 0; i < 5000; ++i) {
+    const double x = i % 71, y = i / 71;
+    add_box(obj, "part", "none", {x, y, 0}, {x + 0.7, y + 0.7, 0.7});
+  }
+  const std::string page = page_of(installation_.work().write("many.obj", obj));
+  const auto brightness = [&](const char* script) {
+    const Picture picture = look(page, script);
+    double sum = 0;
+    for (double x = 0.45; x < 0.8; x += 0.001) {
+      for (double y = 0.35; y < 0.6; y += 0.001) sum += picture.at(x, y)[1];
+    }
+    return sum;
+  };
+  const double with_lines = brightness("");
+  const double without =
+      brightness("document.body.dispatchEvent(new KeyboardEvent('keydown', { key: 'e', bubbles: true }))");
+  EXPECT_LT(with_lines, without);
+  EXPECT_GT(with_lines, 0.9 * without);
+}
+
 TEST_F(Browser, TwoHundredThousandTrianglesStandInSeconds) {
   constexpr int around = 320;
   std::string obj;

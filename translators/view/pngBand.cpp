@@ -112,7 +112,7 @@ void pngBand::put(Sample& sample, float depth, const float* colour, float opacit
   sample.opacity = over(sample.opacity, 1);
 }
 
-void pngBand::draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour) {
+void pngBand::draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour, float opacity) {
   const float dx = to.x - from.x, dy = to.y - from.y;
   const float length = std::hypot(dx, dy);
   // Seen end-on it is a dot that its neighbours cover.
@@ -125,8 +125,8 @@ void pngBand::draw_line(const pngPoint& from, const pngPoint& to, float width, c
         colour};
   };
   const pngCorner a = corner(from, -1, 1), b = corner(from, -1, -1), c = corner(to, 1, -1), d = corner(to, 1, 1);
-  draw({{a, b, c}, 1});
-  draw({{a, c, d}, 1});
+  draw({{a, b, c}, opacity});
+  draw({{a, c, d}, opacity});
 }
 
 void pngBand::resolve(std::size_t row, std::vector<std::uint8_t>& pixels) const {

@@ -43,7 +43,7 @@ class pngBand {
   void draw(const pngTriangle& triangle);
 
   // A line of a width in samples, a little nearer to the eye than what it lies on.
-  void draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour);
+  void draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour, float opacity);
 
   // One row of pixels, counted from the band's first: red, green, blue and opacity in a byte each.
   void resolve(std::size_t row, std::vector<std::uint8_t>& pixels) const;

@@ -30,6 +30,9 @@ class pngCamera {
 
   pngPoint point(annVector p) const;
 
+  // Samples for a unit of length of the scene.
+  double scale() const { return scale_; }
+
   // In the picture's directions: right, up, towards the eye.
   annVector direction(annVector d) const;
 

@@ -8,6 +8,10 @@ namespace {
 constexpr annColour colour_of_parts{0.74F, 0.78F, 0.82F, 1};
 constexpr pngColour colour_of_lines{0.13F, 0.16F, 0.2F};
 
+// Lines that are fewer of their widths apart become fainter, so that small parts keep their colour.
+constexpr double lines_apart = 8;
+constexpr float faintest = 0.02F;
+
 using Normal = viewMesh::Normal;
 
 float dot(const Normal& a, const Normal& b) {
@@ -53,9 +57,11 @@ pngPainter::pngPainter(const viewScene& scene, const std::vector<viewMesh>& mesh
 void pngPainter::paint(pngBand& band) {
   clear_.clear();
   for (std::size_t i = 0; i < scene_.nodes.size(); ++i) {
-    const Extent& extent = extents_[i];
-    const bool shown = extent.top <= extent.bottom;
-    if (shown && band.reaches(extent.top - line_width_, extent.bottom + line_width_)) paint_part(scene_.nodes[i], band);
+    if (reaches(i, band)) paint_surface(scene_.nodes[i], band);
+  }
+  // Faint lines let through what is drawn already, so they come after all surfaces.
+  for (std::size_t i = 0; line_width_ > 0 && i < scene_.nodes.size(); ++i) {
+    if (reaches(i, band)) paint_lines(scene_.nodes[i], band);
   }
   auto depth = [](const pngTriangle& t) { return t.corners[0].at.z + t.corners[1].at.z + t.corners[2].at.z; };
   std::stable_sort(clear_.begin(), clear_.end(),
@@ -63,7 +69,12 @@ void pngPainter::paint(pngBand& band) {
   for (const pngTriangle& triangle : clear_) band.draw(triangle);
 }
 
-void pngPainter::paint_part(const viewScene::Node& node, pngBand& band) {
+bool pngPainter::reaches(std::size_t node, const pngBand& band) const {
+  const Extent& extent = extents_[node];
+  return extent.top <= extent.bottom && band.reaches(extent.top - line_width_, extent.bottom + line_width_);
+}
+
+void pngPainter::paint_surface(const viewScene::Node& node, pngBand& band) {
   const viewMesh& mesh = meshes_[node.mesh];
   place(node, mesh);
   for (const viewMesh::Range& range : mesh.ranges) {
@@ -71,10 +82,24 @@ void pngPainter::paint_part(const viewScene::Node& node, pngBand& band) {
     const auto& materials = scene_.meshes[node.mesh]->materials;
     paint_range(mesh, range, own ? node.colour.value_or(colour_of_parts) : materials[range.material].colour, band);
   }
-  if (!(line_width_ > 0)) return;
+}
+
+void pngPainter::paint_lines(const viewScene::Node& node, pngBand& band) {
+  const viewMesh& mesh = meshes_[node.mesh];
+  const float opacity = opacity_of_lines(node);
+  if (!(opacity > faintest)) return;
+  place(node, mesh);
   for (std::size_t i = 0; i < mesh.edges.size(); i += 2) {
-    band.draw_line(points_[mesh.edges[i]], points_[mesh.edges[i + 1]], line_width_, colour_of_lines);
+    band.draw_line(points_[mesh.edges[i]], points_[mesh.edges[i + 1]], line_width_, colour_of_lines, opacity);
   }
+}
+
+float pngPainter::opacity_of_lines(const viewScene::Node& node) const {
+  const auto& m = node.placement.m;
+  const double volume = ann_dot({m[0], m[4], m[8]}, ann_cross({m[1], m[5], m[9]}, {m[2], m[6], m[10]}));
+  const double spacing = meshes_[node.mesh].line_spacing * std::cbrt(std::fabs(volume)) * camera_.scale();
+  const auto share = static_cast<float>(std::min(spacing / (lines_apart * static_cast<double>(line_width_)), 1.0));
+  return share * share;
 }
 
 void pngPainter::place(const viewScene::Node& node, const viewMesh& mesh) {

@@ -19,8 +19,11 @@ class pngPainter {
     float top, bottom;
   };
 
+  bool reaches(std::size_t node, const pngBand& band) const;
   void place(const viewScene::Node& node, const viewMesh& mesh);
-  void paint_part(const viewScene::Node& node, pngBand& band);
+  void paint_surface(const viewScene::Node& node, pngBand& band);
+  void paint_lines(const viewScene::Node& node, pngBand& band);
+  float opacity_of_lines(const viewScene::Node& node) const;
   void paint_range(const viewMesh& mesh, const viewMesh::Range& range, const annColour& look, pngBand& band);
   pngColour lit(const annColour& colour, viewMesh::Normal normal, const viewMesh::Normal& facet) const;
 

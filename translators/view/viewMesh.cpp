@@ -1,6 +1,7 @@
 #include "viewMesh.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "annTriangleCorners.h"
@@ -103,6 +104,21 @@ void number_by_use(viewMesh& made) {
   reorder(made.colours);
 }
 
+double length(const annVector& v) {
+  return std::hypot(v.x, v.y, v.z);
+}
+
+double line_spacing(const viewMesh& mesh) {
+  double area = 0, lines = 0;
+  const auto side = [&](std::uint32_t from, std::uint32_t to) { return mesh.points[to] - mesh.points[from]; };
+  for (std::size_t i = 0; i < mesh.corners.size(); i += 3) {
+    const std::uint32_t* const t = mesh.corners.data() + i;
+    area += length(ann_cross(side(t[0], t[1]), side(t[0], t[2]))) / 2;
+  }
+  for (std::size_t i = 0; i < mesh.edges.size(); i += 2) lines += length(side(mesh.edges[i], mesh.edges[i + 1]));
+  return lines > 0 ? area / lines : 0;
+}
+
 }  // namespace
 
 viewMesh view_make_mesh(const annMesh& mesh) {
@@ -112,6 +128,7 @@ viewMesh view_make_mesh(const annMesh& mesh) {
   if (made.ranges.empty()) return made;
   view_split_at_creases(mesh, triangles.points, triangles.places, triangles.sources, made);
   number_by_use(made);
+  made.line_spacing = line_spacing(made);
   made.box = {made.points.front(), made.points.front()};
   for (const annVector& point : made.points) made.box.include(point);
   return made;

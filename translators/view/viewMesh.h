@@ -24,6 +24,8 @@ struct viewMesh {
   std::vector<std::uint32_t> corners;  // three for each triangle
   std::vector<Range> ranges;
   std::vector<std::uint32_t> edges;  // two vertices for each line
+  // About how far the lines are apart: the area of the triangles over the length of the lines; 0 without lines.
+  double line_spacing = 0;
   annBox box;
   // A solid's skin: no holes, all triangles facing outwards. Only then is what lies behind a triangle known.
   bool closed = false;

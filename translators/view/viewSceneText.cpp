@@ -46,7 +46,8 @@ std::string viewSceneText::add_mesh(const viewMesh& mesh, std::size_t number) {
   if (!meshes_.empty()) meshes_ += ",\n";
   meshes_ += "{\"v\":" + std::to_string(mesh.points.size()) + ",\"t\":" + std::to_string(mesh.triangle_count()) +
              ",\"e\":" + std::to_string(mesh.edges.size() / 2) + ",\"c\":" + std::to_string(packed.corner_bytes) +
-             ",\"l\":" + std::to_string(packed.edge_bytes) + ",\"box\":[" + box_text(mesh.box) + "],\"ranges\":[" + ranges +
+             ",\"l\":" + std::to_string(packed.edge_bytes) + ",\"gap\":" + view_json_number(mesh.line_spacing) +
+             ",\"box\":[" + box_text(mesh.box) + "],\"ranges\":[" + ranges +
              "],\"solid\":" + (mesh.closed ? "1" : "0") + ",\"tinted\":" + (mesh.colours.empty() ? "0" : "1") + "}";
   if (mesh.corners.empty()) return {};
   for (std::size_t node : shown_by_[number]) {

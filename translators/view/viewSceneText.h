@@ -15,7 +15,7 @@
 //   title, unit  texts; the unit is short ("mm"), empty when nobody knows it
 //   colours      [red, green, blue, opacity]
 //   meshes       {v, t, e: counts of vertices, triangles and lines; c: bytes of the corners; l: bytes of the lines;
-//                box: [least x, y, z, greatest x, y, z]; ranges: [colour or -1,
+//                gap: about how far lines are apart; box: [least x, y, z, greatest x, y, z]; ranges: [colour or -1,
 //                first triangle, count]...; solid: 1 for a closed skin; tinted: 1 when vertices have colours}, in the
 //                order of their data
 //   nodes        [parent or -1, name, mesh or -1, colour or -1, placement of 12 numbers, box of 6 numbers]; the name

@@ -13,7 +13,8 @@ VIEW = iso
 # What stands behind the model: transparent, or a colour as #RRGGBB (writing).
 BACKGROUND = transparent
 
-# Draw lines where facets meet at an angle, and along free borders (writing).
+# Draw lines where facets meet at an angle, and along free borders; they are fainter on parts that are small in the
+# picture (writing).
 SHOW_EDGES = 1
 
 # Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).

@@ -66,6 +66,12 @@ class Camera {
     return (2 * opening * this.distance) / this.height;
   }
 
+  // The same at a point of the scene.
+  pixelAt(point) {
+    if (this.parallel) return this.pixel();
+    return (this.pixel() * Math.max(this.distance - this.seen(point)[2], 1e-9)) / this.distance;
+  }
+
   // Pixels from the upper left corner.
   onScreen(point) {
     const [x, y, z] = this.seen(point);

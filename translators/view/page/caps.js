@@ -36,7 +36,8 @@ class Caps {
         const { segments, low, high } = part.cut;
         if (!segments) continue;
         const pivot = low.map((value, i) => (value + high[i]) / 2);
-        this.cuts.push({ part, mesh: shown.mesh, segments, pivot, first, count: segments.length / 6 });
+        const gap = outlineGap(part.cut);
+        this.cuts.push({ part, mesh: shown.mesh, segments, pivot, gap, first, count: segments.length / 6 });
         first += segments.length / 6;
       }
     }
@@ -79,8 +80,9 @@ class Caps {
     gl.disable(gl.SCISSOR_TEST);
   }
 
-  drawOutlines(view, projection, nudge) {
+  drawOutlines(camera, view, projection, nudge) {
     const { gl, renderer } = this;
+    const sharpness = renderer.canvas.height / camera.height;
     this.liner ??= renderer.program(cutVertex, edgeFragment);
     const { places } = this.liner;
     renderer.use(this.liner, view, projection);
@@ -89,6 +91,7 @@ class Caps {
     gl.bindVertexArray(this.array);
     for (const cut of this.cuts) {
       gl.uniform1f(places.mark, cut.part.marked ? 1 : 0);
+      gl.uniform1f(places.fade, Math.min((cut.gap * sharpness) / (linesApart * camera.pixelAt(cut.pivot)), 1) ** 2);
       this.drawSegments(this.liner, gl.LINES, 2, cut);
     }
   }

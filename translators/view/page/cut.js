@@ -1,5 +1,15 @@
 // Where the section plane meets the facets of a part.
 
+// About how far the lines of an outline are apart: the area of the box around it over their length.
+function outlineGap({ segments, low, high }) {
+  const sides = low.map((value, i) => high[i] - value).sort((a, b) => b - a);
+  let length = 0;
+  for (let i = 0; i < segments.length; i += 6) {
+    length += Math.hypot(segments[i] - segments[i + 3], segments[i + 1] - segments[i + 4], segments[i + 2] - segments[i + 5]);
+  }
+  return length > 0 ? (sides[0] * sides[1]) / length : 0;
+}
+
 // Segments in the plane, six numbers of the scene each, with the box around them. Each has the material on the same
 // hand, and neighbouring facets give theirs the same end to the last bit, so those of a solid form closed loops.
 function cutOf(part, mesh, plane) {

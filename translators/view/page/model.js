@@ -72,8 +72,8 @@ function readMeshes(list) {
     return from;
   };
   return list.map((entry) => {
-    const { box, ranges } = entry;
-    const mesh = { box, ranges, solid: entry.solid === 1, vertices: entry.v, triangles: entry.t };
+    const { box, ranges, gap } = entry;
+    const mesh = { box, ranges, gap, solid: entry.solid === 1, vertices: entry.v, triangles: entry.t };
     if (entry.t === 0) return mesh;
     mesh.positions = new Uint16Array(bytes.buffer, take(6 * entry.v), 3 * entry.v);
     mesh.normals = new Int16Array(bytes.buffer, take(4 * entry.v), 2 * entry.v);

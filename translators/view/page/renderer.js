@@ -90,6 +90,7 @@ class Renderer {
     // A flat mesh needs some thickness to tell where its normals go; none of its vertices uses it.
     shown.size = shown.size.map((value) => value || largest);
     shown.extent = shown.size.map((value) => value / largest);
+    shown.gap = mesh.gap / Math.cbrt(shown.size[0] * shown.size[1] * shown.size[2]);
     return shown;
   }
 
@@ -216,14 +217,16 @@ class Renderer {
     gl.disable(gl.POLYGON_OFFSET_FILL);
     gl.enable(gl.BLEND);
     const nudge = camera.parallel ? [0, 1.6 * camera.pixel()] : [(1.6 * camera.pixel()) / camera.distance, 0];
-    if (this.options.cut) this.caps.drawOutlines(view, projection, nudge);
+    if (this.options.cut) this.caps.drawOutlines(camera, view, projection, nudge);
     if (this.options.edges) {
       this.use(this.edge, view, projection);
       gl.uniform4fv(this.edge.places.ink, this.options.ink);
       gl.uniform2fv(this.edge.places.nudge, nudge);
+      gl.uniform1f(this.edge.places.halfHeight, this.canvas.height / 2);
       for (const shown of this.meshes) {
         if (!shown || !shown.lines || shown.drawn.length === 0) continue;
         this.bind(shown, shown.lines);
+        gl.uniform1f(this.edge.places.gap, shown.gap);
         gl.drawElementsInstanced(gl.LINES, shown.mesh.lines.length, shown.type, 0, shown.drawn.length);
       }
     }

@@ -90,15 +90,27 @@ void main() {
   painted = vec4(pow(min(lit, vec3(1.0)), vec3(1.0 / 2.2)), colour.a) * vec4(vec3(colour.a), 1.0);
 }`;
 
+// Lines that are fewer pixels apart than `linesApart` become fainter, so that small parts keep their colour. `gap` is how
+// far they are apart over the size of the mesh's box.
+const linesApart = 8;
+
 const edgeVertex = commonInputs + `
 uniform vec2 nudge;
+uniform float gap;
+uniform float halfHeight;
 out float beyond;
 out float strength;
+out float whole;
 void main() {
   vec3 p = inScene();
+  float volume = dot(vec3(rowX.x, rowY.x, rowZ.x),
+    cross(vec3(rowX.y, rowY.y, rowZ.y), vec3(rowX.z, rowY.z, rowZ.z)));
   // A little nearer to the eye than the surface, at the same place in the picture.
   vec3 eye = (view * vec4(p, 1.0)).xyz * (1.0 - nudge.x);
   gl_Position = projection * vec4(eye.xy, eye.z + nudge.y, 1.0);
+  float apart = gap * pow(abs(volume), 1.0 / 3.0) * projection[1][1] * halfHeight / max(gl_Position.w, 1e-6);
+  float share = min(apart / ${linesApart}.0, 1.0);
+  whole = share * share;
   beyond = dot(plane.xyz, p) - plane.w;
   strength = state.y;
 }`;
@@ -107,6 +119,7 @@ const edgeFragment = `#version 300 es
 precision highp float;
 in float beyond;
 in float strength;
+in float whole;
 uniform bool cut;
 uniform vec4 ink;
 uniform vec3 accent;
@@ -114,7 +127,7 @@ out vec4 painted;
 void main() {
   if (cut && beyond > 0.0) discard;
   vec4 c = mix(ink, vec4(accent * 0.75, 1.0), strength);
-  painted = vec4(c.rgb * c.a, c.a);
+  painted = vec4(c.rgb * c.a, c.a) * whole;
 }`;
 
 const pickVertex = commonInputs + `
@@ -160,8 +173,10 @@ uniform vec3 pivot;
 uniform vec2 nudge;
 uniform float mark;
 uniform float part;
+uniform float fade;
 out float beyond;
 out float strength;
+out float whole;
 out float away;
 flat out float number;
 void main() {
@@ -171,6 +186,7 @@ void main() {
   beyond = 0.0;
   away = -eye.z;
   strength = mark;
+  whole = fade;
   number = part;
 }`;
 
