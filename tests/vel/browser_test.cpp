@@ -220,6 +220,54 @@ TEST_F(Browser, SectionsShowMaterialAndNothingBehindIt) {
   EXPECT_LT(darkest, 160);
 }
 
+TEST_F(Browser, MeasuringTakesTheNearestVertexThatIsSeen) {
+  // The corner of "hidden" that is nearest to the eye is behind the middle of the cube's front.
+  std::string obj;
+  add_box(obj, "cube", "none", {0, 0, 0}, {4, 4, 4});
+  add_box(obj, "hidden", "none", {2, 1, 2}, {3, 3, 3});
+  const std::string page = page_of(installation_.work().write("cube.obj", obj));
+
+  // Seen from the front in parallel lines: X goes to the right, Z up.
+  look(page, R"({
+    const key = (name) => document.body.dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
+    window.matchMedia = () => ({ matches: true });
+    for (const name of "p1m") key(name);
+    const canvas = document.getElementById("view");
+    canvas.setPointerCapture = () => {};
+    const box = canvas.getBoundingClientRect();
+    const unit = (box.height - 64) / 4.48;
+    const text = (id) => document.getElementById(id).textContent;
+    const state = () => text("hint") + " | " + (document.getElementById("snap").hasAttribute("hidden") ? "free" : "snaps");
+    const send = (kind, x, z, dx, dy) => canvas.dispatchEvent(new PointerEvent(kind, {
+      clientX: box.left + box.width / 2 + (x - 2) * unit + dx, clientY: (box.height - 64) / 2 - (z - 2) * unit + dy,
+      pointerId: 1, button: 0 }));
+    const click = (...at) => ["pointerdown", "pointerup"].forEach((kind) => send(kind, ...at));
+    const rests = (...at) => new Promise((done) => { send("pointermove", ...at); setTimeout(done, 100); });
+    (async () => {
+      await rests(2, 2, 0, 0);
+      console.log("test middle: " + state());
+      await rests(4, 4, -5, 4);
+      console.log("test corner: " + state());
+      click(4, 4, -5, 4);
+      console.log("test one: " + state());
+      // Beside the cube, where there is nothing but the vertex.
+      click(0, 0, -6, 3);
+      console.log("test two: " + state() + " | " + text("ruler-text"));
+      click(4, 0, 0, 0);
+      click(2, 2, 0, 0);
+      console.log("test three: " + text("ruler-text").replace(/.*\d/, ""));
+      canvas.blur();
+    })();
+  })");
+  for (const char* line :
+       {"middle: Click two points to measure between them | free",
+        "corner: Click two points to measure between them | snaps", "one: From a vertex: click the second point | free",
+        "two: Click a point to measure again | free | 5.657X \u22124   Y 0   Z \u22124vertex to vertex",
+        "three: vertex to point"}) {
+    EXPECT_NE(said_.find(line), std::string::npos) << line << "\n" << said_;
+  }
+}
+
 TEST_F(Browser, InstancesAreFoundByTheirNamesAndThoseOfTheirParts) {
   std::string obj;
   add_box(obj, "nut", "none", {0, 0, 0}, {1, 1, 1});

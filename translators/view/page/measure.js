@@ -3,92 +3,181 @@
 // How far off what is picked can be, over the model's radius.
 const pickSlack = 1e-5;
 
-// Ends of lines that are so close to the pointer are meant, in pixels.
-const snapping = 9;
+// A vertex that is so close to the pointer is taken in place of what is under it, in pixels.
+const snapping = 10;
+
+// Vertices that are looked at: most of the nearest are seen.
+const mostCandidates = 6;
 
 class Measure {
-  constructor(model, camera, section) {
-    this.model = model;
-    this.camera = camera;
-    this.section = section;
+  // `pick(x, y)` gives what is seen at a pixel, as the renderer does.
+  constructor(model, camera, section, pick) {
+    Object.assign(this, { model, camera, section, pick });
     this.on = false;
-    this.points = [];
-    this.slacks = [];
+    this.ends = []; // {point, slack, snapped}
+    this.aim = null; // the vertex that a click would take
     this.ruler = document.getElementById("ruler");
     this.text = document.getElementById("ruler-text");
+    this.snap = document.getElementById("snap");
   }
 
   turn(on) {
     this.on = on;
-    this.points = [];
+    this.ends = [];
+    this.aim = null;
     this.draw();
   }
 
-  take(hit) {
-    if (this.points.length === 2) this.points = [];
-    this.slacks[this.points.length] = this.slackOf(hit.part);
-    this.points.push(this.snapped(hit));
+  // The pointer is there: shows which vertex a click would take.
+  point(x, y) {
+    if (!this.on) return;
+    this.aim = this.vertexNear(x, y);
     this.draw();
   }
 
-  // How far off a point of a part can be: its vertices have places in 65535 steps along the box.
+  leave() {
+    this.aim = null;
+    this.snap.setAttribute("hidden", "");
+  }
+
+  take(x, y) {
+    const end = this.vertexNear(x, y) || this.surfaceAt(x, y);
+    if (!end) return;
+    if (this.ends.length === 2) this.ends = [];
+    this.ends.push(end);
+    this.aim = null;
+    this.draw();
+  }
+
+  // How far off a vertex of a part can be: it has one of 65536 places along each side of the box.
   slackOf({ box }) {
-    return pickSlack * this.model.radius + Math.max(...[0, 1, 2].map((i) => box[i + 3] - box[i])) / 65535;
+    return Math.max(...[0, 1, 2].map((i) => box[i + 3] - box[i])) / 65535;
   }
 
-  // The end of a line of the part near the point that was hit, unless it is cut away; else that point.
-  snapped(hit) {
-    const { positions, lines } = this.model.meshes[hit.part.mesh];
-    const { rows } = hit.part;
-    let nearest = hit.point;
-    let best = snapping * this.camera.pixel();
-    if (!this.camera.parallel) best *= (this.camera.distance - this.camera.seen(hit.point)[2]) / this.camera.distance;
-    best *= best;
-    for (let i = 0; i < lines.length; ++i) {
-      const at = 3 * lines[i];
-      const [x, y, z] = [positions[at] / 65535, positions[at + 1] / 65535, positions[at + 2] / 65535];
-      const px = rows[0] * x + rows[1] * y + rows[2] * z + rows[3];
-      const py = rows[4] * x + rows[5] * y + rows[6] * z + rows[7];
-      const pz = rows[8] * x + rows[9] * y + rows[10] * z + rows[11];
-      const d = (px - hit.point[0]) ** 2 + (py - hit.point[1]) ** 2 + (pz - hit.point[2]) ** 2;
-      if (d >= best || this.section.removes([px, py, pz])) continue;
-      best = d;
-      nearest = [px, py, pz];
+  surfaceAt(x, y) {
+    const hit = this.pick(x, y);
+    if (!hit) return null;
+    return { point: hit.point, slack: pickSlack * this.model.radius + this.slackOf(hit.part), snapped: false };
+  }
+
+  // The vertex nearest to a place on the screen, of those that are seen; null where there is none so close.
+  vertexNear(x, y) {
+    const candidates = [];
+    const axes = this.camera.axes();
+    for (const part of this.model.parts) {
+      if (part.visible && this.reaches(part, x, y, axes)) this.addVertices(part, x, y, axes, candidates);
     }
-    return nearest;
+    const found = candidates.find((candidate) => this.isSeen(candidate));
+    return found ? { point: found.point, slack: this.slackOf(found.part), snapped: true } : null;
+  }
+
+  // Whether a vertex of the part can be near a place on the screen, by the sphere around the part's box.
+  reaches({ box }, x, y, axes) {
+    const { camera } = this;
+    const { centre, radius } = this.model;
+    const middle = centre.map((value, i) => ((box[i] + box[i + 3]) / 2 - value) / radius);
+    const reach = Math.hypot(box[3] - box[0], box[4] - box[1], box[5] - box[2]) / 2 / radius;
+    const [right, up, near] = camera.seen(middle, axes);
+    let scale = 1 / camera.pixel();
+    let largest = scale;
+    if (!camera.parallel) {
+      const away = camera.distance - near;
+      // What reaches to the eye can be anywhere.
+      if (away <= 1.001 * reach) return true;
+      largest *= camera.distance / (away - reach);
+      scale *= camera.distance / away;
+    }
+    const off = Math.hypot(scale * right - (x - camera.width / 2), scale * up - (camera.height / 2 - y));
+    return off < largest * reach + (largest - scale) * Math.hypot(right, up) + snapping;
+  }
+
+  // Adds the part's vertices near a place to the nearest of all, sorted by their distances on the screen.
+  addVertices(part, x, y, axes, candidates) {
+    const { positions, vertices } = this.model.meshes[part.mesh];
+    const { camera } = this;
+    const { rows } = part;
+    // From a place in the mesh's box to the eye's directions, in one step.
+    const [right, up, near] = axes.map((axis) => {
+      const way = [0, 1, 2, 3].map((i) => axis[0] * rows[i] + axis[1] * rows[4 + i] + axis[2] * rows[8 + i]);
+      way[3] -= axis[0] * camera.target[0] + axis[1] * camera.target[1] + axis[2] * camera.target[2];
+      return way;
+    });
+    const scale = 1 / camera.pixel();
+    const [fromX, fromY] = [x - camera.width / 2, camera.height / 2 - y];
+    for (let i = 0, at = 0; i < vertices; ++i, at += 3) {
+      const [a, b, c] = [positions[at] / 65535, positions[at + 1] / 65535, positions[at + 2] / 65535];
+      const z = near[0] * a + near[1] * b + near[2] * c + near[3];
+      if (!camera.parallel && z >= camera.distance) continue;
+      const k = camera.parallel ? scale : (scale * camera.distance) / (camera.distance - z);
+      const dx = k * (right[0] * a + right[1] * b + right[2] * c + right[3]) - fromX;
+      const dy = k * (up[0] * a + up[1] * b + up[2] * c + up[3]) - fromY;
+      const off = dx * dx + dy * dy;
+      const last = candidates[mostCandidates - 1];
+      if (off > snapping * snapping || (last && (off > last.off || (off === last.off && z <= last.z)))) continue;
+      // Vertices at one point differ in their normals.
+      if (candidates.some((other) => other.off === off && other.z === z)) continue;
+      const point = [0, 4, 8].map((row) => rows[row] * a + rows[row + 1] * b + rows[row + 2] * c + rows[row + 3]);
+      if (this.section.removes(point)) continue;
+      // Of two at one place on the screen the nearer one to the eye.
+      const before = candidates.findIndex((other) => off < other.off || (off === other.off && z > other.z));
+      candidates.splice(before < 0 ? candidates.length : before, 0, { part, point, off, z });
+      candidates.length = Math.min(candidates.length, mostCandidates);
+    }
+  }
+
+  // Whether nothing is in front of a vertex.
+  isSeen({ point, z }) {
+    const hit = this.pick(...this.camera.onScreen(point));
+    return !hit || this.camera.seen(hit.point)[2] - z < 2 * this.camera.pixelAt(point) + 2 * pickSlack;
   }
 
   // To be called whenever the picture changes.
   draw() {
-    const shown = this.on && this.points.length > 0;
+    const { ends } = this;
+    const shown = this.on && ends.length > 0;
     this.ruler.toggleAttribute("hidden", !shown);
-    this.text.hidden = !shown || this.points.length < 2;
+    this.text.hidden = !shown || ends.length < 2;
+    this.snap.toggleAttribute("hidden", !this.on || !this.aim);
+    if (this.on && this.aim) this.drawAim();
     if (!shown) return;
-    const ends = this.points.map((point) => this.camera.onScreen(point));
-    const from = ends[0];
-    const to = ends[ends.length - 1];
+    const places = ends.map((end) => this.camera.onScreen(end.point));
+    const from = places[0];
+    const to = places[places.length - 1];
     for (const id of ["ruler-line", "ruler-back"]) {
-      const line = document.getElementById(id);
-      [["x1", from[0]], ["y1", from[1]], ["x2", to[0]], ["y2", to[1]]].forEach(([key, value]) => line.setAttribute(key, value));
+      this.set(document.getElementById(id), { x1: from[0], y1: from[1], x2: to[0], y2: to[1] });
     }
-    [["ruler-from", from], ["ruler-to", to]].forEach(([id, end]) => {
-      const circle = document.getElementById(id);
-      circle.setAttribute("cx", end[0]);
-      circle.setAttribute("cy", end[1]);
+    // Square at a vertex, round elsewhere.
+    [["ruler-from", from, ends[0]], ["ruler-to", to, ends[ends.length - 1]]].forEach(([id, [x, y], end]) => {
+      this.set(document.getElementById(id), { x: x - 4.5, y: y - 4.5, rx: end.snapped ? 0 : 4.5 });
     });
-    if (this.points.length === 2) this.tell(from, to);
+    if (ends.length === 2) this.tell(from, to);
+  }
+
+  drawAim() {
+    const [x, y] = this.camera.onScreen(this.aim.point);
+    this.set(this.snap.querySelector("rect"), { x: x - 6.5, y: y - 6.5 });
+    this.set(this.snap.querySelector("text"), { x: x + 13, y: y - 9 });
+  }
+
+  set(shape, values) {
+    for (const [key, value] of Object.entries(values)) shape.setAttribute(key, value);
   }
 
   tell(from, to) {
     const { radius, unit } = this.model;
-    const steps = this.points[1].map((value, i) => (value - this.points[0][i]) * radius);
+    const { ends } = this;
+    const steps = ends[1].point.map((value, i) => (value - ends[0].point[i]) * radius);
     // All with the digits that the two points make sense of.
-    const last = 10 ** Math.ceil(Math.log10(this.slacks[0] + this.slacks[1]));
+    const last = 10 ** Math.ceil(Math.log10(ends[0].slack + ends[1].slack));
     const text = (value, of) => lengthText(Math.round(value / last) * last, of);
     const [dx, dy, dz] = steps.map((value) => text(value, ""));
-    const details = document.createElement("small");
-    details.textContent = `X ${dx}   Y ${dy}   Z ${dz}`;
-    this.text.replaceChildren(text(Math.hypot(...steps), unit), details);
+    const lines = [`X ${dx}   Y ${dy}   Z ${dz}`, ends.map((end) => (end.snapped ? "vertex" : "point")).join(" to ")];
+    const details = lines.map((line) => {
+      const made = document.createElement("small");
+      made.textContent = line;
+      return made;
+    });
+    this.text.replaceChildren(text(Math.hypot(...steps), unit), ...details);
     const x = (from[0] + to[0]) / 2;
     const y = (from[1] + to[1]) / 2;
     this.text.style.transform = `translate(calc(${x}px - 50%), calc(${y}px - 100% - 14px))`;

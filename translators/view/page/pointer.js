@@ -1,7 +1,8 @@
 // Mouse, pen and fingers on the picture.
 
 class Pointer {
-  // `actions` has pick(x, y), click(x, y), fit(), redraw(), middle(): the point to turn about where nothing is hit.
+  // `actions` has pick(x, y), click(x, y), rest(x, y) where the pointer stops without a button, leave() when it goes on,
+  // fit(), redraw(), middle(): the point to turn about where nothing is hit.
   constructor(canvas, camera, actions) {
     this.canvas = canvas;
     this.camera = camera;
@@ -11,6 +12,7 @@ class Pointer {
     canvas.addEventListener("pointerdown", (event) => this.press(event));
     canvas.addEventListener("pointermove", (event) => this.move(event));
     for (const kind of ["pointerup", "pointercancel"]) canvas.addEventListener(kind, (event) => this.release(event));
+    canvas.addEventListener("pointerleave", () => this.leave());
     canvas.addEventListener("wheel", (event) => this.roll(event), { passive: false });
     canvas.addEventListener("contextmenu", (event) => event.preventDefault());
     canvas.addEventListener("dblclick", () => actions.fit());
@@ -21,7 +23,13 @@ class Pointer {
     return { x: event.clientX - box.left, y: event.clientY - box.top };
   }
 
+  leave() {
+    clearTimeout(this.resting);
+    this.actions.leave();
+  }
+
   press(event) {
+    this.leave();
     this.canvas.setPointerCapture(event.pointerId);
     this.canvas.focus({ preventScroll: true });
     const place = this.place(event);
@@ -33,8 +41,12 @@ class Pointer {
 
   move(event) {
     const last = this.down.get(event.pointerId);
-    if (!last) return;
     const place = this.place(event);
+    clearTimeout(this.resting);
+    if (!last) {
+      this.resting = setTimeout(() => this.actions.rest(place.x, place.y), 30);
+      return;
+    }
     if (this.start) {
       // A hand is never quite still while it clicks.
       if (Math.hypot(place.x - this.start.x, place.y - this.start.y) < 4) return;

@@ -99,7 +99,16 @@ class Ui {
     element("measure").setAttribute("aria-pressed", measure.on);
     element("measure").classList.toggle("on", measure.on);
     element("view").classList.toggle("measuring", measure.on);
-    this.hint(measure.on ? "Click two points to measure between them" : "");
+    this.tellMeasuring();
+  }
+
+  // What was clicked and what to click next.
+  tellMeasuring() {
+    const { on, ends } = this.viewer.measure;
+    if (!on) this.hint("");
+    else if (ends.length === 1) this.hint(`From ${ends[0].snapped ? "a vertex" : "a point"}: click the second point`);
+    else if (ends.length === 0) this.hint("Click two points to measure between them");
+    else this.hint("Click a point to measure again");
   }
 
   turnSide() {

@@ -17,10 +17,12 @@ class Viewer {
       Object.assign(renderer.options, { cut, plane });
       this.redraw();
     });
-    this.measure = new Measure(model, this.camera, this.section);
+    this.measure = new Measure(model, this.camera, this.section, (x, y) => renderer.pick(this.camera, x, y));
     this.pointer = new Pointer(canvas, this.camera, {
       pick: (x, y) => renderer.pick(this.camera, x, y),
       click: (x, y) => this.click(x, y),
+      rest: (x, y) => this.measure.point(x, y),
+      leave: () => this.measure.leave(),
       fit: () => this.fit(),
       redraw: () => this.redraw(),
       middle: () => this.middle(),
@@ -121,9 +123,13 @@ class Viewer {
   }
 
   click(x, y) {
-    const hit = this.renderer.pick(this.camera, x, y);
-    if (!this.measure.on) this.select(hit ? hit.part : null);
-    else if (hit) this.measure.take(hit);
+    if (this.measure.on) {
+      this.measure.take(x, y);
+      this.ui.tellMeasuring();
+    } else {
+      const hit = this.renderer.pick(this.camera, x, y);
+      this.select(hit ? hit.part : null);
+    }
   }
 
   // What is selected, if it is shown, else all that is shown.
