@@ -85,7 +85,7 @@ void add_translate(CLI::App& program, Parsed& parsed) {
 void add_view(CLI::App& program, Parsed& parsed) {
   struct Words {
     velViewRequest request;
-    std::vector<std::string> in, png;
+    std::vector<std::string> in, out, png;
   };
   auto words = std::make_shared<Words>();
   CLI::App* app = program.add_subcommand("view", "Show files on a page for the browser, or as a picture");
@@ -99,6 +99,7 @@ void add_view(CLI::App& program, Parsed& parsed) {
       ->allow_extra_args(false);
   add_from(*app, words->request.from);
   add_options_for(*app, "--in", words->in, "An option for reading; see `vel options`");
+  add_options_for(*app, "--out", words->out, "An option of the page or the picture: see `vel options html` and png");
   app->add_flag("--json", words->request.json, json_help)->disable_flag_override();
   app->callback([words, page, &parsed] {
     velViewRequest& request = words->request;
@@ -121,6 +122,7 @@ void add_view(CLI::App& program, Parsed& parsed) {
     }
     for (const std::string& file : parsed.files) refuse_standard_streams(file);
     request.input_options = options_from("--in", words->in);
+    request.output_options = options_from("--out", words->out);
     parsed.command = [words](velConsole& console) { return vel_view(words->request, console); };
   });
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "velFiles.h"
+#include "velFormatOptions.h"
 #include "velInputCheck.h"
 #include "velInterrupt.h"
 #include "velOptionCheck.h"
@@ -54,7 +55,15 @@ velExitCode velTranslation::set_options() {
   vlnTranslator::Resources in = request_.input_options;
   vlnTranslator::Resources out = request_.output_options;
   const bool input_good = vel_check_options(*driver_, readers_, "--in", in, console_);
-  if (!vel_check_options(*driver_, {writer_}, "--out", out, console_) || !input_good) return velEXIT_USAGE;
+  std::vector<const vlnTranslatorInfo*> writers{writer_};
+  const vlnTranslatorInfo* other =
+      request_.other_format.empty() ? nullptr : vel_translator_named(driver_->outputs(), request_.other_format);
+  if (other) writers.push_back(other);
+  if (!vel_check_options(*driver_, writers, "--out", out, console_) || !input_good) return velEXIT_USAGE;
+  if (other) {
+    const velFormatOptions own(*driver_, *writer_);
+    std::erase_if(out, [&](const auto& option) { return !own.find(option.first); });
+  }
   for (const auto& [key, value] : in) driver_->set_input_resource(key, value);
   for (const auto& [key, value] : out) driver_->set_output_resource(key, value);
   return velEXIT_DONE;

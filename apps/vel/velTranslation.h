@@ -18,6 +18,8 @@ struct velTranslationRequest {
   std::string format;  // of the output, or its extension; empty: the extension of its name chooses
   vlnTranslator::Resources input_options;
   vlnTranslator::Resources output_options;
+  std::string
+      other_format;  // of the command's other output; empty: none. Options that only it takes have no effect here
 };
 
 // One request: checked, carried out, and every fault told. What it is made from must outlive it.

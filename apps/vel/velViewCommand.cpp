@@ -109,8 +109,11 @@ class View {
     return page && picture;
   }
 
-  velExitCode write(const std::string& file, const char* format, const vlnTranslator::Resources& options) {
-    const velTranslationRequest request{request_.inputs, request_.from, file, format, request_.input_options, options};
+  velExitCode write(const std::string& file, const char* format, vlnTranslator::Resources options) {
+    options.insert(options.end(), request_.output_options.begin(), request_.output_options.end());
+    velTranslationRequest request{request_.inputs, request_.from, file, format, request_.input_options, options, ""};
+    const bool are_both_written = !request_.picture.empty() && !request_.page.empty();
+    if (are_both_written) request.other_format = std::string_view(format) == "PNG" ? "Viewer" : "PNG";
     velTranslation translation(request, console_);
     const velExitCode code = translation.run();
     counts_ = translation.counts();

@@ -16,6 +16,7 @@ struct velViewRequest {
   int height = 0;
   std::string from;  // the format of the inputs; empty: as their content says
   vlnTranslator::Resources input_options;
+  vlnTranslator::Resources output_options;  // of the page, of the picture or of both
   bool json = false;
 };
 

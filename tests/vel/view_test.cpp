@@ -87,6 +87,31 @@ TEST(View, WritesWhatIsAskedForAndNothingElse) {
   EXPECT_EQ(installation.temporary_count(), 0u);
 }
 
+TEST(View, OptionsReachTheOutputThatTakesThem) {
+  const Showing installation;
+  const auto page = [&] { return TemporaryDirectory::read(installation.work() / "p.html"); };
+  EXPECT_EQ(installation.view({"a.stl", "-o", "p.html", "--out", "title=Mine"}).code, 0);
+  EXPECT_NE(page().find("{\"title\":\"Mine\""), std::string::npos);
+  if (!fs::exists(installation.library("pngwriter.dll"))) return;
+
+  const Outcome foreign = installation.view({"a.stl", "-o", "q.html", "--out", "view=top"});
+  EXPECT_EQ(foreign.code, 2);
+  EXPECT_NE(foreign.err.find("--out view: Viewer has no such option"), std::string::npos) << foreign.err;
+  const std::vector<std::string> both{"a.stl", "--png", "p.png", "40x30", "-o", "p.html", "--out", "title=Both"};
+  const auto picture_of = [&](const char* option) {
+    std::vector<std::string> words = both;
+    words.insert(words.end(), {"--out", option});
+    const Outcome outcome = installation.view(words);
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    return TemporaryDirectory::read(installation.work() / "p.png");
+  };
+  EXPECT_NE(picture_of("view=top"), picture_of("view=front"));
+  EXPECT_NE(page().find("{\"title\":\"Both\""), std::string::npos);
+  const Outcome unknown = installation.view({"a.stl", "--png", "r.png", "-o", "r.html", "--out", "digits=3"});
+  EXPECT_EQ(unknown.code, 2);
+  EXPECT_FALSE(fs::exists(installation.work() / "r.png"));
+}
+
 TEST(View, ItsFormatsAreFormatsLikeOthers) {
   const Showing installation;
   EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "page", "--to", "html"}).out.find("page: "), 0u);
