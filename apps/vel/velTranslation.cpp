@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "velCounts.h"
 #include "velFiles.h"
 #include "velFormatOptions.h"
 #include "velInputCheck.h"
@@ -101,16 +102,7 @@ velExitCode velTranslation::tell_failure() {
 }
 
 velJson velTranslation::counts() const {
-  if (!is_done_) return nullptr;
-  velJson triangles = nullptr, vertices = nullptr;
-  if (exact_.parts == 0) {
-    triangles = facetted_.triangles;
-    vertices = facetted_.vertices;
-  }
-  return {{"parts", exact_.parts + facetted_.parts},
-          {"faces", exact_.faces + facetted_.faces},
-          {"triangles", triangles},
-          {"vertices", vertices}};
+  return is_done_ ? vel_counts_as_json(vel_counts(ann_placed_bodies(driver_->document()))) : velJson(nullptr);
 }
 
 velJson vel_messages_as_json(const velConsole& console) {

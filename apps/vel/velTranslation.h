@@ -38,7 +38,7 @@ class velTranslation {
   const annStatistics& exact() const { return exact_; }
   const annStatistics& facetted() const { return facetted_; }
 
-  // The counts of the model, or null. What facets become of exact shapes only their writer knows.
+  // The counts of the model, or null when it was not translated.
   velJson counts() const;
 
  private:

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "annDocument.h"
+#include "annPrecision.h"
 #include "annTriangleCorners.h"
 #include "annWelder.h"
 
@@ -222,6 +223,22 @@ TEST(Transform, TurnsNormalsRightUnderUnevenScaleAndMirror) {
   const annTransform twice = uneven * uneven;
   EXPECT_EQ(twice.point({1, 2, 3}), uneven.point(uneven.point({1, 2, 3})));
   EXPECT_EQ(annTransform::scaling(0).normal({0, 0, 1}), annVector{});
+}
+
+TEST(Precision, RoundsToThePowerOfTenThatAStepNeeds) {
+  const struct {
+    double value, step, rounded;
+  } cases[] = {{-1.776e-15, 7e-12, 0},
+               {59.99999999999993, 7e-12, 60},
+               {0.10000000149011612, 3e-8, 0.1},
+               {2.3622047244094488, 1, 2},
+               {-123456, 3, -123460},
+               {7, 12, 0},
+               {70, 12, 100},
+               {1e-30, 1e-40, 1e-30},
+               {1.5, 0, 1.5},
+               {0.30000000000000004, 1e-17, 0.30000000000000004}};
+  for (const auto& c : cases) EXPECT_EQ(ann_rounded(c.value, c.step), c.rounded) << c.value << " " << c.step;
 }
 
 TEST(Document, WalksAndDiesAtAnyDepth) {

@@ -176,7 +176,7 @@ TEST(Translate, JsonHoldsTheCountsOrTheReason) {
   EXPECT_EQ(done["done"], true);
   EXPECT_EQ(done["format"], "OBJ");
   EXPECT_EQ(done["inputs"][0], "b\xef\xbf\xbd.stl");
-  EXPECT_EQ(done["counts"], (json{{"parts", 1}, {"faces", 4}, {"triangles", 4}, {"vertices", 4}}));
+  EXPECT_EQ(done["counts"], (json{{"parts", 1}, {"solids", 0}, {"faces", 4}, {"triangles", 4}, {"vertices", 4}}));
 
   const Outcome bad = installation.run({"translate", "missing", "-o", "c.obj", "--json"});
   EXPECT_EQ(bad.code, 4);
@@ -195,10 +195,29 @@ TEST(Translate, InfoTellsWhatAFileHolds) {
                                   "parts": 1, "solids": 0, "faces": 1, "triangles": 2, "vertices": 4,
                                   "bounding_box": {"min": [0, 0, 0], "max": [2, 3, 0]}, "occurrences": 0,
                                   "definitions": {"products": 1, "parts": 1, "solids": 0, "faces": 1,
-                                                  "triangles": 2, "vertices": 4}})"));
+                                                  "triangles": 2, "vertices": 4},
+                                  "done": true, "messages": []})"));
+  json failed = json::parse(installation.run({"info", "missing", "--json"}).out);
+  EXPECT_EQ(failed["messages"][0]["severity"], "error");
+  // Whatever happened, the keys are the same.
+  for (const auto& [key, value] : info.items()) {
+    const bool known = key == "file" || key == "done" || key == "messages";
+    ASSERT_TRUE(failed.contains(key)) << key;
+    EXPECT_EQ(failed[key].is_null(), !known) << key;
+  }
+  EXPECT_EQ(failed.size(), info.size() + 1) << "and \"library\"";
   const Outcome table = installation.run({"info", "b.obj"});
   EXPECT_NE(table.out.find("triangles       2\n"), std::string::npos) << table.out;
   EXPECT_NE(table.out.find("largest x y z   2 3 0\n"), std::string::npos) << table.out;
+
+  // Coordinates have the digits that mean something, whether they were kept as floats or as doubles.
+  installation.work().write("round.obj",
+                            "v -1.776e-15 0.1 59.99999999999993\nv 2 0.3 60\nv 2 3 7.123456789\nf 1 2 3\n");
+  EXPECT_EQ(json::parse(installation.run({"info", "round.obj", "--json"}).out)["bounding_box"],
+            json::parse(R"({"min": [0, 0.1, 7.123456789], "max": [2, 3, 60]})"));
+  installation.run({"translate", "round.obj", "-o", "round.stl"});
+  EXPECT_EQ(json::parse(installation.run({"info", "round.stl", "--json"}).out)["bounding_box"],
+            json::parse(R"({"min": [0, 0.1, 7.12346], "max": [2, 3, 60]})"));
   installation.work().write("bad.obj", "v 0 0 0\nv 2 0 0\nv 2 3 0\nf 1 2 9\n");
   EXPECT_EQ(installation.run({"info", "bad.obj"}).code, 4);
 }

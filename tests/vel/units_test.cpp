@@ -27,7 +27,7 @@ TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
   installation.home().write("velbase/resources/STL.rsc", "LENGTH_UNIT = in\n");
   EXPECT_EQ(installation.run({"info", "a.stl", "--json", "--unit", "mm"}).out, converted.out);
   EXPECT_EQ(installation.run({"translate", "a.stl", "-o", "feet.stl", "--out", "length-unit=FT"}).code, 0);
-  EXPECT_EQ(box_of(installation.run({"info", "feet.stl", "--json"})), json({1.0F / 12, 1.0F / 12, 2.0F / 12}));
+  EXPECT_EQ(box_of(installation.run({"info", "feet.stl", "--json"})), json({0.0833333, 0.0833333, 0.1666667}));
   const Outcome table = installation.run({"info", "a.stl", "--unit", "millimetre"});
   EXPECT_NE(table.out.find("millimetre (from inch)\n"), std::string::npos) << table.out;
   EXPECT_NE(table.out.find("25.4 25.4 50.8\n"), std::string::npos) << table.out;
@@ -39,7 +39,7 @@ TEST(Units, LengthsAreShownInTheUnitThatWasAskedFor) {
             std::string::npos)
       << unitless.err;
   EXPECT_EQ(json::parse(unitless.out)["unit"], "inch");
-  EXPECT_EQ(box_of(unitless), json({1 / 25.4, 1 / 25.4, 2 / 25.4}));
+  EXPECT_EQ(box_of(unitless), json({0.03937008, 0.03937008, 0.07874016}));
   EXPECT_EQ(json::parse(installation.run({"info", "a.stl", "--json"}).out)["unit"], nullptr);
   EXPECT_NE(installation.run({"info", "a.stl"}).out.find("none (millimetre by convention)\n"), std::string::npos);
   const Outcome quiet = installation.run({"-q", "info", "a.stl", "--json", "--unit", "inch"});
