@@ -40,7 +40,11 @@ Normal facet_of(const pngPoint& a, const pngPoint& b, const pngPoint& c) {
 
 pngPainter::pngPainter(const viewScene& scene, const std::vector<viewMesh>& meshes, const pngCamera& camera,
                        float line_width)
-    : scene_(scene), meshes_(meshes), camera_(camera), line_width_(line_width), sky_(camera.direction({0, 0, 1})) {
+    : scene_(scene),
+      meshes_(meshes),
+      camera_(camera),
+      line_width_(line_width),
+      sky_(camera.direction(scene.up == annUP_Y ? annVector{0, 1, 0} : annVector{0, 0, 1})) {
   for (const viewScene::Node& node : scene.nodes) {
     Extent& extent = extents_.emplace_back(Extent{0, -1});
     if (node.mesh == viewScene::none || meshes[node.mesh].corners.empty()) continue;

@@ -183,6 +183,7 @@ class Renderer {
     gl.uniformMatrix4fv(program.places.projection, false, projection);
     gl.uniform4fv(program.places.plane, this.options.plane);
     gl.uniform1i(program.places.cut, this.options.cut ? 1 : 0);
+    if (program.places.sky) gl.uniform3fv(program.places.sky, this.model.up === "y" ? [0, 1, 0] : [0, 0, 1]);
     if (program.places.span) gl.uniform2fv(program.places.span, this.span);
     if (program.places.accent) gl.uniform3fv(program.places.accent, this.options.accent);
   }

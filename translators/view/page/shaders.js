@@ -24,6 +24,7 @@ const surfaceVertex = commonInputs + `
 uniform vec3 extent;
 uniform vec4 look;
 uniform int lookKind;
+uniform vec3 sky;
 out vec3 seen;
 out vec3 normal;
 out vec4 colour;
@@ -49,7 +50,7 @@ void main() {
   float handed = dot(x, cross(y, z)) < 0.0 ? -1.0 : 1.0;
   float size = length(turned);
   turned = size > 0.0 ? turned / size * handed : vec3(0.0);
-  upright = turned.z;
+  upright = dot(turned, sky);
   normal = mat3(view) * turned;
   colour = lookKind == 0 ? paint : look;
   if (lookKind == 2) colour = tint;
