@@ -18,11 +18,13 @@
 #include <TopoDS_Edge.hxx>
 #include <TopoDS_Face.hxx>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <utility>
 
 #include "annWelder.h"
+#include "exaFacetNormals.h"
 #include "exaFence.h"
 
 namespace {
@@ -49,7 +51,8 @@ class Indicator : public Message_ProgressIndicator {
 
 class FacetMaker {
  public:
-  explicit FacetMaker(annMesh& mesh) : mesh_(mesh), welder_(mesh.vertices->points) {}
+  explicit FacetMaker(annMesh& mesh)
+      : mesh_(mesh), welder_(mesh.vertices->points), normal_welder_(mesh.vertices->normal_pool) {}
 
   // False when the face has no triangles.
   bool add(const TopoDS_Face& face) {
@@ -57,6 +60,8 @@ class FacetMaker {
     const Handle(Poly_Triangulation)& triangulation = BRep_Tool::Triangulation(face, location);
     if (triangulation.IsNull() || triangulation->NbTriangles() == 0) return false;
     number_nodes(*triangulation, location);
+    const exaFacetNormals normals(face, *triangulation, location.Transformation());
+    number_normals(normals);
     const bool turned = face.Orientation() == TopAbs_REVERSED;
     for (int i = 1; i <= triangulation->NbTriangles(); ++i) {
       int a = 0, b = 0, c = 0;
@@ -66,6 +71,7 @@ class FacetMaker {
       // At the poles of a surface several nodes are one point.
       if (corners[0] == corners[1] || corners[1] == corners[2] || corners[2] == corners[0]) continue;
       mesh_.corners.insert(mesh_.corners.end(), std::begin(corners), std::end(corners));
+      add_normals(normals, {a, b, c});
     }
     return true;
   }
@@ -85,11 +91,44 @@ class FacetMaker {
       numbers_.push_back(welder_.number_of(corner));
     }
   }
+
+  void number_normals(const exaFacetNormals& normals) {
+    flat_normal_ = normals.flat() ? normal_welder_.number_of(*normals.flat()) : annMesh::no_normal;
+    normal_numbers_.clear();
+    for (annVector normal : normals.of_nodes()) normal_numbers_.push_back(number_of_normal(normal));
+  }
+
+  std::uint32_t number_of_normal(annVector normal) {
+    return normal == annVector{} ? annMesh::no_normal : normal_welder_.number_of(normal);
+  }
+
+  // Those of the facet that was added last.
+  void add_normals(const exaFacetNormals& normals, std::array<int, 3> nodes) {
+    if (normal_numbers_.empty()) {
+      mesh_.corner_normals.insert(mesh_.corner_normals.end(), 3, flat_normal_);
+      return;
+    }
+    const std::uint32_t* const corners = &mesh_.corners[mesh_.corners.size() - 3];
+    const auto& points = mesh_.vertices->points;
+    const annVector facing =
+        ann_cross(points[corners[1]] - points[corners[0]], points[corners[2]] - points[corners[0]]);
+    for (int i = 0; i < 3; ++i, std::rotate(nodes.begin(), nodes.begin() + 1, nodes.end())) {
+      std::uint32_t number = normal_numbers_[static_cast<std::size_t>(nodes[0] - 1)];
+      if (number == annMesh::no_normal) number = number_of_normal(normals.limit(nodes));
+      // A normal that points into the body would be seen as a dark spot.
+      const bool inward = number != annMesh::no_normal && ann_dot(mesh_.vertices->normal_pool[number], facing) < 0;
+      mesh_.corner_normals.push_back(inward ? annMesh::no_normal : number);
+    }
+  }
+
   std::uint32_t number(int node) const { return numbers_[static_cast<std::size_t>(node - 1)]; }
 
   annMesh& mesh_;
   annWelder welder_;
-  std::vector<std::uint32_t> numbers_;
+  std::vector<std::uint32_t> numbers_;  // of the face's nodes
+  annWelder normal_welder_;
+  std::uint32_t flat_normal_ = annMesh::no_normal;
+  std::vector<std::uint32_t> normal_numbers_;  // of the face's nodes, where it is not flat
 };
 
 // Behind this the kernel's smallest distance is less than the last digit of a coordinate.
@@ -171,5 +210,7 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
     if (!maker.add(faces[face])) ++missing;
     if (!colours.empty()) mesh->face_materials.resize(mesh->corners.size() / 3, colours.of_face[face]);
   }
+  // Nothing but facets is known of any face.
+  if (mesh->vertices->normal_pool.empty()) mesh->corner_normals.clear();
   return cancelled() ? nullptr : mesh;
 }

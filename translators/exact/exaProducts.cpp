@@ -38,6 +38,7 @@ bool fits(const annMesh& mesh, const annTransform& change) {
 std::shared_ptr<const annMesh> changed(const std::shared_ptr<const annMesh>& mesh, const annTransform& change) {
   auto result = std::make_shared<annMesh>(*mesh);
   result->vertices = std::make_shared<annVertices>();
+  result->corner_normals.clear();
   for (annVector point : mesh->vertices->points) result->vertices->points.push_back(change.point(point));
   for (std::size_t face = 0; change.mirrors() && face < mesh->face_count(); ++face) {
     const std::span<const std::uint32_t> corners = mesh->face(face);
