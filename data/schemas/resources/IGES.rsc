@@ -14,9 +14,9 @@ UP_AXIS = auto
 # Take colours of products and faces (reading).
 READ_MATERIALS = 1
 
-# Kinds of shapes to take: all, solids or surfaces (reading). Surfaces are faces that belong to no solid.
-# Curves and points are never taken. Writing: "surfaces" writes the faces of solids as loose trimmed surfaces, which
-# older programs read; anything else writes solids as solids.
+# Kinds of shapes to take: all, solids or surfaces (reading and writing). Surfaces are faces that belong to no solid.
+# Curves and points are never taken. When written, "surfaces" writes the faces of solids as loose trimmed surfaces,
+# which older programs read; anything else writes solids as solids.
 ENTITY_TYPES = all
 
 # Which curves bound a face where a file gives both: as-preferred (by the file), model-space or parameter-space

@@ -134,6 +134,10 @@ bool put(const Handle(TDocStd_Document) & source, std::size_t faces, const velTa
   IGESControl_Controller::Init();
   Interface_Static::SetCVal("write.iges.unit", unit.name);
   Interface_Static::SetIVal("write.iges.brep.mode", surfaces ? 0 : 1);
+  // Faces of solids lie on planes, cylinders and cones whose parameters are lengths. Some programs read these in the
+  // file's unit, others in millimetres. The curves in space, which are always written, bound the faces as well.
+  const bool with_parameters = surfaces || unit.written == velLENGTH_MILLIMETRE;
+  Interface_Static::SetIVal("write.surfacecurve.mode", with_parameters ? 1 : 0);
   IGESCAFControl_Writer writer;
   writer.SetColorMode(resources.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE);
   writer.SetNameMode(true);
