@@ -89,7 +89,7 @@ TEST_F(ExactColours, FacesKeepTheirOwnAndTheOthersTakeThatOfTheOccurrence) {
   for (const auto& it : cases) {
     const std::string file = with_occurrence_in(written(twice(it.part, it.faces), "step"), blue);
     const std::size_t number = static_cast<std::size_t>(&it - cases);
-    std::string in_pieces = replaced(file, "OCCURRENCE('1','',", "OCCURRENCE('1','=>[]',");
+    std::string in_pieces = replaced(file, "OCCURRENCE('1','part',", "OCCURRENCE('1','=>[]',");
     in_pieces = replaced(in_pieces, "OCCURRENCE('2','part',", "OCCURRENCE('2','=>[]',");
     in_pieces = replaced(in_pieces, "PRODUCT('part','part',", "PRODUCT('SOLID','SOLID',");
     const Reading named = read(file, "step"), pieces = read(in_pieces, "step");

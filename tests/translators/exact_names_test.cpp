@@ -110,3 +110,32 @@ TEST_F(ExactNames, WhatAFormatHoldsNotIsSaid) {
   EXPECT_NE(brep.notes.find("BREP holds no names:"), std::string::npos) << brep.notes;
   EXPECT_NE(iges.notes.find("IGES holds no opacity"), std::string::npos) << iges.notes;
 }
+
+TEST_F(ExactNames, StepKeepsTheNamesOfInstancesAndProducts) {
+  annDocument document;
+  document.unit = velLENGTH_MILLIMETRE;
+  annNode& pair = document.root.add_child("pair");
+  const auto nut = triangle("nut").root.children[0]->body.mesh;
+  for (const char* instance : {"nut_1", "nut"}) {
+    annNode& node = pair.add_child("nut");
+    node.instance_name = instance;
+    node.body.mesh = nut;
+    node.transform.m[3] = static_cast<double>(pair.children.size() - 1);
+  }
+  const std::string bytes = written(document, "step");
+  EXPECT_TRUE(std::regex_search(bytes, std::regex(R"(NEXT_ASSEMBLY_USAGE_OCCURRENCE\('[^']*','nut_1',)")));
+  EXPECT_NE(bytes.find("PRODUCT('nut',"), bytes.npos);
+
+  // What the kernel and other programs put in the place of a name is none.
+  const std::pair<const char*, const char*> cases[] = {
+      {"nut_1", "nut_1"}, {"left nut", "left nut"}, {"NAUO", "NAUO"}, {"NAUO12", ""}, {"7", ""}, {"", ""}, {"nut", ""}};
+  for (const auto& [spelled, read_as] : cases) {
+    const Reading reading = read(replaced(bytes, "'nut_1'", "'" + std::string(spelled) + "'"), "step");
+    ASSERT_EQ(reading.result, velabsDONE) << spelled << reading.messages.errors;
+    const auto& nuts = reading.node(0).children;
+    ASSERT_EQ(nuts.size(), 2U) << spelled;
+    EXPECT_EQ(nuts[0]->name.str(), "nut") << spelled;
+    EXPECT_EQ(nuts[0]->instance_name.str(), read_as) << spelled;
+    EXPECT_TRUE(nuts[1]->instance_name.empty()) << spelled;
+  }
+}

@@ -157,7 +157,7 @@ bool exaProducts::add_uses(const std::vector<annDefinitions::Use>& uses, const a
     }
     std::optional<std::size_t> product;
     if (output_.cancelled() || !find(use.definition, parts.shape, colour, product)) return false;
-    if (product) target.push_back({*product, exa_trsf(parts.location)});
+    if (product) target.push_back({*product, exa_trsf(parts.location), use.instance_name});
   }
   return true;
 }

@@ -21,6 +21,7 @@ struct exaProduct {
   struct Use {
     std::size_t product;
     gp_Trsf location;
+    utString instance_name{};  // null when it has none of its own
   };
   utString name;
   TopoDS_Shape shape;            // null for assemblies

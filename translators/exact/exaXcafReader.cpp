@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "exaPlacement.h"
@@ -45,6 +46,18 @@ bool is_made_up(const utString& name) {
 bool is_kind(const utString& name) {
   constexpr std::array kinds{"COMPOUND", "COMPSOLID", "SOLID", "SHELL", "FACE", "WIRE", "EDGE", "VERTEX"};
   return std::any_of(kinds.begin(), kinds.end(), [&](const char* kind) { return name == kind; });
+}
+
+bool is_number(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+}
+
+// The kernel takes the identifier of an instance for a name that is missing; writers often count instances in it.
+bool names_instance(const utString& name) {
+  constexpr std::string_view counted = "NAUO";
+  std::string_view text = name.view();
+  if (is_made_up(name) || is_number(text)) return false;
+  return !text.starts_with(counted) || !is_number(text.substr(counted.size()));
 }
 
 annColour colour_from(const Quantity_ColorRGBA& source) {
@@ -346,6 +359,7 @@ void exaXcafReader::expand(annDocument& document, const std::vector<Component>& 
       if (is_made_up(node.name) || (is_kind(node.name) && !is_made_up(component.name))) {
         node.name = is_made_up(component.name) ? utString("") : component.name;
       }
+      if (names_instance(component.name) && component.name != node.name) node.instance_name = component.name;
       node.transform = component.location;
       node.colour = colour_at(component);
       if (!definition.components.empty()) open.push_back({&node, &definition.components});

@@ -24,8 +24,9 @@ struct exaColourMaps {
 };
 
 // Turns the kernel's document into nodes: a product becomes a node named after it wherever it occurs, its shape one
-// body that all of these share. The pieces that the kernel makes of a part of several representations become one body
-// again. What has no faces is left out, and said so.
+// body that all of these share. Each node also has the name of its instance where the file gives one. The pieces that
+// the kernel makes of a part of several representations become one body again. What has no faces is left out, and said
+// so.
 //
 // Faces and solids that have a colour of their own keep it wherever they stand. The others take that of the occurrence
 // that they stand in, and where it has none that of their product.

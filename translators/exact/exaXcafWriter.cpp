@@ -89,7 +89,7 @@ class Writer {
 
   void place(const TDF_Label& assembly, const exaProduct::Use& use) {
     const TDF_Label component = shapes_->AddComponent(assembly, labels_[use.product], TopLoc_Location(use.location));
-    name(component, products_[use.product].name);
+    name(component, use.instance_name.empty() ? products_[use.product].name : use.instance_name);
   }
 
   // Products that stand at the origin of the document and nowhere else can be on their own there.

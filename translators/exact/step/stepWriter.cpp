@@ -6,6 +6,7 @@
 #include <StepData_StepModel.hxx>
 #include <StepData_StepWriter.hxx>
 #include <StepShape_Face.hxx>
+#include <XSControl_TransferWriter.hxx>
 #include <XSControl_WorkSession.hxx>
 
 #include "exaOutput.h"
@@ -16,6 +17,7 @@
 #include "exaXcafWriter.h"
 #include "stepFormat.h"
 #include "stepHeader.h"
+#include "stepInstances.h"
 #include "stepStatedUnits.h"
 #include "stepStyleOrder.h"
 #include "stepText.h"
@@ -111,6 +113,7 @@ class Writing {
     if (output_.cancelled()) return false;
     if (!exa_tell_missing(exa_face_count(products), face_count(*model), "STEP", session_.reason(), output_))
       return false;
+    step_name_instances(source, writer.ChangeWriter().WS()->TransferWriter()->FinderProcess(), model);
     if (unit_ == velLENGTH_YARD) step_state_yards(model);
     step_state_angles(model, angle_of(resources_));
     step_order_styles(model);
