@@ -44,15 +44,57 @@ TEST_F(ExactReading, IgesFilesMayBePaddedAtTheirEnd) {
   }
 }
 
-TEST_F(ExactReading, WhatIsHiddenInAFileIsShownAloud) {
-  const std::string said = "hidden in the file is shown";
-  const std::string iges = written(triangle("part"), "iges"), step = written(triangle("part"), "step");
-  EXPECT_EQ(read(iges, "iges").messages.notes.find(said), std::string::npos);
-  EXPECT_NE(read(replaced(iges, "00010000D0000001", "01010000D0000001"), "iges").messages.notes.find(said),
-            std::string::npos);
-  std::string hidden = step;
-  hidden.insert(hidden.rfind("ENDSEC;"), "#90000=STYLED_ITEM('',(),#10);\n#90001=INVISIBILITY((#90000));\n");
-  EXPECT_NE(read(hidden, "step").messages.notes.find(said), std::string::npos);
+// Curves, and the surfaces that faces lie on, are no bodies.
+TEST_F(ExactReading, HiddenBodiesAreLeftOutUnlessTheyAreAskedFor) {
+  annDocument document = triangle("first");
+  for (const char* name : {"second", "third"}) {
+    annNode& node = document.root.add_child(name);
+    node.body.mesh = document.root.children[0]->body.mesh;
+    node.transform.m[11] = static_cast<double>(document.root.children.size());
+  }
+  const std::string iges = written(document, "iges"), step = written(document, "step");
+  const auto hide_in_iges = [&](const std::string& type, std::size_t most) {
+    std::string text = iges;
+    for (std::size_t line = 0; line < text.size() && most > 0; line = text.find('\n', line) + 1) {
+      const bool first_line = (text[line + 79] - '0') % 2 == 1;
+      if (text[line + 72] != 'D' || !first_line || text.compare(line, 8, type) != 0) continue;
+      text[line + 65] = '1';
+      --most;
+    }
+    return text;
+  };
+  const auto hide_in_step = [&](const std::string& keyword, std::size_t most) {
+    std::string text = step, lines;
+    for (std::size_t at = 0; most > 0 && (at = step.find(" = " + keyword, at + 1)) != step.npos; --most) {
+      const std::string number = step.substr(step.rfind('#', at) + 1, at - step.rfind('#', at) - 1);
+      lines += "#9" + number + "0=STYLED_ITEM('',(),#" + number + ");\n#9" + number + "1=INVISIBILITY((#9" + number +
+               "0));\n";
+    }
+    return text.insert(text.rfind("ENDSEC;"), lines);
+  };
+  const struct {
+    const char *what, *format;
+    std::string bytes;
+    std::size_t parts;
+  } cases[] = {{"a shell", "iges", hide_in_iges("     514", 1), 2},
+               {"a curve", "iges", hide_in_iges("     110", 9), 3},
+               {"a surface of a face", "iges", hide_in_iges("     190", 9), 3},
+               {"all shells", "iges", hide_in_iges("     514", 3), 0},
+               {"a shell", "step", hide_in_step("SHELL_BASED_SURFACE_MODEL", 1), 2},
+               {"an edge", "step", hide_in_step("EDGE_CURVE", 9), 3},
+               {"all shells", "step", hide_in_step("SHELL_BASED_SURFACE_MODEL", 3), 0}};
+  for (const auto& it : cases) {
+    const std::string where = it.what + std::string(" in ") + it.format;
+    const std::string file = directory_.write(std::string("hidden.") + it.format, it.bytes);
+    const Reading seen = reader(it.format).read(file), all = reader(it.format).read(file, {{"SHOW_HIDDEN", "1"}});
+    EXPECT_EQ(seen.statistics().parts, it.parts) << where;
+    EXPECT_EQ(seen.result, it.parts > 0 ? velabsDONE : velabsFAILED) << where;
+    EXPECT_EQ(seen.messages.errors.find("show-hidden=1") != std::string::npos, it.parts == 0) << seen.messages.errors;
+    EXPECT_EQ(seen.messages.notes.find("are left out; --in show-hidden=1") != std::string::npos, it.parts < 3)
+        << where << seen.messages.notes;
+    EXPECT_EQ(all.statistics().parts, 3U) << where << all.messages.errors;
+    EXPECT_EQ(all.messages.notes.find("hides are shown") != std::string::npos, it.parts < 3) << where;
+  }
 }
 
 // What the kernel prints is dropped, on the threads where a program tells of the work.

@@ -10,11 +10,12 @@
 struct exaReadOptions {
   bool colours = true;
   bool allow_gaps = false;
+  bool show_hidden = false;
   velTypeOption types = velTYPE_ALL;
   bool split_compounds = false;  // the format knows no parts but the members of its groups
 };
 
-// From the resources READ_MATERIALS, ALLOW_GAPS and ENTITY_TYPES.
+// From the resources READ_MATERIALS, ALLOW_GAPS, SHOW_HIDDEN and ENTITY_TYPES.
 VELEXACT_API exaReadOptions exa_read_options(const velTableInstance& resources);
 
 // A shape with only what is wanted of it: itself for all types, else a compound of its solids or of its loose shells

@@ -104,11 +104,12 @@ std::optional<annColour> only_colour(const exaFaceColours& colours) {
 
 }  // namespace
 
-exaXcafReader::exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options,
+exaXcafReader::exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options, exaHidden hidden,
                              velabsOutput& output)
     : shapes_(XCAFDoc_DocumentTool::ShapeTool(source->Main())),
       colours_(XCAFDoc_DocumentTool::ColorTool(source->Main())),
       options_(options),
+      hidden_(std::move(hidden)),
       output_(output),
       findings_(output) {}
 
@@ -120,6 +121,7 @@ bool exaXcafReader::read(annDocument& document) {
   for (std::size_t i = 0; i < definitions_.size(); ++i) add_components(i);
   settle_all();
   std::erase_if(top, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
+  report_hidden();
   findings_.tell();
   if (!top.empty()) {
     const std::string fault = nesting_of(top).fault();
@@ -130,10 +132,28 @@ bool exaXcafReader::read(annDocument& document) {
     }
     return fault.empty();
   }
-  output_.message(velabsERROR, options_.types == velTYPE_ALL
-                                   ? "it holds no solid, shell or face"
-                                   : "it holds nothing of the kinds that ENTITY_TYPES asks for");
+  if (hidden_count_ > 0 && !options_.show_hidden) {
+    output_.message(velabsERROR, "all of its bodies are hidden; to read them, give --in show-hidden=1");
+  } else {
+    output_.message(velabsERROR, options_.types == velTYPE_ALL
+                                     ? "it holds no solid, shell or face"
+                                     : "it holds nothing of the kinds that ENTITY_TYPES asks for");
+  }
   return false;
+}
+
+void exaXcafReader::report_hidden() {
+  if (hidden_count_ == 0) return;
+  findings_.count(velabsNOTE,
+                  options_.show_hidden ? "bodies that the file hides are shown like the rest"
+                                       : "bodies that the file hides are left out; --in show-hidden=1 shows them",
+                  0, hidden_count_);
+}
+
+// The bodies of a shape that are read.
+TopoDS_Shape exaXcafReader::shown(const TopoDS_Shape& shape) {
+  const TopoDS_Shape rest = hidden_.shown(shape, hidden_count_);
+  return options_.show_hidden ? shape : rest;
 }
 
 utString exaXcafReader::own_name(const TDF_Label& label) const {
@@ -193,6 +213,10 @@ void exaXcafReader::settle(Definition& definition) {
     return;
   }
   auto& components = definition.components;
+  if (hidden_.contains(XCAFDoc_ShapeTool::GetShape(definition.label))) {
+    ++hidden_count_;
+    if (!options_.show_hidden) components.clear();
+  }
   std::erase_if(components, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
   definition.worth_showing = !components.empty();
   // A product that stands in another one has a name of its own, even where its occurrence has none.
@@ -245,7 +269,8 @@ void exaXcafReader::merge_pieces(Definition& definition) {
 }
 
 void exaXcafReader::make_body(Definition& definition) {
-  const TopoDS_Shape whole = XCAFDoc_ShapeTool::GetShape(definition.label);
+  const TopoDS_Shape stated = XCAFDoc_ShapeTool::GetShape(definition.label);
+  const TopoDS_Shape whole = stated.IsNull() ? stated : shown(stated);
   if (whole.IsNull()) return;
   const TopoDS_Shape shape = exa_wanted(whole, options_.types);
   if (!TopExp_Explorer(shape, TopAbs_FACE).More()) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "annDocument.h"
+#include "exaHidden.h"
 #include "exaNesting.h"
 #include "exaReadOptions.h"
 #include "exaShape.h"
@@ -25,14 +26,15 @@ struct exaColourMaps {
 
 // Turns the kernel's document into nodes: a product becomes a node named after it wherever it occurs, its shape one
 // body that all of these share. Each node also has the name of its instance where the file gives one. The pieces that
-// the kernel makes of a part of several representations become one body again. What has no faces is left out, and said
-// so.
+// the kernel makes of a part of several representations become one body again. What has no faces is left out, and so is
+// what the file hides unless the options ask for it; notes report both.
 //
 // Faces and solids that have a colour of their own keep it wherever they stand. The others take that of the occurrence
 // that they stand in, and where it has none that of their product.
 class exaXcafReader {
  public:
-  exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options, velabsOutput& output);
+  exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options, exaHidden hidden,
+                velabsOutput& output);
 
   // False, and a message, when there is nothing to show or the tree is too big or too deep.
   bool read(annDocument& document);
@@ -62,6 +64,8 @@ class exaXcafReader {
   std::optional<annColour> colour_at(const Component& component) const;
   void merge_pieces(Definition& definition);
   void make_body(Definition& definition);
+  TopoDS_Shape shown(const TopoDS_Shape& shape);
+  void report_hidden();
   void make_members(Definition& definition, const std::vector<TopoDS_Shape>& members);
   void give_shape(Definition& definition, const TopoDS_Shape& shape, const exaColourMaps& colours) const;
   exaColourMaps colours_below(const TDF_Label& label) const;
@@ -73,6 +77,8 @@ class exaXcafReader {
   Handle(XCAFDoc_ShapeTool) shapes_;
   Handle(XCAFDoc_ColorTool) colours_;
   exaReadOptions options_;
+  exaHidden hidden_;
+  std::size_t hidden_count_ = 0;
   velabsOutput& output_;
   vltOnce findings_;
   std::vector<std::unique_ptr<Definition>> definitions_;

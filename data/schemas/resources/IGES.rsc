@@ -26,6 +26,9 @@ TRIM = as-preferred
 # Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.
 ALLOW_GAPS = 0
 
+# Read bodies that the file marks as blanked like the rest (reading). 0: they are left out and counted.
+SHOW_HIDDEN = 0
+
 # What meshes and exact shapes become: as-is, exact or facets (writing).
 # as-is: exact shapes stay what they are, a mesh becomes planar faces. exact: a model with a mesh is refused.
 # facets: exact shapes become planar faces too, as close as the tolerances say.

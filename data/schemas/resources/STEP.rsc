@@ -29,6 +29,10 @@ TRIM = as-preferred
 # Go on without faces that cannot be turned into facets (reading). 0: a format of facets then fails and names the part.
 ALLOW_GAPS = 0
 
+# Read bodies that the file hides by INVISIBILITY, by their style or their layer, like the rest (reading). 0: they are
+# left out and counted.
+SHOW_HIDDEN = 0
+
 # Application protocol: AP203, AP214 or AP242 (writing).
 STEP_AP = AP214
 

@@ -51,6 +51,7 @@ coResourceTable* make_table() {
   add(*table, "STEP_AP", velSTEP_AP214);
   add(*table, "ENTITY_TYPES", velTYPE_ALL);
   add(*table, "ALLOW_GAPS", utFALSE);
+  add(*table, "SHOW_HIDDEN", utFALSE);
   add(*table, "FACET_LIMIT", 40000);
   add(*table, "PART_CONTENT", velREAD_EXACT);
   add(*table, "PROCESSING", velPROCESSING_NONE);

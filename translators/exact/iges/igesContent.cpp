@@ -26,12 +26,10 @@ void iges_tell_left_out(const IGESCAFControl_Reader& reader, velabsOutput& outpu
   vltOnce findings(output);
   for (int i = 1; i <= model->NbEntities(); ++i) {
     const Handle(IGESData_IGESEntity) entity = model->Entity(i);
-    const bool scaled = is_scaled(*entity), hidden = entity->BlankStatus() != 0;
-    if (!scaled && !hidden) continue;
+    if (!is_scaled(*entity)) continue;
     const TopoDS_Shape shape = TransferBRep::ShapeResult(made, entity);
     const bool has_faces = !shape.IsNull() && TopExp_Explorer(shape, TopAbs_FACE).More();
-    if (scaled && !has_faces) findings.count(velabsWARNING, "scaled places of a subfigure are left out");
-    if (hidden && has_faces) findings.count(velabsNOTE, "what is hidden in the file is shown like the rest");
+    if (!has_faces) findings.count(velabsWARNING, "scaled places of a subfigure are left out");
   }
   findings.tell();
 }

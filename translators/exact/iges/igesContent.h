@@ -4,6 +4,5 @@
 
 #include "velabsOutput.h"
 
-// Says, of a file whose shapes were made, what the kernel leaves out of them and what it shows although the file hides
-// it.
+// Says, of a file whose shapes were made, what the kernel leaves out of them.
 void iges_tell_left_out(const IGESCAFControl_Reader& reader, velabsOutput& output);

@@ -9,6 +9,7 @@
 #include <TDocStd_Document.hxx>
 #include <XSControl_WorkSession.hxx>
 #include <memory>
+#include <utility>
 
 #include "exaGeometry.h"
 #include "exaOutput.h"
@@ -18,6 +19,7 @@
 #include "exaXcafTarget.h"
 #include "igesContent.h"
 #include "igesFormat.h"
+#include "igesHidden.h"
 #include "igesNames.h"
 #include "igesNesting.h"
 #include "velTrimOption.h"
@@ -82,7 +84,7 @@ class Reading {
     session_.tell_complaints();
     exaReadOptions options = exa_read_options(resources_);
     options.split_compounds = true;
-    exaXcafReader reader(target_, options, output_);
+    exaXcafReader reader(target_, options, std::move(hidden_), output_);
     const bool read = session_.guarded("its parts cannot be read", [&] { return reader.read(document_); });
     return read ? velabsDONE : velabsFAILED;
   }
@@ -112,7 +114,10 @@ class Reading {
     target_ = exa_xcaf_target(reader_->IGESModel()->GlobalSection().UnitValue(), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const bool done = reader_->Transfer(target_, progress->Start());
-    if (done) iges_tell_left_out(*reader_, output_);
+    if (done) {
+      iges_tell_left_out(*reader_, output_);
+      hidden_ = iges_hidden(*reader_);
+    }
     reader_.reset();
     return done || fail("its shapes cannot be made");
   }
@@ -124,6 +129,7 @@ class Reading {
   exaSession session_;
   std::unique_ptr<IGESCAFControl_Reader> reader_;
   Handle(TDocStd_Document) target_;
+  exaHidden hidden_;
 };
 
 }  // namespace

@@ -6,8 +6,6 @@
 #include <StepShape_Face.hxx>
 #include <StepShape_GeometricSet.hxx>
 #include <StepShape_SolidModel.hxx>
-#include <StepVisual_HArray1OfInvisibleItem.hxx>
-#include <StepVisual_Invisibility.hxx>
 #include <StepVisual_PresentationLayerAssignment.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <string_view>
@@ -61,13 +59,9 @@ std::string step_why_empty(const Handle(StepData_StepModel) & model) {
 
 void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& output) {
   std::unordered_map<const Standard_Type*, std::size_t> types;
-  std::size_t measured = 0, layers = 0, hidden = 0;
+  std::size_t measured = 0, layers = 0;
   for (int i = 1; i <= model->NbEntities(); ++i) {
-    const Handle(Standard_Transient) entity = model->Value(i);
-    ++types[entity->DynamicType().get()];
-    const auto list = Handle(StepVisual_Invisibility)::DownCast(entity);
-    if (!list.IsNull() && !list->InvisibleItems().IsNull())
-      hidden += static_cast<std::size_t>(list->NbInvisibleItems());
+    ++types[model->Value(i)->DynamicType().get()];
   }
   for (const auto& [type, count] : types) {
     if (is_measured_or_annotated(type->Name())) measured += count;
@@ -76,6 +70,5 @@ void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& 
   vltOnce findings(output);
   if (measured > 0) findings.count(velabsNOTE, "dimensions, tolerances and annotations are left out", 0, measured);
   if (layers > 0) findings.count(velabsNOTE, "layers are left out", 0, layers);
-  if (hidden > 0) findings.count(velabsNOTE, "what is hidden in the file is shown like the rest", 0, hidden);
   findings.tell();
 }

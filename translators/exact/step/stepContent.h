@@ -9,5 +9,5 @@
 std::string step_why_empty(const Handle(StepData_StepModel) & model);
 
 // Says in one note for each kind what a parsed file holds beside shapes, names and colours, which alone are read: what
-// is measured and annotated, layers, and what is hidden.
+// is measured and annotated, and layers.
 void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& output);

@@ -4,12 +4,14 @@
 #include <STEPCAFControl_Reader.hxx>
 #include <StepData_StepModel.hxx>
 #include <TDocStd_Document.hxx>
+#include <XSControl_TransferReader.hxx>
 #include <XSControl_WorkSession.hxx>
 #include <filesystem>
 #include <istream>
 #include <memory>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "exaOutput.h"
 #include "exaProgress.h"
@@ -20,6 +22,7 @@
 #include "stepContent.h"
 #include "stepFaults.h"
 #include "stepFormat.h"
+#include "stepHidden.h"
 #include "stepNumbers.h"
 #include "stepReferences.h"
 #include "stepText.h"
@@ -62,7 +65,7 @@ class Reading {
     if (output_.cancelled()) return velabsCANCELLED;
     if (!done || !whole) return velabsFAILED;
     session_.tell_complaints();
-    exaXcafReader reader(target_, exa_read_options(resources_), output_);
+    exaXcafReader reader(target_, exa_read_options(resources_), std::move(hidden_), output_);
     const bool read = session_.guarded("its products cannot be read", [&] { return reader.read(document_); });
     return read ? velabsDONE : velabsFAILED;
   }
@@ -105,6 +108,7 @@ class Reading {
     const Handle(StepData_StepModel) model = reader_->Reader().StepModel();
     if (done) {
       step_tell_left_out(model, output_);
+      hidden_ = step_hidden(model, reader_->Reader().WS()->TransferReader()->TransientProcess());
     } else {
       fail(step_why_empty(model));
     }
@@ -119,6 +123,7 @@ class Reading {
   exaSession session_;
   std::unique_ptr<STEPCAFControl_Reader> reader_;
   Handle(TDocStd_Document) target_;
+  exaHidden hidden_;
 };
 
 }  // namespace
