@@ -108,7 +108,7 @@ class LocaleNumbers : public testing::Test {
 
 TEST_F(LocaleNumbers, HoldForTheirLifetimeAndNest) {
   const CommaLocale locale;
-  if (!locale.made()) GTEST_SKIP() << "no locale can be made here";
+  if (!locale.made()) GTEST_SKIP() << "the C library has no UTF-8 locale to copy";
   const locale_t before = uselocale(nullptr);
   {
     velnlsLocaleNumbers outer;

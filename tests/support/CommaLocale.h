@@ -1,16 +1,25 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "TemporaryDirectory.h"
 
 // While it lives, the user's locale has a decimal comma. Include it in one source of a program.
+//
+// It is a copy of the C library's own UTF-8 locale, so that no other one need be installed. A locale directory holds
+// one file for each category; in that of numbers the texts follow a header of 32 bytes.
 class CommaLocale {
  public:
   CommaLocale() {
-    const std::string command = "localedef -i de_DE -f UTF-8 '" + (directory_ / "xx.UTF-8") + "' >/dev/null 2>&1";
-    made_ = std::system(command.c_str()) == 0;
+    const std::filesystem::path copy = directory_.path() / "xx.utf8";
+    std::error_code error;
+    std::filesystem::copy("/usr/lib/locale/C.utf8", copy, std::filesystem::copy_options::recursive, error);
+    std::string numbers = TemporaryDirectory::read(copy / "LC_NUMERIC");
+    made_ = !error && numbers.size() > 32;
     if (!made_) return;
+    std::replace(numbers.begin() + 32, numbers.end(), '.', ',');
+    directory_.write("xx.utf8/LC_NUMERIC", numbers);
     setenv("LOCPATH", directory_.path().c_str(), 1);
     setenv("LC_ALL", "xx.UTF-8", 1);
   }
@@ -21,7 +30,7 @@ class CommaLocale {
   CommaLocale(const CommaLocale&) = delete;
   CommaLocale& operator=(const CommaLocale&) = delete;
 
-  // False where no locale can be made.
+  // False where the C library's locale is not found.
   bool made() const { return made_; }
 
  private:

@@ -100,35 +100,44 @@ TEST_F(AppDirMapTest, PathsAreTheirTextInTheEncodingOfTheApplication) {
   // One letter, as bytes of two encodings.
   const std::pair<const char*, std::string> cases[] = {{"UTF-8", "\xc3\xa9"}, {"ISO-8859-1", "\xe9"}};
   for (const auto& [name, letter] : cases) {
+    const TemporaryDirectory fresh;
     velabsAppInfo app_info("test", "1", "test", "nobody", name);
     const apIStringEncoding* encoding = app_info.ut_encoding();
     const std::string misc = letter + "/sys/misc";
-    const utString file = dir.write(misc + "/" + letter + ".TXT", "");
-    environment.put(L"QRM_HOME", encoding->to_apString(dir / letter));
+    const utString file = fresh.write(misc + "/" + letter + ".TXT", "");
+    environment.put(L"QRM_HOME", encoding->to_apString(fresh / letter));
     EXPECT_EQ(
-        map.initialise("", dir / (letter + "/sys/exec"), apPathName(L"app"), &app_info, apPathName(), apPathName()),
+        map.initialise("", fresh / (letter + "/sys/exec"), apPathName(L"app"), &app_info, apPathName(), apPathName()),
         vlnAppMapInitOk);
-    EXPECT_TRUE(std::filesystem::is_directory(dir / (letter + "/app"))) << name;
+    EXPECT_TRUE(std::filesystem::is_directory(fresh / (letter + "/app"))) << name;
+    fresh.write(letter + "/sys/exec/lib/x.dll", "");
+    EXPECT_FALSE(map.find_file(vlnDIRECTORY_LIBRARY, apFileName(L"x.dll")).invalid());
     const apFileName wanted(L"\u00e9.txt");
     const apPathName found = map.find_file(vlnDIRECTORY_MISC, wanted);
     EXPECT_EQ(encoding->to_utString(found.string()), file);
     EXPECT_TRUE(apFrustrumChooser().file_operations()->file_exists(found));
     EXPECT_EQ(map.get_dir(vlnDIRECTORY_MISC).substitute(L"no such", L"").search(wanted), found);
+    vlnSearchPath from_variable;
+    environment.put(L"P", encoding->to_apString(fresh / misc));
+    map.path_from_env_var(L"P", from_variable, apPathName());
+    EXPECT_EQ(from_variable.search(wanted), found);
+    EXPECT_EQ(map.add_schema_dir(fresh / misc), 1);
+    EXPECT_EQ(map.find_file(vlnDIRECTORY_SCHEMAS, wanted), found);
 
     const vlnSchemaDir fonts = map.get_schema_dir(vlnSchemaFonts);
-    EXPECT_EQ(fonts.user_dir(), dir / (letter + "/app/fonts"));
-    EXPECT_EQ(map.copy_files(dir / misc, fonts.user_dir(), "txt"), 1);
+    EXPECT_EQ(fonts.user_dir(), fresh / (letter + "/app/fonts"));
+    EXPECT_EQ(map.copy_files(fresh / misc, fonts.user_dir(), "txt"), 1);
     EXPECT_EQ(fonts.find_user_file(letter + ".TXT"), fonts.user_dir() + "/" + letter + ".TXT");
 
     environment.values.clear();
-    const apPathName config(encoding->to_apString(dir / (letter + "/config")));
+    const apPathName config(encoding->to_apString(fresh / (letter + "/config")));
     map.initialise("", "/i/sys/exec", apPathName(L"app"), &app_info, config, apPathName());
-    EXPECT_TRUE(std::filesystem::is_directory(dir / (letter + "/config/app"))) << name;
+    EXPECT_TRUE(std::filesystem::is_directory(fresh / (letter + "/config/app"))) << name;
     map.initialise("", "/i/sys/exec", apPathName(L"own"), &app_info, apPathName(), config);
-    EXPECT_TRUE(std::filesystem::is_directory(dir / (letter + "/config/own"))) << name;
+    EXPECT_TRUE(std::filesystem::is_directory(fresh / (letter + "/config/own"))) << name;
 
     // A variable of the process is decoded as UTF-8, whatever its bytes are.
-    environment.put(L"QRM_HOME", registry.encoding->to_apString(dir / letter));
+    environment.put(L"QRM_HOME", registry.encoding->to_apString(fresh / letter));
     map.initialise("", "/i/sys/exec", apPathName(L"app"), &app_info, apPathName(), apPathName());
     EXPECT_EQ(map.get_schema_dir(vlnSchemaFonts).user_dir(), fonts.user_dir());
   }

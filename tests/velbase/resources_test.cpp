@@ -136,7 +136,7 @@ TEST(ResourceHandler, ATableThatRefusesAValueDoesNotCount) {
 
 TEST(ResourceHandler, NumbersMayHaveTheFormOfTheLocale) {
   const CommaLocale locale;
-  if (!locale.made()) GTEST_SKIP() << "no locale can be made here";
+  if (!locale.made()) GTEST_SKIP() << "the C library has no UTF-8 locale to copy";
   Validator validator;
   const vlnResourceHandler handler(&validator, "SCALE");
   velTableInstance table;
@@ -150,7 +150,7 @@ TEST(ResourceHandler, NumbersMayHaveTheFormOfTheLocale) {
 }
 
 TEST(ResourceHandler, NothingIsShownOrAddedForANullResource) {
-  for (const char* key : {"SCALE", "WELD_POINTS", "LENGTH_UNIT", "NO_SUCH_KEY"}) {
+  for (const char* key : {"SOLID_NAME", "SCALE", "WELD_POINTS", "LENGTH_UNIT", "NO_SUCH_KEY"}) {
     const vlnResourceHandler handler(nullptr, key);
     velTableInstance table;
     handler.add_resource(nullptr, table);

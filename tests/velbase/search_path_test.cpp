@@ -71,9 +71,9 @@ TEST(SearchPath, AppendsComparesAndGivesASingleDirectory) {
 }
 
 TEST(SearchPath, Substitutes) {
-  const vlnSearchPath path =
-      path_of("<exe_dir>;<exe_dir>/p;<exe_dir>//p;x/<exe_dir>;<EXE_DIR>").exe_substitute(apPathName(L"/bin"));
-  EXPECT_EQ(entries(path), (Strings{"/bin", "/bin/p", "/bin/p", "x/<exe_dir>", "<EXE_DIR>"}));
+  const vlnSearchPath path = path_of("<exe_dir>;<exe_dir>//;<exe_dir>/p;<exe_dir>//p;x/<exe_dir>;<EXE_DIR>")
+                                 .exe_substitute(apPathName(L"/bin"));
+  EXPECT_EQ(entries(path), (Strings{"/bin", "/bin", "/bin/p", "/bin/p", "x/<exe_dir>", "<EXE_DIR>"}));
   EXPECT_EQ(entries(path_of("aXbX;X").substitute(L"X", L"XX")), (Strings{"aXXbXX", "XX"}));
   EXPECT_EQ(entries(path_of("ab").substitute(L"", L"x")), Strings{"ab"});
   for (const bool set : {false, true}) {
