@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // What came of setting the application directory map up.
 enum vlnAppMapInit : int {
   vlnAppMapInitOk = 0,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // The parts of a file's path.
 enum vlnFilePathElement : int {
   vlnFileDirectory = 1,

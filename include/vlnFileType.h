@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // What stands at a path.
 enum vlnFileType : int {
   vlnFileTypeNone = 0,

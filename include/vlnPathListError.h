@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // What one path turned out to be, or why that could not be told.
 enum vlnPathListError : int {
   vlnPathIsFile = 0,  // a regular file or a character device

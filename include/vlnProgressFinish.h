@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // How one translation of a run ended, as the application records it.
 enum vlnProgressFinish : int {
   vlnFINISH_NONE = 0,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // The directories that the application directory map knows. The numbers are fixed.
 enum vlnQRMDirectory : int {
   vlnDIRECTORY_SYSTEM = 0,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // What kind of run a record is about.
 enum vlnTranslationType : int {
   vlnTRANSLATION_UNSET = 0,

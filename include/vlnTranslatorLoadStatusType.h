@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // The kinds of result that a load status collects. The numbers are fixed.
 enum vlnTranslatorLoadStatusType : int {
   vlnLOAD_NOT_SET = 0,            // no result yet

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // The direction of a translator.
 enum vlnTranslatorType : int {
   vlnTRANSLATOR_INPUT = 0,   // reads a foreign file

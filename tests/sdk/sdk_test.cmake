@@ -78,6 +78,12 @@ run("installing the service" ${CMAKE_COMMAND} --install ${WORK}/service)
 run("the program that asks for the service" ${WORK}/service/greet)
 expect("the program that asks for the service" "${output}" "^hello 1 0\n$")
 
+# An older language is reported.
+execute_process(COMMAND ${COMPILER} -std=c++17 -E -x c++
+    -I${prefix}/include/velbase -I${prefix}/include/velbase/platform ${prefix}/include/velbase/vlnTranslator.h
+  RESULT_VARIABLE result ERROR_VARIABLE errors OUTPUT_QUIET)
+expect("a header in C++17" "${result} ${errors}" "^1 .*#error .velbase needs C\\+\\+20")
+
 # A program, by the CMake package and by pkg-config.
 build(${SOURCE}/tests/sdk/consumer)
 run("the program by CMake" ${WORK}/consumer/consumer)

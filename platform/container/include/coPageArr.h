@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "apLanguage.h"
+
 // An array that grows in pages, so that the address of an element never changes until `clear`.
 template <typename T>
 class coPageArr {

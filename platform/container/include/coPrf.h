@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "apLanguage.h"
+
 // A shared, counted reference; may be null.
 template <typename T>
 using coPrf = std::shared_ptr<T>;

@@ -4,6 +4,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "apLanguage.h"
+
 // A table with one value for each key. Reading a key that is not there gives an empty value and adds nothing.
 template <typename K, typename V>
 class coTable {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // A colour as files of this trade give it: red, green, blue and opacity from 0 to 1.
 struct annColour {
   float red = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // Three coordinates of a point, or the components of a direction.
 struct annVector {
   double x = 0;

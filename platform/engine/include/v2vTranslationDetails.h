@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // How far a translation has come: input files looked at, and those of them that could not be read.
 class v2vTranslationDetails {
  public:

@@ -3,6 +3,8 @@
 #include <memory>
 #include <vector>
 
+#include "apLanguage.h"
+
 // A walk over a sequence that somebody else owns, handed out by value. It stands before the first element:
 //
 //   auto formats = set.formats();

@@ -3,6 +3,8 @@
 #include <concepts>
 #include <cstddef>
 
+#include "apLanguage.h"
+
 // A pointer that owns nothing: what it points at must outlive it. Converts implicitly from a raw pointer and from an
 // observer of a type whose pointer converts.
 template <typename T>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // A service as the registry hands it out: a pointer that owns nothing, so that releasing it runs no code of the
 // service's library. What it points at is agreed between the service and its users, by key.
 class vluBaseServicePtr {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // What came of a file operation.
 enum vluFileError : int {
   vluFILE_MADE = 1,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apLanguage.h"
+
 // What a file is, told by its content. Names and numbers are stable: they stand in cache files.
 enum vluFileType : int {
   vluUNKNOWN = 0,

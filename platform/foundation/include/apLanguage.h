@@ -1,0 +1,7 @@
+#pragma once
+
+// Every header of the suite includes this one, itself or through another.
+#define VEL_LANGUAGE_CHECKED
+#if __cplusplus < 202002L
+#error "velbase needs C++20: compile with -std=c++20, or link vel::base in CMake, which asks for it"
+#endif
