@@ -119,16 +119,15 @@ void change(std::optional<annBox>& box, Change change) {
 
 // Shows lengths in another unit; where that is not possible, says why and leaves them as they are.
 void convert(Info& info, velLengthUnit from, velLengthUnit to, velInstallation& installation, velConsole& console) {
+  const bool has_unit = from != velLENGTH_UNSPECIFIED;
+  if (!has_unit) from = velLENGTH_MILLIMETRE;
   velUnits library(installation);
   const unitsService* units = library.service();
   if (!units) {
-    console.warning(library.complaint(vel_text(velMSG_UNIT_OF_FILE_SHOWN, {info.unit_text})));
+    console.warning(library.complaint(vel_text(velMSG_UNIT_OF_FILE_SHOWN, {vel_length_name(from)})));
     return;
   }
-  if (from == velLENGTH_UNSPECIFIED) {
-    from = velLENGTH_MILLIMETRE;
-    console.note(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file}));
-  }
+  if (!has_unit) console.note(vel_text(velMSG_FILE_WITHOUT_UNIT, {info.file}));
   info.unit = units->length_name(to);
   info.unit_text = vel_text(velMSG_UNIT_CONVERTED, {info.unit, units->length_name(from)});
   const auto converted = [&](double length) { return units->convert_length(length, from, to); };
