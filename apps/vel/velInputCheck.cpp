@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "velFiles.h"
 #include "velMessages.h"
 #include "velText.h"
 #include "velTranslators.h"
@@ -28,6 +29,19 @@ std::string complaint_about(const std::string& file) {
   if (descriptor < 0) return vel_text(velMSG_INPUT_UNREADABLE, {shown, std::strerror(errno)});
   close(descriptor);
   return state.st_size == 0 ? vel_text(velMSG_INPUT_EMPTY, {shown}) : "";
+}
+
+// The reader for a file whose content shows no format, by its extension, with a note; null when there is none.
+const vlnTranslatorInfo* reader_for_extension(const std::string& file, const velDriver& driver, velConsole& console) {
+  if (vluFileTypeFinder::find_file_type(file) != vluUNKNOWN) return nullptr;
+  const std::size_t dot = vel_last_component(file).rfind('.');
+  if (dot == std::string::npos) return nullptr;
+  const std::string extension = vel_last_component(file).substr(dot + 1);
+  const vlnTranslatorInfo* reader = vel_translator_for_extension(driver.inputs(), extension);
+  if (reader) {
+    console.note(vel_text(velMSG_READ_BY_EXTENSION, {file, reader->format_name().ut_string().view()}));
+  }
+  return reader;
 }
 
 // Why nobody reads a file.
@@ -81,12 +95,19 @@ velExitCode vel_choose_readers(const std::vector<std::string>& files, const std:
   velExitCode code = velEXIT_DONE;
   for (const std::string& file : files) {
     const vlnTranslatorInfo* reader = named ? named : driver.inputs().translator_for_file(file);
+    if (!reader && vluFileTypeFinder::is_utf16_text(file)) {
+      console.error(vel_text(velMSG_INPUT_IS_UTF16, {file}));
+      code = velEXIT_BAD_INPUT;
+      readers.push_back(nullptr);
+      continue;
+    }
+    if (!reader) reader = reader_for_extension(file, driver, console);
     readers.push_back(reader);
     const std::string complaint =
         reader ? vel_library_complaint(driver, *reader, file) : complaint_about_content(file, driver);
     if (complaint.empty()) continue;
     console.error(complaint);
-    code = velEXIT_NO_TRANSLATOR;
+    if (code == velEXIT_DONE) code = velEXIT_NO_TRANSLATOR;
   }
   return code;
 }

@@ -13,8 +13,9 @@
 // Missing, unreadable, empty, or no regular file at all. Never blocks.
 velExitCode vel_check_input_files(const std::vector<std::string>& files, velConsole& console);
 
-// Of a type that nothing reads, or read by a library that cannot be opened. Else `readers` are those of the files, in
-// their order: the one of the format `from`, or of this extension; when that is empty, the one for the file's content.
+// Of a type that nothing reads, text in UTF-16, or read by a library that cannot be opened. Else `readers` are those of
+// the files, in their order: the one of the format `from`, or of this extension; when that is empty, the one for the
+// file's content; where the content shows no format, the one for the file's extension, with a note.
 velExitCode vel_choose_readers(const std::vector<std::string>& files, const std::string& from, const velDriver& driver,
                                std::vector<const vlnTranslatorInfo*>& readers, velConsole& console);
 

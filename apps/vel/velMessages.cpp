@@ -78,6 +78,10 @@ constexpr Text texts[] = {
     {velMSG_INPUT_UNREADABLE, "%1: it cannot be opened: %2."},
     {velMSG_INPUT_EMPTY, "%1: this file is empty. Ask for a fresh copy."},
     {velMSG_EMPTY_NAME, "(empty name)"},
+    {velMSG_READ_BY_EXTENSION, "%1: its content does not show its format; it is read as %2 because of its extension."},
+    {velMSG_INPUT_IS_UTF16,
+     "%1: this text is encoded in UTF-16, which no format that is read here allows. Convert it to UTF-8, for instance "
+     "with `iconv -f UTF-16 -t UTF-8`."},
     {velMSG_CONTENT_UNKNOWN,
      "%1: its content is of no known type. Formats that can be read: %2; choose one with --from."},
     {velMSG_NO_READER, "%1: this is a file of type %2, and no translator here reads it. Formats that can be read: %3."},

@@ -67,6 +67,8 @@ enum velMessage : unsigned int {
   velMSG_READER_NOT_BUILT,     // file, file type, packages
   velMSG_NO_READER_OF_FORMAT,  // format, formats
   velMSG_FROM_IS_MISTAKEN,     // file, file type, format
+  velMSG_READ_BY_EXTENSION,    // file, format
+  velMSG_INPUT_IS_UTF16,       // file
 
   velMSG_NO_FORMAT_FOR_NAME = 100,  // file, formats
   velMSG_WRITER_NOT_BUILT,          // file or format, packages

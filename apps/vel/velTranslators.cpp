@@ -62,18 +62,6 @@ bool is_same(const std::string& a, const std::string& b) {
   return strcasecmp(a.c_str(), b.c_str()) == 0;
 }
 
-const vlnTranslatorInfo* translator_for_extension(const vlnTranslatorDlls& set, const std::string& text) {
-  const std::string wanted = text.starts_with('.') ? text.substr(1) : text;
-  vlnTranslatorDllsIT translators(set);
-  while (++translators) {
-    const std::vector<std::string> known = vel_translator_row(*translators()).extensions;
-    if (std::any_of(known.begin(), known.end(), [&](const auto& extension) { return is_same(extension, wanted); })) {
-      return translators();
-    }
-  }
-  return nullptr;
-}
-
 struct NeedyFormat {
   const char* format;
   std::vector<const char*> extensions;
@@ -100,9 +88,21 @@ std::string packages_for_extension(const std::string& text) {
 
 }  // namespace
 
+const vlnTranslatorInfo* vel_translator_for_extension(const vlnTranslatorDlls& set, const std::string& text) {
+  const std::string wanted = text.starts_with('.') ? text.substr(1) : text;
+  vlnTranslatorDllsIT translators(set);
+  while (++translators) {
+    const std::vector<std::string> known = vel_translator_row(*translators()).extensions;
+    if (std::any_of(known.begin(), known.end(), [&](const auto& extension) { return is_same(extension, wanted); })) {
+      return translators();
+    }
+  }
+  return nullptr;
+}
+
 const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& set, const std::string& text) {
   const vlnTranslatorInfo* named = set.translator_for_format(text);
-  return named ? named : translator_for_extension(set, text);
+  return named ? named : vel_translator_for_extension(set, text);
 }
 
 const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs,
@@ -110,8 +110,8 @@ const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& inputs, c
   for (const vlnTranslatorDlls* set : {&inputs, &outputs}) {
     if (const vlnTranslatorInfo* named = set->translator_for_format(text)) return named;
   }
-  const vlnTranslatorInfo* reader = translator_for_extension(inputs, text);
-  return reader ? reader : translator_for_extension(outputs, text);
+  const vlnTranslatorInfo* reader = vel_translator_for_extension(inputs, text);
+  return reader ? reader : vel_translator_for_extension(outputs, text);
 }
 
 std::string vel_packages_for_format(const std::string& format) {

@@ -26,6 +26,9 @@ velTranslatorRow vel_translator_row(const vlnTranslatorInfo& info);
 // Every translator of both sets once, ordered by category, format, direction and library.
 std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs);
 
+// The first translator that has this extension, with or without its dot, case aside. Null when there is none.
+const vlnTranslatorInfo* vel_translator_for_extension(const vlnTranslatorDlls& set, const std::string& text);
+
 // The first translator whose format has this name, else the first that has this extension, with or without its dot;
 // case aside. Null when there is none.
 const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& set, const std::string& text);

@@ -17,6 +17,7 @@ constexpr velValidator::Bounds all_bounds[] = {
     {"DIGITS", 0, 17, false, velMSG_TAKES_DIGITS, velMSG_RANGE_DIGITS},
     {"CHORD_TOLERANCE", 0, endless, false, velMSG_TAKES_FROM_ZERO, velMSG_RANGE_FROM_ZERO},
     {"ANGLE_TOLERANCE", 0, 180, false, velMSG_TAKES_DEGREES, velMSG_RANGE_DEGREES},
+    {"JOIN_TOLERANCE", 0, endless, false, velMSG_TAKES_FROM_ZERO, velMSG_RANGE_FROM_ZERO},
     {"WIDTH", 1, 16384, false, velMSG_TAKES_PIXELS, velMSG_RANGE_PIXELS},
     {"HEIGHT", 1, 16384, false, velMSG_TAKES_PIXELS, velMSG_RANGE_PIXELS},
 };

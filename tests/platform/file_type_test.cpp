@@ -57,11 +57,13 @@ TEST(FileTypes, AreToldByContent) {
         // Cut off, also behind the count.
         binary_stl("", 3, 9000), binary_stl("exported STL", 0, 2), "solid a\nfacet normal 0 0 1\n outer loop\n",
         "# made by hand\r\n\r\n  SOLID a b c\r\n  ENDSOLID\r\n", "solid\nname on a line of its own\nfacet\nouter loop",
-        "solid cut off in its na", "solid a\nfac"}},
+        "solid cut off in its na", "solid a\nfac", binary_stl("", 0, 0)}},
       // One has nothing but comments in its head.
       {vluOBJ,
        {cube, "# " + std::string(70000, 'c') + "\n" + cube, long_face, "v 1 2 \\\n 3\nf -1 -2 -3",
-        "mtllib a.mtl\ng part\nusemtl red\n", "\xEF\xBB\xBFo a\rv 1 2 3\rv 1 2 4"}},
+        "mtllib a.mtl\ng part\nusemtl red\n", "\xEF\xBB\xBFo a\rv 1 2 3\rv 1 2 4",
+        // Statements of its writer's own.
+        "v 0 0 0\nvc 1 0 0\nv 1 0 0\nvc 0 1 0\nv 0 1 0\nvc 0 0 1\nf 1 2 3\n"}},
       {vluPLY,
        {"ply\nformat ascii 1.0\nelement vertex 3\n", "ply \r\nformat binary_little_endian 1.0\r\n", "ply",
         "ply\rcomment x\rformat ascii 1.0\r", "\xEF\xBB\xBFply\nformat ascii 1.0\n"}},
@@ -79,13 +81,14 @@ TEST(FileTypes, AreToldByContent) {
       {vlu3MF, {zip_member("[Content_Types].xml") + zip_member("3D/3dmodel.model"), zip_member("/3d/part.model")}},
       {vluHPF, {"\x89HPF\r\n\x1a\nrest"}},
       {vluSTEP, {"\n\n ISO-10303-21;\nHEADER;"}},
-      // With line breaks, without, and with a line that is too long.
+      // With line breaks, without, filled up with null bytes, and with a line that is too long.
       {vluIGES,
-       {lines, iges_line("", 'S', 1) + iges_line("", 'G', 1), "too long for its line " + iges_line("", 'S', 1) + "\n"}},
+       {lines, lines + std::string(1000, '\0'), iges_line("", 'S', 1) + iges_line("", 'G', 1),
+        "too long for its line " + iges_line("", 'S', 1) + "\n"}},
       {vluBREP,
        {"DBRep_DrawableShape\n\nCASCADE Topology V1, (c)\n", "CASCADE Topology V3", "\nOpen CASCADE Topology V4\n"}},
       {vluUNKNOWN,
-       {"", "solid state physics\nis a field of its own\n", std::string(84, '\0'), std::string(4000, '\0'),
+       {"", "solid state physics\nis a field of its own\n", std::string(83, '\0'), std::string(4000, '\0'),
         std::string(4000, '\xFF'), binary_stl("", 0, 3), "# only a comment\n", "newmtl red\nKd 1 0 0\nillum 2\n",
         "offset 3 1 0\n", "OFFICE hours\n", "{\"name\": \"asset\", \"nodes\": 1}",
         zip_member("[Content_Types].xml") + zip_member("word/document.xml"), zip_member("a.txt"), "playing\nformat\n",
@@ -97,6 +100,29 @@ TEST(FileTypes, AreToldByContent) {
       const auto type = vluFileTypeFinder::find_file_type(directory.write("file.step", content));
       EXPECT_EQ(vluFileTypeInfo::name(type), vluFileTypeInfo::name(expected)) << content.substr(0, 60);
     }
+  }
+}
+
+TEST(FileTypes, TextInUtf16IsOfNoType) {
+  const std::string text = "solid a\nendsolid a\n";
+  std::string little, big;
+  for (char c : text) {
+    little += {c, '\0'};
+    big += {'\0', c};
+  }
+  const std::pair<std::string, bool> cases[] = {{"\xFF\xFE" + little, true},
+                                                {"\xFE\xFF" + big, true},
+                                                {little, true},
+                                                {big, true},
+                                                {text, false},
+                                                {std::string(40, '\0'), false},
+                                                {"\xFF\xFE", false},
+                                                {binary_stl("", 3, 9), false}};
+  TemporaryDirectory directory;
+  for (const auto& [content, is_utf16] : cases) {
+    const std::string file = directory.write("file.stl", content);
+    EXPECT_EQ(vluFileTypeFinder::is_utf16_text(file), is_utf16) << content;
+    EXPECT_TRUE(!is_utf16 || vluFileTypeFinder::find_file_type(file) == vluUNKNOWN) << content;
   }
 }
 

@@ -31,10 +31,15 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
   const std::string stl = tetrahedron_stl;
   work.write("good.stl", stl);
   work.write("empty.stl", "");
-  work.write("garbage.stl", std::string("\x01\x02\x7f garbage \xfe\xff", 14));
+  work.write("garbage.xyz", std::string("\x01\x02\x7f garbage \xfe\xff", 14));
+  std::string wide;
+  for (char c : stl) wide += {c, '\0'};
+  work.write("wide.stl", wide);
+  work.write("no_triangles.stl", std::string(84, '\0'));
   work.write("cut.stl", stl.substr(0, stl.size() / 2));
   work.write("typo.stl", std::string(stl).replace(stl.find("vertex 1 0 0"), 6, "vertxx"));
   work.write("off.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
+  work.write("points.obj", "v 0 0 0\nv 1 0 0\n");
   work.write("file", "in the way");
   work.write("old.obj", "old");
   fs::create_directory(work / "directory");
@@ -50,14 +55,17 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"cut.stl", "-o", "old.obj"}, 4, {"cut.stl", "Nothing was written"}},
       {{"typo.stl", "-o", "old.obj"}, 4, {"typo.stl", "line 6", "Nothing was written"}},
       {{"good.stl", "typo.stl", "-o", "old.obj"}, 4, {"typo.stl"}},
-      {{"garbage.stl", "-o", "old.obj"}, 3, {"garbage.stl", "no known type", "OBJ, STL"}},
+      {{"garbage.xyz", "-o", "old.obj"}, 3, {"garbage.xyz", "no known type", "OBJ, STL"}},
+      {{"wide.stl", "-o", "old.obj"}, 4, {"wide.stl", "UTF-16", "iconv"}},
+      {{"no_triangles.stl", "-o", "old.obj"}, 4, {"no_triangles.stl: the model is empty", "Nothing was written"}},
+      {{"points.obj", "-o", "old.stl"}, 1, {"old.stl", "no faces", "STL", "Nothing was written"}},
       {{"off.off", "-o", "old.obj"}, 3, {"off.off", "OFF", "OBJ, STL"}},
       {{"good.stl", "-o", "out.xyz"}, 3, {"out.xyz", "OBJ, STL", "--to"}},
       {{"good.stl", "-o", "out"}, 3, {"no extension", "OBJ, STL", "--to"}},
       {{"cut.stl", "-o", "directory"}, 1, {"directory: ", "name a file in it"}},
       {{"cut.stl", "-o", "directory/"}, 1, {"directory/: ", "name a file in it"}},
       {{"cut.stl", "-o", "none/out.xyz"}, 1, {"none/", "does not exist"}},
-      {{"garbage.stl", "-o", "old.obj", "--from", "stl"}, 4, {"garbage.stl", "Nothing was written"}},
+      {{"garbage.xyz", "-o", "old.obj", "--from", "stl"}, 4, {"garbage.xyz", "Nothing was written"}},
       {{"good.stl", "-o", "old.obj", "--from", "obj"}, 4, {"good.stl: its content is STL, not OBJ. Leave --from out."}},
       {{"good.stl", "-o", "old.obj", "--from", "XYZ"}, 3, {"XYZ: no translator reads", "OBJ, STL", "--from"}},
       {{"good.stl", "-o", "old.obj", "--from", "STEP"}, 3, {"STEP", "libocct-data-exchange-dev"}},
@@ -91,6 +99,21 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
   EXPECT_EQ(installation.files(), before);
   EXPECT_EQ(work.read(work / "old.obj"), "old");
   EXPECT_EQ(work.read(work / "good.stl"), stl);
+}
+
+TEST(Translate, ReadsByTheExtensionWhereTheContentShowsNoFormat) {
+  const Installation installation;
+  installation.work().write("comments.obj", "# nothing else\n");
+  installation.work().write("garbage.stl", std::string(84, '\xFF'));
+  const Outcome empty = installation.run({"info", "comments.obj", "--json"});
+  EXPECT_EQ(empty.code, 0);
+  EXPECT_EQ(json::parse(empty.out)["parts"], 0);
+  EXPECT_NE(empty.err.find("vel: note: comments.obj: its content does not show its format; it is read as OBJ"),
+            std::string::npos);
+  EXPECT_NE(empty.err.find("vel: warning: comments.obj: the model is empty"), std::string::npos) << empty.err;
+  const Outcome garbage = installation.run({"translate", "garbage.stl", "-o", "a.obj"});
+  EXPECT_EQ(garbage.code, 4);
+  EXPECT_NE(garbage.err.find("it is read as STL"), std::string::npos) << garbage.err;
 }
 
 TEST(Translate, WritesAndTellsWhat) {

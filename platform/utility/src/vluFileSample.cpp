@@ -25,6 +25,7 @@ std::optional<vluFileSample> vluFileSample::take(const utString& path) {
 vluFileSample::vluFileSample(apRegularFile file, std::string head) : file_(std::move(file)), head_(std::move(head)) {
   text_ = head_;
   if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
+  if (head_is_all()) text_ = text_.substr(0, text_.find_last_not_of('\0') + 1);
   if (text_.find('\0') != std::string_view::npos) text_ = {};
 }
 

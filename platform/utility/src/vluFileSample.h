@@ -26,7 +26,8 @@ class vluFileSample {
   // The end of the file; all of it when it is no longer than the bound.
   std::string_view tail() const;
 
-  // The head as text: without a byte order mark, and empty when it holds a null byte, which text never does.
+  // The head as text: without a byte order mark, and without the null bytes that some writers fill the last block of a
+  // file with. Empty when it holds another null byte, which text never does.
   std::string_view text() const { return text_; }
 
  private:

@@ -15,7 +15,26 @@ constexpr Recogniser recognisers[] = {
     {vluIGES, vlu_sure_of_iges}, {vluGLTF, vlu_sure_of_gltf}, {vluOBJ, vlu_sure_of_obj},
 };
 
+// ASCII characters in UTF-16 are pairs of a null byte and another one. Nearly all characters of text files of CAD
+// programs are such.
+bool is_mostly_wide_ascii(std::string_view bytes, std::size_t place_of_null) {
+  const std::size_t pairs = bytes.size() / 2;
+  std::size_t wide = 0;
+  for (std::size_t i = 0; i < pairs; ++i) {
+    wide += bytes[2 * i + place_of_null] == '\0' && bytes[2 * i + 1 - place_of_null] != '\0';
+  }
+  return pairs > 3 && wide >= pairs - pairs / 8;
+}
+
 }  // namespace
+
+bool vluFileTypeFinder::is_utf16_text(const utString& path) {
+  const auto sample = vluFileSample::take(path);
+  if (!sample) return false;
+  std::string_view head = sample->head();
+  if (head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF")) head.remove_prefix(2);
+  return is_mostly_wide_ascii(head, 0) || is_mostly_wide_ascii(head, 1);
+}
 
 vluFileType vluFileTypeFinder::find_file_type(const utString& path) {
   const auto sample = vluFileSample::take(path);

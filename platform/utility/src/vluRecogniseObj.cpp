@@ -40,8 +40,14 @@ struct Counts {
   int shapes = 0;  // statements with the numbers that they need
   int links = 0;   // names of material files and materials
   int others = 0;
-  int foreign = 0;
+  int foreign = 0;  // lines that are no statements; those of a keyword that is not known here are not counted
 };
+
+// A word of letters and a number: many programs add statements of their own.
+bool looks_like_statement(std::string_view keyword, std::string_view first) {
+  auto is_letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
+  return std::all_of(keyword.begin(), keyword.end(), is_letter) && starts_as_number(first);
+}
 
 void count_line(std::string_view line, Counts& counts) {
   const std::string_view keyword = vlu_take_word(line);
@@ -55,8 +61,10 @@ void count_line(std::string_view line, Counts& counts) {
     ++(starts_as_number(first) ? counts.shapes : counts.foreign);
   } else if (keyword == "mtllib" || keyword == "usemtl") {
     ++counts.links;
-  } else {
-    ++(is_one_of(other_statements, keyword) ? counts.others : counts.foreign);
+  } else if (is_one_of(other_statements, keyword)) {
+    ++counts.others;
+  } else if (!looks_like_statement(keyword, first)) {
+    ++counts.foreign;
   }
 }
 

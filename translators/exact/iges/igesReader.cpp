@@ -44,6 +44,7 @@ void set_parameters(const velTableInstance& resources) {
 bool has_end(std::string_view bytes) {
   constexpr std::size_t looked_at = 1024, column = 72;
   constexpr std::string_view padding("\r\n \0", 4);
+  bytes = bytes.substr(0, bytes.find_last_not_of(padding) + 1);
   std::string_view tail = bytes.substr(bytes.size() - std::min(bytes.size(), looked_at));
   while (!tail.empty()) {
     const std::size_t end = tail.find_last_not_of(padding);
