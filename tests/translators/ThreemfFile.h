@@ -63,12 +63,14 @@ inline std::string item(const std::string& id, const std::string& more = "") {
   return "<c:item objectid=\"" + id + "\" " + more + "/>\n";
 }
 
-// Names, "*" for a body, the translation where there is one, children in brackets.
+// Names, "=" and that of the instance where it has one, "*" for a body, the translation where there is one, children in
+// brackets.
 inline std::string outline(const annNode& node) {
   std::string result;
   for (const auto& child : node.children) {
     const auto& m = child->transform.m;
-    result += (result.empty() ? "" : " ") + child->name.str() + (child->body.mesh ? "*" : "");
+    result += (result.empty() ? "" : " ") + child->name.str() +
+              (child->instance_name.empty() ? "" : "=" + child->instance_name.str()) + (child->body.mesh ? "*" : "");
     if (m[3] != 0 || m[7] != 0 || m[11] != 0) {
       for (std::size_t i : {3, 7, 11}) result += "," + std::to_string(static_cast<int>(m[i]));
     }

@@ -4,6 +4,11 @@
 
 namespace {
 
+// Attributes of a model that requires an extension.
+std::string requiring(const std::string& extension) {
+  return "xmlns:x=\"http://schemas.microsoft.com/3dmanufacturing/" + extension + "\" requiredextensions=\"x\"";
+}
+
 TEST(ThreemfReader, BuildsTheTree) {
   TemporaryDirectory directory;
   const std::string a = mesh("1", "name=\"a\""), nameless = mesh("1");
@@ -31,6 +36,13 @@ TEST(ThreemfReader, BuildsTheTree) {
       {"vertex twice", only(model(mesh("1", "", "<c:triangle v1=\"0\" v2=\"0\" v3=\"1\"/>"), item("1"))), "*",
        "name a vertex twice"},
       {"extension", only(model("<b:beams/>" + a, item("1"))), "a*", "beamlattice/2017/02\" are left out"},
+      {"lattice required", only(model(a, item("1"), "requiredextensions=\"p b\"")), "a*",
+       "whose beams and balls are left out"},
+      {"slices required", only(model(a, item("1"), requiring("slice/2015/07"))), "a*", "whose slices are left out"},
+      {"unknown extension required", only(model(a, item("1"), requiring("odd/2015/07"))), "a*", "which is not known"},
+      {"name of an instance", only(model(a, item("1", "xmlns:i=\"urn:velbase:3mf:instance\" i:name=\"a_1\""))),
+       "a=a_1*"},
+      {"nothing built", only(model(a, "")), "", "one object is left out"},
       {"UTF-8 mark and folded names",
        {{"_RELS/.rels", relationships({"3d/My%20Model.model"})},
         {"3D/my model.MODEL", "\xEF\xBB\xBF" + model(a, item("1"))}},

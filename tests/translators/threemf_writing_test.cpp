@@ -23,8 +23,10 @@ TEST(ThreemfWriter, KeepsTheTree) {
   top.body.mesh = shared;
   annNode& inner = top.add_child("inner");
   inner.add_child("a").body.mesh = shared;
+  inner.instance_name = "inner & 1";
   inner.add_child("b").body.mesh = shared;
   inner.add_child("b").body.mesh = shared;
+  inner.children.back()->instance_name = "b_2";
   top.add_child("gone").add_child("gone");
   annNode& flat = document.root.add_child("flat");
   flat.transform.m[10] = 0;
@@ -38,7 +40,8 @@ TEST(ThreemfWriter, KeepsTheTree) {
   EXPECT_NE(messages.warnings.find("marks in their place"), std::string::npos);
   const Reading reading = reader.read(directory / "a.3mf");
   ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
-  EXPECT_EQ(outline(reading.document.root), "t & \"<\n\xC3\xA9,5,0,0(* inner(a* b* b*)) c\xEF\xBF\xBD\xEF\xBF\xBD*");
+  EXPECT_EQ(outline(reading.document.root),
+            "t & \"<\n\xC3\xA9,5,0,0(* inner=inner & 1(a* b* b=b_2*)) c\xEF\xBF\xBD\xEF\xBF\xBD*");
   EXPECT_EQ(reading.document.unit, velLENGTH_INCH);
   const auto& parts = reading.node(0).children.at(1)->children;
   EXPECT_EQ(parts.at(0)->body.mesh, parts.at(2)->body.mesh);
@@ -151,6 +154,18 @@ TEST(ThreemfWriter, KeepsColoursApart) {
   const Reading reading = reader.read(directory / "a.3mf");
   EXPECT_EQ(reading.node(0).children.at(0)->colour, red);
   EXPECT_EQ(reading.node(0).children.at(1)->colour, blue);
+
+  // An object some of whose triangles have a look needs one for the others.
+  const auto partly = square();
+  partly->add_face(std::vector<std::uint32_t>{0, 1, 4});
+  partly->materials = {{"", blue}};
+  partly->set_face_material(0, 0);
+  annDocument mixed;
+  mixed.root.add_child("partly").body.mesh = partly;
+  ASSERT_EQ(writer.write(mixed, directory / "b.3mf", messages), velabsDONE);
+  const std::string text = unpack(directory / "b.3mf", "3D/3dmodel.model");
+  EXPECT_NE(text.find("<m:color color=\"#FFFFFF\"/>"), std::string::npos) << text;
+  EXPECT_NE(text.find("name=\"partly\" pid=\"2\""), std::string::npos) << text;
   ASSERT_EQ(writer.write(document, directory / "a.3mf", messages, {{"WRITE_MATERIALS", "0"}}), velabsDONE);
   EXPECT_EQ(unpack(directory / "a.3mf", "3D/3dmodel.model").find("pid"), std::string::npos);
 }
@@ -185,7 +200,95 @@ TEST(ThreemfWriter, SaysWhyItCannotWrite) {
   document.root.add_child("").body.mesh = square();
   EXPECT_EQ(writer.write(document, directory / "a.3mf", messages, {{"SCALE", "1.7e308"}}), velabsFAILED);
   EXPECT_NE(messages.errors.find("too large"), std::string::npos) << messages.errors;
+  auto points = std::make_shared<annMesh>(), flat = std::make_shared<annMesh>();
+  points->vertices->points = {{0, 0, 0}};
+  flat->vertices->points = {{0, 0, 0}, {1, 0, 0}, {0, 0, 0}};
+  flat->add_face(std::vector<std::uint32_t>{0, 1, 2});
+  document.root.children[0]->body.mesh = points;
+  EXPECT_EQ(writer.write(document, directory / "a.3mf", messages), velabsFAILED);
+  EXPECT_NE(messages.errors.find("no faces, only vertices, and 3MF"), std::string::npos) << messages.errors;
+  document.root.children[0]->body.mesh = flat;
+  EXPECT_EQ(writer.write(document, directory / "a.3mf", messages), velabsFAILED);
+  EXPECT_NE(messages.errors.find("have equal corners"), std::string::npos) << messages.errors;
   EXPECT_FALSE(std::filesystem::exists(directory / "a.3mf"));
+}
+
+// A unit cube whose six sides have corners of their own, each side in a colour of its own.
+std::shared_ptr<annMesh> split_cube() {
+  auto cube = std::make_shared<annMesh>();
+  for (int side = 0; side < 6; ++side) {
+    const auto first = cube->vertices->count();
+    const double level = side % 2;
+    // Along the two other axes; the lower sides run the other way round.
+    const double square[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+    for (int corner = 0; corner < 4; ++corner) {
+      const double* place = square[side % 2 ? corner : 3 - corner];
+      const double values[3] = {level, place[0], place[1]};
+      const int axis = side / 2;
+      cube->vertices->points.push_back({values[(3 - axis) % 3], values[(4 - axis) % 3], values[(5 - axis) % 3]});
+      cube->vertices->colours.push_back({static_cast<float>(side) / 5, 0, 0, 1});
+    }
+    cube->add_face(std::vector<std::uint32_t>{first, first + 1, first + 2, first + 3});
+  }
+  return cube;
+}
+
+TEST(ThreemfWriter, JoinsVerticesByPosition) {
+  TemporaryDirectory directory;
+  struct Case {
+    const char* what;
+    double moved;  // by which one of the three corners at (1, 1, 1) lies elsewhere
+    std::initializer_list<std::pair<const char*, const char*>> options;
+    std::size_t vertices, open_edges;
+  } cases[] = {{"equal", 0, {}, 8, 0},
+               {"beside", 1e-4, {}, 9, 4},
+               {"equal as text", 1e-4, {{"DIGITS", "3"}}, 8, 0},
+               {"within the tolerance", 1e-4, {{"JOIN_TOLERANCE", "0.00011"}}, 8, 0},
+               {"beyond it", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}}, 9, 4},
+               {"in the unit of the file", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}, {"LENGTH_UNIT", "metre"}}, 8, 0}};
+  for (const Case& c : cases) {
+    annDocument document;
+    document.unit = velLENGTH_MILLIMETRE;
+    const auto cube = split_cube();
+    for (std::size_t i = 0; i < 24 && c.moved > 0; ++i) {
+      if (!(cube->vertices->points[i] == annVector{1, 1, 1})) continue;
+      cube->vertices->points[i].x += c.moved;
+      break;
+    }
+    document.root.add_child("cube").body.mesh = cube;
+    Messages messages;
+    ASSERT_EQ(writer.write(document, directory / "a.3mf", messages, c.options), velabsDONE) << c.what;
+    const std::string open = std::to_string(c.open_edges) + " open edges";
+    EXPECT_EQ(messages.notes.find("not closed") != std::string::npos, c.open_edges > 0) << c.what << messages.notes;
+    EXPECT_EQ(messages.notes.find(open) != std::string::npos, c.open_edges > 0) << c.what << messages.notes;
+    const std::string text = unpack(directory / "a.3mf", "3D/3dmodel.model");
+    std::size_t vertices = 0;
+    for (std::size_t at = text.find("<vertex "); at != text.npos; at = text.find("<vertex ", at + 1)) ++vertices;
+    EXPECT_EQ(vertices, c.vertices) << c.what;
+
+    // Each corner keeps the colour of its side.
+    const Reading reading = reader.read(directory / "a.3mf");
+    const annMesh& mesh = reading.mesh();
+    ASSERT_EQ(mesh.face_count(), 12u) << c.what;
+    for (std::size_t corner = 0; corner < mesh.corners.size(); ++corner) {
+      const annColour expected = cube->vertices->colours[corner / 6 * 4];
+      EXPECT_EQ(mesh.vertices->colours[mesh.corners[corner]], expected) << c.what << corner;
+    }
+  }
+}
+
+TEST(ThreemfWriter, LeavesOutTrianglesWithEqualCorners) {
+  TemporaryDirectory directory;
+  annDocument document;
+  const auto mesh = square();
+  mesh->vertices->points[4] = {0.1, 0, 0};
+  mesh->add_face(std::vector<std::uint32_t>{0, 1, 4});
+  mesh->add_face(std::vector<std::uint32_t>{2, 3, 2});
+  document.root.add_child("a").body.mesh = mesh;
+  Messages messages;
+  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE);
+  EXPECT_NE(messages.notes.find("equal corners: 2 triangles are left out"), std::string::npos) << messages.notes;
+  EXPECT_EQ(reader.read(directory / "a.3mf").mesh().corners, (std::vector<std::uint32_t>{0, 1, 2, 0, 2, 3}));
 }
 
 }  // namespace

@@ -8,6 +8,11 @@ namespace {
 constexpr std::uint64_t most_nodes = 1'000'000;
 constexpr std::uint64_t most_elements = 4'000'000'000;
 
+void place(annNode& node, const threemfUse& use) {
+  node.transform = use.transform;
+  if (!use.instance_name.empty()) node.instance_name = use.instance_name;
+}
+
 }  // namespace
 
 void threemfAssembly::Amount::add(const Amount& other) {
@@ -23,7 +28,7 @@ bool threemfAssembly::build(annDocument& document) {
     if (amounts_[item.use.part][item.use.object].nodes == 0) continue;
     const threemfObject& shown = object(item.use);
     annNode& node = document.root.add_child("");
-    node.transform = item.use.transform;
+    place(node, item.use);
     fill(node, shown, open);
     if (node.name.empty()) node.name = item.part_number;
     while (!open.empty()) {
@@ -53,6 +58,7 @@ bool threemfAssembly::measure() {
   }
   Amount all;
   for (const threemfItem& item : parts_.front().items) all.add(amounts_[item.use.part][item.use.object]);
+  if (parts_.front().items.empty()) return true;
   if (all.nodes == 0) {
     output_.message(velabsERROR, "the build of the model shows no object with triangles");
   } else if (all.nodes > most_nodes || all.elements > most_elements) {
@@ -82,7 +88,7 @@ void threemfAssembly::fill(annNode& node, const threemfObject& made, std::vector
   for (const threemfUse& use : shown.components) {
     if (amounts_[use.part][use.object].nodes == 0) continue;
     annNode& child = node.add_child("");
-    child.transform = use.transform;
+    place(child, use);
     open.push_back({&child, &object(use)});
   }
 }

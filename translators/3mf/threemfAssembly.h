@@ -16,8 +16,8 @@ class threemfAssembly {
   threemfAssembly(std::vector<threemfModelPart>& parts, const threemfReading& reading, velabsOutput& output)
       : parts_(parts), reading_(reading), output_(output) {}
 
-  // False, and a message, when the build shows nothing, or so much that a few objects must have been multiplied beyond
-  // measure.
+  // False, and a message, when the items of the build show no triangles, or so many that a few objects must have been
+  // multiplied beyond measure. A build without items gives an empty document.
   bool build(annDocument& document);
 
  private:

@@ -41,7 +41,11 @@ void threemfColours::collect(const annMesh& mesh, const std::optional<annColour>
     for (std::size_t face = 0; face < mesh.face_count(); ++face) {
       const std::uint32_t material = shown_material(mesh, face);
       hides_materials_ = hides_materials_ || material != mesh.face_material(face);
-      if (material == annMesh::no_material || seen[material]) continue;
+      if (material == annMesh::no_material) {
+        if (!whole && !shows_vertices(mesh)) add(default_colour);
+        continue;
+      }
+      if (seen[material]) continue;
       seen[material] = true;
       add(mesh.materials[material]);
     }

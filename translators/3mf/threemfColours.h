@@ -19,6 +19,8 @@ class threemfColours {
   static constexpr std::uint32_t material_group = 1;
   static constexpr std::uint32_t colour_group = 2;
   static constexpr std::uint32_t first_free_id = 3;
+  // Of faces without a look beside others that have one: 3MF wants a look for all faces then.
+  static constexpr annColour default_colour{1, 1, 1, 1};
 
   struct Property {
     std::uint32_t group;

@@ -18,6 +18,7 @@ struct threemfUse {
   static constexpr std::uint32_t own_part = std::numeric_limits<std::uint32_t>::max();
 
   annTransform transform;
+  std::string instance_name;
   std::uint32_t id = 0;
   std::uint32_t path = own_part;  // a number in `paths` of the model part
   std::size_t line = 0;

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "threemfExtensions.h"
 #include "threemfFormat.h"
 #include "threemfPartName.h"
 #include "threemfUnits.h"
@@ -152,12 +153,31 @@ bool threemfModelParser::check_extensions(std::string_view prefixes) {
       fail("the required extension " + vlt_quoted(prefix) + " has no namespace");
       return false;
     }
-    const std::string& known = uri->second;
-    if (known != THREEMF_CORE && known != THREEMF_MATERIALS && known != THREEMF_PRODUCTION) {
-      fail("the model requires the extension " + vlt_quoted(known, longest_shown_uri) + ", which is not known here");
-      return false;
-    }
+    if (!check_extension(uri->second)) return false;
   }
+}
+
+bool threemfModelParser::check_extension(const std::string& uri) {
+  const threemfExtension extension = threemf_extension(uri);
+  const std::string subject = "the model requires the extension " + vlt_quoted(uri, longest_shown_uri) + ", ";
+  switch (extension.effect) {
+    case threemfExtension::REPLACES_GEOMETRY:
+      fail(subject + "which replaces meshes by " + std::string(extension.adds) +
+           "; save it as plain triangles in the program that it comes from");
+      return false;
+    case threemfExtension::ADDS_GEOMETRY:
+      found(velabsWARNING, subject + "whose " + std::string(extension.adds) + " are left out: only triangles are read");
+      return true;
+    case threemfExtension::KEEPS_GEOMETRY:
+      found(velabsNOTE, subject + "whose " + std::string(extension.adds) + " are left out");
+      return true;
+    case threemfExtension::UNKNOWN:
+      found(velabsWARNING, subject + "which is not known: what it adds to the model is left out");
+      return true;
+    case threemfExtension::READ:
+      return true;
+  }
+  return true;
 }
 
 bool threemfModelParser::start_resource(std::string_view name, const char** attributes) {
@@ -303,6 +323,8 @@ bool threemfModelParser::start_use(const char** attributes, std::string_view ele
       const auto [path, added] = part_.path_numbers.try_emplace(*key, static_cast<std::uint32_t>(part_.paths.size()));
       if (added) part_.paths.push_back(*key);
       use.path = path->second;
+    } else if (attribute == THREEMF_INSTANCE "|name") {
+      use.instance_name = a[1];
     } else if (attribute == "partnumber" && element == "item") {
       item.part_number = a[1];
     } else if (attribute != "printable") {

@@ -41,6 +41,7 @@ class threemfModelParser : public threemfXml {
   bool read_looks(std::uint32_t group, const std::uint32_t* indices, std::size_t count,
                   threemfMeshBuilder::Looks& looks);
   bool check_extensions(std::string_view prefixes);
+  bool check_extension(const std::string& uri);
   bool number(std::string_view attribute, const char* text, std::uint32_t& value);
   void bad_value(std::string_view attribute, std::string_view text);
   void unknown_attribute(std::string_view element, std::string_view attribute);

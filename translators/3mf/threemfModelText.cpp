@@ -49,15 +49,18 @@ threemfModelText::threemfModelText(const threemfObjects& objects, const threemfC
   std::uint64_t texts = 0, placed = objects.items().size();
   for (const annMaterial& material : colours.materials()) texts += material.name.length();
   for (const threemfMeshObject& mesh : objects.meshes()) {
-    work_ += mesh.mesh->vertices->points.size() + mesh.mesh->face_count();
-    lines += 16 + mesh.mesh->vertices->points.size() + mesh.mesh->triangle_count();
+    const std::size_t elements = mesh.joined->mesh.vertices->points.size() + mesh.joined->mesh.face_count();
+    work_ += elements;
+    lines += 16 + elements;
     texts += mesh.name->length();
   }
   for (const threemfAssemblyObject& assembly : objects.assemblies()) {
     lines += 4;
     placed += assembly.components.size();
+    for (const threemfPlacedObject& component : assembly.components) texts += component.instance_name.size();
     texts += assembly.name->length();
   }
+  for (const threemfPlacedObject& item : objects.items()) texts += item.instance_name.size();
   size_bound_ = lines * line_bound + texts * longest_character + placed * placed_object_bound;
 }
 
@@ -95,6 +98,7 @@ void threemfModelText::head() {
   block_ += form_.unit;
   block_ += "\" xml:lang=\"en-US\" xmlns=\"" THREEMF_CORE "\"";
   if (!colours_.colours().empty()) block_ += " xmlns:m=\"" THREEMF_MATERIALS "\"";
+  if (objects_.has_instance_names()) block_ += " xmlns:i=\"" THREEMF_INSTANCE "\"";
   block_ += ">\n<resources>\n";
   groups();
   step_ = objects_.meshes().empty() ? ASSEMBLIES : OBJECT;
@@ -117,7 +121,6 @@ void threemfModelText::groups() {
 
 void threemfModelText::begin_mesh() {
   mesh_ = &objects_.meshes()[object_];
-  choose_vertices();
   choose_looks();
   block_ += "<object id=\"" + std::to_string(mesh_->id) + "\" type=\"model\"";
   name(*mesh_->name);
@@ -140,25 +143,14 @@ std::optional<threemfColours::Property> threemfModelText::property_of_object() {
   }
   if (mesh_->colour) return threemfColours::Property{threemfColours::colour_group, colours_.index_of(*mesh_->colour)};
   if (coloured_vertices_) {
-    return threemfColours::Property{threemfColours::colour_group, vertex_colours_[mesh.corners.front()]};
+    return threemfColours::Property{threemfColours::colour_group, vertex_colour(mesh.corners.front())};
   }
   const auto& looks = mesh.face_materials;
-  if (!faces_shown || std::find(looks.begin(), looks.end(), annMesh::no_material) != looks.end()) return std::nullopt;
+  if (!faces_shown) return std::nullopt;
+  if (std::find(looks.begin(), looks.end(), annMesh::no_material) != looks.end()) {
+    return threemfColours::Property{threemfColours::colour_group, colours_.index_of(threemfColours::default_colour)};
+  }
   return colours_.property(mesh.materials[looks.front()]);
-}
-
-// Vertices that other meshes share are written with each mesh, so only those that its faces use; a list of its own is
-// kept whole.
-void threemfModelText::choose_vertices() {
-  const annMesh& mesh = *mesh_->mesh;
-  used_vertices_.clear();
-  some_vertices_ = mesh.vertices.use_count() > 1;
-  if (!some_vertices_) return;
-  if (new_numbers_.size() < mesh.vertices->points.size()) new_numbers_.resize(mesh.vertices->points.size());
-  used_vertices_ = mesh.corners;
-  std::sort(used_vertices_.begin(), used_vertices_.end());
-  used_vertices_.erase(std::unique(used_vertices_.begin(), used_vertices_.end()), used_vertices_.end());
-  for (std::uint32_t i = 0; i < used_vertices_.size(); ++i) new_numbers_[used_vertices_[i]] = i;
 }
 
 void threemfModelText::choose_looks() {
@@ -175,61 +167,32 @@ void threemfModelText::choose_looks() {
     }
   }
   coloured_vertices_ = colours_.shows_vertices(mesh);
-  if (!coloured_vertices_) return;
-  const std::vector<annColour>& colours = mesh.vertices->colours;
-  if (vertex_colours_.size() < colours.size()) vertex_colours_.resize(colours.size());
-  for_each_written([&](std::size_t vertex) { vertex_colours_[vertex] = colours_.index_of(colours[vertex]); });
 }
 
-template <typename Use>
-void threemfModelText::for_each_written(Use use) const {
-  if (some_vertices_) {
-    for (std::uint32_t vertex : used_vertices_) use(vertex);
-  } else {
-    for (std::size_t vertex = 0; vertex < mesh_->mesh->vertices->points.size(); ++vertex) use(vertex);
-  }
+std::uint32_t threemfModelText::vertex_colour(std::uint32_t vertex) const {
+  return colours_.index_of(mesh_->mesh->vertices->colours[vertex]);
 }
 
 void threemfModelText::vertices() {
-  const std::vector<annVector>& points = mesh_->mesh->vertices->points;
-  const std::size_t count = some_vertices_ ? used_vertices_.size() : points.size();
-  for (; at_ < count && !full(); ++at_) {
-    const annVector& point = points[some_vertices_ ? used_vertices_[at_] : at_];
-    const double values[] = {mesh_->turned ? 0 - point.x * form_.factor : point.x * form_.factor,
-                             point.y * form_.factor, point.z * form_.factor};
+  const std::vector<annVector>& points = mesh_->joined->mesh.vertices->points;
+  for (; at_ < points.size() && !full(); ++at_, ++work_done_) {
+    const annVector& point = points[at_];
+    const double values[] = {mesh_->turned ? 0 - point.x : point.x, point.y, point.z};
     constexpr std::string_view names[] = {"<vertex x=\"", "\" y=\"", "\" z=\""};
     char line[4 * threemf_number_room];
     char* end = line;
-    for (std::size_t i = 0; i < 3; ++i) {
-      if (!std::isfinite(values[i])) {
-        overflow_ = true;
-        return;
-      }
-      end = threemf_write_number(put(end, names[i]), values[i], form_.digits);
-    }
+    for (std::size_t i = 0; i < 3; ++i) end = threemf_write_number(put(end, names[i]), values[i], form_.digits);
     block_.append(line, put(end, "\"/>\n"));
   }
-  if (at_ < count) return;
-  work_done_ += points.size();
+  if (at_ < points.size()) return;
   block_ += "</vertices>\n<triangles>\n";
   at_ = 0;
   step_ = TRIANGLES;
 }
 
 void threemfModelText::triangles() {
-  const annMesh& mesh = *mesh_->mesh;
-  const std::size_t count = mesh.face_count();
-  for (; at_ < count && !full(); ++at_, ++work_done_) {
-    const auto corners = mesh.face(at_);
-    const std::uint32_t material = colours_.shown_material(mesh, at_);
-    if (corners.size() == 3) {
-      triangle(corners[0], corners[1], corners[2], material);
-      continue;
-    }
-    for (const auto& part : triangulator_.triangles(mesh.vertices->points, corners)) {
-      triangle(part[0], part[1], part[2], material);
-    }
-  }
+  const std::size_t count = mesh_->joined->mesh.face_count();
+  for (; at_ < count && !full(); ++at_, ++work_done_) triangle(at_);
   if (at_ < count) return;
   block_ += "</triangles>\n</mesh>\n</object>\n";
   ++object_;
@@ -239,20 +202,23 @@ void threemfModelText::triangles() {
   step_ = ASSEMBLIES;
 }
 
-void threemfModelText::triangle(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t material) {
-  if (mesh_->turned) std::swap(b, c);
-  const std::uint32_t corners[] = {a, b, c};
+void threemfModelText::triangle(std::size_t number) {
+  const threemfJoinedMesh& joined = *mesh_->joined;
+  const std::size_t corners[] = {3 * number, 3 * number + (mesh_->turned ? 2 : 1),
+                                 3 * number + (mesh_->turned ? 1 : 2)};
   constexpr std::string_view vertex[] = {"<triangle v1=\"", "\" v2=\"", "\" v3=\""};
   constexpr std::string_view colour[] = {"\" pid=\"2\" p1=\"", "\" p2=\"", "\" p3=\""};
   static_assert(threemfColours::colour_group == 2);
   char line[8 * threemf_number_room];
   char* end = line;
-  for (std::size_t i = 0; i < 3; ++i) {
-    end = put(put(end, vertex[i]), some_vertices_ ? new_numbers_[corners[i]] : corners[i]);
-  }
+  for (std::size_t i = 0; i < 3; ++i) end = put(put(end, vertex[i]), joined.mesh.corners[corners[i]]);
+  const std::uint32_t material =
+      joined.faces.empty() ? annMesh::no_material : colours_.shown_material(*mesh_->mesh, joined.faces[number]);
   const bool own_look = material != annMesh::no_material;
   if (!own_look && coloured_vertices_) {
-    for (std::size_t i = 0; i < 3; ++i) end = put(put(end, colour[i]), vertex_colours_[corners[i]]);
+    for (std::size_t i = 0; i < 3; ++i) {
+      end = put(put(end, colour[i]), vertex_colour(joined.source_vertices[corners[i]]));
+    }
   }
   end = put(end, "\"");
   if (own_look) end = put(end, looks_[material]);
@@ -288,6 +254,9 @@ void threemfModelText::use(std::string_view element, const threemfPlacedObject& 
   if (!placed.transform.is_identity()) {
     for (std::size_t i = 3; i < 12; i += 4) overflow_ |= !std::isfinite(placed.transform.m[i] * form_.factor);
     block_ += " transform=\"" + threemf_transform_text(placed.transform, form_.factor) + "\"";
+  }
+  if (!placed.instance_name.empty()) {
+    block_ += " i:name=\"" + threemf_attribute_text(placed.instance_name, replaced_) + "\"";
   }
   block_ += "/>\n";
 }

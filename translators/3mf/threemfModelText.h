@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "annTriangulation.h"
 #include "threemfObjects.h"
 
 // The XML of the model part, made piece by piece as it is asked for.
@@ -14,7 +13,7 @@ class threemfModelText {
  public:
   struct Form {
     std::string_view unit;
-    double factor = 1;  // for all lengths
+    double factor = 1;  // for the lengths of placements; meshes are in the unit of the file
     int digits = 0;
   };
 
@@ -24,12 +23,12 @@ class threemfModelText {
   // The next piece, some hundred kilobytes or less; empty at the end, and when `overflow()`.
   std::string_view next();
 
-  // A coordinate became too large for a number.
+  // The length of a placement became too large for a number.
   bool overflow() const { return overflow_; }
   // Names held characters that XML cannot hold.
   bool replaced_characters() const { return replaced_; }
 
-  // Vertices and faces.
+  // Vertices and triangles.
   std::size_t work() const { return work_; }
   std::size_t work_done() const { return work_done_; }
   // A size that the whole text stays below.
@@ -42,13 +41,12 @@ class threemfModelText {
   void groups();
   void begin_mesh();
   std::optional<threemfColours::Property> property_of_object();
-  void choose_vertices();
   void choose_looks();
-  template <typename Use>
-  void for_each_written(Use use) const;
   void vertices();
   void triangles();
-  void triangle(std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t material);
+  void triangle(std::size_t number);
+  // The index of its colour in the group of colours.
+  std::uint32_t vertex_colour(std::uint32_t vertex) const;
   void assemblies();
   void build();
   void use(std::string_view element, const threemfPlacedObject& placed);
@@ -63,7 +61,7 @@ class threemfModelText {
   std::string block_;
   Step step_ = HEAD;
   std::size_t object_ = 0;  // mesh object, then assembly, then item
-  std::size_t at_ = 0;      // vertex, then face
+  std::size_t at_ = 0;      // vertex, then triangle
   bool overflow_ = false;
   bool replaced_ = false;
   std::size_t work_ = 0;
@@ -72,11 +70,6 @@ class threemfModelText {
 
   // Of the current mesh.
   const threemfMeshObject* mesh_ = nullptr;
-  bool some_vertices_ = false;                // those that faces use, because other meshes share them
-  std::vector<std::uint32_t> used_vertices_;  // when only some are written: these
-  std::vector<std::uint32_t> new_numbers_;
   std::vector<std::string> looks_;  // of its materials, as attributes
   bool coloured_vertices_ = false;
-  std::vector<std::uint32_t> vertex_colours_;  // like `new_numbers_`, set for the vertices that are written
-  annTriangulator triangulator_;
 };

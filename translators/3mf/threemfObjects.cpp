@@ -40,10 +40,12 @@ struct threemfObjects::Entry {
 };
 
 threemfObjects::threemfObjects(const annDocument& document, const annTransform& whole,
-                               const std::vector<vltPlacedMesh>& bodies, threemfColours& colours) {
+                               const std::vector<vltPlacedMesh>& bodies, const threemfJoinedMeshes& joined,
+                               threemfColours& colours)
+    : joined_(joined) {
   Bodies by_node;
   for (const vltPlacedMesh& body : bodies) {
-    if (body.mesh->face_count() > 0) by_node.emplace(body.node, &body);
+    if (joined.of(*body.mesh).mesh.face_count() > 0) by_node.emplace(body.node, &body);
   }
   std::vector<Entry> entries;
   list(document.root, whole * document.root.transform, by_node, entries);
@@ -97,7 +99,7 @@ std::size_t threemfObjects::mesh_object(const Entry& entry, threemfColours& colo
   const utString& name = entry.has_parts && entry.parent != none ? no_name : entry.node->name;
   const auto [known, added] = mesh_numbers_.try_emplace({&mesh, variant}, meshes_.size());
   if (added) {
-    meshes_.push_back({0, &mesh, entry.turned, colour, &name});
+    meshes_.push_back({0, &mesh, &joined_.of(mesh), entry.turned, colour, &name});
     several_names_.push_back(false);
     colours.collect(mesh, colour);
   } else if (*meshes_[known->second].name != name) {
@@ -119,16 +121,18 @@ void threemfObjects::number(std::vector<Entry>& entries) {
     Entry& entry = entries[i];
     if (!entry.shown) continue;
     if (entry.has_parts) {
-      if (entry.id != 0) entry.components.push_back({entry.id, {}});
+      if (entry.id != 0) entry.components.push_back({entry.id, {}, {}});
       entry.id = next_id_++;
       assemblies_.push_back({entry.id, &entry.node->name, {entry.components.rbegin(), entry.components.rend()}});
       entry.components = {};
     }
-    entries[entry.parent].components.push_back({entry.id, entry.transform});
+    const std::string_view instance_name = entry.node->instance_name.view();
+    has_instance_names_ = has_instance_names_ || !instance_name.empty();
+    entries[entry.parent].components.push_back({entry.id, entry.transform, instance_name});
   }
   if (entries.empty()) return;
   const Entry& root = entries.front();
-  if (root.id != 0) items_.push_back({root.id, root.transform});
+  if (root.id != 0) items_.push_back({root.id, root.transform, {}});
   items_.insert(items_.end(), root.components.rbegin(), root.components.rend());
 }
 
@@ -143,5 +147,5 @@ void threemfObjects::name_mesh(Entry& entry) {
   entry.id = known->second;
   if (!added) return;
   ++next_id_;
-  assemblies_.push_back({entry.id, &name, {{mesh.id, {}}}});
+  assemblies_.push_back({entry.id, &name, {{mesh.id, {}, {}}}});
 }

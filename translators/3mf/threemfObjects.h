@@ -3,24 +3,28 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "annDocument.h"
 #include "threemfColours.h"
+#include "threemfJoinedMesh.h"
 #include "vltPlacedMesh.h"
 
-// An object, by its id, and where it stands.
+// An instance of an object: its id, its placement and its own name, which may be empty.
 struct threemfPlacedObject {
   std::uint32_t id;
   annTransform transform;
+  std::string_view instance_name;
 };
 
 struct threemfMeshObject {
   std::uint32_t id;
   const annMesh* mesh;
-  bool turned;  // every x changes its sign, and the corners run the other way round
+  const threemfJoinedMesh* joined;  // as it is written
+  bool turned;                      // every x changes its sign, and the corners run the other way round
   std::optional<annColour> colour;
   const utString* name;
 };
@@ -34,17 +38,19 @@ struct threemfAssemblyObject {
 // The objects that stand for a document's tree, and the build. A mesh is an object once for each colour that its places
 // give it. Nodes with children become objects with components; so do the names of nodes that show one mesh under
 // several names. A placement that mirrors is none that 3MF likes: the mesh below it is turned instead, so that every
-// placement written keeps the hand. What has no faces, or stands flattened, is left out and counted.
+// placement written keeps the hand. What has no triangles, or stands flattened, is left out and counted.
 class threemfObjects {
  public:
   // `whole` is the placement of the document.
   threemfObjects(const annDocument& document, const annTransform& whole, const std::vector<vltPlacedMesh>& bodies,
-                 threemfColours& colours);
+                 const threemfJoinedMeshes& joined, threemfColours& colours);
 
   const std::vector<threemfMeshObject>& meshes() const { return meshes_; }
   // Each behind the objects that it is made of.
   const std::vector<threemfAssemblyObject>& assemblies() const { return assemblies_; }
   const std::vector<threemfPlacedObject>& items() const { return items_; }
+
+  bool has_instance_names() const { return has_instance_names_; }
 
   std::size_t empty_count() const { return empty_; }
   std::size_t flattened_count() const { return flattened_; }
@@ -58,6 +64,7 @@ class threemfObjects {
   void number(std::vector<Entry>& entries);
   void name_mesh(Entry& entry);
 
+  const threemfJoinedMeshes& joined_;
   std::vector<threemfMeshObject> meshes_;
   std::vector<bool> several_names_;
   std::map<std::pair<const annMesh*, std::uint64_t>, std::size_t> mesh_numbers_;  // looked up, never listed
@@ -65,6 +72,7 @@ class threemfObjects {
   std::vector<threemfAssemblyObject> assemblies_;
   std::vector<threemfPlacedObject> items_;
   std::uint32_t next_id_ = threemfColours::first_free_id;
+  bool has_instance_names_ = false;
   std::size_t empty_ = 0;
   std::size_t flattened_ = 0;
 };

@@ -24,6 +24,10 @@ WRITE_VERTEX_COLOURS = 1
 # Significant digits of coordinates (writing). 0: as many as it takes to read back the same number.
 DIGITS = 0
 
+# Vertices that lie no farther apart than this become one, in the unit of the file (writing). 0: those whose
+# coordinates in the file are equal.
+JOIN_TOLERANCE = 0
+
 # Exact shapes: largest distance between a facet and the true surface, in the model's unit (writing).
 # 0: a two thousandth of the part's size, the diagonal of its box.
 CHORD_TOLERANCE = 0

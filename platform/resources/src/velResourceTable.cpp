@@ -46,6 +46,7 @@ coResourceTable* make_table() {
   add(*table, "EMBED_BUFFERS", utFALSE);
   add(*table, "CHORD_TOLERANCE", 0.0);
   add(*table, "ANGLE_TOLERANCE", 0.0);
+  add(*table, "JOIN_TOLERANCE", 0.0);
   add(*table, "REPRESENTATION", velREPRESENTATION_AS_IS);
   add(*table, "TRIM", velTRIM_AS_PREFERRED);
   add(*table, "STEP_AP", velSTEP_AP214);

@@ -1,0 +1,95 @@
+#include "threemfJoinedMesh.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "annTriangulation.h"
+#include "annWelder.h"
+#include "threemfNearPoints.h"
+#include "threemfText.h"
+
+namespace {
+
+constexpr std::uint32_t not_written = std::numeric_limits<std::uint32_t>::max();
+
+// The number that a reader gets from the text of `value`.
+double rounded(double value, int digits) {
+  char text[threemf_number_room];
+  const char* end = threemf_write_number(text, value, digits);
+  std::from_chars(text, end, value);
+  return value;
+}
+
+}  // namespace
+
+threemfJoinedMesh::threemfJoinedMesh(const annMesh& source, const threemfNumberForm& form) {
+  const std::vector<std::uint32_t> numbers = join_vertices(source, form);
+  if (overflow) return;
+  const bool with_faces = !source.face_materials.empty(), with_vertices = !source.vertices->colours.empty();
+  mesh.corners.reserve(3 * source.triangle_count());
+  ann_for_each_triangle(source, [&](std::size_t face, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
+    const std::uint32_t joined[] = {numbers[a], numbers[b], numbers[c]};
+    if (joined[0] == joined[1] || joined[1] == joined[2] || joined[2] == joined[0]) {
+      ++collapsed;
+      return;
+    }
+    mesh.corners.insert(mesh.corners.end(), std::begin(joined), std::end(joined));
+    if (with_faces) faces.push_back(static_cast<std::uint32_t>(face));
+    if (with_vertices) source_vertices.insert(source_vertices.end(), {a, b, c});
+  });
+}
+
+// For each vertex of the source the number of the one that is written. Vertices that other meshes share are written
+// with each mesh, so only those that its faces use; a list of its own is kept whole.
+std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& source, const threemfNumberForm& form) {
+  const std::vector<annVector>& points = source.vertices->points;
+  std::vector<std::uint32_t> numbers(points.size(), not_written);
+  std::vector<std::uint32_t> written;
+  if (source.vertices.use_count() > 1) {
+    written = source.corners;
+    std::sort(written.begin(), written.end());
+    written.erase(std::unique(written.begin(), written.end()), written.end());
+  } else {
+    written.resize(points.size());
+    for (std::size_t i = 0; i < written.size(); ++i) written[i] = static_cast<std::uint32_t>(i);
+  }
+
+  std::vector<annVector> placed;
+  placed.reserve(written.size());
+  double largest = 0;
+  for (const std::uint32_t vertex : written) {
+    annVector point = points[vertex];
+    for (double* coordinate : {&point.x, &point.y, &point.z}) {
+      *coordinate *= form.factor;
+      overflow = overflow || !std::isfinite(*coordinate);
+      largest = std::max(largest, std::fabs(*coordinate));
+      if (form.digits > 0) *coordinate = rounded(*coordinate, form.digits);
+    }
+    placed.push_back(point);
+  }
+  if (overflow) return numbers;
+
+  std::vector<annVector>& joined = mesh.vertices->points;
+  std::vector<std::uint32_t> joined_numbers(placed.size());
+  // A tolerance below the precision of the coordinates joins equal ones only.
+  if (form.join_tolerance > largest * std::numeric_limits<double>::epsilon()) {
+    threemfNearPoints near(joined, form.join_tolerance);
+    for (std::size_t i = 0; i < placed.size(); ++i) joined_numbers[i] = near.number_of(placed[i]);
+  } else {
+    annWelder(joined, placed.size()).numbers_of(placed, joined_numbers.data());
+  }
+  for (std::size_t i = 0; i < written.size(); ++i) numbers[written[i]] = joined_numbers[i];
+  return numbers;
+}
+
+threemfJoinedMeshes::threemfJoinedMeshes(const std::vector<vltPlacedMesh>& bodies, const threemfNumberForm& form) {
+  for (const vltPlacedMesh& body : bodies) {
+    const auto [known, added] = meshes_.try_emplace(body.mesh.get(), *body.mesh, form);
+    if (!added) continue;
+    overflow_ = overflow_ || known->second.overflow;
+    triangles_ += known->second.mesh.face_count();
+    collapsed_ += known->second.collapsed;
+  }
+}
