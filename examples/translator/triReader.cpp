@@ -83,10 +83,6 @@ velabsResult triReader::read(const utString& file, const velTableInstance& resou
 
   auto mesh = std::make_shared<annMesh>();
   if (const velabsResult result = read_triangles(mapped->bytes(), *mesh, output); result != velabsDONE) return result;
-  if (mesh->corners.empty()) {
-    output.message(velabsERROR, "it holds no triangle");
-    return velabsFAILED;
-  }
 
   document.unit = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
   annNode& part = document.root.add_child("");  // named after the file

@@ -82,7 +82,9 @@ bool triWriter::collect_parts(const annDocument& document, const velTableInstanc
     triangles_ += mesh->triangle_count();
     parts_.push_back({std::move(mesh), to_file * body.placement});
   }
-  return true;
+  if (triangles_ > 0) return true;
+  output.message(velabsERROR, "the model holds no triangles, and TRI holds nothing else");
+  return false;
 }
 
 velabsResult triWriter::write_part(const Part& part, velabsOutput& output) {

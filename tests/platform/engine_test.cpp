@@ -128,7 +128,8 @@ TEST_F(Engine, AnInputThatFailsLeavesTheOldOutput) {
                {"throw over the wall", "it stopped on an error of its own: over the wall"},
                {"throw_number", "it stopped on an error of its own"},
                {"no_memory", "there is not enough memory"},
-               {"note nothing here", "it holds nothing that could be translated"},
+               {"note nothing here", "the model is empty: it has no vertices, faces or shapes"},
+               {"bare nothing here", "the model is empty: it has no vertices, faces or shapes"},
                {"bad_corner", "the reader gave an invalid mesh: a face names a vertex that is not there"},
                {"bad_point", "the reader gave an invalid mesh: a coordinate is not a finite number"}};
   for (const Case& c : cases) {
@@ -137,6 +138,16 @@ TEST_F(Engine, AnInputThatFailsLeavesTheOldOutput) {
     EXPECT_EQ(counts(), std::pair(3, 1));
     expect_untouched(3);
   }
+}
+
+TEST_F(Engine, ReadsAnEmptyModelWithAWarning) {
+  annDocument document;
+  v2vTranslatorElementscoPageArr inputs;
+  inputs.append({directory_.write("a.script", "inch\nbare x"), nullptr, reader_, 0, "Script"});
+  EXPECT_EQ(v2vVel2vel().read(nullptr, comm_, loader_, inputs, document, &output_, nullptr), 1);
+  EXPECT_TRUE(last_message().ends_with("it has no vertices, faces or shapes")) << last_message();
+  EXPECT_EQ(ann_statistics(document).parts, 0u);
+  EXPECT_EQ(document.unit, velLENGTH_INCH);
 }
 
 TEST_F(Engine, MessagesComeInTheOrderOfTheInputs) {

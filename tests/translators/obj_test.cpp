@@ -80,7 +80,6 @@ TEST(ObjReader, RefusesWhatCannotBeMeant) {
                         {"two coordinates", square + "v 0 1\n", "!line 5: a vertex needs three"},
                         {"no usable face", square + "f 1\nf 2 3\n", "!no face of the file has three corners"},
                         {"nothing known", "hello\nworld\n", "!holds no geometry"},
-                        {"comments only", "# hello\n", "!holds no geometry"},
                         {"decimal comma", "v 0,5 0 0\n", "!line 1"},
                         {"empty", "", "!empty"},
                         {"UTF-16", std::string("\xFE\xFF\0v", 4), "!UTF-16"},

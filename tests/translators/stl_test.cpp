@@ -85,7 +85,7 @@ TEST(StlReader, ReadsTextInAllItsSpellings) {
        1, "a"},
       {"several solids", "solid a\n" + facet() + facet() + "endsolid\nsolid b\n" + facet() + "endsolid b\n", 3, "a|b"},
       {"empty among full", "solid a\n" + facet() + "endsolid a\nsolid b\nendsolid b\nsolid\nendsolid", 1, "a|b"},
-      {"only empty ones", "solid a\nendsolid a\n", 0, "a", "holds no facets"},
+      {"only empty ones", "solid a\nendsolid a\n", 0, "a"},
       {"numbers of all kinds", "solid a\n" + facet("vertex +1. .5 -1E+2 vertex 1d0 0 0 vertex 0 0 1e-400") + "endsolid",
        1, "a"}};
   for (const Case& c : cases) check(c, directory);
@@ -124,7 +124,7 @@ TEST(StlReader, TellsBinaryFromTextAndCountsFromBytes) {
                         {"count not filled in", binary("", 0, two), 2, "", "says 0 triangles"},
                         {"no count, odd bytes", binary("", 0, two) + "x", 0, "", "101 bytes"},
                         {"remarks like a mark of UTF-16", binary("\xFF\xFE", 1, {{}}), 1, ""},
-                        {"no triangles", binary("", 0, {}), 0, "", "no triangles"},
+                        {"no triangles", binary("", 0, {}), 0, ""},
                         {"infinite", binary("", 3, {{}, {}, infinite}), 0, "", "triangle 3 at byte 184"}};
   for (const Case& c : cases) check(c, directory);
 }

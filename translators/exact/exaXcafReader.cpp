@@ -132,6 +132,7 @@ bool exaXcafReader::read(annDocument& document) {
     }
     return fault.empty();
   }
+  if (free.IsEmpty() && hidden_count_ == 0) return true;
   if (hidden_count_ > 0 && !options_.show_hidden) {
     output_.message(velabsERROR, "all of its bodies are hidden; to read them, give --in show-hidden=1");
   } else {

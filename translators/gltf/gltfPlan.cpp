@@ -71,6 +71,7 @@ std::optional<gltfPlan> gltfPlanner::plan(double factor) {
     fail("the model holds no shape");
     return std::nullopt;
   }
+  if (!vlt_has_faces(bodies_, "glTF", output_)) return std::nullopt;
   const vltCarries carries{.format = "glTF",
                            .parts = true,
                            .tree = true,

@@ -29,8 +29,8 @@ class ChunkReader {
                       utString("the file was written by a newer version, HPF 1." + std::to_string(input_.minor()) +
                                ": what its chunk " + which + " holds is left out"));
     }
-    if (tree_.has_nodes() && !(document_.root.children.empty() && document_.root.body.empty())) return true;
-    output_.message(velabsERROR, "the file is whole, but the model in it has no parts");
+    if (tree_.has_nodes()) return true;
+    output_.message(velabsERROR, "the file has no tree of parts");
     return false;
   }
 

@@ -68,6 +68,7 @@ void objParser::other_statement(std::string_view keyword) {
   } else if (keyword == "s") {
     findings_.count(velabsNOTE, "smoothing groups are left out", line);
   } else {
+    has_unknown_statements_ = true;
     findings_.count(velabsWARNING, "statement " + vlt_quoted(keyword) + " is not known and left out", line);
   }
 }
@@ -189,7 +190,7 @@ bool objParser::finish() {
                             "there is no vertex " + std::to_string(vertex_reach_.needed) + ", the file has " +
                                 std::to_string(vertices_.positions()));
   }
-  if (vertices_.positions() == 0) {
+  if (vertices_.positions() == 0 && has_unknown_statements_) {
     output_.message(velabsERROR, "the file holds no geometry: no line of it is a vertex");
     return false;
   }
@@ -197,7 +198,7 @@ bool objParser::finish() {
     output_.message(velabsERROR, "no face of the file has three corners");
     return false;
   }
-  if (faces_ == 0) {
+  if (faces_ == 0 && vertices_.positions() > 0) {
     // Lines and points alone: the vertices are all that there is to keep.
     parts_.object(parts_.first_name());
     parts_.current();

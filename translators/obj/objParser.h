@@ -65,4 +65,5 @@ class objParser {
   std::vector<std::uint32_t> face_corners_, face_normals_;
   std::size_t faces_ = 0;
   std::size_t faces_left_out_ = 0;
+  bool has_unknown_statements_ = false;
 };

@@ -188,9 +188,8 @@ bool offParser::finish() {
     output_.message(velabsERROR, "no face of the file has three corners");
     return false;
   }
-  if (mesh_->face_count() == 0) {
-    findings_.count(velabsWARNING, head_.vertices > 0 ? "the file holds no faces: its vertices alone are kept"
-                                                      : "the file holds no vertices and no faces");
+  if (mesh_->face_count() == 0 && head_.vertices > 0) {
+    findings_.count(velabsWARNING, "the file holds no faces: its vertices alone are kept");
   }
   if (!normals_) mesh_->vertices->normals = {};
   vlt_settle_normals(mesh_->vertices->normals, findings_);

@@ -199,8 +199,6 @@ bool plyBody::has_geometry() {
     output_.message(velabsERROR, "no face of the file has three corners");
     return false;
   }
-  const bool points = mesh_.vertex_count() > 0;
-  findings_.count(velabsWARNING, points ? "the file holds no faces: its vertices alone are kept"
-                                        : "the file holds no vertices and no faces");
+  if (mesh_.vertex_count() > 0) findings_.count(velabsWARNING, "the file holds no faces: its vertices alone are kept");
   return true;
 }

@@ -64,9 +64,8 @@ bool stlBinaryReader::count_triangles() {
                                           std::to_string(held)));
     return false;
   }
-  if (said == 0 && body == 0) {
-    output_.message(velabsWARNING, "the file holds no triangles");
-  } else if (said == 0 && body % stl_record_size == 0) {
+  if (said == 0 && body == 0) return true;
+  if (said == 0 && body % stl_record_size == 0) {
     output_.message(velabsWARNING, utString("byte 80: the count says 0 triangles; the " + std::to_string(held) +
                                             " behind it are read"));
     count_ = held;

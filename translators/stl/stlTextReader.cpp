@@ -112,5 +112,4 @@ void stlTextReader::settle_empty_solids() {
     return;
   }
   for (auto& node : solids) node->body.mesh = std::make_shared<annMesh>();
-  output_.message(velabsWARNING, "the file holds no facets");
 }

@@ -14,7 +14,7 @@ stlWriter::stlWriter(velabsOfStream* stream)
 
 velabsResult stlWriter::write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) {
   const std::optional<vltWrittenMeshes> meshes = vlt_written_meshes(document, annUP_Z, resources, output);
-  if (!meshes) return velabsFAILED;
+  if (!meshes || !vlt_has_faces(meshes->bodies, "STL", output)) return velabsFAILED;
 
   const bool text = resources.value<velFileFormat>("FILE_FORMAT", velFORMAT_BINARY) == velFORMAT_ASCII;
   const bool one_solid = !resources.value<utString>("SOLID_NAME").empty();

@@ -1,5 +1,7 @@
 #include "vltPlacedMesh.h"
 
+#include <algorithm>
+
 #include "vltFacets.h"
 #include "vltScale.h"
 #include "vltUp.h"
@@ -18,6 +20,14 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
   if (!result.empty()) return result;
   output.message(velabsERROR, "the model holds no shape");
   return std::nullopt;
+}
+
+bool vlt_has_faces(const std::vector<vltPlacedMesh>& bodies, const char* format, velabsOutput& output) {
+  auto has_faces = [](const vltPlacedMesh& body) { return body.mesh->face_count() > 0; };
+  if (std::any_of(bodies.begin(), bodies.end(), has_faces)) return true;
+  output.message(velabsERROR, utString("the model holds no faces, only vertices, and ") + format +
+                                  " holds faces only; PLY, OBJ and OFF hold vertices too");
+  return false;
 }
 
 std::optional<vltWrittenMeshes> vlt_written_meshes(const annDocument& document, annUpAxis up,

@@ -30,7 +30,10 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
                                                             const velTableInstance& resources,
                                                             const annTransform& whole, velabsOutput& output);
 
-// The same for a format that states no length unit and whose up axis is `up`: in the unit that `vlt_output_scale`
+// False, and a message that names the format, when no body has a face. For formats that hold nothing but faces.
+bool vlt_has_faces(const std::vector<vltPlacedMesh>& bodies, const char* format, velabsOutput& output);
+
+// The bodies for a format that states no length unit and whose up axis is `up`: in the unit that `vlt_output_scale`
 // chooses, turned as `vlt_written_turn` says.
 struct vltWrittenMeshes {
   std::vector<vltPlacedMesh> bodies;

@@ -82,8 +82,6 @@ const char* fault_of(const annMesh& mesh) {
 }  // namespace
 
 utString v2v_fault_of(const annDocument& document) {
-  if (document.root.children.empty() && document.root.body.empty()) return "it holds nothing that could be translated";
-
   // Parts that stand in several places are looked at once; a list and no recursion, for trees of any depth.
   std::unordered_set<const void*> seen;
   std::vector<const annNode*> pending{&document.root};
@@ -103,4 +101,12 @@ utString v2v_fault_of(const annDocument& document) {
     }
   }
   return {};
+}
+
+bool v2v_is_empty(const annDocument& document) {
+  const std::vector<annPlacedBody> bodies = ann_placed_bodies(document);
+  return std::none_of(bodies.begin(), bodies.end(), [](const annPlacedBody& placed) {
+    const annBody& body = placed.node->body;
+    return body.shape || (body.mesh && !body.mesh->vertices->points.empty());
+  });
 }

@@ -12,8 +12,8 @@
 namespace {
 
 // Why the input could not be read; null when its document is whole, empty when the reader has said it already.
-utString read_document(const v2vInputTask& task, const velabsAppInfo* app_info, v2vInputOutput& output,
-                       annDocument& document) {
+utString read_document(const v2vInputTask& task, v2vEmptyInput empty_input, const velabsAppInfo* app_info,
+                       v2vInputOutput& output, annDocument& document) {
   if (!task.library) return task.failure;
   static const velTableInstance no_resources;
   const velTableInstance* resources = task.elements->resources();
@@ -24,15 +24,21 @@ utString read_document(const v2vInputTask& task, const velabsAppInfo* app_info, 
       reader->read(task.elements->file(), resources ? *resources : no_resources, document, output);
   if (result == velabsCANCELLED) return "the reading was stopped";
   if (result != velabsDONE) return output.told_error() ? "" : "it could not be read";
-  return v2v_fault_of(document);
+  if (const utString fault = v2v_fault_of(document); !fault.is_null() || !v2v_is_empty(document)) return fault;
+  const utString empty = "the model is empty: it has no vertices, faces or shapes";
+  if (empty_input == v2vEmptyInput::fails) return empty;
+  output.message(velabsWARNING, empty);
+  document.root.children.clear();
+  document.root.body = {};
+  return {};
 }
 
-bool read_input(const v2vInputTask& task, const velabsAppInfo* app_info, v2vReport& report, std::size_t input,
-                v2vInputModel& model) {
+bool read_input(const v2vInputTask& task, v2vEmptyInput empty_input, const velabsAppInfo* app_info, v2vReport& report,
+                std::size_t input, v2vInputModel& model) {
   if (report.cancelled()) return false;
   v2vInputOutput output(report, input, task.elements->file());
   utString failure;
-  v2v_guarded([&] { failure = read_document(task, app_info, output, model.document); }, failure);
+  v2v_guarded([&] { failure = read_document(task, empty_input, app_info, output, model.document); }, failure);
   if (failure.is_null()) return true;
 
   model.document = annDocument();
@@ -43,8 +49,8 @@ bool read_input(const v2vInputTask& task, const velabsAppInfo* app_info, v2vRepo
 
 }  // namespace
 
-bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, const velabsAppInfo* app_info, v2vReport& report,
-                     v2vThreadComm& comm, std::vector<v2vInputModel>& models) {
+bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, v2vEmptyInput empty_input, const velabsAppInfo* app_info,
+                     v2vReport& report, v2vThreadComm& comm, std::vector<v2vInputModel>& models) {
   models.resize(tasks.size());
   for (std::size_t i = 0; i < tasks.size(); ++i) models[i].file = tasks[i].elements->file();
 
@@ -54,7 +60,7 @@ bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, const velabsAppInfo
     for (std::size_t i; (i = next.fetch_add(1)) < tasks.size();) {
       bool read = false;
       utString ignored;
-      v2v_guarded([&] { read = read_input(tasks[i], app_info, report, i, models[i]); }, ignored);
+      v2v_guarded([&] { read = read_input(tasks[i], empty_input, app_info, report, i, models[i]); }, ignored);
       v2v_guarded([&] { report.input_done(i); }, ignored);
       comm.count_file(!read);
       if (!read) all_read = false;

@@ -17,7 +17,10 @@ struct v2vInputTask {
   utString failure;
 };
 
+// What becomes of an input that is valid but holds no geometry.
+enum class v2vEmptyInput { fails, warns };
+
 // Reads every input into a document of its own, several at once when there are several, and counts each. The models
 // come in the order of the tasks. False when one of them failed or was not reached; what failed was said.
-bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, const velabsAppInfo* app_info, v2vReport& report,
-                     v2vThreadComm& comm, std::vector<v2vInputModel>& models);
+bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, v2vEmptyInput empty_input, const velabsAppInfo* app_info,
+                     v2vReport& report, v2vThreadComm& comm, std::vector<v2vInputModel>& models);

@@ -50,11 +50,11 @@ std::vector<v2vInputTask> make_tasks(const v2vTranslatorElementscoPageArr& input
   return tasks;
 }
 
-bool read_all(const v2vTranslatorElementscoPageArr& inputs, Libraries& libraries, const velabsAppInfo* app_info,
-              v2vThreadComm& comm, v2vReport& report, annDocument& document) {
+bool read_all(const v2vTranslatorElementscoPageArr& inputs, v2vEmptyInput empty_input, Libraries& libraries,
+              const velabsAppInfo* app_info, v2vThreadComm& comm, v2vReport& report, annDocument& document) {
   std::vector<v2vInputModel> models;
-  if (!v2v_read_inputs(make_tasks(inputs, libraries), app_info, report, comm, models) || report.cancelled())
-    return false;
+  const bool read = v2v_read_inputs(make_tasks(inputs, libraries), empty_input, app_info, report, comm, models);
+  if (!read || report.cancelled()) return false;
   v2v_merge(models, document, report);
   return true;
 }
@@ -77,7 +77,7 @@ bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslator
 
   annDocument own;
   annDocument& document = output.document() ? *output.document() : own;
-  const bool written = read_all(elements.inputs(), libraries, app_info, comm, report, document) &&
+  const bool written = read_all(elements.inputs(), v2vEmptyInput::fails, libraries, app_info, comm, report, document) &&
                        v2v_write_output(elements, *writer, document, app_info, report);
   if (written) {
     report.finished();
@@ -127,7 +127,7 @@ int v2vVel2vel::read(utObserverPtr<velabsAppInfo> app_info, v2vThreadComm& comm,
       return false;
     }
     Libraries libraries(loader, app_info.get());
-    return read_all(inputs, libraries, app_info.get(), comm, report, document);
+    return read_all(inputs, v2vEmptyInput::warns, libraries, app_info.get(), comm, report, document);
   });
 }
 
