@@ -19,6 +19,10 @@ TEST_F(ExactReading, AFileWithoutShapesIsSaidToBeOne) {
     EXPECT_EQ(reading.result, velabsFAILED);
     EXPECT_NE(reading.messages.errors.find(reason), std::string::npos) << reading.messages.errors;
   }
+  const std::string none = start + headers[0].first + "ENDSEC;\nDATA;\nENDSEC;\nEND-ISO-10303-21;\n";
+  const Reading empty = reader("step").read(directory_.write("empty.step", none));
+  EXPECT_EQ(empty.result, velabsDONE) << empty.messages.errors;
+  EXPECT_TRUE(empty.document.root.children.empty());
 }
 
 TEST_F(ExactReading, StepFilesAreTakenByTheirNumbersAndTellWhatIsLeftOut) {
@@ -38,7 +42,7 @@ TEST_F(ExactReading, StepFilesAreTakenByTheirNumbersAndTellWhatIsLeftOut) {
 
 TEST_F(ExactReading, IgesFilesMayBePaddedAtTheirEnd) {
   const std::string iges = written(triangle("part"), "iges");
-  for (const std::string& padding : {std::string("\r\n   \r\n"), std::string(400, '\0')}) {
+  for (const std::string& padding : {std::string("\r\n   \r\n"), std::string(4000, '\0')}) {
     const Reading reading = read(iges + padding, "iges");
     EXPECT_EQ(reading.result, velabsDONE) << reading.messages.errors;
   }

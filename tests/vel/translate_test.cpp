@@ -39,7 +39,6 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
   work.write("cut.stl", stl.substr(0, stl.size() / 2));
   work.write("typo.stl", std::string(stl).replace(stl.find("vertex 1 0 0"), 6, "vertxx"));
   work.write("off.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n");
-  work.write("points.obj", "v 0 0 0\nv 1 0 0\n");
   work.write("file", "in the way");
   work.write("old.obj", "old");
   fs::create_directory(work / "directory");
@@ -58,7 +57,6 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"garbage.xyz", "-o", "old.obj"}, 3, {"garbage.xyz", "no known type", "OBJ, STL"}},
       {{"wide.stl", "-o", "old.obj"}, 4, {"wide.stl", "UTF-16", "iconv"}},
       {{"no_triangles.stl", "-o", "old.obj"}, 4, {"no_triangles.stl: the model is empty", "Nothing was written"}},
-      {{"points.obj", "-o", "old.stl"}, 1, {"old.stl", "no faces", "STL", "Nothing was written"}},
       {{"off.off", "-o", "old.obj"}, 3, {"off.off", "OFF", "OBJ, STL"}},
       {{"good.stl", "-o", "out.xyz"}, 3, {"out.xyz", "OBJ, STL", "--to"}},
       {{"good.stl", "-o", "out"}, 3, {"no extension", "OBJ, STL", "--to"}},
@@ -113,7 +111,17 @@ TEST(Translate, ReadsByTheExtensionWhereTheContentShowsNoFormat) {
   EXPECT_NE(empty.err.find("vel: warning: comments.obj: the model is empty"), std::string::npos) << empty.err;
   const Outcome garbage = installation.run({"translate", "garbage.stl", "-o", "a.obj"});
   EXPECT_EQ(garbage.code, 4);
+  EXPECT_FALSE(fs::exists(installation.work() / "a.obj"));
   EXPECT_NE(garbage.err.find("it is read as STL"), std::string::npos) << garbage.err;
+}
+
+TEST(Translate, WritesNoFileThatHoldsNothing) {
+  const Installation installation;
+  installation.work().write("points.obj", "v 0 0 0\nv 1 0 0\n");
+  const Outcome outcome = installation.run({"translate", "points.obj", "-o", "points.stl"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_NE(outcome.err.find("points.stl: the model holds no faces, only vertices, and STL"), std::string::npos);
+  EXPECT_FALSE(fs::exists(installation.work() / "points.stl"));
 }
 
 TEST(Translate, WritesAndTellsWhat) {

@@ -114,7 +114,8 @@ class Reading {
   bool transfer() {
     target_ = exa_xcaf_target(reader_->IGESModel()->GlobalSection().UnitValue(), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
-    const bool done = reader_->Transfer(target_, progress->Start());
+    // The kernel takes a file without entities for a failure.
+    const bool done = reader_->IGESModel()->NbEntities() == 0 || reader_->Transfer(target_, progress->Start());
     if (done) {
       iges_tell_left_out(*reader_, output_);
       hidden_ = iges_hidden(*reader_);

@@ -104,8 +104,9 @@ class Reading {
   bool transfer() {
     target_ = exa_xcaf_target(step_unit_of(reader_->Reader().StepModel()), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
-    const bool done = reader_->Transfer(target_, progress->Start());
     const Handle(StepData_StepModel) model = reader_->Reader().StepModel();
+    // The kernel takes a file without entities for a failure.
+    const bool done = model->NbEntities() == 0 || reader_->Transfer(target_, progress->Start());
     if (done) {
       step_tell_left_out(model, output_);
       hidden_ = step_hidden(model, reader_->Reader().WS()->TransferReader()->TransientProcess());
