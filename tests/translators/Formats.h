@@ -27,18 +27,22 @@ struct Format {
   double precision;  // of coordinates
   bool polygons, parts, tree, colours, vertex_colours;
   bool vertex_opacity = true;
+  bool vertices_alone = true;  // vertices without faces
+  // Triangles with two corners at one point are left out, and faces without a colour beside others that have one are
+  // white.
+  bool objects_of_3mf = false;
 };
 
 inline constexpr double vel_float_precision = 2e-7;
 inline constexpr Format vel_mesh_formats[] = {
-    {"binary STL", "stlreader", "stlwriter", "a.stl", "binary", vel_float_precision, 0, 0, 0, 0, 0},
-    {"ASCII STL", "stlreader", "stlwriter", "b.stl", "ascii", 0, 0, 1, 0, 0, 0},
+    {"binary STL", "stlreader", "stlwriter", "a.stl", "binary", vel_float_precision, 0, 0, 0, 0, 0, true, false},
+    {"ASCII STL", "stlreader", "stlwriter", "b.stl", "ascii", 0, 0, 1, 0, 0, 0, true, false},
     {"OBJ", "objreader", "objwriter", "c.obj", "ascii", 0, 1, 1, 0, 1, 1, false},
     {"binary PLY", "plyreader", "plywriter", "d.ply", "binary", 0, 1, 0, 0, 1, 1},
     {"ASCII PLY", "plyreader", "plywriter", "e.ply", "ascii", 0, 1, 0, 0, 1, 1},
     {"OFF", "offreader", "offwriter", "f.off", "ascii", 0, 1, 0, 0, 1, 1},
-    {"glTF", "gltfreader", "gltfwriter", "g.gltf", "binary", vel_float_precision, 0, 1, 1, 1, 1},
-    {"GLB", "gltfreader", "glbwriter", "h.glb", "binary", vel_float_precision, 0, 1, 1, 1, 1},
-    {"3MF", "3mfreader", "3mfwriter", "i.3mf", "binary", 1e-14, 0, 1, 1, 1, 0},
+    {"glTF", "gltfreader", "gltfwriter", "g.gltf", "binary", vel_float_precision, 0, 1, 1, 1, 1, true, false},
+    {"GLB", "gltfreader", "glbwriter", "h.glb", "binary", vel_float_precision, 0, 1, 1, 1, 1, true, false},
+    {"3MF", "3mfreader", "3mfwriter", "i.3mf", "binary", 1e-14, 0, 1, 1, 1, 0, true, false, true},
     {"HPF", "hpfreader", "hpfwriter", "j.hpf", "binary", 0, 1, 1, 1, 1, 1},
 };

@@ -45,7 +45,7 @@ bool brepTree::read(const TopoDS_Shape& shape, annNode& root) {
     output_.message(velabsERROR, utString("it " + fault_));
     return false;
   }
-  if (!TopoDS_Iterator(shape).More()) return true;
+  if (shape.ShapeType() == TopAbs_COMPOUND && !TopoDS_Iterator(shape).More()) return true;
   if (left_out_ > 0) output_.message(velabsNOTE, "curves and points without a surface are left out");
   if (found_) return true;
   output_.message(velabsERROR, options_.types == velTYPE_ALL
