@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// One run of a program: what it said and how it ended.
+struct Outcome {
+  int code = -1;    // -1 when a signal ended it
+  std::string out;  // standard output
+  std::string err;  // standard error
+};
+
+// A running program with an environment of its own.
+class Running {
+ public:
+  // `variables` ("NAME=VALUE") are all the environment that it gets; it runs in `directory`. With `terminal` its
+  // standard error is a terminal, whose line ends come out as "\r\n".
+  Running(const std::vector<std::string>& words, const std::vector<std::string>& variables,
+          const std::string& directory, const std::string& out_file = "", bool terminal = false);
+
+  // Waits until the standard error holds `text`; false when the program ends before that or a minute has gone.
+  bool wait_for_error(const std::string& text);
+  // Waits until a file holds `text`; false when it does not after a long while.
+  static bool wait_for_file(const std::string& file, const std::string& text);
+  void signal(int number) const;
+  Outcome finish();
+
+ private:
+  bool read_some();
+
+  int process_ = -1;
+  int out_ = -1;
+  int err_ = -1;
+  Outcome outcome_;
+};
