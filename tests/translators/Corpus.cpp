@@ -74,17 +74,23 @@ std::optional<annBox> CorpusFile::box() const {
 
 std::vector<CorpusFile> corpus_files() {
   std::vector<CorpusFile> files;
-  const char* root = std::getenv("VEL_CORPUS");
-  if (!root) return files;
-  std::ifstream page(std::filesystem::path(root) / "SOURCES.md");
-  std::string folder;
-  for (std::string line; std::getline(page, line);) {
-    if (line.starts_with("## ")) folder = line.substr(3, line.find(' ', 3) - 3);
-    if (!line.starts_with("| `")) continue;
-    const std::vector<std::string> cells = cells_of(line);
-    if (cells.size() < 4) continue;
-    const std::string name = cells[0].substr(1, cells[0].size() - 2);
-    files.push_back({std::filesystem::path(root) / folder / name, folder, cells[3]});
+  const char* const roots[] = {VEL_TEST_DATA, std::getenv("VEL_CORPUS")};
+  for (const char* root : roots) {
+    if (!root) continue;
+    std::ifstream page(std::filesystem::path(root) / "SOURCES.md");
+    std::string folder;
+    for (std::string line; std::getline(page, line);) {
+      if (line.starts_with("## ")) folder = line.substr(3, line.find(' ', 3) - 3);
+      if (!line.starts_with("| `")) continue;
+      const std::vector<std::string> cells = cells_of(line);
+      if (cells.size() < 4) continue;
+      const std::string name = cells[0].substr(1, cells[0].size() - 2);
+      files.push_back({std::filesystem::path(root) / folder / name, folder, cells[3]});
+    }
   }
   return files;
+}
+
+bool has_big_corpus() {
+  return std::getenv("VEL_CORPUS") != nullptr;
 }

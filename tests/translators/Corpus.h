@@ -8,8 +8,8 @@
 
 #include "annBox.h"
 
-// Real files of others, below the directory that VEL_CORPUS names. Its page SOURCES.md tells of each what simple
-// counting found in it.
+// A file of tests/data, or of the directory that VEL_CORPUS names, which holds real files of others. The page
+// SOURCES.md in each of them says what simple counting found in every file.
 struct CorpusFile {
   std::filesystem::path path;
   std::string folder;  // "stl", or "malformed" for the broken ones of all formats
@@ -32,5 +32,8 @@ struct CorpusFile {
   std::optional<std::size_t> sum_of_sizes(Weight weight) const;
 };
 
-// In the order of the page; empty without the variable.
+// In the order of the pages, tests/data first.
 std::vector<CorpusFile> corpus_files();
+
+// True when VEL_CORPUS names a directory.
+bool has_big_corpus();

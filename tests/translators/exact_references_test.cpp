@@ -1,11 +1,10 @@
-#include <cstdlib>
 #include <filesystem>
 
 #include "ExactFiles.h"
 #include "KeptByKernel.h"
 
-// A STEP file and those that it refers to: real ones, below the directory that VEL_CORPUS names; without it there is
-// nothing to do.
+// A STEP file and those that it refers to: a train refers to an engine and, twice, to a waggon, which refers to its
+// deck and, twice, to a wheel.
 
 namespace {
 
@@ -14,21 +13,20 @@ namespace fs = std::filesystem;
 class ExactReferences : public ExactFiles {
  protected:
   void SetUp() override {
-    const char* const corpus = std::getenv("VEL_CORPUS");
-    if (!corpus) GTEST_SKIP() << "VEL_CORPUS names no directory";
-    fs::copy(fs::path(corpus) / "step/s1-c5-214", here_);
-    main_ = TemporaryDirectory::read((here_ / "s1-c5-214.stp").string());
+    fs::copy(VEL_TEST_DATA "/step/train", here_);
+    main_ = TemporaryDirectory::read((here_ / "train.step").string());
   }
 
-  // A file that refers to another one in place of "HEAD.stp".
+  // A file that refers to another one in place of "waggon.stp".
   Reading referring_to(const std::string& name) const {
-    return reader("step").read(directory_.write("assembly/other.stp", replaced(main_, "'HEAD.stp'", "'" + name + "'")));
+    return reader("step").read(
+        directory_.write("assembly/other.stp", replaced(main_, "'waggon.stp'", "'" + name + "'")));
   }
 
-  std::string error_about_head(const std::string& content) const {
+  std::string error_about_waggon(const std::string& content) const {
     const KeptByKernel circle;
-    directory_.write("assembly/HEAD.stp", content);
-    return referring_to("HEAD.stp").messages.errors;
+    directory_.write("assembly/waggon.stp", content);
+    return referring_to("waggon.stp").messages.errors;
   }
 
   const fs::path here_ = directory_.path() / "assembly";
@@ -38,30 +36,30 @@ class ExactReferences : public ExactFiles {
 }  // namespace
 
 TEST_F(ExactReferences, FilesOfAnAssemblyAreLookedForBelowItAndMissedAloud) {
-  EXPECT_EQ(referring_to("HEAD.stp").statistics().parts, 11U);
+  EXPECT_EQ(referring_to("waggon.stp").statistics().parts, 7U);
   const fs::path start = fs::current_path();
   fs::current_path(directory_.path());
-  EXPECT_EQ(reader("step").read("assembly/other.stp").statistics().parts, 11U);
+  EXPECT_EQ(reader("step").read("assembly/other.stp").statistics().parts, 7U);
   fs::current_path(start);
 
   fs::create_directory(here_ / "below");
-  fs::rename(here_ / "HEAD.stp", here_ / "below/HEAD.stp");
-  const Reading missing = referring_to("HEAD.stp");
-  EXPECT_EQ(missing.statistics().parts, 9U) << missing.messages.errors;
-  EXPECT_NE(missing.messages.warnings.find("\"HEAD.stp\" that it refers to is missing"), std::string::npos);
+  fs::rename(here_ / "waggon.stp", here_ / "below/waggon.stp");
+  const Reading missing = referring_to("waggon.stp");
+  EXPECT_EQ(missing.statistics().parts, 1U) << missing.messages.errors;
+  EXPECT_NE(missing.messages.warnings.find("\"waggon.stp\" that it refers to is missing"), std::string::npos);
   // Its own references are looked for beside it.
-  const Reading half = referring_to("below/HEAD.stp");
-  EXPECT_EQ(half.statistics().parts, 9U);
-  EXPECT_NE(half.messages.warnings.find("HEAD_BACK.stp"), std::string::npos) << half.messages.warnings;
-  for (const char* name : {"HEAD_BACK.stp", "HEAD_FRONT.stp"}) fs::copy(here_ / name, here_ / "below" / name);
-  EXPECT_EQ(referring_to("below/HEAD.stp").statistics().parts, 11U);
+  const Reading half = referring_to("below/waggon.stp");
+  EXPECT_EQ(half.statistics().parts, 1U);
+  EXPECT_NE(half.messages.warnings.find("deck.stp"), std::string::npos) << half.messages.warnings;
+  for (const char* name : {"deck.stp", "wheel.stp"}) fs::copy(here_ / name, here_ / "below" / name);
+  EXPECT_EQ(referring_to("below/waggon.stp").statistics().parts, 7U);
 
-  directory_.write("assembly/HEAD.stp", "no model\n");
-  EXPECT_NE(referring_to("HEAD.stp").messages.warnings.find("no whole STEP file"), std::string::npos);
+  directory_.write("assembly/waggon.stp", "no model\n");
+  EXPECT_NE(referring_to("waggon.stp").messages.warnings.find("no whole STEP file"), std::string::npos);
 }
 
 TEST_F(ExactReferences, FilesThatLeadInCirclesAreRefused) {
-  const std::string head = TemporaryDirectory::read((here_ / "HEAD.stp").string());
+  const std::string waggon = TemporaryDirectory::read((here_ / "waggon.stp").string());
   const std::pair<const char*, const char*> circles[] = {
       {"#1=DIRECTION('',(1.,0.,0.));\n", "for the second time"},
       {"#900001=PRODUCT_DEFINITION('','',$,$);\n"
@@ -69,19 +67,19 @@ TEST_F(ExactReferences, FilesThatLeadInCirclesAreRefused) {
        "stands in itself"},
       {"#900001=OFFSET_SURFACE('',#900001,1.,.F.);\n", "holds #900001, which stands in itself"}};
   for (const auto& [line, fault] : circles) {
-    const std::string error = error_about_head(std::string(head).insert(head.rfind("ENDSEC;"), line));
+    const std::string error = error_about_waggon(std::string(waggon).insert(waggon.rfind("ENDSEC;"), line));
     EXPECT_NE(error.find(fault), std::string::npos) << error;
   }
-  const std::string error = error_about_head(main_);
-  EXPECT_NE(error.find("\"HEAD.stp\" that it refers to stands in itself"), std::string::npos) << error;
+  const std::string error = error_about_waggon(main_);
+  EXPECT_NE(error.find("\"waggon.stp\" that it refers to stands in itself"), std::string::npos) << error;
 }
 
 TEST_F(ExactReferences, FilesOutsideOfTheDirectoryAreRefused) {
   fs::create_directory(directory_.path() / "beside");
-  fs::rename(here_ / "HEAD.stp", directory_.path() / "beside/HEAD.stp");
-  fs::create_symlink(directory_.path() / "beside/HEAD.stp", here_ / "LINK.stp");
+  fs::rename(here_ / "waggon.stp", directory_.path() / "beside/waggon.stp");
+  fs::create_symlink(directory_.path() / "beside/waggon.stp", here_ / "LINK.stp");
   for (const std::string& outside :
-       {std::string("../beside/HEAD.stp"), directory_ / "beside/HEAD.stp", std::string("LINK.stp")}) {
+       {std::string("../beside/waggon.stp"), directory_ / "beside/waggon.stp", std::string("LINK.stp")}) {
     const Reading reading = referring_to(outside);
     EXPECT_EQ(reading.result, velabsFAILED) << outside;
     EXPECT_NE(reading.messages.errors.find("lies outside its directory"), std::string::npos) << outside;
