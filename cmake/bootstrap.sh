@@ -55,16 +55,39 @@ vel_compiler() {
 vel_program_packages="libcli11-dev nlohmann-json3-dev libexpat1-dev libpng-dev libzip-dev libocct-data-exchange-dev"
 vel_test_packages="libgtest-dev libbenchmark-dev chromium"
 
+# Programs that are not ours, which read in tests what `vel` writes. Hundreds of megabytes: installed on request only.
+vel_foreign_packages="lib3mf-dev assimp-utils admesh gmsh"
+vel_gltf_validator=gltf-validator@2.0.0-dev.3.10
+
+# vel_foreign: installs these programs, and the glTF validator of npm below the build directory. A test whose program
+# cannot be installed is skipped.
+vel_foreign() {
+  vel_need $vel_foreign_packages || true
+  directory=$root/build/foreign
+  [ "$(cat "$directory/.installed" 2>/dev/null)" = "$vel_gltf_validator" ] && return 0
+  if ! command -v npm >/dev/null || ! command -v node >/dev/null; then vel_need nodejs npm || return 0; fi
+  vel_say "installing $vel_gltf_validator"
+  log=$(mktemp)
+  if npm install --prefix "$directory" --no-save --no-audit --no-fund --ignore-scripts "$vel_gltf_validator" \
+    >"$log" 2>&1; then
+    echo "$vel_gltf_validator" >"$directory/.installed"
+  else
+    tail -n 5 "$log" >&2
+    vel_say "could not install $vel_gltf_validator"
+  fi
+  rm -f "$log"
+}
+
 # vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done with the packages that are installed now. The
-# directory keeps the list of those that it was configured without.
+# directory keeps the list of those that it was configured without, and in .left-out what is not built for lack of them.
 vel_configure() {
   directory=$(vel_build_directory "$1")
   without=$directory/.configured-without
-  missing=$(vel_missing $vel_program_packages $vel_test_packages)
+  missing=$(vel_missing $vel_program_packages $vel_test_packages $vel_foreign_packages)
   [ -f "$directory/build.ninja" ] && [ "$(cat "$without" 2>/dev/null)" = "$missing" ] && return 0
   log=$(mktemp)
   if (cd "$root" && cmake --preset "$@") >"$log" 2>&1; then
-    grep '^-- vel: ' "$log" | sed 's/^-- //' >&2
+    sed -n 's/^-- vel: /vel: /p' "$log" | tee "$directory/.left-out" >&2
     rm -f "$log"
     echo "$missing" >"$without"
     return 0

@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <optional>
+#include <set>
+
+#include "Sources.h"
+
+using nlohmann::json;
+
+// What `vel` writes of every source, read by programs that are not ours.
+
+namespace {
+
+#define VEL_NEEDS(name) \
+  if (judges::program(name).empty()) GTEST_SKIP() << name " is not installed (VEL_FOREIGN=1 ./check installs it)"
+
+// admesh refuses files of fewer triangles.
+constexpr int admesh_needs = 4;
+
+class Foreign : public testing::Test {
+ protected:
+  // Writes a source in another format and gives the file; empty when the source holds nothing for that format, and then
+  // there must be no file.
+  std::string written(const Source& source, const std::string& extension) {
+    const std::string file = directory_ / (std::to_string(++files_) + "/a." + extension);
+    std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+    const Outcome outcome = vel_.translate(source.path, file);
+    if (outcome.code == 0) return file;
+    const json info = vel_.info(source.path);
+    EXPECT_TRUE(info.is_null() || info["faces"] == 0) << source.path << " to " << extension << ": " << outcome.err;
+    EXPECT_FALSE(std::filesystem::exists(file)) << source.path << " to " << extension;
+    return {};
+  }
+
+  // Text of a file of data made by us, written as glTF.
+  json gltf_of(const std::string& name) {
+    const std::string file = written({VEL_TEST_DATA "/" + name, ""}, "gltf");
+    return file.empty() ? json() : json::parse(TemporaryDirectory::read(file));
+  }
+
+  static bool has_faces(const json& info) { return !info.is_null() && info["faces"] != 0; }
+
+  static double size_of(const annBox& box) {
+    const annVector diagonal = box.max - box.min;
+    return std::sqrt(ann_dot(diagonal, diagonal));
+  }
+
+  // What a program found in a mesh file, against what `vel` finds in it and against the box of its source.
+  void expect_same_mesh(const judges::Mesh& found, const std::string& file, const annBox& before, bool is_exact,
+                        const std::string& where) {
+    const json info = vel_.info(file);
+    ASSERT_TRUE(has_faces(info)) << where;
+    EXPECT_EQ(found.faces, info["faces"]) << where;
+    const annBox box = box_of(info);
+    expect_same_box(found.box, box, size_of(box) * 1e-6 + 1e-5, where);
+    // Facets are inside of the curved faces of an exact shape.
+    expect_same_box(found.box, before, size_of(before) * (is_exact ? 0.02 : 1e-6) + 1e-5, where);
+  }
+
+  Vel vel_;
+  TemporaryDirectory directory_;
+  int files_ = 0;
+};
+
+TEST_F(Foreign, EveryGltfIsValid) {
+  if (judges::gltf_validator().empty()) {
+    GTEST_SKIP() << "the Khronos glTF validator is not installed (VEL_FOREIGN=1 ./check installs it)";
+  }
+  std::vector<std::string> files, names;
+  for (const Source& source : foreign_sources()) {
+    for (const char* format : {"glb", "gltf"}) {
+      const std::string file = written(source, format);
+      if (file.empty()) continue;
+      files.push_back(file);
+      names.push_back(source.path + " to " + format);
+    }
+  }
+  const json reports = judges::validate_gltf(files);
+  ASSERT_EQ(reports.size(), files.size());
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    ASSERT_FALSE(reports[i].contains("failure")) << names[i] << reports[i];
+    const json& issues = reports[i]["issues"];
+    EXPECT_EQ(issues["numErrors"], 0) << names[i] << issues;
+    EXPECT_EQ(issues["numWarnings"], 0) << names[i] << issues;
+  }
+}
+
+TEST_F(Foreign, EveryThreemfIsValidAndClosedWhereItsSourceIs) {
+  if (judges::lib3mf().empty()) GTEST_SKIP() << "lib3mf is not installed (VEL_FOREIGN=1 ./check installs it)";
+  for (const Source& source : foreign_sources()) {
+    const json before = vel_.info(source.path);
+    const std::string file = written(source, "3mf");
+    // lib3mf takes no coordinates above 1e9.
+    if (file.empty() || !has_faces(before) || size_of(box_of(before)) > 1e9) continue;
+    const json report = judges::read_by_lib3mf(file), info = vel_.info(file);
+    if (report.contains("error") || info.is_null()) {
+      ADD_FAILURE() << source.path << report << info;
+      continue;
+    }
+    EXPECT_TRUE(report["warnings"].empty()) << source.path << report["warnings"];
+    EXPECT_EQ(report["placed"]["triangles"], info["triangles"]) << source.path;
+    // The groups of an OBJ file may be closed together and open one by one.
+    const bool closed = (source.is_exact() || report["objects"].size() == 1) && source.is_closed();
+    for (const json& object : report["objects"]) {
+      EXPECT_TRUE(object["manifold"] || !closed) << source.path << object;
+    }
+  }
+}
+
+TEST_F(Foreign, EveryStlIsInMillimetresAndClosedWhereItsSourceIs) {
+  VEL_NEEDS("admesh");
+  VEL_NEEDS("gmsh");
+  for (const Source& source : foreign_sources()) {
+    const json before = vel_.info(source.path);
+    const std::string file = written(source, "stl");
+    if (file.empty() || !has_faces(before)) continue;
+    annBox box = box_of(before);
+    if (source.format == "gltf") box = {{box.min.x, -box.max.z, box.min.y}, {box.max.x, -box.min.z, box.max.y}};
+    expect_same_mesh(judges::read_by_gmsh(file), file, box, source.is_exact(), source.path + " in gmsh");
+    const std::optional<judges::Mesh> mesh = judges::read_by_admesh(file);
+    if (!mesh) {
+      EXPECT_LT(vel_.info(file)["triangles"], admesh_needs) << source.path;
+      continue;
+    }
+    expect_same_mesh(*mesh, file, box, source.is_exact(), source.path + " in admesh");
+    EXPECT_TRUE(mesh->open == 0 || !source.is_closed()) << source.path << ": " << mesh->open;
+  }
+}
+
+TEST_F(Foreign, EveryObjPlyAndOffIsInMillimetres) {
+  VEL_NEEDS("assimp");
+  for (const Source& source : foreign_sources()) {
+    const json before = vel_.info(source.path);
+    for (const std::string format : {"obj", "ply", "off"}) {
+      const std::string file = written(source, format);
+      if (file.empty() || !has_faces(before)) continue;
+      expect_same_mesh(judges::read_by_assimp(file), file, box_of(before), source.is_exact(),
+                       source.path + " to " + format);
+    }
+  }
+}
+
+// Models of formats with +Z up are turned; others are kept.
+TEST_F(Foreign, EveryGlbIsInMetresWithYUp) {
+  VEL_NEEDS("assimp");
+  VEL_NEEDS("admesh");
+  const std::set<std::string> z_up{"step", "iges", "brep", "3mf", "stl"};
+  for (const Source& source : foreign_sources()) {
+    const json before = vel_.info(source.path);
+    const std::string glb = written(source, "glb"), stl = directory_ / "placed.stl";
+    if (glb.empty() || !has_faces(before)) continue;
+    ASSERT_TRUE(judges::place_by_assimp(glb, stl)) << source.path;
+    const json info = vel_.info(glb);
+    ASSERT_FALSE(info.is_null()) << source.path;
+    const std::optional<judges::Mesh> mesh = judges::read_by_admesh(stl);
+    if (!mesh) {
+      EXPECT_LT(info["triangles"], admesh_needs) << source.path;
+      continue;
+    }
+    EXPECT_EQ(mesh->faces, info["triangles"]) << source.path;
+    annBox box = box_of(before);
+    for (annVector* corner : {&box.min, &box.max}) *corner = {corner->x / 1e3, corner->y / 1e3, corner->z / 1e3};
+    if (z_up.contains(source.format)) box = {{box.min.x, box.min.z, -box.max.y}, {box.max.x, box.max.z, -box.min.y}};
+    expect_same_box(mesh->box, box, size_of(box) * (source.is_exact() ? 0.02 : 1e-5) + 1e-6, source.path);
+  }
+}
+
+// Each shape once: corners of the hard edges of a cube, of the faces of an exact one.
+TEST_F(Foreign, GltfHasANormalForEachCorner) {
+  if (judges::gltf_validator().empty()) {
+    GTEST_SKIP() << "the Khronos glTF validator is not installed (VEL_FOREIGN=1 ./check installs it)";
+  }
+  const struct {
+    const char *file, *format;
+    int vertices;  // 0 for any number
+  } cases[] = {
+      {"obj/cube_normals.obj", "obj", 24}, {"gltf/instances.glb", "gltf", 24}, {"step/knob_metre.step", "step", 0}};
+  for (const auto& c : cases) {
+    const std::string file = written({std::string(VEL_TEST_DATA "/") + c.file, c.format}, "glb");
+    const json info = judges::validate_gltf({file})[0]["info"];
+    EXPECT_EQ(info["maxAttributes"], 2) << c.file << info;
+    EXPECT_TRUE(c.vertices == 0 || info["totalVertexCount"] == c.vertices) << c.file << info;
+  }
+}
+
+TEST_F(Foreign, GltfMaterialsOfOpenBodiesAreDoubleSided) {
+  const std::pair<const char*, bool> cases[] = {{"step/cup_open.step", true},
+                                                {"step/set_inch.step", false},
+                                                {"ply/open_face_colours.ply", true},
+                                                {"obj/cube_normals.obj", false},
+                                                {"iges/cup_open.igs", true}};
+  for (const auto& [name, open] : cases) {
+    const json gltf = gltf_of(name);
+    ASSERT_TRUE(gltf.contains("materials")) << name << gltf;
+    for (const json& material : gltf["materials"]) EXPECT_EQ(material.value("doubleSided", false), open) << name;
+  }
+}
+
+TEST_F(Foreign, GltfHasTheNamesOfInstancesAndOfParts) {
+  const json gltf = gltf_of("step/set_inch.step");
+  std::multiset<std::string> nodes, meshes;
+  for (const json& node : gltf["nodes"]) {
+    if (node.contains("mesh")) nodes.insert(node.value("name", ""));
+  }
+  for (const json& mesh : gltf["meshes"]) meshes.insert(mesh.value("name", ""));
+  EXPECT_EQ(nodes, (std::multiset<std::string>{"pin_1", "pin_2", "plate_1"}));
+  EXPECT_EQ(meshes, (std::multiset<std::string>{"pin", "plate"}));
+}
+
+}  // namespace
