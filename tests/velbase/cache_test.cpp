@@ -244,8 +244,8 @@ TEST_F(CacheTest, WritesEachRecordWholeOrNotAtAll) {
   plain->set_further("more", -1);
   inputs->add_translator(std::move(plain));
   for (const std::string& unwritable :
-       {std::string("quote\""), std::string("brace}"), std::string("brace{"), std::string("line\nfeed"),
-        std::string("carriage\rreturn"), std::string("null\0", 5), std::string(1019, 'x'),
+       {std::string("quote\""), std::string("brace}"), std::string("brace{"), std::string("braces}{"),
+        std::string("line\nfeed"), std::string("carriage\rreturn"), std::string("null\0", 5), std::string(1019, 'x'),
         std::string("not ASCII: \xC3\xB6")}) {
     inputs->add_translator(registry.info(unwritable, vlnTRANSLATOR_INPUT));
   }
