@@ -89,7 +89,7 @@ Shape shape_of(const annDocument& document, bool objects_of_3mf = false) {
         if (!mesh.vertices->colours.empty()) ++shape.vertex_colours[in_bytes(mesh.vertices->colours[corner])];
       }
     });
-    if (shape.triangles > triangles_before) shape.parts.push_back(body.node->name.str());
+    if (shape.triangles > triangles_before) shape.parts.push_back(body.node->label().str());
   }
   return shape;
 }
@@ -261,7 +261,9 @@ TEST_F(Corpus, EveryReaderGivesAReasonOrGeometryForBrokenFiles) {
     for (const std::string& reader : readers) {
       const Reading reading = translator(reader).read(file.path.string());
       EXPECT_FALSE(reading.fault()) << file.path << reader;
-      EXPECT_TRUE(reading.result != velabsDONE || reading.statistics().vertices > 0) << file.path << reader;
+      // A file of blank lines is a whole OBJ file, whose emptiness the engine reports.
+      const bool blank = TemporaryDirectory::read(file.path.string()).find_first_not_of(" \r\n") == std::string::npos;
+      EXPECT_TRUE(reading.result != velabsDONE || reading.statistics().vertices > 0 || blank) << file.path << reader;
     }
   }
 }

@@ -130,14 +130,16 @@ std::vector<Part> parts_of(const annDocument& document, const annTolerance& tole
 // What a page shows: the triangles of each part that has a shape.
 std::vector<Part> parts_of_page(const std::string& page) {
   const std::string scene = page.substr(page.find("id=\"scene\">"));
-  const std::regex mesh("\\{\"v\":\\d+,\"t\":(\\d+)"), node("\\[-?\\d+,\"([^\"]*)\",(\\d+),(-?\\d+),\\[");
+  const std::regex mesh("\\{\"v\":\\d+,\"t\":(\\d+)");
+  const std::regex node(R"re(\[-?\d+,(?:"([^"]*)"|\["[^"]*","([^"]*)"\]),(\d+),(-?\d+),\[)re");
   std::vector<std::size_t> triangles;
   for (std::sregex_iterator it(scene.begin(), scene.end(), mesh), end; it != end; ++it) {
     triangles.push_back(std::stoull((*it)[1]));
   }
   std::vector<Part> parts;
   for (std::sregex_iterator it(scene.begin(), scene.end(), node), end; it != end; ++it) {
-    parts.push_back({(*it)[1], triangles.at(std::stoull((*it)[2])), {}});
+    // A name is that of the part, or the instance's and the part's.
+    parts.push_back({(*it)[1].matched ? (*it)[1] : (*it)[2], triangles.at(std::stoull((*it)[3])), {}});
   }
   return parts;
 }

@@ -238,7 +238,7 @@ TEST(ThreemfWriter, JoinsVerticesByPosition) {
   struct Case {
     const char* what;
     double moved;  // by which one of the three corners at (1, 1, 1) lies elsewhere
-    std::initializer_list<std::pair<const char*, const char*>> options;
+    Options options;
     std::size_t vertices, open_edges;
   } cases[] = {{"equal", 0, {}, 8, 0},
                {"beside", 1e-4, {}, 9, 4},
@@ -266,13 +266,13 @@ TEST(ThreemfWriter, JoinsVerticesByPosition) {
     for (std::size_t at = text.find("<vertex "); at != text.npos; at = text.find("<vertex ", at + 1)) ++vertices;
     EXPECT_EQ(vertices, c.vertices) << c.what;
 
-    // Each corner keeps the colour of its side.
+    // Each side keeps its colour: that of all corners of a triangle is the colour of the face.
     const Reading reading = reader.read(directory / "a.3mf");
     const annMesh& mesh = reading.mesh();
     ASSERT_EQ(mesh.face_count(), 12u) << c.what;
-    for (std::size_t corner = 0; corner < mesh.corners.size(); ++corner) {
-      const annColour expected = cube->vertices->colours[corner / 6 * 4];
-      EXPECT_EQ(mesh.vertices->colours[mesh.corners[corner]], expected) << c.what << corner;
+    ASSERT_EQ(mesh.face_materials.size(), 12u) << c.what;
+    for (std::size_t face = 0; face < mesh.face_count(); ++face) {
+      EXPECT_EQ(mesh.materials.at(mesh.face_materials[face]).colour, cube->vertices->colours[face / 2 * 4]) << c.what;
     }
   }
 }

@@ -37,7 +37,6 @@ const std::vector<Case> cases{
     {{"translate", "a.stl", "-o", "b.obj", "--out", "=1"}, 2, "", "KEY=VALUE"},
     {{"translate", "-", "-o", "b.obj"}, 2, "", "name a file"},
     {{"translate", "a.stl", "-o", "-"}, 2, "", "name a file"},
-    {{"translate", "a.stl", "-o", "b.obj", "--out", "up-axis=x"}, 2, "", "auto, y, z, keep"},
     {{"info", "a.stl", "b.stl"}, 2, "", "\"b.stl\" is a word too many"},
     {{"cache"}, 2, "", "vel cache --help"},
     {{"tranlsate", "a.stl"}, 2, "", "no command \"tranlsate\"; did you mean \"translate\"?"},

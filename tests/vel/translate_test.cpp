@@ -75,6 +75,7 @@ TEST(Translate, EachFaultHasItsCodeAndAMessageThatHelps) {
       {{"good.stl", "-o", "old.obj", "--in", "weld_points=maybe"}, 2, {"weld-points", "\"maybe\"", "True, 0, 1"}},
       {{"good.stl", "-o", "old.obj", "--in", "scale=0"}, 2, {"--in scale", "\"0\"", "greater than 0"}},
       {{"good.stl", "-o", "old.obj", "--out", "digits=18"}, 2, {"--out digits", "from 0 to 17"}},
+      {{"good.stl", "-o", "old.obj", "--out", "up-axis=x"}, 2, {"--out up-axis", "auto, y, z, keep"}},
       {{"good.stl", "-o", "none/out.obj"}, 1, {"none/", "does not exist"}},
       {{"good.stl", "-o", "file/out.obj"}, 1, {"file/out.obj", "below a file"}},
       {{"good.stl", "-o", "new.obj/", "--to", "OBJ"}, 1, {"new.obj/", "directory"}},

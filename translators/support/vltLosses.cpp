@@ -69,7 +69,8 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
   note(flattens && bodies.size() == 1 && any_name_above_a_body(document),
        "holds no assemblies: the part is written without the names of those that it stands in");
   if (vlt_flag(resources, "WRITE_MATERIALS")) tell_lost_looks();
-  note(!carries.vertex_normals && any_body([](const vltPlacedMesh& body) { return body.mesh->has_normals(); }),
+  note(!carries.vertex_normals &&
+           any_body([](const vltPlacedMesh& body) { return !body.node->body.shape && body.mesh->has_normals(); }),
        "holds no vertex normals: they are left out");
   note(!carries.vertex_colours &&
            any_body([](const vltPlacedMesh& body) { return !body.mesh->vertices->colours.empty(); }),
