@@ -46,10 +46,19 @@ def ascii_stl(name, facets):
     return text + f"endsolid {name}\n"
 
 
+def normal(facet):
+    (ax, ay, az), (bx, by, bz), (cx, cy, cz) = facet
+    ux, uy, uz, vx, vy, vz = bx - ax, by - ay, bz - az, cx - ax, cy - ay, cz - az
+    n = (uy * vz - uz * vy, uz * vx - ux * vz, ux * vy - uy * vx)
+    length = sum(x * x for x in n) ** 0.5
+    return [x / length for x in n]
+
+
+# Without the bytes above 127 of its normals some programs take a binary file for text.
 def binary_stl(header, facets, declared=None):
     content = header.ljust(80, b"\0") + struct.pack("<I", len(facets) if declared is None else declared)
     for facet in facets:
-        content += struct.pack("<12fH", 0, 0, 0, *[number for point in facet for number in point], 0)
+        content += struct.pack("<12fH", *normal(facet), *[number for point in facet for number in point], 0)
     return content
 
 
