@@ -25,7 +25,7 @@ double number(const std::string& text, const std::string& pattern) {
 // What gmsh prints when it has run a script.
 std::string run_by_gmsh(const std::string& script) {
   const TemporaryDirectory directory;
-  return run({judges::program("gmsh"), directory.write("script.geo", script), "-0", "-v", "2"}).out;
+  return run({judges::program("gmsh"), directory.write("script.geo", script), "-0", "-v", "3"}).out;
 }
 
 }  // namespace
