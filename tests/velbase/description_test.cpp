@@ -213,7 +213,8 @@ TEST(LibraryDescription, ARefusedLibraryIsLookedAtAgainWhenItsFileHasChanged) {
     const std::string name = std::string(broken) + ".dll";
     const bool is_cut = name == "cut short.dll";
     const std::string file = copy_fixture(is_cut ? "good_input" : broken, dir.path(), name);
-    if (is_cut) std::filesystem::resize_file(file, std::filesystem::file_size(file) / 2);
+    // Within what the system maps, whatever stands behind it for debuggers.
+    if (is_cut) std::filesystem::resize_file(file, 4096);
     vlnTranslatorLoadStatus status(vlnLOAD_OK);
     for (int turn = 0; turn < 2; ++turn) {
       EXPECT_EQ(registry.descriptions.make_info_from_dll(registry.path(file), status), nullptr) << broken;
