@@ -23,13 +23,13 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// The kernel gives what has no end one of about 1e100.
+// The kernel uses a box of about 1e100 for infinite shapes.
 constexpr double farthest = 1e90;
 
-// What the kernel adds to where it has found the farthest point of a curve or surface step by step.
+// The margin that the kernel adds to an extent found by iteration.
 const double margin = Precision::Confusion();
 
-// How far something reaches in each direction: the least coordinates with their signs changed, and the greatest ones.
+// The extent in each direction: the negated minimum coordinates, then the maximum coordinates.
 struct Reach {
   std::array<double, 6> to{-infinity, -infinity, -infinity, -infinity, -infinity, -infinity};
 
@@ -80,7 +80,7 @@ class Measuring {
     if (box.IsVoid()) return reach;
     auto& to = reach.to;
     box.Get(to[0], to[1], to[2], to[3], to[4], to[5]);
-    // A box that the kernel has put together does not say that one of its parts was open.
+    // The kernel does not report an open box after merging it with others, so check the size too.
     const bool endless = std::any_of(to.begin(), to.end(), [](double end) { return !(std::abs(end) < farthest); });
     is_open_ = is_open_ || box.IsOpen() || endless;
     for (std::size_t i = 0; i < 3; ++i) to[i] = -to[i];
@@ -109,7 +109,7 @@ class Measuring {
     const GeomAbs_SurfaceType type = BRepAdaptor_Surface(face, false).GetType();
     if (type == GeomAbs_Plane && edges.to[0] > -infinity) return;
     Reach reach = measured(face);
-    // Where the face reaches no farther than its edges but for a margin, these say more closely how far that is.
+    // Where the face exceeds its edges only by the margin, use the extent of the edges, which is more precise.
     const Reach with_margin = reach;
     if (type > GeomAbs_Sphere) reach.shrink();
     for (std::size_t i = 0; i < reach.to.size(); ++i) {

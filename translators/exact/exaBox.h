@@ -5,6 +5,6 @@
 
 #include "annBox.h"
 
-// The closest box around a shape, without the margins that the kernel lays around what it measures step by step; none
-// when there is nothing to enclose or it has no end. What the kernel throws passes through.
+// The tightest bounding box of a shape, without the margins that the kernel adds. Empty when the shape has no points
+// or is infinite. Exceptions of the kernel are passed on.
 std::optional<annBox> exa_box(const TopoDS_Shape& shape);

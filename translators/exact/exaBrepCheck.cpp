@@ -21,10 +21,10 @@ constexpr std::array<std::string_view, 4> binary_versions{
     "Open CASCADE Topology V4, (c) Open Cascade",
 };
 
-// The first line that names a version; others before it are passed over. 0 and a fault when there is none.
+// The version of the first line that names one; lines before it are skipped. 0 and an error when there is none.
 template <std::size_t count>
 int version_of(exaBrepValues& values, const std::array<std::string_view, count>& names) {
-  // The kernel gives up at a line that is longer.
+  // The kernel stops at a line longer than this.
   constexpr std::size_t longest = 99;
   while (values.ok() && !values.at_end()) {
     const std::string_view line = values.line();
@@ -75,7 +75,7 @@ class Walk {
     values_.reals(nodes * (has_parameters ? 4 : 3));
   }
 
-  // No polygon says whose nodes it names: that shows where an edge refers to both.
+  // A polygon does not name its triangulation, so its node numbers are checked where an edge refers to both.
   void polygon_on_facets() {
     const std::size_t nodes = values_.count("nodes", 1, 1, 0);
     std::int64_t lowest = 1, highest = 1;

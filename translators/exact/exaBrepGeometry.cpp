@@ -4,18 +4,18 @@
 
 namespace {
 
-// Of trimmed and offset ones in each other.
+// Maximum nesting of trimmed and offset curves and surfaces.
 constexpr int deepest = 100;
 
-// The numbers of a point, or of a direction.
+// The number of coordinates of a point or direction.
 enum Space : std::size_t { PLANE = 2, SPACE = 3 };
 
-// The numbers that follow a choice from 1 to 5: an origin, axes and radii.
+// The count of numbers after a choice from 1 to 5: an origin, axes and radii.
 constexpr std::size_t surface_reals[] = {12, 13, 14, 13, 14};
 struct Curves {
   Space space;
   std::size_t reals[5];
-  std::size_t offset_reals;  // of an offset one: its distance, and in space a direction
+  std::size_t offset_reals;  // of an offset curve: its distance and, in 3D, a direction
 };
 constexpr Curves plane_curves{PLANE, {4, 7, 8, 7, 8}, 1};
 constexpr Curves space_curves{SPACE, {6, 13, 14, 13, 14}, 1 + SPACE};
@@ -27,13 +27,13 @@ std::size_t degree_of(exaBrepValues& values) {
   return 0;
 }
 
-// Knots and how often each counts, which together say how many poles there are.
+// Reads the knots and their multiplicities, and checks that these match the number of poles.
 void walk_knots(exaBrepValues& values, std::size_t knots, std::size_t poles, std::size_t degree, bool periodic) {
   std::int64_t sum = periodic ? 0 : -static_cast<std::int64_t>(degree) - 1;
   for (std::size_t i = 0; i < knots && values.ok(); ++i) {
     values.reals(1);
     const std::int64_t times = values.integer();
-    // The first and the last one of a periodic curve are the same.
+    // The first and last knot of a periodic curve are the same.
     if (!periodic || i > 0) sum += times;
   }
   if (values.ok() && sum != static_cast<std::int64_t>(poles)) {

@@ -8,12 +8,12 @@
 
 namespace {
 
-// Steps are multiplied out by recursion.
+// Locations are multiplied by recursion, so the number of steps is limited.
 constexpr std::size_t most_steps = 4096;
 constexpr std::size_t most_steps_of_all = 4'000'000;
 constexpr std::int64_t highest_power = 1'000'000;
 
-// Elementary locations by number, and how often each is applied.
+// Numbers of elementary locations, each with its power.
 using Steps = std::vector<std::pair<std::size_t, std::int64_t>>;
 
 class LocationWalk {
@@ -42,7 +42,7 @@ class LocationWalk {
     return {};
   }
 
-  // Each factor stands before the ones that were read already.
+  // The factors are stored in reverse order: the one read last comes first.
   Steps product() {
     std::vector<std::pair<std::size_t, std::int64_t>> factors;
     std::size_t length = 0;

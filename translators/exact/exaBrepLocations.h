@@ -4,6 +4,6 @@
 
 #include "exaBrepValues.h"
 
-// Walks over the locations of a BREP stream. How many there are for the shapes to refer to: those that come to nothing,
-// or to the same as one before, are not kept.
+// Reads the locations of a BREP stream. Returns how many the shapes can refer to; identity locations and duplicates do
+// not count.
 std::size_t exa_walk_locations(exaBrepValues& values);

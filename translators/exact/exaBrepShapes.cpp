@@ -8,7 +8,7 @@
 
 namespace {
 
-// The kernel forgets shapes by recursion. Below the last compound there are solids, shells and so on.
+// The kernel destroys shapes by recursion. Below the innermost compound there are solids, shells and so on.
 constexpr std::size_t deepest = exaNesting::most_levels + TopAbs_SHAPE;
 
 class ShapeWalk {
@@ -41,7 +41,7 @@ class ShapeWalk {
     depths_.push_back(depth);
   }
 
-  // Shapes are numbered from the last to the first, each behind those that it is made of.
+  // Shapes are numbered in reverse file order, each after the shapes that it is made of.
   bool part(std::size_t& depth) {
     std::int64_t number = 0;
     if (!values_.sub_shape(number)) return false;

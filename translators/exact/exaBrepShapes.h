@@ -5,14 +5,14 @@
 
 #include "exaBrepValues.h"
 
-// What the sections before the shapes hold, which the shapes refer to by number.
+// The content of the sections before the shapes, which shapes refer to by number.
 struct exaBrepContent {
   std::size_t locations = 0, curves2d = 0, curves = 0, polygons = 0, surfaces = 0;
-  std::vector<std::size_t> facet_polygons;  // the highest node of each
+  std::vector<std::size_t> facet_polygons;  // the highest node index of each
   std::vector<std::size_t> triangulations;  // the number of nodes of each
-  bool has_ends = false;                    // curves on surfaces say where they begin and end
-  bool has_normals = false;                 // triangulations say whether they have normals
+  bool has_ends = false;                    // curves on surfaces have end parameters
+  bool has_normals = false;                 // triangulations have a flag for normals
 };
 
-// Walks over the shapes of a BREP stream and over the one that it is for.
+// Reads the shapes of a BREP stream and the reference to the root shape.
 void exa_walk_shapes(exaBrepValues& values, const exaBrepContent& content);

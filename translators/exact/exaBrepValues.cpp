@@ -9,10 +9,10 @@
 
 namespace {
 
-// The kernel reads words into buffers that hold no more.
+// The size of the kernel's buffers for words.
 constexpr std::size_t longest_word = 250;
 
-// No word holds a control character.
+// Control characters separate words too.
 bool is_blank(char c) {
   return static_cast<unsigned char>(c) <= ' ';
 }
@@ -26,7 +26,7 @@ constexpr auto begins_real = [] {
   return result;
 }();
 
-// How many characters at the front of a word are a whole number.
+// The number of characters at the start of a word that form an integer; 0 for none.
 std::size_t take_integer(std::string_view word, std::int64_t& value) {
   const std::size_t sign = word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0;
   const auto [end, error] = std::from_chars(word.data() + sign, word.data() + word.size(), value);
@@ -88,7 +88,7 @@ std::size_t exaBrepValues::count(const char* what, std::size_t least, std::size_
 std::size_t exaBrepValues::checked(std::int64_t count, const char* what, std::size_t least, std::size_t integers,
                                    std::size_t reals) {
   if (!ok()) return 0;
-  // The blank behind the last word of a text may be missing.
+  // The blank after the last word of a text file may be missing.
   const std::size_t most = (left() + 1) / room(integers, reals);
   if (count >= static_cast<std::int64_t>(least) && static_cast<std::uint64_t>(count) <= most) {
     return static_cast<std::size_t>(count);
@@ -118,7 +118,7 @@ std::int64_t exaBrepText::integer() {
   const std::size_t length = take_integer(text, value);
   if (length == 0) fail(vlt_quoted(text) + " is no whole number");
   if (!ok()) return 0;
-  // Some stand right in front of letters.
+  // An integer may be followed directly by letters.
   at_ -= text.size() - length;
   return value;
 }
@@ -128,7 +128,7 @@ int exaBrepText::choice() {
   return value >= 0 && value <= 255 ? static_cast<int>(value) : 255;
 }
 
-// Most of a file is these, so they have a loop of their own.
+// Most of a file is real numbers, so they are scanned in a separate, faster loop.
 void exaBrepText::reals(std::size_t count) {
   const char* at = bytes_.data() + at_;
   const char* const end = bytes_.data() + bytes_.size();
@@ -161,7 +161,7 @@ int exaBrepText::point_choice() {
   return choice();
 }
 
-// It stands in a line of its own behind the face's; other lines there are passed over.
+// The triangulation is on the line after the face's, which then starts with "2". Any other line is skipped.
 std::size_t exaBrepText::face_facets(std::size_t last) {
   line();
   if (at_ >= bytes_.size() || bytes_[at_] != '2') {

@@ -8,8 +8,8 @@
 
 #include "exaExport.h"
 
-// The values of a BREP stream, one after the other, whichever form it has. The first that is missing or impossible is a
-// fault, kept with its place; from then on there is nothing more to read: numbers are 0 and lists are at their end.
+// Reads the values of a BREP stream in order, in text or binary form. The first missing or invalid value sets an error
+// with its position. After an error, all numbers are 0 and all lists are at their end.
 class exaBrepValues {
  public:
   explicit exaBrepValues(std::string_view bytes) : bytes_(bytes) {}
@@ -20,36 +20,36 @@ class exaBrepValues {
   const std::string& fault() const { return fault_; }
   void fail(const std::string& why);
 
-  // What is read from here on, for the text of a fault: "3D curve", number 5.
+  // Sets what is read next, for error texts: "3D curve", number 5.
   void reading(const char* what, std::size_t number = 0) { what_ = what, number_ = number; }
 
   std::string_view line();
-  // The head of a section: its name and how many items follow, each of `least` bytes or more.
+  // Reads the header of a section: its name and the number of items, each at least `least` bytes long.
   std::size_t section(std::string_view name, std::size_t least);
 
   virtual std::int64_t integer() = 0;
   virtual std::int64_t degree() = 0;
-  virtual int choice() = 0;  // which of several things comes next
+  virtual int choice() = 0;  // the kind of the next item
   virtual bool flag() = 0;
   virtual void reals(std::size_t count) = 0;
   virtual void floats(std::size_t count) = 0;
 
-  // How many of something follow, at least `least` and each of these numbers. 0 and a fault when the rest of the bytes
-  // cannot hold as many.
+  // Reads a count of items, which is at least `least`; each item has this many integers and reals. 0 and an error when
+  // the remaining bytes are too few for them.
   std::size_t count(const char* what, std::size_t least, std::size_t integers, std::size_t reals);
-  // The same for one that was read before.
+  // The same for a count that was read before.
   std::size_t checked(std::int64_t count, const char* what, std::size_t least, std::size_t integers, std::size_t reals);
-  // A number from `first` to `last` of something that was read before.
+  // Reads a reference from `first` to `last` to an item that was read before.
   std::size_t reference(const char* what, std::size_t first, std::size_t last);
 
-  // Parts of shapes that the two forms put in their own ways.
-  virtual void polygon_mark() = 0;  // behind the nodes of a polygon on a triangulation
-  virtual int shape_kind() = 0;     // as TopAbs_ShapeEnum numbers them; -1 with a fault
-  virtual int point_choice() = 0;   // with the parameter that stands before or behind it
+  // Parts of shapes that the two forms store differently.
+  virtual void polygon_mark() = 0;  // after the nodes of a polygon on a triangulation
+  virtual int shape_kind() = 0;     // a TopAbs_ShapeEnum value; -1 with an error
+  virtual int point_choice() = 0;   // reads its parameter too, which is stored before or after it
   virtual void continuity() = 0;
   virtual std::size_t face_facets(std::size_t last) = 0;  // number of a triangulation, 0 for none
   virtual void shape_flags() = 0;
-  virtual bool sub_shape(std::int64_t& number) = 0;  // false at the end of their list
+  virtual bool sub_shape(std::int64_t& number) = 0;  // false at the end of the list
 
  protected:
   std::size_t left() const { return bytes_.size() - at_; }
@@ -68,7 +68,7 @@ class exaBrepValues {
   std::string fault_;
 };
 
-// Text form: words between blanks.
+// Text form: words separated by blanks.
 class exaBrepText final : public exaBrepValues {
  public:
   using exaBrepValues::exaBrepValues;
@@ -88,16 +88,16 @@ class exaBrepText final : public exaBrepValues {
 
  private:
   std::string place() const override;
-  // A digit and a blank each.
+  // At least a digit and a blank each.
   std::size_t room(std::size_t integers, std::size_t reals) const override { return 2 * (integers + reals); }
   void end_head() override {}
 };
 
-// Binary form: numbers of fixed width, the least byte first. Heads of sections are text.
+// Binary form: numbers of fixed width, little-endian. Section headers are text.
 class exaBrepBinary final : public exaBrepValues {
  public:
   using exaBrepValues::exaBrepValues;
-  // Up to version 2 the parameter of a point may stand before what it is a point of.
+  // Up to version 2 the parameter of a point may be stored before its kind.
   void set_version(int version) { version_ = version; }
 
   std::int64_t integer() override;

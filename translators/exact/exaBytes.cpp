@@ -14,11 +14,11 @@
 #include "exaShape.h"
 #include "exaStreams.h"
 
-// Shapes as bytes of the kind "brep".
+// Saves and parses shapes of the kind "brep".
 
 namespace {
 
-// Algorithms leave marks of their visits in a shape; what is saved does not show them.
+// A copy without the flags that algorithms leave in a shape, so that equal shapes give equal bytes.
 TopoDS_Shape without_marks(const TopoDS_Shape& shape) {
   const TopoDS_Shape copy = BRepBuilderAPI_Copy(shape, false, false).Shape();
   TopTools_IndexedMapOfShape parts;

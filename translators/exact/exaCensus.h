@@ -7,21 +7,21 @@
 
 #include "exaExport.h"
 
-// How often the kinds of shapes stand in a shape. Each is looked into once, however often it stands there: a small file
-// can repeat a shell in a solid and a face in the shell so often that no walk through all of them would end.
+// Counts the shapes inside a shape by kind. Each distinct shape is visited once: in a small file, nested repetitions
+// of shells and faces can make a full traversal endless.
 class VELEXACT_API exaCensus {
  public:
   struct Count {
     double solids = 0;
     double faces = 0;
-    double all = 1;  // down to the vertices, with the shape itself
+    double all = 1;  // down to the vertices, including the shape itself
   };
-  // A shape that stands in itself is none of the kernel's; one that is very deep has to be kept away (see exaNesting).
+  // Shapes must not contain themselves (the kernel has none that do). Check deep ones with exaNesting first.
   Count of(const TopoDS_Shape& shape);
 
-  // What is wrong with parts whose shapes come to `all`, as the end of a sentence that begins with "it"; nothing when
-  // they can be walked through. An edge stands in some faces and a face in two solids: even in a grid of cells that
-  // share them, all come to eight times the shapes that were looked into.
+  // The error about parts whose shapes amount to `all`, as the end of a sentence that begins with "it"; empty when
+  // they can be traversed. An edge is shared by a few faces and a face by two solids: even in a grid of cells that
+  // share them, `all` is about eight times the number of distinct shapes.
   std::string fault(double all) const;
 
  private:

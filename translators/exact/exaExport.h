@@ -1,4 +1,4 @@
 #pragma once
 
-// What libvelexact shows to the translators of exact formats. Everything else is compiled hidden.
+// Exports a symbol of libvelexact to the translators of exact formats. All other symbols are hidden.
 #define VELEXACT_API __attribute__((visibility("default")))

@@ -10,12 +10,12 @@
 #include "annColour.h"
 #include "exaExport.h"
 
-// The colours that faces of a shape have of their own. Faces are counted in the order in which the shape is explored.
+// The colours of single faces of a shape. Faces are counted in the order of the kernel's explorer.
 struct VELEXACT_API exaFaceColours {
   static constexpr std::uint32_t none = UINT32_MAX;
 
   std::vector<annColour> colours;
-  std::vector<std::uint32_t> of_face;  // a number in `colours` or `none`; no numbers at all without colours
+  std::vector<std::uint32_t> of_face;  // an index into `colours` or `none`; empty without colours
 
   bool empty() const { return of_face.empty(); }
   const annColour* colour(std::size_t face) const {
@@ -24,14 +24,14 @@ struct VELEXACT_API exaFaceColours {
 
   // Appends the colour of the next face; null for none.
   void add(const annColour* colour);
-  // After the last face: forgets the numbers when no face has a colour.
+  // Call after the last face: clears the indices when no face has a colour.
   void settle();
 
-  // The text that stands behind the kernel's bytes of a shape; empty without colours.
+  // The colours as text, to append to the kernel's bytes of a shape; empty without colours.
   std::string text() const;
-  // Looks for that text at the end of the bytes; without colours when there is none or it does not fit `faces`.
+  // Parses that text at the end of the bytes. Without colours when it is missing or does not match `faces`.
   static exaFaceColours from_text(std::string_view bytes, std::size_t faces);
 
  private:
-  std::map<std::array<std::uint32_t, 4>, std::uint32_t> numbers_;  // of the bits of colours, until they are settled
+  std::map<std::array<std::uint32_t, 4>, std::uint32_t> numbers_;  // indices by the bits of a colour, until settle()
 };

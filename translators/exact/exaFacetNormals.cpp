@@ -8,14 +8,13 @@
 
 namespace {
 
-// A surface does not move in a direction where it moves so much less than in the other one, and two directions whose
-// angle is smaller are one.
+// A tangent this much shorter than the other one counts as zero. Two tangents at a smaller angle count as parallel.
 constexpr double least_part = 1e-7;
 
-// How far into a facet its limits are measured, as a part of the facet.
+// The distance from the node at which limits are measured, as a fraction of the facet.
 constexpr double step_inside = 1e-5;
 
-// Normals that differ only in the last digits of their computation become equal.
+// Rounding step that makes normals equal which differ only by rounding errors.
 constexpr double grain = 0x1p-30;
 
 double length(annVector v) {
@@ -29,7 +28,7 @@ annVector vector_of(const gp_Vec& v) {
 annVector unit(annVector v) {
   const double size = length(v);
   if (!(size > 0) || !std::isfinite(size)) return {};
-  // Adding 0 makes 0 of -0.
+  // Adding 0 turns -0 into 0.
   auto rounded = [&](double part) { return std::round(part / size / grain) * grain + 0.0; };
   return {rounded(v.x), rounded(v.y), rounded(v.z)};
 }
@@ -51,7 +50,7 @@ annVector exaFacetNormals::limit(const std::array<int, 3>& facet) const {
   const Parameters node = parameters(facet[0]), b = parameters(facet[1]), c = parameters(facet[2]);
   const Parameters across{(b.u + c.u) / 2, (b.v + c.v) / 2};
   const Tangents there = tangents(node);
-  // All values of a parameter that moves nothing are the same point; the facet lies where its other nodes are.
+  // Where a parameter does not move the point, all its values are the same point; take that of the other nodes.
   auto inside = [](double from, double to, bool moves) { return moves ? from + step_inside * (to - from) : to; };
   const Tangents near = tangents(
       {inside(node.u, across.u, there.moves_in_u), inside(node.v, across.v, there.moves_in_v || !there.moves_in_u)});
@@ -85,7 +84,7 @@ void exaFacetNormals::read_stored(const gp_Trsf& placement) {
   of_nodes_.reserve(static_cast<std::size_t>(facets_.NbNodes()));
   for (int node = 1; node <= facets_.NbNodes(); ++node) {
     const gp_Vec normal = gp_Vec(facets_.Normal(node)).Transformed(placement);
-    // Facets turn inside out in a mirror.
+    // A mirrored placement turns the facets inside out.
     of_nodes_.push_back(outward(vector_of(placement.IsNegative() ? normal.Reversed() : normal)));
   }
 }

@@ -10,23 +10,23 @@
 
 #include "annVector.h"
 
-// The outward normals of a face at the nodes of its facets: those of its surface or, for a face without one, those
-// that are stored with its facets. Nodes are numbered from 1, as the kernel does. The face and its facets must outlive
-// this. What the kernel throws passes through.
+// The outward normals of a face at the nodes of its facets. They come from the surface or, for a face without one,
+// from the normals stored with the facets. Nodes are numbered from 1, as in the kernel. The face and its facets must
+// outlive this object. Exceptions of the kernel are passed on.
 class exaFacetNormals {
  public:
-  // `placement` puts the facets, which lie in the coordinates of the surface, where the face is.
+  // `placement` transforms the facets from the coordinates of the surface to those of the face.
   exaFacetNormals(const TopoDS_Face& face, const Poly_Triangulation& facets, const gp_Trsf& placement);
 
-  // The one normal of a planar face.
+  // The normal of a planar face; empty for other faces.
   const std::optional<annVector>& flat() const { return flat_; }
 
-  // For each node of any other face; none when nothing but the facets is known. Zero where the surface has no normal,
-  // at a pole or an apex for instance.
+  // One normal for each node of a face that is not planar; empty when there is neither a surface nor stored normals.
+  // Zero where the surface has no normal, for example at a pole or an apex.
   const std::vector<annVector>& of_nodes() const { return of_nodes_; }
 
-  // For the first node of a facet whose own normal is zero: the one that the surface comes to within that facet. Zero
-  // when there is none either.
+  // The limit of the surface normal inside the facet at its first node, for a node whose normal is zero. Zero when
+  // there is no limit either.
   annVector limit(const std::array<int, 3>& facet) const;
 
  private:

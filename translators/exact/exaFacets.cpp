@@ -29,10 +29,11 @@
 
 namespace {
 
-// From here on several threads are worth while for one shape. Smaller ones are meshed beside each other.
+// From this number of faces on, one shape is meshed with several threads. Smaller shapes are meshed in parallel with
+// each other.
 constexpr std::size_t faces_for_threads = 64;
 
-// Passes the progress of the kernel on and stops the kernel.
+// Forwards the kernel's progress and cancels its work.
 class Indicator : public Message_ProgressIndicator {
  public:
   explicit Indicator(annProgress* progress) : progress_(progress) {}
@@ -54,7 +55,7 @@ class FacetMaker {
   explicit FacetMaker(annMesh& mesh)
       : mesh_(mesh), welder_(mesh.vertices->points), normal_welder_(mesh.vertices->normal_pool) {}
 
-  // False when the face has no triangles.
+  // Adds the triangles of a face. False when it has none.
   bool add(const TopoDS_Face& face) {
     TopLoc_Location location;
     const Handle(Poly_Triangulation)& triangulation = BRep_Tool::Triangulation(face, location);
@@ -68,7 +69,7 @@ class FacetMaker {
       triangulation->Triangle(i).Get(a, b, c);
       if (turned) std::swap(b, c);
       const std::uint32_t corners[] = {number(a), number(b), number(c)};
-      // At the poles of a surface several nodes are one point.
+      // At the poles of a surface several nodes are the same point.
       if (corners[0] == corners[1] || corners[1] == corners[2] || corners[2] == corners[0]) continue;
       mesh_.corners.insert(mesh_.corners.end(), std::begin(corners), std::end(corners));
       add_normals(normals, {a, b, c});
@@ -102,7 +103,7 @@ class FacetMaker {
     return normal == annVector{} ? annMesh::no_normal : normal_welder_.number_of(normal);
   }
 
-  // Those of the facet that was added last.
+  // Adds the normals of the facet that was added last.
   void add_normals(const exaFacetNormals& normals, std::array<int, 3> nodes) {
     if (normal_numbers_.empty()) {
       mesh_.corner_normals.insert(mesh_.corner_normals.end(), 3, flat_normal_);
@@ -115,7 +116,7 @@ class FacetMaker {
     for (int i = 0; i < 3; ++i, std::rotate(nodes.begin(), nodes.begin() + 1, nodes.end())) {
       std::uint32_t number = normal_numbers_[static_cast<std::size_t>(nodes[0] - 1)];
       if (number == annMesh::no_normal) number = number_of_normal(normals.limit(nodes));
-      // A normal that points into the body would be seen as a dark spot.
+      // An inward normal would show as a dark spot.
       const bool inward = number != annMesh::no_normal && ann_dot(mesh_.vertices->normal_pool[number], facing) < 0;
       mesh_.corner_normals.push_back(inward ? annMesh::no_normal : number);
     }
@@ -125,20 +126,20 @@ class FacetMaker {
 
   annMesh& mesh_;
   annWelder welder_;
-  std::vector<std::uint32_t> numbers_;  // of the face's nodes
+  std::vector<std::uint32_t> numbers_;  // vertex indices of the face's nodes
   annWelder normal_welder_;
   std::uint32_t flat_normal_ = annMesh::no_normal;
-  std::vector<std::uint32_t> normal_numbers_;  // of the face's nodes, where it is not flat
+  std::vector<std::uint32_t> normal_numbers_;  // normal indices of the face's nodes; empty for a flat face
 };
 
-// Behind this the kernel's smallest distance is less than the last digit of a coordinate.
+// Beyond this distance, doubles cannot represent the kernel's smallest distance.
 constexpr double farthest = 1e12;
 
 bool is_within_reach(const gp_Pnt& point) {
   return std::abs(point.X()) < farthest && std::abs(point.Y()) < farthest && std::abs(point.Z()) < farthest;
 }
 
-// Following an edge that leads out of reach, or runs round its curve again and again, takes points without end.
+// Sampling an edge that leaves the valid range or runs around its curve many times would take endless points.
 bool has_an_end(const TopoDS_Edge& edge) {
   constexpr double most_turns = 2;
   double first = 0, last = 0;
@@ -189,7 +190,7 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
   TopExp_Explorer original(shape, TopAbs_FACE);
   for (TopExp_Explorer explorer(copy, TopAbs_FACE); explorer.More(); explorer.Next(), original.Next()) {
     const TopoDS_Face face = TopoDS::Face(explorer.Current());
-    // The copy has no facets yet.
+    // The copy has no facets, so a face without a surface is taken from the original.
     faces.push_back(exa_has_surface(face) ? face : TopoDS::Face(original.Current()));
     if (exa_can_be_meshed(face)) builder.Add(sound, face);
   }
@@ -210,7 +211,7 @@ std::shared_ptr<const annMesh> exa_facets(const TopoDS_Shape& shape, const exaFa
     if (!maker.add(faces[face])) ++missing;
     if (!colours.empty()) mesh->face_materials.resize(mesh->corners.size() / 3, colours.of_face[face]);
   }
-  // Nothing but facets is known of any face.
+  // All faces consist of facets without normals.
   if (mesh->vertices->normal_pool.empty()) mesh->corner_normals.clear();
   return cancelled() ? nullptr : mesh;
 }

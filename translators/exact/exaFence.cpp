@@ -11,13 +11,13 @@
 
 namespace {
 
-// Members of an object at address 0 lie below this.
+// An access to a member of an object at address 0 is below this address.
 constexpr std::uintptr_t null_page_end = 1 << 16;
 
 thread_local sigjmp_buf* landing = nullptr;
 thread_local int silent = 0;
 
-// The kernel was left in the middle of something: what it holds may be locked or half made.
+// Set when the kernel was interrupted in the middle of an operation: its locks and data may be inconsistent.
 std::atomic<bool> broken{false};
 
 struct sigaction previous = {};
@@ -26,7 +26,7 @@ int installed = 0;
 
 void on_fault(int signal, siginfo_t* info, void*) {
   if (landing && reinterpret_cast<std::uintptr_t>(info->si_addr) < null_page_end) siglongjmp(*landing, 1);
-  // The fault happens again and takes its course.
+  // Returning repeats the fault, which the previous handler then gets.
   sigaction(signal, &previous, nullptr);
 }
 
@@ -47,7 +47,7 @@ class Handler {
   }
 };
 
-// Lets through what other threads print.
+// A stream buffer that drops output of silenced threads and forwards that of all others.
 class Gag : public std::streambuf {
  public:
   explicit Gag(std::ostream& stream) : target_(stream.rdbuf()) { stream.rdbuf(this); }
@@ -67,7 +67,7 @@ class Gag : public std::streambuf {
 };
 
 void gag_streams() {
-  // Never destroyed: the streams are flushed at the very end.
+  // Never destroyed, because the streams are flushed at exit.
   static const Gag* const gags[] = {new Gag(std::cout), new Gag(std::cerr)};
   static_cast<void>(gags);
 }

@@ -4,17 +4,17 @@
 
 enum class exaOutcome {
   DONE,
-  BROKE_DOWN,  // the kernel reached through a null pointer
-  REFUSED      // nothing was done, as the kernel broke down before
+  BROKE_DOWN,  // the kernel dereferenced a null pointer
+  REFUSED      // not run, because the kernel crashed before
 };
 
-// Runs work of the kernel with a fence around it. The kernel reaches through a null pointer for many files that name
-// something that is not there: the work is then left where it stood, what it had made is lost with its memory, and the
-// kernel is used no more in this process. Other faults take their course. What the work throws passes through.
-// Meanwhile whatever it prints to the standard streams on this thread is dropped.
+// Runs work of the kernel and survives a null pointer access in it. Many files with missing entities make the kernel
+// dereference a null pointer. The work is then abandoned, its memory is leaked, and the kernel is not used again in
+// this process. Other faults are not caught. Exceptions are passed on. During the work, everything that this thread
+// prints to the standard streams is dropped.
 exaOutcome exa_fenced(const std::function<void()>& work);
 
-// As long as it lives, what this thread prints is printed, also within a fence.
+// Lets this thread print during its lifetime, also inside exa_fenced.
 class exaAloud {
  public:
   exaAloud();

@@ -25,7 +25,7 @@ class Graph {
     }
   }
 
-  // From the outermost ones inwards, each after all that it stands in.
+  // Visits the entities from the outermost inwards, each after all entities that refer to it.
   std::string fault() {
     std::vector<std::size_t> ready;
     for (std::size_t i = 1; i < counts_.size(); ++i) {
@@ -78,7 +78,7 @@ class Graph {
     }
   }
 
-  // What is left stands in a circle or in what does, so the way outwards goes round.
+  // All remaining entities are in a cycle or below one, so following the references outwards leads into a cycle.
   std::size_t in_circle() const {
     std::vector<std::size_t> outer(counts_.size());
     std::size_t at = 0;
@@ -93,7 +93,7 @@ class Graph {
 
   const Interface_InterfaceModel& model_;
   std::vector<Counts> counts_;
-  std::vector<std::size_t> first_, inner_;  // those of a number lie from its first one to that of the next number
+  std::vector<std::size_t> first_, inner_;  // entity i refers to inner_[first_[i]] to inner_[first_[i + 1] - 1]
 };
 
 }  // namespace

@@ -6,15 +6,15 @@
 #include <functional>
 #include <string>
 
-// Looks at which entities of a parsed file are made of which others before the kernel makes curves and faces of them:
-// it follows a curve that stands in itself until the process ends, and makes a piece anew each time that it is named.
+// Checks how the geometry entities of a parsed file refer to each other, before the kernel makes curves and faces of
+// them. The kernel never returns from a curve that contains itself, and makes a new copy for each reference.
 
 constexpr std::size_t exa_most_entity_levels = 1'000;
-// Files name a piece of geometry a few times; what a small one may repeat comes on top.
+// Files refer to a piece of geometry a few times. Small files may repeat it more often.
 constexpr double exa_most_uses_of_entity = 20, exa_most_free_uses = 2'000'000;
 
-// What is wrong as the end of a sentence that begins with "it"; nothing when all can be walked through. Only entities
-// that are geometry are looked at, and references between them. The time grows with their number.
+// The error as the end of a sentence that begins with "it"; empty when all entities can be traversed. Only geometry
+// entities and the references between them are checked. The time is linear in their number.
 std::string exa_geometry_fault(const Handle(Interface_InterfaceModel) & model,
                                const Handle(Interface_Protocol) & protocol,
                                const std::function<bool(const Standard_Transient&)>& is_geometry);

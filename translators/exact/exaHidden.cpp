@@ -20,7 +20,7 @@ TopoDS_Shape exaHidden::shown(const TopoDS_Shape& shape, std::size_t& count) con
   BRep_Builder builder;
   builder.MakeCompound(rest);
   bool changed = false;
-  // Members are compared as they are in the group, wherever the group is.
+  // Members are compared by their placement in the group, whatever the placement of the group.
   for (TopoDS_Iterator it(shape, false, false); it.More(); it.Next()) {
     const TopoDS_Shape member = shown(it.Value(), count);
     if (!member.IsNull()) builder.Add(rest, member);

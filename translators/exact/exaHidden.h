@@ -6,16 +6,16 @@
 
 #include "exaExport.h"
 
-// The bodies that a file hides: solids, shells, loose faces and groups of them. Faces of a shell and what else bounds a
-// body are none.
+// The bodies that a file hides: solids, shells, loose faces and groups of them. Faces of a shell, edges and vertices
+// are not bodies.
 class VELEXACT_API exaHidden {
  public:
-  // Shapes without faces, curves for instance, are ignored.
+  // Shapes without faces, for example curves, are ignored.
   void add(const TopoDS_Shape& shape);
 
   bool contains(const TopoDS_Shape& shape) const { return shapes_.Contains(shape); }
 
-  // What is left of a shape without its hidden bodies; null when it is hidden itself. `count` grows by the hidden ones.
+  // The shape without its hidden bodies; null when it is hidden itself. Adds the number of hidden bodies to `count`.
   TopoDS_Shape shown(const TopoDS_Shape& shape, std::size_t& count) const;
 
  private:

@@ -9,18 +9,18 @@
 
 #include "exaExport.h"
 
-// What stands in what, looked at before anybody walks through it: a file of a few lines can name one thing in another
-// so often that the tree that comes of it fills every memory, or so deep that recursion ends the process. Things are
-// told apart by their address.
+// Which objects contain which others. It is checked before a tree is traversed: in a file of a few lines, repeated
+// references can make a tree that exceeds any memory, or one so deep that recursion crashes the process. Objects are
+// identified by address.
 class VELEXACT_API exaNesting {
  public:
   static constexpr double most_occurrences = 2'000'000;
   static constexpr std::size_t most_levels = 1'000;
 
-  // Once for each time that it stands there.
+  // Call once for each reference.
   void add(const void* outer, const void* inner);
 
-  // What is wrong with the tree as the end of a sentence that begins with "it"; nothing when it can be walked through.
+  // The error as the end of a sentence that begins with "it"; empty when the tree can be traversed.
   std::string fault() const;
 
  private:
@@ -30,5 +30,5 @@ class VELEXACT_API exaNesting {
   std::vector<std::vector<std::uint32_t>> inner_;
 };
 
-// The compounds of a shape and what they hold, down to solids and loose faces.
+// The compounds of a shape and their content, down to solids and loose faces.
 VELEXACT_API exaNesting exa_nesting(const TopoDS_Shape& shape);

@@ -3,7 +3,7 @@
 #include "exaExport.h"
 #include "velabsOutput.h"
 
-// Passes on what is said in the midst of the kernel's work, where everything printed on the thread is dropped else.
+// Forwards messages and progress during the kernel's work, when all other output of the thread is dropped.
 class VELEXACT_API exaOutput : public velabsOutput {
  public:
   explicit exaOutput(velabsOutput& target) : target_(target) {}

@@ -8,10 +8,10 @@
 
 namespace {
 
-// What lengths and right angles are off by in matrices of six digits, relative to the lengths.
+// Tolerance for matrices with six digits: the error of lengths and right angles, relative to the lengths.
 constexpr double even = 1e-6;
 
-// In radians; smaller turns are what is left of others that undo each other.
+// In radians; smaller rotations are rounding errors of rotations that cancel out.
 constexpr double least_turn = 1e-12;
 
 // The linear part of a transform.
@@ -29,7 +29,7 @@ void set_columns(annTransform& transform, const Columns& columns) {
   transform = {{x.x, y.x, z.x, transform.m[3], x.y, y.y, z.y, transform.m[7], x.z, y.z, z.z, transform.m[11]}};
 }
 
-// The factor of columns that turn and scale evenly, negative when they mirror as well; 0 for any other ones.
+// The scale factor of columns that rotate and scale uniformly, negative when they also mirror; 0 for other columns.
 double even_factor(const Columns& columns) {
   const auto& [x, y, z] = columns;
   const double xx = ann_dot(x, x), yy = ann_dot(y, y), zz = ann_dot(z, z);
@@ -40,8 +40,8 @@ double even_factor(const Columns& columns) {
   return ann_dot(ann_cross(x, y), z) > 0 ? factor : -factor;
 }
 
-// The turn closest to columns that are one but for rounding. Each step, the mean with the inverse of the transpose,
-// doubles the digits that are right.
+// The rotation closest to columns that are one except for rounding. Each step takes the mean of the matrix and the
+// inverse of its transpose, which doubles the number of correct digits.
 Columns closest_turn(Columns columns) {
   constexpr int steps = 3;
   for (int i = 0; i < steps; ++i) {
@@ -78,8 +78,8 @@ gp_Trsf exa_trsf(const annTransform& transform) {
     return result;
   }
   result.SetValues(m[0], m[1], m[2], m[3], m[4], m[5], m[6], m[7], m[8], m[9], m[10], m[11]);
-  // The kernel takes the factor from the determinant, which is off in its last digit, and moves nothing by one that is
-  // not 1.
+  // The kernel takes the factor from the determinant, which has rounding errors, and rejects locations with a factor
+  // other than 1.
   result.SetScaleFactor(1);
   return result;
 }

@@ -9,10 +9,11 @@
 
 namespace {
 
-// How many corners a narrow triangle may add to its neighbours: one where each edge is that of two faces.
+// Maximum number of corners that each narrow triangle adds to its neighbours. It is one where every edge belongs to
+// two faces.
 constexpr std::size_t corners_for_each = 8;
 
-// Of splits in each other; more are only made of an edge with a long row of narrow triangles on both of its sides.
+// Maximum depth of nested splits. Only an edge with a long row of narrow triangles on both sides needs more.
 constexpr int deepest_split = 1000;
 
 double distance(annVector a, annVector b) {
@@ -56,7 +57,8 @@ void exaPlanarBoundaries::weld(const annMesh& mesh) {
   });
 }
 
-// A point is united with one that lies near to it, never by way of others: a row of short edges keeps its length.
+// Merges neighbouring points that are closer than the tolerance, but never through a third point: a row of short edges
+// keeps its length.
 void exaPlanarBoundaries::unite_near_ones(exaCorners corners) {
   for (std::size_t i = 0; i < corners.size(); ++i) {
     std::uint32_t point = point_of(corners[i]), other = point_of(corners[(i + 1) % corners.size()]);
@@ -68,7 +70,7 @@ void exaPlanarBoundaries::unite_near_ones(exaCorners corners) {
   }
 }
 
-// The corners as points that differ from the one before.
+// Stores the points of the corners, without consecutive duplicates.
 void exaPlanarBoundaries::take(exaCorners corners) {
   corners_.clear();
   for (std::uint32_t corner : corners) {
@@ -91,14 +93,14 @@ std::optional<exaPlanarBoundaries::Narrow> exaPlanarBoundaries::narrow() const {
   return longest;
 }
 
-// By their lengths, and those of one length by their ends: what an edge is split into is always shorter.
+// Orders edges by length, then by their ends. Both parts of a split edge must be shorter than the edge.
 bool exaPlanarBoundaries::is_shorter(const Edge& edge, const Edge& than) const {
   const double length = distance(points_[edge.first], points_[edge.second]);
   const double other = distance(points_[than.first], points_[than.second]);
   return length != other ? length < other : key_of(edge.first, edge.second) < key_of(than.first, than.second);
 }
 
-// Where the edge has a point between its ends already, the parts that either point leaves are split too.
+// If the edge already has a point between its ends, the two parts on either side of that point are split too.
 void exaPlanarBoundaries::split(const Narrow& edge, int depth) {
   const Edge whole{edge.from, edge.to};
   if (!is_shorter({edge.from, edge.between}, whole) || !is_shorter({edge.between, edge.to}, whole)) return;
@@ -115,7 +117,7 @@ void exaPlanarBoundaries::split(const Narrow& edge, int depth) {
   }
 }
 
-// The start of an edge, and what lies between its ends.
+// Appends the start of an edge and the points between its ends.
 void exaPlanarBoundaries::add(const Edge& edge) {
   open_.assign(1, edge);
   while (!open_.empty()) {

@@ -9,17 +9,17 @@
 #include "annMesh.h"
 #include "exaPlanarFaces.h"
 
-// The corners of a mesh's planar faces as the kernel can take them, so that what is closed stays so. Points of one edge
-// that lie nearer to each other than its tolerance are one. A triangle that is narrower than that has no boundary: the
-// neighbour at its long edge takes over the corner in between.
+// The boundaries of a mesh's planar faces in a form that the kernel accepts; a closed mesh stays closed. Points of one
+// edge that are closer than the kernel's tolerance are merged. A triangle narrower than the tolerance gets no
+// boundary; the neighbour at its long edge gets the corner in between.
 class exaPlanarBoundaries {
  public:
   explicit exaPlanarBoundaries(const annMesh& mesh);
 
   const std::vector<annVector>& points() const { return points_; }
 
-  // The points around a face, from the corners that the mesh gives it; none when it has no width. They hold until the
-  // next call.
+  // The points around a face, from its corners in the mesh; empty when the face is too narrow. Valid until the next
+  // call.
   exaCorners around(exaCorners corners);
 
  private:
@@ -39,11 +39,11 @@ class exaPlanarBoundaries {
   void add(const Edge& edge);
 
   std::vector<annVector> points_;
-  std::vector<std::uint32_t> numbers_;  // of the mesh's vertices among the points
-  std::vector<std::uint32_t> united_;   // the point that stands for it: another one, or itself
+  std::vector<std::uint32_t> numbers_;  // point index of each mesh vertex
+  std::vector<std::uint32_t> united_;   // the point that replaces each point: another one or itself
   std::vector<bool> stands_for_others_;
-  std::unordered_map<std::uint64_t, std::uint32_t> splits_;  // the point between the two of an edge
-  std::size_t may_add_ = 0;                                  // corners that lie between the ends of an edge
+  std::unordered_map<std::uint64_t, std::uint32_t> splits_;  // the point between the ends of an edge
+  std::size_t may_add_ = 0;                                  // how many more points between ends of edges may be added
   std::vector<std::uint32_t> corners_, around_;
   std::vector<Edge> open_;
 };

@@ -21,7 +21,7 @@
 
 namespace {
 
-// So many faces are made within a few milliseconds.
+// Making this many faces takes a few milliseconds.
 constexpr std::size_t faces_between_signs = 512;
 
 double length(annVector v) {
@@ -46,15 +46,15 @@ class PlanarShapeMaker {
  private:
   struct Edge {
     TopoDS_Edge edge;
-    std::size_t face;  // the first one at it
+    std::size_t face;  // the first face at the edge
     int forward = 0;
     int backward = 0;
   };
   struct Face {
     TopoDS_Face face;
     std::uint32_t material;
-    std::size_t group;  // another face that it hangs together with, or itself
-    double volume;      // six times that of the cone to the origin
+    std::size_t group;  // another connected face, or itself
+    double volume;      // six times the volume of the cone from the origin
     bool closed = true;
   };
 
@@ -121,7 +121,7 @@ class PlanarShapeMaker {
     return face;
   }
 
-  // `own` is the face being made, which is in no list yet.
+  // `own` is the face being made, which is not yet in the list.
   std::size_t join(std::size_t group, std::size_t other, std::size_t own) {
     other = root(other);
     if (group == own || group == other) return other;
@@ -130,7 +130,7 @@ class PlanarShapeMaker {
     return low;
   }
 
-  // Faces that hang together become a shell, in the order of the first face of each.
+  // Connected faces become a shell. Shells are ordered by their first face.
   void gather() {
     for (const auto& [key, edge] : edges_) {
       if (edge.forward != 1 || edge.backward != 1) faces_[root(edge.face)].closed = false;
@@ -166,7 +166,7 @@ class PlanarShapeMaker {
     const bool closed = faces_[root(group[0])].closed;
     shell.Closed(closed);
     if (!closed || volume == 0) return shell;
-    // Inside out, a shell would bound everything around it.
+    // A shell with inward normals would enclose all space outside it.
     TopoDS_Solid solid;
     builder_.MakeSolid(solid);
     builder_.Add(solid, volume > 0 ? shell : shell.Reversed());

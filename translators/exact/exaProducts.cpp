@@ -15,16 +15,16 @@
 
 namespace {
 
-// The kernel walks assemblies by recursion.
+// The kernel traverses assemblies by recursion.
 constexpr std::size_t deepest = 500;
 
-// Of the whole writing, the part that takes place here.
+// The share of this step in the progress of the whole writing.
 constexpr double percent_of_making = 10;
 
-// It takes 1e100 for infinite, and makes areas and volumes of lengths.
+// The kernel treats 1e100 as infinite, and multiplies lengths to get areas and volumes.
 constexpr double largest = 1e50;
 
-// False for what is no number too.
+// False for NaN too.
 bool fits(annVector point) {
   return std::abs(point.x) <= largest && std::abs(point.y) <= largest && std::abs(point.z) <= largest;
 }
@@ -48,7 +48,7 @@ std::shared_ptr<const annMesh> changed(const std::shared_ptr<const annMesh>& mes
   return result;
 }
 
-// The making of one mesh's faces as a part of the making of all.
+// The progress of one mesh as a share of the progress of all.
 class Share final : public annProgress {
  public:
   Share(velabsOutput& output, std::size_t before, std::size_t own, std::size_t all)
@@ -149,7 +149,7 @@ bool exaProducts::count_planar_faces() {
 bool exaProducts::add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
                            const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target) {
   for (const annDefinitions::Use& use : uses) {
-    // Where shapes are scaled by a factor, only a place that scales as well gives them another one.
+    // All shapes are already scaled by `change`; only a placement that scales too needs another shape.
     const exaPlacementParts parts = exa_parts(change * use.transform, change.m[0]);
     const auto& at = parts.location.m;
     if (!fits({at[3], at[7], at[11]})) {
@@ -185,7 +185,7 @@ bool exaProducts::find(std::size_t definition, const annTransform& change, const
       if (made.uses.empty()) {
         made = std::move(part);
       } else {
-        // A part that others stand in: an assembly of itself and of them.
+        // A part that has children becomes an assembly of its own shape and the children.
         products_.push_back(std::move(part));
         made.uses.insert(made.uses.begin(), {products_.size() - 1, gp_Trsf()});
       }
@@ -234,11 +234,11 @@ bool exaProducts::make_planar(const annNode& node, const annTransform& change, M
   if (!fits(*source, change)) {
     return fail(node, "a coordinate is too large for an exact shape; write it with a smaller SCALE");
   }
-  // A mesh stays flat faces however it is stretched; the kernel would make B-splines of planes.
+  // A mesh keeps flat faces under any scaling, so transform the mesh; the kernel would make B-splines of planes.
   const bool is_even = exa_parts(change).is_even();
   const std::shared_ptr<const annMesh> mesh = is_even ? source : changed(source, change);
   const std::size_t count = exa_planar_face_count(*mesh);
-  // A mesh that is scaled in several ways is made in each of them.
+  // A mesh used with several scalings is made once for each.
   planar_faces_ = std::max(planar_faces_, planar_faces_made_ + count);
   if (!exa_allows_planar_faces(planar_faces_, resources_, output_)) return false;
   Share share(output_, planar_faces_made_, count, planar_faces_);

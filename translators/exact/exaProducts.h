@@ -16,36 +16,35 @@
 #include "vltFacets.h"
 #include "vltOnce.h"
 
-// A part with its shape, or an assembly of others, as the kernel's formats hold them.
+// A part with its shape, or an assembly of other products, as the kernel's formats store them.
 struct exaProduct {
   struct Use {
     std::size_t product;
     gp_Trsf location;
-    utString instance_name{};  // null when it has none of its own
+    utString instance_name{};  // empty for an instance without a name
   };
   utString name;
   TopoDS_Shape shape;            // null for assemblies
-  std::size_t planar_faces = 0;  // that a mesh became
+  std::size_t planar_faces = 0;  // planar faces made of a mesh
   std::optional<annColour> colour;
   exaFaceColours face_colours;
   std::vector<Use> uses;
 };
 
-// False, and a message, when planar faces made of meshes are more than FACET_LIMIT allows.
+// False, with a message, when the meshes give more planar faces than FACET_LIMIT allows.
 VELEXACT_API bool exa_allows_planar_faces(std::size_t count, const velTableInstance& resources, velabsOutput& output);
 
-// A document as products, each described once however often it stands in the document. Locations turn and move; where
-// the document scales or mirrors, the shapes themselves are changed. REPRESENTATION says what becomes of meshes and
-// exact shapes, FACET_LIMIT how many planar faces all meshes together may become.
+// A document as products, each made once whatever its number of instances. Locations only rotate and translate; where
+// the document scales or mirrors, the shapes themselves are changed. REPRESENTATION selects how meshes and exact
+// shapes are written, FACET_LIMIT limits the number of planar faces of all meshes.
 class VELEXACT_API exaProducts {
  public:
   exaProducts(const annDocument& document, const velTableInstance& resources, double factor, velabsOutput& output);
 
-  // False, and a message, when there is nothing to write or a part cannot be made, and false when the work is
-  // cancelled.
+  // False, with a message, when there is nothing to write or a part cannot be made. False without one when cancelled.
   bool make();
 
-  // What a product uses comes before it.
+  // A product comes after the products that it uses.
   const std::vector<exaProduct>& products() const { return products_; }
   const std::vector<exaProduct::Use>& top() const { return top_; }
   bool has_assemblies() const;
@@ -54,11 +53,11 @@ class VELEXACT_API exaProducts {
   bool has_see_through_colours() const;
 
  private:
-  // What one product is made of: a definition, what shapes below it are changed by, and the colour around it.
+  // Identifies a product: a definition, the transform of its shapes, and the inherited colour.
   struct Key {
     std::size_t definition;
     std::array<double, 12> change;
-    std::array<float, 4> colour;  // negative without one
+    std::array<float, 4> colour;  // negative without a colour
     auto operator<=>(const Key&) const = default;
   };
   struct Made {
@@ -68,11 +67,12 @@ class VELEXACT_API exaProducts {
   };
 
   bool is_exact(const annBody& body) const;
-  // How many planar faces there will be; false, and a message, when they are too many.
+  // Counts the planar faces to make. False, with a message, when they are too many.
   bool count_planar_faces();
   bool add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
                 const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target);
-  // The product of a definition, or none when there is nothing in it. False, and a message, when it cannot be made.
+  // Sets the product of a definition, or none when the definition is empty. False, with a message, when it cannot be
+  // made.
   bool find(std::size_t definition, const annTransform& change, const std::optional<annColour>& around,
             std::optional<std::size_t>& product);
   const Made* shape_of(const annNode& node, const annTransform& change);
@@ -89,8 +89,8 @@ class VELEXACT_API exaProducts {
   vltOnce findings_;
   bool left_out_ = false;  // faces without an area
   annTransform change_;
-  std::size_t planar_faces_ = 0;       // that there will be
-  std::size_t planar_faces_made_ = 0;  // of them, so far
+  std::size_t planar_faces_ = 0;       // total expected number
+  std::size_t planar_faces_made_ = 0;  // number made so far
   std::map<Key, std::optional<std::size_t>> numbers_;
   std::map<std::pair<const void*, std::array<double, 12>>, Made> shapes_;
   std::vector<exaProduct> products_;

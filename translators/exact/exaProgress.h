@@ -5,8 +5,8 @@
 #include "exaExport.h"
 #include "velabsOutput.h"
 
-// Passes the kernel's progress on as the part from `from` to `to` percent of a translator's, and stops the kernel when
-// the work is cancelled.
+// Forwards the kernel's progress as `from` to `to` percent of a translator's progress, and stops the kernel when the
+// work is cancelled.
 class VELEXACT_API exaProgress : public Message_ProgressIndicator {
  public:
   exaProgress(velabsOutput& output, int from, int to) : output_(output), from_(from), to_(to) {}

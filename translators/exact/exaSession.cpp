@@ -23,7 +23,7 @@ std::mutex& kernel_lock() {
 
 }  // namespace
 
-// Stands in the place of the kernel's printer to the terminal.
+// Replaces the kernel's printer to the terminal.
 class exaPrinter : public Message_Printer {
  protected:
   void send(const TCollection_AsciiString& text, const Message_Gravity gravity) const override {
@@ -89,7 +89,7 @@ bool exaSession::guarded(const char* what, const std::function<bool()>& work) {
 void exaSession::take_down(std::string text, bool grave) {
   text = vlt_one_line(utString(text));
   while (!text.empty() && (text.front() == '*' || text.front() == ' ')) text.erase(0, 1);
-  // Which of its parsers complains says nothing to a person.
+  // The name of the kernel's parser does not help a user.
   for (const std::string_view parser : {"ERR StepFile : ", "Undefined Parsing: "}) {
     if (text.starts_with(parser)) text.erase(0, parser.size());
   }

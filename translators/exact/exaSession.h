@@ -8,9 +8,8 @@
 #include "exaExport.h"
 #include "velabsOutput.h"
 
-// The kernel at work for one translator. It keeps parameters and unit factors of a transfer for the whole process, so
-// one session at a time reads or writes; others wait. What the kernel says on the session's thread is taken down and
-// never reaches the terminal.
+// Use of the kernel by one translator. The kernel has global parameters and unit factors, so only one session at a
+// time reads or writes; others wait. Kernel messages of the session's thread are collected and never printed.
 class VELEXACT_API exaSession {
  public:
   explicit exaSession(velabsOutput& output);
@@ -18,14 +17,14 @@ class VELEXACT_API exaSession {
   exaSession(const exaSession&) = delete;
   exaSession& operator=(const exaSession&) = delete;
 
-  // Runs a piece of work; what the kernel throws becomes an error message that begins with `what`, and false.
+  // Runs kernel work. An exception becomes an error message that begins with `what`, and the result is false.
   bool guarded(const char* what, const std::function<bool()>& work);
 
-  // Says what the kernel complained of, each complaint once; the numbers and names of entities in it differ, so more
-  // than a few are only counted.
+  // Reports the kernel's messages, each once. They differ by entity number and name, so after the first few they are
+  // only counted.
   void tell_complaints();
 
-  // The kernel's first grave complaint as the end of a sentence, ": ..." ; empty when it made none.
+  // The kernel's first serious error as the end of a sentence, ": ..." ; empty when there is none.
   std::string reason() const;
 
  private:
@@ -43,5 +42,5 @@ class VELEXACT_API exaSession {
   std::size_t more_ = 0;
 };
 
-// Runs work of the kernel that needs no session: parsing, measuring, meshing of a shape. Why it failed, or nothing.
+// Runs kernel work that needs no session: parsing, measuring or meshing a shape. Returns the error, empty on success.
 VELEXACT_API std::string exa_failure_of(const std::function<void()>& work);

@@ -17,15 +17,15 @@
 
 namespace {
 
-// A part is followed as closely as a two thousandth of its size where nobody says how closely.
+// The default tolerance: a two thousandth of the part's size.
 constexpr double default_chord = 0.0005;
 constexpr double default_angle = 0.35;  // about 20 degrees
 
-// Closer ones would give millions of facets for a single sphere.
+// A smaller tolerance would give millions of facets for one sphere.
 constexpr double least_chord = 1e-5;
 constexpr double least_angle = std::numbers::pi / 180;
 
-// Points that are nearer to each other are one for the kernel.
+// The kernel treats closer points as one.
 const double closest_chord = 10 * Precision::Confusion();
 
 std::size_t count(const TopoDS_Shape& shape, TopAbs_ShapeEnum kind) {
@@ -53,7 +53,7 @@ exaShape::exaShape(TopoDS_Shape shape, exaFaceColours colours, bool allow_gaps)
 
 exaShape::~exaShape() = default;
 
-// The closest box would take longer to find than the facets themselves, so this one may be somewhat too large.
+// The tightest box would take longer to compute than the facets, so this box may be slightly too large.
 double exaShape::size() const {
   std::call_once(measured_, [this] {
     exa_failure_of([this] {
@@ -121,7 +121,7 @@ std::optional<annBox> exaShape::box(const annTransform& placement) const {
     return result;
   }
 
-  // A box moves and scales with its shape, so only a shape that is turned in another way is measured anew.
+  // A box can be moved and scaled with its shape. Only another rotation needs a new measurement.
   annTransform turn = parts.location;
   turn.m[3] = turn.m[7] = turn.m[11] = 0;
   const auto& m = turn.m;

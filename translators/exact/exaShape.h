@@ -10,8 +10,8 @@
 #include "exaExport.h"
 #include "exaFaceColours.h"
 
-// A shape of the kernel with the colours of its faces. Unchanging, so every operation may be called from several
-// threads; facets are made on a copy of the shape's topology, as shapes may share parts of it. The kind is "brep".
+// A kernel shape with the colours of its faces. Immutable and thread-safe; facets are made on a copy of the topology,
+// because shapes may share parts of it. The kind is "brep".
 class VELEXACT_API exaShape : public annExactShape {
  public:
   explicit exaShape(TopoDS_Shape shape, exaFaceColours colours = {}, bool allow_gaps = false);
@@ -20,18 +20,18 @@ class VELEXACT_API exaShape : public annExactShape {
   const TopoDS_Shape& shape() const { return shape_; }
   const exaFaceColours& colours() const { return colours_; }
 
-  // The same mesh as long as somebody holds that of the last call with this tolerance. Faces that cannot be meshed are
-  // a failure, or, where gaps are allowed, missing in the mesh and named in the status.
+  // Returns the mesh of the last call with this tolerance while it is still in use. Faces that cannot be meshed are an
+  // error or, where gaps are allowed, missing in the mesh and named in the status.
   std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status,
                                         annProgress* progress) const override;
-  // A hundred thousandth of its size, and a degree.
+  // A hundred thousandth of the size, and one degree.
   annTolerance least_tolerance() const override;
   annShapeContent content() const override { return content_; }
   std::optional<annBox> box(const annTransform& placement) const override;
   utString kind() const override { return "brep"; }
 
-  // The kernel's binary form: it gives every number back as it was, in half the bytes and a tenth of the time of the
-  // text form. Colours stand behind it.
+  // The kernel's binary form, followed by the colours. It keeps numbers exactly, with half the size and a tenth of the
+  // time of the text form.
   std::string save(apStatus& status) const override;
 
  private:
@@ -45,20 +45,20 @@ class VELEXACT_API exaShape : public annExactShape {
   mutable std::once_flag measured_;
   mutable double size_ = 0;
   mutable std::mutex lock_;
-  mutable std::weak_ptr<const annMesh> mesh_;  // of the last tolerance
+  mutable std::weak_ptr<const annMesh> mesh_;  // for the last tolerance
   mutable annTolerance mesh_tolerance_;
   mutable std::string mesh_gaps_;
-  mutable std::optional<std::array<double, 9>> turned_;  // how the shape was turned for the last box
+  mutable std::optional<std::array<double, 9>> turned_;  // the rotation of the shape for the last box
   mutable std::optional<annBox> box_;
 };
 
-// The kernel's shape in bytes of the kind "brep", in its text or binary form. Null, and a failed status, when they are
-// not whole or its compounds cannot be walked through. How often they repeat the shapes of a part is not looked at.
+// Parses a kernel shape from bytes of the kind "brep", text or binary. Null, with a failed status, when the bytes are
+// damaged or the compounds are nested too deep or repeated too often. Repetition inside a part is not checked.
 VELEXACT_API TopoDS_Shape exa_parse_shape(std::string_view bytes, apStatus& status);
 
-// The same as one part, with the colours that stand behind it; null too when it repeats its faces and edges too often.
+// The same for one part, with the colours after the shape. Null too when it repeats its faces and edges too often.
 VELEXACT_API std::shared_ptr<const exaShape> exa_parse(std::string_view bytes, apStatus& status);
 
-// Any exact shape of a document as one of the kernel's; null, and a failed status, when it is of another kind.
+// Converts any exact shape of a document to a kernel shape. Null, with a failed status, for an unknown kind.
 VELEXACT_API std::shared_ptr<const exaShape> exa_shape_of(const std::shared_ptr<const annExactShape>& shape,
                                                           apStatus& status);

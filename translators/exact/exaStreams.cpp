@@ -15,7 +15,7 @@ exaInputBuffer::exaInputBuffer(std::string_view bytes, velabsOutput* output, int
   hand_over(0);
 }
 
-// The whole memory is the buffer; only its readable end moves.
+// The buffer is the whole memory; only the end of its readable part moves.
 void exaInputBuffer::hand_over(std::size_t at) {
   char* const begin = const_cast<char*>(bytes_.data());
   const std::size_t end = output_ ? std::min(bytes_.size(), at + piece) : bytes_.size();
@@ -25,7 +25,7 @@ void exaInputBuffer::hand_over(std::size_t at) {
 exaInputBuffer::int_type exaInputBuffer::underflow() {
   const std::size_t at = static_cast<std::size_t>(gptr() - eback());
   if (at >= bytes_.size() || !output_ || output_->cancelled()) {
-    // Some readers of the kernel never look whether there is more.
+    // Some of the kernel's readers never check for the end of the data.
     if (++reads_behind_end_ > most_reads_behind_end) throw std::runtime_error("the bytes end too early");
     return traits_type::eof();
   }

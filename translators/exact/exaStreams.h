@@ -7,8 +7,8 @@
 #include "velabsOfStream.h"
 #include "velabsOutput.h"
 
-// Bytes in memory for the kernel's readers. With an output they are handed over piece by piece: each tells how far the
-// reading is, as the part from 0 to `percent`, and a wish to stop ends the bytes.
+// Bytes in memory as a stream for the kernel's readers. With an output, they are passed in pieces: each piece reports
+// progress from 0 to `percent`, and cancelling ends the data.
 class VELEXACT_API exaInputBuffer : public std::streambuf {
  public:
   explicit exaInputBuffer(std::string_view bytes, velabsOutput* output = nullptr, int percent = 0);
@@ -27,7 +27,7 @@ class VELEXACT_API exaInputBuffer : public std::streambuf {
   int reads_behind_end_ = 0;
 };
 
-// The kernel's writers into an output stream.
+// Lets the kernel's writers write to an output stream.
 class VELEXACT_API exaOutputBuffer : public std::streambuf {
  public:
   explicit exaOutputBuffer(velabsOfStream& stream) : stream_(stream) {}

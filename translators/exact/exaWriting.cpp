@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::size_t longest_name = 100;  // leaves room for the rest of a file name, which has 255 bytes at most
+constexpr std::size_t longest_name = 100;  // leaves room for the rest of a file name, which has at most 255 bytes
 
 std::string extension_of(const utString& file) {
   const std::string name = file.str().substr(file.str().rfind('/') + 1);
@@ -21,7 +21,7 @@ std::string extension_of(const utString& file) {
   return dot == name.npos || dot == 0 ? "" : name.substr(dot + 1);
 }
 
-// What may stand in a name of a file anywhere.
+// A part name with only characters that are valid in file names on all systems.
 std::string file_name_of(const utString& part) {
   std::string name = vlt_one_line(part);
   for (char& c : name) {

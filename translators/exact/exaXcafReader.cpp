@@ -37,12 +37,12 @@ utString name_of(const TDF_Label& label) {
   return utString(text);
 }
 
-// The kernel calls a component that has no name of its own after the label that it stands for.
+// The kernel names a component without a name after the label that it refers to.
 bool is_made_up(const utString& name) {
   return name.empty() || name.str().starts_with("=>[");
 }
 
-// It calls a shape without a product after its kind.
+// The kernel names a shape without a product after its type.
 bool is_kind(const utString& name) {
   constexpr std::array kinds{"COMPOUND", "COMPSOLID", "SOLID", "SHELL", "FACE", "WIRE", "EDGE", "VERTEX"};
   return std::any_of(kinds.begin(), kinds.end(), [&](const char* kind) { return name == kind; });
@@ -52,7 +52,7 @@ bool is_number(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
 }
 
-// The kernel takes the identifier of an instance for a name that is missing; writers often count instances in it.
+// The kernel uses the identifier of an instance when the name is missing; writers often number instances there.
 bool names_instance(const utString& name) {
   constexpr std::string_view counted = "NAUO";
   std::string_view text = name.view();
@@ -63,7 +63,7 @@ bool names_instance(const utString& name) {
 annColour colour_from(const Quantity_ColorRGBA& source) {
   double red = 0, green = 0, blue = 0;
   source.GetRGB().Values(red, green, blue, Quantity_TOC_sRGB);
-  // The kernel keeps another scale of brightness in floats: the last digits are its own.
+  // The kernel stores linear colours as floats, so the last digits are rounding errors.
   auto rounded = [](double part) { return static_cast<float>(std::round(std::clamp(part, 0.0, 1.0) * 1e5) / 1e5); };
   return {rounded(red), rounded(green), rounded(blue), rounded(static_cast<double>(source.Alpha()))};
 }
@@ -78,7 +78,7 @@ bool is_group(const TopoDS_Shape& shape) {
   return parts > 0;
 }
 
-// What a group of groups comes to: solids, compounds of faces, and loose faces as they are.
+// The members of nested groups, flattened: solids, compounds of faces, and loose faces.
 std::vector<TopoDS_Shape> members_of(const TopoDS_Shape& shape) {
   std::vector<TopoDS_Shape> members, open{shape};
   while (!open.empty()) {
@@ -95,7 +95,7 @@ std::vector<TopoDS_Shape> members_of(const TopoDS_Shape& shape) {
   return members;
 }
 
-// A shape whose faces all have one colour has that colour itself.
+// The colour of a shape whose faces all have the same colour.
 std::optional<annColour> only_colour(const exaFaceColours& colours) {
   const bool all = colours.colours.size() == 1 && std::all_of(colours.of_face.begin(), colours.of_face.end(),
                                                               [](std::uint32_t number) { return number == 0; });
@@ -151,7 +151,7 @@ void exaXcafReader::report_hidden() {
                   0, hidden_count_);
 }
 
-// The bodies of a shape that are read.
+// Removes hidden bodies from a shape, unless the options include them.
 TopoDS_Shape exaXcafReader::shown(const TopoDS_Shape& shape) {
   const TopoDS_Shape rest = hidden_.shown(shape, hidden_count_);
   return options_.show_hidden ? shape : rest;
@@ -159,7 +159,7 @@ TopoDS_Shape exaXcafReader::shown(const TopoDS_Shape& shape) {
 
 utString exaXcafReader::own_name(const TDF_Label& label) const {
   const utString name = name_of(label);
-  // Where the format knows no products, the kinds of shapes are all that the kernel has to name most of them by.
+  // Where the format has no products, the kernel names most shapes by their type.
   return options_.split_compounds && is_kind(name) ? utString() : name;
 }
 
@@ -188,7 +188,7 @@ void exaXcafReader::add_components(std::size_t number) {
 }
 
 void exaXcafReader::settle_all() {
-  // What stands in an assembly is settled before it. Settling adds definitions that are settled already.
+  // Components are resolved before their assembly. Definitions added meanwhile are already resolved.
   std::vector<std::size_t> next(definitions_.size(), 0);
   std::vector<std::size_t> open;
   for (std::size_t start = 0; start < next.size(); ++start) {
@@ -220,7 +220,7 @@ void exaXcafReader::settle(Definition& definition) {
   }
   std::erase_if(components, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
   definition.worth_showing = !components.empty();
-  // A product that stands in another one has a name of its own, even where its occurrence has none.
+  // A product inside another one has a name, even where its instance has none.
   const bool are_pieces = std::all_of(components.begin(), components.end(), [&](const Component& it) {
     const Definition& piece = *definitions_[it.definition];
     return is_made_up(it.name) && (is_made_up(piece.name) || is_kind(piece.name)) && !piece.body.empty();
@@ -329,7 +329,7 @@ void exaXcafReader::give_shape(Definition& definition, const TopoDS_Shape& shape
     for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
       const annColour* const own = maps.of_face.Seek(it.Current());
       const annColour* piece = maps.of_piece.Seek(it.Current());
-      // A piece in the colour of its part has none of its own.
+      // A piece with the colour of its part has no separate colour.
       if (piece && definition.colour == *piece) piece = nullptr;
       by_faces = by_faces || own;
       colours.add(own ? own : piece);

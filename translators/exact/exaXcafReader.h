@@ -18,39 +18,39 @@
 #include "velabsOutput.h"
 #include "vltOnce.h"
 
-// Colours of the sub-shapes of a part. Those of pieces hold for all of their faces, those of faces for themselves.
+// Colours of the sub-shapes of a part. The colour of a piece applies to all its faces, that of a face to the face.
 struct exaColourMaps {
   NCollection_DataMap<TopoDS_Shape, annColour, TopTools_ShapeMapHasher> of_piece;
   NCollection_DataMap<TopoDS_Shape, annColour, TopTools_ShapeMapHasher> of_face;
 };
 
-// Turns the kernel's document into nodes: a product becomes a node named after it wherever it occurs, its shape one
-// body that all of these share. Each node also has the name of its instance where the file gives one. The pieces that
-// the kernel makes of a part of several representations become one body again. What has no faces is left out, and so is
-// what the file hides unless the options ask for it; notes report both.
+// Converts the kernel's document to nodes. A product becomes a node with its name for each instance, and its shape one
+// body that they share. Each node also gets the name of its instance where the file has one. If the kernel splits a
+// part with several representations, its pieces are merged into one body. Shapes without faces are skipped, and so are
+// bodies that the file hides unless the options include them; notes report both.
 //
-// Faces and solids that have a colour of their own keep it wherever they stand. The others take that of the occurrence
-// that they stand in, and where it has none that of their product.
+// Faces and solids with a separate colour keep it in every instance. All others have the colour of their instance, or
+// of their product where the instance has none.
 class exaXcafReader {
  public:
   exaXcafReader(const Handle(TDocStd_Document) & source, const exaReadOptions& options, exaHidden hidden,
                 velabsOutput& output);
 
-  // False, and a message, when there is nothing to show or the tree is too big or too deep.
+  // False, with a message, when there is nothing to show or the tree is too large or too deep.
   bool read(annDocument& document);
 
  private:
   struct Component {
     std::size_t definition;
     annTransform location;
-    utString name;  // null when nobody gave it one
+    utString name;  // empty for an instance without a name
     std::optional<annColour> colour;
   };
   struct Definition {
     TDF_Label label;
     utString name;
     std::optional<annColour> colour;
-    bool faces_have_colour = false;  // the colour is the one that all of its faces have of their own
+    bool faces_have_colour = false;  // the colour is the common colour of its faces
     annBody body;
     std::vector<Component> components;
     bool worth_showing = false;

@@ -5,6 +5,6 @@
 #include "annDocument.h"
 #include "velabsOutput.h"
 
-// The kernel's document for a file whose unit of length is so many millimetres long; 0 or less when it names none. The
-// neutral one gets the unit too; one that is not known here becomes millimetres, and that is said.
+// Creates the kernel's document for a file with this length unit in millimetres; 0 or less when the file declares
+// none. Also sets the unit of the neutral document. An unknown unit is replaced by millimetres and reported.
 Handle(TDocStd_Document) exa_xcaf_target(double millimetres, annDocument& document, velabsOutput& output);

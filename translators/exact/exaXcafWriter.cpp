@@ -23,7 +23,7 @@ Quantity_ColorRGBA colour_of(const annColour& colour) {
           static_cast<float>(part(colour.opacity))};
 }
 
-// The kernel's own decoding goes on behind the end of a text that ends within a character.
+// The kernel's decoder reads past the end of a text that ends inside a character.
 TCollection_ExtendedString kernel_text(const utString& name) {
   const std::string valid = vlt_as_utf8(vlt_one_line(name));
   std::u16string text;
@@ -51,7 +51,7 @@ class Writer {
   }
 
   Handle(TDocStd_Document) write(const std::vector<exaProduct::Use>& top) {
-    // A part alone takes its place into its shape.
+    // For a single part, the location is applied to the shape.
     if (products_.size() == 1 && top.size() == 1) alone_at_ = top[0].location;
     for (const exaProduct& product : products_) add(product);
     if ((products_.size() > 1 || top.size() > 1) && !can_stand_alone(top)) {
@@ -72,7 +72,7 @@ class Writer {
       for (const exaProduct::Use& use : product.uses) place(label, use);
       return;
     }
-    // The kernel takes products of one shape for one product.
+    // The kernel merges products that have the same shape.
     TopoDS_Shape shape = exa_changed(product.shape, exa_transform(alone_at_));
     if (!known_.Add(shape.Located(TopLoc_Location()))) shape = BRepBuilderAPI_Copy(shape, false, false).Shape();
     shapes_->SetShape(label, shape);
@@ -92,7 +92,8 @@ class Writer {
     name(component, use.instance_name.empty() ? products_[use.product].name : use.instance_name);
   }
 
-  // Products that stand at the origin of the document and nowhere else can be on their own there.
+  // True when every product has one instance, at the origin of the document, so that no assembly is needed around
+  // them.
   bool can_stand_alone(const std::vector<exaProduct::Use>& top) const {
     std::vector<int> uses(products_.size(), 0);
     for (const exaProduct& product : products_) {

@@ -5,12 +5,12 @@
 #include "exaProducts.h"
 
 struct exaXcafNames {
-  utString whole;    // of the assembly that gets made around products that do not stand at the origin
-  utString unnamed;  // of products without a name; null leaves them so
+  utString whole;    // name of the assembly that is added around products that are not at the origin
+  utString unnamed;  // for products without a name; null leaves them unnamed
 };
 
-// The kernel's document of products, for its writers of STEP and IGES. `unit` is the length of the numbers' unit in
-// millimetres. What the kernel throws passes through.
+// Makes the kernel's document of products, for its STEP and IGES writers. `unit` is the length unit of the numbers, in
+// millimetres. Exceptions of the kernel are passed on.
 Handle(TDocStd_Document)
     exa_xcaf_document(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, double unit,
                       bool with_colours, const exaXcafNames& names);

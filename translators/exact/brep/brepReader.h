@@ -2,8 +2,8 @@
 
 #include "vltFormat.h"
 
-// Reads the kernel's own format, in its text and its binary form. Compounds that hold others or several solids become
-// nodes, what they hold keeps its place in them, and parts that stand in several places are one body.
+// Reads the kernel's native format, text or binary. Compounds that contain compounds or several solids become nodes
+// and keep the placements of their members. A part with several instances becomes one shared body.
 class brepReader : public vltDescribed<velabsLibInput> {
  public:
   brepReader();

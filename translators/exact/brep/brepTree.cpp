@@ -22,7 +22,7 @@ bool brepTree::has_faces(const TopoDS_Shape& shape) {
   return census_.of(shape).faces > 0;
 }
 
-// A compound of other compounds or of several solids; any other one is a part of loose faces.
+// True for a compound of compounds or of several solids. Any other compound is one part made of loose faces.
 bool brepTree::is_assembly(const TopoDS_Shape& shape) {
   if (shape.ShapeType() != TopAbs_COMPOUND) return false;
   std::size_t solids = 0;
@@ -74,11 +74,11 @@ void brepTree::add(const Open& current, std::vector<Open>& open) {
   }
   const TopoDS_Shape loose = loose_in(here);
   if (has_faces(loose)) open.push_back({loose, &node});
-  // The last one is taken first.
+  // `open` is a stack, so reverse to visit the members in file order.
   std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
 }
 
-// Loose faces beside parts are a part of their own, the same one wherever the assembly stands.
+// Loose faces beside parts become a separate part, which all instances of the assembly share.
 TopoDS_Shape brepTree::loose_in(const TopoDS_Shape& assembly) {
   if (const TopoDS_Shape* const known = loose_.Seek(assembly)) return *known;
   TopoDS_Compound loose;
@@ -108,7 +108,7 @@ annBody brepTree::made_of(const TopoDS_Shape& shape) const {
   for (TopExp_Explorer it(shape, TopAbs_FACE); it.More(); it.Next()) {
     if (exa_has_surface(TopoDS::Face(it.Current()))) return {nullptr, exact};
   }
-  // Nothing here is exact, and the kernel breaks down on most that is done to faces without surfaces.
+  // A part of facets only becomes a mesh: the kernel crashes in most operations on faces without surfaces.
   apStatus status;
   if (auto mesh = exact->facets({}, status, nullptr)) return {mesh, nullptr};
   return {nullptr, exact};

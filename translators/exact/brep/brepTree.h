@@ -10,12 +10,12 @@
 #include "exaShape.h"
 #include "velabsOutput.h"
 
-// Makes nodes of a shape.
+// Builds the node tree of a shape.
 class brepTree {
  public:
   brepTree(const exaReadOptions& options, velabsOutput& output) : options_(options), output_(output) {}
 
-  // False when the work is cancelled, and, with a message, when the shape has no faces or repeats them too often.
+  // False when the work is cancelled, or, with a message, when the shape has no faces or repeats them too often.
   bool read(const TopoDS_Shape& shape, annNode& root);
 
  private:
@@ -27,14 +27,15 @@ class brepTree {
   bool is_assembly(const TopoDS_Shape& shape);
   void add(const Open& current, std::vector<Open>& open);
   TopoDS_Shape loose_in(const TopoDS_Shape& assembly);
-  // What is wanted of a part; empty when that is nothing, or too much, as `fault_` then says.
+  // The body of a part, limited to the requested entity types. Empty when nothing is left, or on an error, which is
+  // then in `fault_`.
   annBody body_of(const TopoDS_Shape& part);
   annBody made_of(const TopoDS_Shape& shape) const;
 
   exaReadOptions options_;
   velabsOutput& output_;
   NCollection_DataMap<TopoDS_Shape, annBody, TopTools_OrientedShapeMapHasher> bodies_;
-  NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_OrientedShapeMapHasher> loose_;  // of assemblies
+  NCollection_DataMap<TopoDS_Shape, TopoDS_Shape, TopTools_OrientedShapeMapHasher> loose_;  // keyed by assembly
   exaCensus census_;
   double in_bodies_ = 0;
   std::string fault_;

@@ -33,7 +33,7 @@ TopoDS_Shape compound_of(const std::vector<TopoDS_Shape>& shapes, const std::vec
       builder.Add(compound, shape);
       continue;
     }
-    // Loose faces in one compound would be taken for one part.
+    // In one compound with other parts, loose faces would be read as one part with them.
     TopoDS_Compound part;
     builder.MakeCompound(part);
     builder.Add(part, shape);

@@ -2,8 +2,8 @@
 
 #include "vltFormat.h"
 
-// Writes the kernel's own format as text or binary, as FILE_FORMAT says. Assemblies become compounds that share their
-// parts.
+// Writes the kernel's native format, text or binary as FILE_FORMAT selects. Assemblies become compounds that share
+// their parts.
 class brepWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit brepWriter(velabsOfStream* stream);

@@ -6,7 +6,7 @@
 
 namespace {
 
-// From U+00A0 on, the supplement of Latin 1 and Latin Extended A.
+// From U+00A0 on: Latin-1 Supplement and Latin Extended-A.
 constexpr char32_t first_letter = 0xA0;
 constexpr std::array<const char*, 0xE0> letters{
     " ", "!",  "c",  "GBP", "?", "JPY", "|",  "?", "\"", "(C)", "a", "<<", "-",   "-",   "(R)", "-",   // A0
@@ -34,7 +34,7 @@ const char* plain(char32_t code) {
   return "?";
 }
 
-// A letter may come with its accents behind it.
+// A letter may be followed by combining accents.
 bool is_accent(char32_t code) {
   return code >= 0x300 && code < 0x370;
 }

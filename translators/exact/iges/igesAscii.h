@@ -3,6 +3,6 @@
 #include <string>
 #include <string_view>
 
-// A name in the characters of the format, which are printable ASCII: Latin letters without their accents, dashes and
-// quotes as keyboards have them, "?" for all other characters. `changed` becomes true when it is another name then.
+// Converts a name to printable ASCII, the characters of the format: Latin letters lose their accents, dashes and
+// quotes become ASCII ones, all other characters become "?". Sets `changed` when the name differs.
 std::string iges_ascii(std::string_view name, bool& changed);

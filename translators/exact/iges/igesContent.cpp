@@ -12,7 +12,7 @@
 
 namespace {
 
-// The kernel's places do not scale.
+// The kernel's locations do not scale.
 bool is_scaled(const IGESData_IGESEntity& entity) {
   const auto subfigure = dynamic_cast<const IGESBasic_SingularSubfigure*>(&entity);
   return subfigure && subfigure->HasScaleFactor() && subfigure->ScaleFactor() != 1;

@@ -4,5 +4,5 @@
 
 #include "velabsOutput.h"
 
-// Says, of a file whose shapes were made, what the kernel leaves out of them.
+// Reports what the kernel skips in a file, after its shapes were made.
 void iges_tell_left_out(const IGESCAFControl_Reader& reader, velabsOutput& output);

@@ -12,7 +12,7 @@ namespace {
 // Values of the status number in the directory entry.
 constexpr int blanked = 1, definition = 2, applies_not_below = 1;
 
-// Definitions are seen by their instances, which have a status of their own.
+// Definitions are visible through their instances, which have a separate status.
 bool is_hidden(const IGESData_IGESEntity& entity) {
   return entity.BlankStatus() == blanked && entity.HierarchyStatus() != applies_not_below &&
          entity.UseFlag() != definition;

@@ -4,6 +4,6 @@
 
 #include "exaHidden.h"
 
-// The bodies of a file whose shapes were made that are blanked themselves. Curves and surfaces that bodies are made of
-// are often blanked too and hide nothing.
+// The bodies of a file that are blanked themselves, after its shapes were made. Curves and surfaces that bodies are
+// made of are often blanked too, which does not hide the body.
 exaHidden iges_hidden(const IGESCAFControl_Reader& reader);

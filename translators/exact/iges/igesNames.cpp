@@ -9,7 +9,7 @@
 
 namespace {
 
-// The same name in UTF-8; null when it is that already.
+// The name in UTF-8; null when it already is.
 Handle(TCollection_HAsciiString) repaired(const Handle(TCollection_HAsciiString) & name) {
   if (name.IsNull()) return nullptr;
   const std::string_view bytes(name->ToCString());

@@ -4,5 +4,5 @@
 
 #include "exaNesting.h"
 
-// Which groups, subfigures and assemblies stand in which ones in a parsed file.
+// Which groups, subfigures and assemblies of a parsed file contain which others.
 exaNesting iges_nesting(const Handle(IGESData_IGESModel) & model);

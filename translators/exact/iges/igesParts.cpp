@@ -7,10 +7,10 @@
 
 namespace {
 
-// Of copies beyond the first one; the kernel takes about 17 kB for each.
+// Maximum number of faces in copies beyond the first; the kernel needs about 17 kB for each.
 constexpr std::size_t most_copied_faces = 300'000;
 
-// How often each product stands in the tree.
+// The number of occurrences of each product in the tree.
 std::vector<std::size_t> occurrences(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top) {
   std::vector<std::size_t> counts(products.size(), 0);
   for (const exaProduct::Use& use : top) ++counts[use.product];

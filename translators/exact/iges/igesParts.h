@@ -4,11 +4,11 @@
 
 #include "exaProducts.h"
 
-// The parts of a tree side by side: one for each place that a part takes, its shape in that place. False when they are
-// more than FACET_LIMIT or the memory allow, which is said before the first one is made, or when the work is cancelled.
-// What the kernel throws passes through.
+// Flattens a tree to a list of parts: one for each instance, with its shape in place. False, with a message before the
+// first part is made, when FACET_LIMIT or the memory does not allow them. False too when the work is cancelled.
+// Exceptions of the kernel are passed on.
 bool iges_make_parts(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top,
                      const velTableInstance& resources, velabsOutput& output, std::vector<exaProduct>& parts);
 
-// Each of them once, where it is.
+// One instance of each part, at its own place.
 std::vector<exaProduct::Use> iges_uses(const std::vector<exaProduct>& parts);

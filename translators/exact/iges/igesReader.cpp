@@ -33,14 +33,14 @@ namespace {
 
 constexpr int percent_parsed = 20, percent_made = 90;
 
-// What the kernel keeps for the whole process, so each reading sets all of it.
+// These parameters of the kernel are global, so each reading sets all of them.
 void set_parameters(const velTableInstance& resources) {
   const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
   const int modes[] = {0, 3, 2};  // as the file prefers, in space, in parameters
   Interface_Static::SetIVal("read.surfacecurve.mode", modes[trim]);
 }
 
-// The last line of a whole file is that of its terminate section: a "T" in column 73.
+// The last line of a complete file is its terminate section: a "T" in column 73.
 bool has_end(std::string_view bytes) {
   constexpr std::size_t looked_at = 1024, column = 72;
   constexpr std::string_view padding("\r\n \0", 4);
@@ -58,8 +58,8 @@ bool has_end(std::string_view bytes) {
   return false;
 }
 
-// The numbers below are those of curves, surfaces, solids that are made of others, and placements. The boundaries of
-// other solids name long lists of edges over and over.
+// Lower type numbers are curves, surfaces, constructed solids and placements. Boundaries of other solids refer to long
+// lists of edges many times.
 bool is_geometry(const Standard_Transient& entity) {
   constexpr int first_other = 200;
   const auto* const known = dynamic_cast<const IGESData_IGESEntity*>(&entity);
@@ -71,7 +71,7 @@ class Reading {
   Reading(const utString& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)
       : file_(file), resources_(resources), document_(document), output_(output), session_(output) {}
 
-  // What the kernel left unfinished may break down once more.
+  // Destroying unfinished kernel objects may crash again.
   ~Reading() {
     exa_failure_of([reader = reader_.release()] { delete reader; });
   }
@@ -114,7 +114,7 @@ class Reading {
   bool transfer() {
     target_ = exa_xcaf_target(reader_->IGESModel()->GlobalSection().UnitValue(), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
-    // The kernel takes a file without entities for a failure.
+    // The kernel reports a file without entities as a failure.
     const bool done = reader_->IGESModel()->NbEntities() == 0 || reader_->Transfer(target_, progress->Start());
     if (done) {
       iges_tell_left_out(*reader_, output_);

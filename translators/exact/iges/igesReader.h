@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Reads IGES files: solids and surfaces, loose ones too. Numbers stay in the unit of the file.
+// Reads IGES files: solids and surfaces, including loose ones. Numbers keep the unit of the file.
 class igesReader : public vltDescribed<velabsLibInput> {
  public:
   igesReader();

@@ -41,7 +41,7 @@ struct Unit {
   velLengthUnit written;
 };
 
-// The format knows all units but the yard.
+// The format has all units except the yard.
 constexpr Unit units[] = {{velLENGTH_MICROMETRE, "UM", velLENGTH_MICROMETRE},
                           {velLENGTH_MILLIMETRE, "MM", velLENGTH_MILLIMETRE},
                           {velLENGTH_CENTIMETRE, "CM", velLENGTH_CENTIMETRE},
@@ -91,7 +91,7 @@ void put_names(std::vector<exaProduct>& parts, vltOnce& findings) {
   }
 }
 
-// The kernel gives names to entities in the order of a table by address. They are put in the order of the entities.
+// The kernel adds names in the order of a table of addresses. Sort them by the order of their entities.
 void order_names(const Handle(IGESData_IGESModel) & model) {
   std::vector<Handle(IGESBasic_Name)> names;
   std::vector<std::pair<Handle(IGESData_IGESEntity), Handle(IGESBasic_Name)>> owners;
@@ -116,7 +116,7 @@ void order_names(const Handle(IGESData_IGESModel) & model) {
   }
 }
 
-// Faces of solids, or surfaces with bounds.
+// Counts faces of solids, or bounded surfaces.
 std::size_t face_count(const IGESData_IGESModel& model) {
   std::size_t count = 0;
   for (int i = 1; i <= model.NbEntities(); ++i) {
@@ -130,12 +130,12 @@ std::size_t face_count(const IGESData_IGESModel& model) {
 bool put(const Handle(TDocStd_Document) & source, std::size_t faces, const velTableInstance& resources,
          const Unit& unit, velabsOfStream& stream, velabsOutput& output, const exaSession& session) {
   const bool surfaces = resources.value<velTypeOption>("ENTITY_TYPES", velTYPE_ALL) == velTYPE_SURFACES;
-  // The parameters are there once the kernel's part for IGES is, and count when a writer is made.
+  // The parameters exist after the kernel's IGES module is initialised, and are read when a writer is made.
   IGESControl_Controller::Init();
   Interface_Static::SetCVal("write.iges.unit", unit.name);
   Interface_Static::SetIVal("write.iges.brep.mode", surfaces ? 0 : 1);
-  // Faces of solids lie on planes, cylinders and cones whose parameters are lengths. Some programs read these in the
-  // file's unit, others in millimetres. The curves in space, which are always written, bound the faces as well.
+  // Curves in the parameters of planes, cylinders and cones have lengths as coordinates. Some programs read these in
+  // the file's unit, others in millimetres. The curves in space, which are always written, bound the faces as well.
   const bool with_parameters = surfaces || unit.written == velLENGTH_MILLIMETRE;
   Interface_Static::SetIVal("write.surfacecurve.mode", with_parameters ? 1 : 0);
   IGESCAFControl_Writer writer;

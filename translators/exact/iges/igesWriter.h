@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes IGES files. The format knows no products: each part is written where it stands.
+// Writes IGES files. The format has no products: each instance of a part is written separately, in place.
 class igesWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit igesWriter(velabsOfStream* stream);

@@ -4,5 +4,5 @@
 
 #include "exaNesting.h"
 
-// Which products and representations of a parsed file stand in which others.
+// Which products and representations of a parsed file contain which others.
 exaNesting step_nesting(const Handle(StepData_StepModel) & model);

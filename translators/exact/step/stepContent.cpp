@@ -38,7 +38,7 @@ std::string schema_of(const StepData_StepModel& model) {
   return std::string(name.substr(0, name.find(' ')));
 }
 
-// The kernel's classes are called after the kinds of the schema.
+// The kernel's classes are named after the entity types of the schema.
 bool is_measured_or_annotated(std::string_view type) {
   for (const char* family : {"StepDimTol_", "StepShape_DimensionalLocation", "StepShape_DimensionalSize",
                              "StepShape_AngularLocation", "StepShape_AngularSize", "StepVisual_Annotation",

@@ -5,9 +5,9 @@
 
 #include "velabsOutput.h"
 
-// Why nothing could be made of a parsed file.
+// Why a parsed file gave no shapes.
 std::string step_why_empty(const Handle(StepData_StepModel) & model);
 
-// Says in one note for each kind what a parsed file holds beside shapes, names and colours, which alone are read: what
-// is measured and annotated, and layers.
+// Reports, in one note for each kind, content of a parsed file that is not read: dimensions, annotations and layers.
+// Only shapes, names and colours are read.
 void step_tell_left_out(const Handle(StepData_StepModel) & model, velabsOutput& output);

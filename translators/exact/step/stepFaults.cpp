@@ -14,14 +14,14 @@
 
 namespace {
 
-// A file that was cut off often looks whole to the kernel: what is missing is just not there.
+// The kernel does not report a truncated file: the missing entities are just absent.
 bool has_end(std::string_view bytes) {
   constexpr std::size_t looked_at = 4096;
   return bytes.substr(bytes.size() - std::min(bytes.size(), looked_at)).find("END-ISO-10303-21") != bytes.npos;
 }
 
-// Pieces of curves and surfaces are no items themselves, and curves in the parameters of surfaces stand in
-// representations of their own.
+// Segments of curves and surfaces are not items, and curves in the parameters of surfaces have separate
+// representations.
 bool is_geometry(const Standard_Transient& entity) {
   return entity.IsKind(STANDARD_TYPE(StepRepr_RepresentationItem)) ||
          entity.IsKind(STANDARD_TYPE(StepRepr_DefinitionalRepresentation)) ||

@@ -14,7 +14,7 @@ namespace {
 
 using Entity = Handle(Standard_Transient);
 
-// What an entity that hides or is hidden stands for, one step nearer to the shapes.
+// The items of an entity that hides or is hidden, one step closer to the shapes.
 std::vector<Entity> items_of(const Entity& entity) {
   std::vector<Entity> items;
   if (const auto styled = Handle(StepVisual_StyledItem)::DownCast(entity)) {

@@ -5,5 +5,5 @@
 
 #include "exaHidden.h"
 
-// The bodies of a file whose shapes were made that INVISIBILITY lists, by their style or by a layer that they are on.
+// The bodies that INVISIBILITY lists by style or by layer, after the shapes of the file were made.
 exaHidden step_hidden(const Handle(StepData_StepModel) & model, const Handle(Transfer_TransientProcess) & made);

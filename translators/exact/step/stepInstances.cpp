@@ -30,7 +30,7 @@ class InstanceNames {
     }
   }
 
-  // Both the components of a label and the instances of its product are in the order of the shapes in the assembly.
+  // Components of a label and instances of its product are both in the order of the shapes in the assembly.
   void set(const TDF_Label& assembly) {
     auto& instances = instances_[product_of(assembly)];
     TDF_LabelSequence components;
@@ -63,7 +63,7 @@ class InstanceNames {
   }
 
   const Handle(Transfer_FinderProcess) & made_;
-  std::unordered_map<const Standard_Transient*, std::list<Instance>> instances_;  // by the assembly's product
+  std::unordered_map<const Standard_Transient*, std::list<Instance>> instances_;  // keyed by the assembly's product
 };
 
 }  // namespace

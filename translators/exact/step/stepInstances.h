@@ -4,7 +4,7 @@
 #include <TDocStd_Document.hxx>
 #include <Transfer_FinderProcess.hxx>
 
-// Gives each instance in a model that the kernel made of a document the name of its component there. The kernel finds
-// instances by their shape and place, so it mixes up those of different assemblies that are equal in both.
+// Names each instance in a model after its component in the document from which the kernel made the model. The kernel
+// finds instances by shape and placement, so it confuses equal ones of different assemblies.
 void step_name_instances(const Handle(TDocStd_Document) & source, const Handle(Transfer_FinderProcess) & made,
                          const Handle(StepData_StepModel) & model);

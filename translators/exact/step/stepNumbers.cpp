@@ -8,7 +8,7 @@
 
 namespace {
 
-// Calls with the text behind the mark of each entity, "#12=POINT..." for instance, until it returns false.
+// Calls `found` with the text that starts at each entity number, for example "#12=POINT...", until it returns false.
 void for_each_definition(std::string_view bytes, const std::function<bool(std::string_view)>& found) {
   bool at_start = true;
   for (std::size_t i = 0; i < bytes.size(); ++i) {

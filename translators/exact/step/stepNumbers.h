@@ -3,6 +3,6 @@
 #include <string>
 #include <string_view>
 
-// Why the numbers of the entities in a file are none, as the end of a sentence that begins with "it"; nothing when each
-// number stands for one entity. A reader that searches by them may search for ever else.
+// Why the entity numbers of a file are invalid, as the end of a sentence that begins with "it"; empty when each number
+// identifies one entity. With duplicates, a reader that searches by number may not end.
 std::string step_number_fault(std::string_view bytes);

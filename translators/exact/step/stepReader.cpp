@@ -37,7 +37,7 @@ namespace {
 
 constexpr int percent_parsed = 40, percent_made = 90;
 
-// The kernel looks for the files that this one refers to beside the place that it is told.
+// The kernel looks for referenced files beside the path that it is given, so links are resolved.
 std::string real_place(const utString& file) {
   std::error_code error;
   const std::filesystem::path real = std::filesystem::canonical(file.str(), error);
@@ -49,7 +49,7 @@ class Reading {
   Reading(const utString& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)
       : file_(file), resources_(resources), document_(document), output_(output), session_(output) {}
 
-  // What the kernel left unfinished may break down once more.
+  // Destroying unfinished kernel objects may crash again.
   ~Reading() {
     exa_failure_of([reader = reader_.release()] { delete reader; });
   }
@@ -78,7 +78,7 @@ class Reading {
 
   bool parse(std::string_view bytes) {
     reader_ = std::make_unique<STEPCAFControl_Reader>();
-    // The kernel keeps these for the whole process. Curves in the parameters of surfaces are taken as they are.
+    // These parameters of the kernel are global. Curves in the parameters of surfaces are read unchanged.
     Interface_Static::SetCVal("read.step.codepage", "UTF8");
     Interface_Static::SetIVal("read.surfacecurve.mode", 0);
     reader_->SetNameMode(true);
@@ -105,7 +105,7 @@ class Reading {
     target_ = exa_xcaf_target(step_unit_of(reader_->Reader().StepModel()), document_, output_);
     const Handle(exaProgress) progress = new exaProgress(output_, percent_parsed, percent_made);
     const Handle(StepData_StepModel) model = reader_->Reader().StepModel();
-    // The kernel takes a file without entities for a failure.
+    // The kernel reports a file without entities as a failure.
     const bool done = model->NbEntities() == 0 || reader_->Transfer(target_, progress->Start());
     if (done) {
       step_tell_left_out(model, output_);

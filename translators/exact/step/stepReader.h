@@ -2,8 +2,8 @@
 
 #include "vltFormat.h"
 
-// Reads STEP files, ISO 10303-21, of AP203, AP214 and AP242, and the files that they refer to in their own directory.
-// Numbers stay in the unit of the first product that is part of no other.
+// Reads STEP files (ISO 10303-21) of AP203, AP214 and AP242, and the files in their directory that they refer to.
+// Numbers keep the unit of the first product that is not part of another one.
 class stepReader : public vltDescribed<velabsLibInput> {
  public:
   stepReader();

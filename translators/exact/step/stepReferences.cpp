@@ -33,7 +33,7 @@ std::vector<std::string> references_of(STEPControl_Reader& reader) {
   return names;
 }
 
-// The real places of the directory and of what lies in it are compared, so links lead nowhere else.
+// The resolved paths of the directory and its files are compared, so links cannot lead outside it.
 bool lies_in(const fs::path& directory, const fs::path& file) {
   const fs::path relative = file.lexically_relative(directory);
   return !relative.empty() && *relative.begin() != "..";
@@ -42,7 +42,7 @@ bool lies_in(const fs::path& directory, const fs::path& file) {
 }  // namespace
 
 bool step_settle_references(STEPControl_Reader& reader, const utString& file, velabsOutput& output) {
-  // A file that is open stands in itself when it is named again.
+  // A file that is referred to while it is on this stack contains itself.
   struct Open {
     fs::path file;
     std::vector<std::string> names;
@@ -106,7 +106,7 @@ bool step_settle_references(STEPControl_Reader& reader, const utString& file, ve
                      utString("the file " + shown + " that it refers to is no whole STEP file: it is left out"));
       continue;
     }
-    // The kernel reads all of them in one encoding, and on behind the end of a name that is in another one.
+    // The kernel reads all files in one encoding, and reads past the end of a name in another encoding.
     if (!vlt_is_utf8(bytes)) Interface_Static::SetCVal("read.step.codepage", "iso8859-1");
     open.push_back({real, references_of(other)});
   }

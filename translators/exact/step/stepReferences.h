@@ -5,7 +5,7 @@
 #include "utString.h"
 #include "velabsOutput.h"
 
-// Looks at the files that a parsed one refers to, and at those that these refer to, before the kernel follows them:
-// every one that is missing is named. False, and a message, when one lies outside the directory of `file` or would lead
-// the kernel in circles; nothing may then be read.
+// Checks the files that a parsed file refers to, directly or indirectly, before the kernel follows them. Reports every
+// missing file. False, with a message, when a file is outside the directory of `file` or the references form a cycle;
+// nothing may be read then.
 bool step_settle_references(STEPControl_Reader& reader, const utString& file, velabsOutput& output);

@@ -24,7 +24,7 @@ struct AngleUnit {
   double radians;
 };
 
-// In the order of the values.
+// In the order of the enumerators.
 constexpr AngleUnit angle_units[] = {{"DEGREE", std::numbers::pi / 180},
                                      {"RADIAN", 1},
                                      {"GRADIAN", std::numbers::pi / 200},

@@ -4,11 +4,11 @@
 
 #include "velAngularUnit.h"
 
-// Units that the kernel does not write by itself, stated in a model that it made.
+// Units that the kernel cannot write, declared in a model that it made.
 
-// The numbers of a model that states feet are yards.
+// Turns a model that declares feet, but whose numbers are yards, into one that declares yards.
 void step_state_yards(const Handle(StepData_StepModel) & model);
 
-// Turns the plane angles of a model that states radians into the unit. Curves in the parameters of surfaces hold angles
-// as well and must not be in the model.
+// Converts the plane angles of a model from radians to the unit. The model must have no curves in the parameters of
+// surfaces, because they contain angles too.
 void step_state_angles(const Handle(StepData_StepModel) & model, velAngularUnit unit);

@@ -15,13 +15,13 @@ namespace {
 
 using Presentation = StepVisual_MechanicalDesignGeometricPresentationRepresentation;
 
-// The number of what an item colours; items without a shape go last.
+// The number of the entity that an item colours; items without a shape go last.
 int target_of(const StepData_StepModel& model, const Handle(StepRepr_RepresentationItem) & item) {
   const auto styled = Handle(StepVisual_StyledItem)::DownCast(item);
   return styled.IsNull() || styled->Item().IsNull() ? model.NbEntities() + 1 : model.Number(styled->Item());
 }
 
-// The presentation's items in the order of what they colour; the first such number.
+// Sorts a presentation's items by the entity that they colour. Returns the first such number.
 int order_items(const StepData_StepModel& model, Presentation& presentation) {
   std::vector<std::pair<int, Handle(StepRepr_RepresentationItem)>> items;
   for (int i = 1; i <= presentation.NbItems(); ++i) {
@@ -37,7 +37,7 @@ int order_items(const StepData_StepModel& model, Presentation& presentation) {
   return items.front().first;
 }
 
-// The entities of a model from a number on, in the order in which they are asked for, each before what it refers to.
+// The entities of a model from a number on, in the order of add(), each before the entities that it refers to.
 class Sequence {
  public:
   Sequence(const StepData_StepModel& model, int first)
@@ -89,7 +89,7 @@ void step_order_styles(const Handle(StepData_StepModel) & model) {
 
   Sequence sequence(*model, first);
   for (const auto& [target, presentation] : presentations) sequence.add(presentation);
-  // What no style leads to follows as it stood.
+  // Entities that no style refers to follow in their old order.
   for (int i = first; i <= model->NbEntities(); ++i) sequence.add(model->Value(i));
   std::vector<Handle(Standard_Transient)> before;
   for (int i = 1; i < first; ++i) before.push_back(model->Value(i));

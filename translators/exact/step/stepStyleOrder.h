@@ -2,6 +2,6 @@
 
 #include <StepData_StepModel.hxx>
 
-// The kernel numbers the styles of parts in the order of addresses in memory, which differs from run to run. Afterwards
-// they stand in the order of the shapes that they colour.
+// The kernel numbers the styles of parts in the order of memory addresses, which differs between runs. Sorts them by
+// the shapes that they colour.
 void step_order_styles(const Handle(StepData_StepModel) & model);

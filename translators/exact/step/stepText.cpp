@@ -19,7 +19,7 @@ void append_code(std::string& text, char32_t code, int digits) {
   for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) text += of_digit[code >> shift & 15];
 }
 
-// A run of characters that take four digits each, or of those that take eight.
+// A run of characters with codes of either four or eight hexadecimal digits.
 class Spelling {
  public:
   explicit Spelling(std::string& text) : text_(text) {}
@@ -43,7 +43,7 @@ class Spelling {
   int digits_ = 0;
 };
 
-// Whether more bytes could make a character of these.
+// True when these bytes could be the start of a longer character.
 bool is_unfinished(std::string_view text) {
   if (text.size() >= longest_character || static_cast<unsigned char>(text.front()) < 0xC0) return false;
   for (char c : text.substr(1)) {
@@ -52,7 +52,7 @@ bool is_unfinished(std::string_view text) {
   return true;
 }
 
-// Spells the characters of a line that are not ASCII. A character that the line ends in is left in `rest` for the next.
+// Encodes the non-ASCII characters of a line. An incomplete character at the end is kept in `rest` for the next line.
 std::string spelled(std::string_view line, std::string& rest) {
   std::string joined = std::move(rest);
   rest.clear();

@@ -8,11 +8,11 @@
 #include "velabsOfStream.h"
 #include "velabsOutput.h"
 
-// Files are printable ASCII: other characters are spelled by their codes.
+// Files are printable ASCII: other characters are encoded by their codes.
 
-// The bytes of a file that has others in it, from programs that write their own encoding: those that are no UTF-8,
-// which the kernel knows, are taken for Latin 1. Nothing when there are none.
+// Encodes the non-ASCII bytes of a file, which some programs write directly. Bytes that are not UTF-8, which the
+// kernel can read, are taken as Latin-1. Empty when there are none.
 std::optional<std::string> step_repaired(std::string_view bytes);
 
-// Prints what the kernel wrote, which is in UTF-8 and breaks lines anywhere. False when the work is cancelled.
+// Writes the kernel's output to the stream. The input is UTF-8 with line breaks anywhere. False when cancelled.
 bool step_print(const StepData_StepWriter& written, velabsOfStream& stream, velabsOutput& output);

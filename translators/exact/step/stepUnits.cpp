@@ -28,7 +28,7 @@ double length_of(const Handle(StepRepr_RepresentationContext) & context, double 
   if (units.IsNull()) return 0;
   STEPConstruct_UnitContext factors;
   factors.ComputeFactors(units);
-  // The factor is to the unit that the kernel works in, which a writing before may have changed.
+  // The factor is relative to the kernel's current unit, which an earlier writing may have changed.
   return factors.LengthDone() ? factors.LengthFactor() * working : 0;
 }
 

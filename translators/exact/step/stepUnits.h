@@ -2,6 +2,6 @@
 
 #include <StepData_StepModel.hxx>
 
-// How many millimetres the unit of length has in which the main product is given: the first one that is part of no
-// other. 0 when the file names none.
+// The length unit of the main product in millimetres; the main product is the first one that is not part of another. 0
+// when the file declares no unit.
 double step_unit_of(const Handle(StepData_StepModel) & model);

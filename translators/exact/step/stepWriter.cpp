@@ -57,7 +57,7 @@ velAngularUnit angle_of(const velTableInstance& resources) {
   return resources.value<velAngularUnit>("ANGULAR_UNIT", velANGLE_RADIAN);
 }
 
-// What the kernel keeps for the whole process, so each writing sets all of it.
+// These parameters of the kernel are global, so each writing sets all of them.
 void set_parameters(const velTableInstance& resources, velLengthUnit unit) {
   const auto protocol = resources.value<velStepAPOption>("STEP_AP", velSTEP_AP214);
   const auto trim = resources.value<velTrimOption>("TRIM", velTRIM_AS_PREFERRED);
@@ -87,13 +87,13 @@ class Writing {
  private:
   bool put(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, velabsOfStream& stream) {
     const bool with_colours = resources_.value<utBool>("WRITE_MATERIALS", utTRUE) == utTRUE;
-    // The kernel writes no yards; these numbers go through it as feet.
+    // The kernel cannot write yards, so it writes these numbers as feet.
     const velLengthUnit made = unit_ == velLENGTH_YARD ? velLENGTH_FOOT : unit_;
     const Handle(TDocStd_Document) source =
         exa_xcaf_document(products, top, exa_millimetres(made), with_colours, {name_, "part"});
     STEPCAFControl_Writer writer;
     set_parameters(resources_, unit_);
-    // The schema counts when a model is made.
+    // The schema is read when a model is made.
     writer.ChangeWriter().Model(true);
     writer.SetColorMode(with_colours);
     writer.SetNameMode(true);

@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes STEP files of the application protocol that STEP_AP names. What stands in several places is one product.
+// Writes STEP files of the application protocol that STEP_AP selects. A part with several instances is one product.
 class stepWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit stepWriter(velabsOfStream* stream);
