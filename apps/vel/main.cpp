@@ -20,7 +20,7 @@ int run(int count, char** words) {
     console.error(vel_text(velMSG_NO_MEMORY));
     code = velEXIT_FAILED;
   } catch (const std::exception& error) {
-    // A developer may have asked to see it in a debugger.
+    // With MIRA_ASSERT set, the exception is passed on to a debugger.
     if (!vln_exception_handler(velabsAppInfo("velbase", VEL_VERSION, "vel", "", "UTF-8"))) throw;
     console.error(vel_text(velMSG_UNEXPECTED, {error.what()}));
     code = velEXIT_FAILED;
@@ -32,7 +32,7 @@ int run(int count, char** words) {
 }  // namespace
 
 int main(int count, char** words) {
-  // Asked for alone it needs nothing of what follows.
+  // Fast path: printing the version needs no command-line parser and no console.
   if (count == 2 && std::strcmp(words[1], "--version") == 0) {
     return std::puts("vel " VEL_VERSION) < 0 || std::fflush(stdout) != 0 ? velEXIT_FAILED : velEXIT_DONE;
   }

@@ -3,10 +3,10 @@
 #include "velConsole.h"
 #include "velExitCode.h"
 
-// `vel cache`: the file from which a start knows the translators without opening their libraries. Each action says what
-// it did.
+// `vel cache`: manages the file with the descriptions of the translators, which saves opening their libraries at each
+// start. Each action reports its result.
 
-// Writes the user's file anew from what the libraries say of themselves; a failure leaves the old one.
+// Opens every library and writes the user's file from their descriptions. A failure keeps the old file.
 velExitCode vel_cache_refresh(velConsole& console);
 velExitCode vel_cache_show(velConsole& console);
 // Removes the user's file.

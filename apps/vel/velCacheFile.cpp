@@ -47,7 +47,7 @@ velCacheText vel_cache_text(const vlnTranslatorDlls& inputs, const vlnTranslator
       const vlnTranslatorInfo& info = *translators();
       const auto [place, is_new] = places.try_emplace(info.file().string(), libraries.size());
       if (is_new) libraries.push_back({info.file_ut().str(), ""});
-      // Discovery may describe one library twice; what the library says now is worth more than what the cache knows.
+      // Discovery may describe one library twice. The description from the library replaces that from the cache.
       if (!is_new && info.from_cache()) continue;
       libraries[place->second].record = vlnTranslatorCacheWriter::record_text(info, encoding);
     }

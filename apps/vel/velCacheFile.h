@@ -10,21 +10,21 @@
 
 // Writing the user's cache of translators.
 
-// A whole cache.
+// The text of a cache file.
 struct velCacheText {
   std::string text;
   std::size_t records = 0;
-  std::vector<std::string> left_out;  // libraries whose own texts do not fit into a record
+  std::vector<std::string> left_out;  // libraries whose descriptions do not fit into a record
 };
 
-// One record for each library of both sets, in their order, from what the descriptions hold: no library is opened.
+// Makes one record for each library of both sets, in their order, from the descriptions. Opens no library.
 velCacheText vel_cache_text(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs,
                             const apIStringEncoding& encoding);
 
-// Puts the text in the file's place in one step: whoever reads meanwhile sees the old file or the new one. Why it
-// cannot be done, and the old file is as it was; empty when it is done.
+// Replaces the file atomically: a concurrent reader sees either the old file or the new one. Returns an empty text, or
+// the reason of a failure, which keeps the old file.
 std::string vel_replace_cache(const std::string& file, const std::string& text);
 
-// Makes the text the user's cache, without a word when that cannot be done. A cache in force that says the same is left
-// alone unless its time has to be `renewed`, and a file that the user may not write to is left alone always.
+// Writes the text as the user's cache. Failures are not reported. When the cache in use already has this text, it is
+// written only if its time must be `renewed`. A file that the user may not write to is never replaced.
 void vel_keep_cache(const velInstallation& installation, const std::string& text, bool renewed);

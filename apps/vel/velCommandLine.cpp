@@ -18,17 +18,17 @@
 
 namespace {
 
-// What the words came to.
+// The parsed arguments.
 struct Parsed {
   velCommand command;
-  std::vector<std::string> files;  // that the command reads or writes
+  std::vector<std::string> files;  // those that the command reads or writes
   std::string log;                 // empty: none
   bool quiet = false;
 };
 
 constexpr char json_help[] = "Print one JSON object";
 
-// "KEY=VALUE" taken apart; the value may be empty and may hold further equals signs.
+// Splits "KEY=VALUE" at the first equals sign. The value may be empty.
 vlnTranslator::Resources options_from(const char* side, const std::vector<std::string>& texts) {
   vlnTranslator::Resources options;
   for (const std::string& text : texts) {
@@ -194,14 +194,15 @@ void add_dirs(CLI::App& program, Parsed& parsed) {
       [request, &parsed] { parsed.command = [request](velConsole& console) { return vel_dirs(*request, console); }; });
 }
 
-// The parser would take the file behind a picture's name for the picture's size, which one may leave out.
+// The size after the name of a picture is optional. The parser would take any argument after the name for the size.
 bool looks_like_size(const std::string& word) {
   return !word.empty() && word.find_first_not_of("0123456789x ") == word.npos;
 }
 
-// The words behind the program's name, last one first as the parser takes them. It would read a word in square brackets
-// as a list, and behind "--" it takes options and commands for what they are once a file stood before: such files go by
-// another of their names. An empty word stands for the size that a picture is not given.
+// The arguments in reverse order, as the parser takes them. Some are changed, because the parser
+// - reads an argument in square brackets as a list,
+// - recognises options and commands even after "--", once a file came before them.
+// Such files get "./" before their names. An empty argument is inserted where a picture has no size.
 std::vector<std::string> reversed_words(const CLI::App& program, int count, char** words) {
   std::vector<std::string> reversed;
   bool only_files = false;
@@ -251,7 +252,7 @@ std::string unknown_command(const std::string& word, const CLI::App& app, bool i
   return with_nearest(vel_text(velMSG_UNKNOWN_COMMAND, {word}), word, names);
 }
 
-// The parser takes a flag of one letter off a word like "-q=1" before it complains of the rest.
+// For an argument like "-q=1", the parser removes the flag and reports only the rest, "-=1". This finds the argument.
 std::string complaint_about_rest(const std::string& rest, const std::vector<std::string>& reversed,
                                  const CLI::App& command) {
   if (!rest.starts_with("-=")) return unknown_option(rest, command);
@@ -263,8 +264,8 @@ std::string complaint_about_rest(const std::string& rest, const std::vector<std:
   return unknown_option(rest, command);
 }
 
-// What stands where a command should, or an option that nobody knows, or a word that nobody takes; empty when all is
-// right with them. The parser's own complaint would be about what is missing because of them.
+// The error about an unknown command, an unknown option or an unexpected argument; empty without such an error. The
+// parser would report only what is missing as a consequence.
 std::string complaint_about_words(const CLI::App& program, const std::vector<std::string>& reversed) {
   const auto any = [](const CLI::App*) { return true; };
   const CLI::App* app = &program;
@@ -287,15 +288,15 @@ std::string complaint_about_words(const CLI::App& program, const std::vector<std
   return "";
 }
 
-// The words that led to a command, "vel cache" for instance, and the command.
+// A command and the names before it, "vel cache" for instance.
 struct Reached {
-  std::string name;  // without the command's own
+  std::string name;  // without the name of the command itself
   const CLI::App* app;
 
   std::string whole_name() const { return name.empty() ? app->get_name() : name + " " + app->get_name(); }
 };
 
-// The command that was named, as far as the words went: its help is the one that helps.
+// The last command that the parser recognised: its help fits the arguments best.
 Reached innermost(const CLI::App& program) {
   Reached reached{"", &program};
   for (auto chosen = program.get_subcommands(); !chosen.empty(); chosen = reached.app->get_subcommands()) {
@@ -304,14 +305,14 @@ Reached innermost(const CLI::App& program) {
   return reached;
 }
 
-// An option as one types it.
+// An option as a user types it, with a placeholder for its value.
 std::string shown(const CLI::Option& option) {
   if (option.get_positional()) return option.get_name();
   const std::string name = option.get_snames().empty() ? option.get_name() : "-" + option.get_snames().front();
   return name + " " + option.get_type_name();
 }
 
-// What the parser found wrong, in the program's words.
+// The parser's error as a message of the program.
 std::string complaint_about(const CLI::ParseError& error, const CLI::App& command) {
   if (dynamic_cast<const CLI::RequiredError*>(&error)) {
     for (const CLI::Option* option : command.get_options()) {
@@ -319,7 +320,7 @@ std::string complaint_about(const CLI::ParseError& error, const CLI::App& comman
     }
   }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error)) {
-    // Its text begins with the option's name, that of a flag without its dashes.
+    // The parser's text begins with the name of the option. The name of a flag has no dashes.
     const std::string text = error.what();
     const std::string name = text.substr(0, text.find_first_of(": "));
     const CLI::Option* option = nullptr;

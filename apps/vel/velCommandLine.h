@@ -5,9 +5,9 @@
 #include "velConsole.h"
 #include "velExitCode.h"
 
-// A command with everything that was said about it, ready to run.
+// A command with its options, ready to run.
 using velCommand = std::function<velExitCode(velConsole&)>;
 
-// Makes the command out of the program's words. Empty when there is nothing to run: the help that was asked for, or
-// what is wrong with the words, was said, and `exit_code` is set.
+// Parses the arguments of the program. Returns an empty function when there is nothing to run: it has then printed the
+// requested help or reported the error, and set `exit_code`.
 velCommand vel_parse_command_line(int count, char** words, velConsole& console, velExitCode& exit_code);

@@ -67,7 +67,7 @@ void velConsole::message(velabsSeverity severity, std::string_view text) {
   log_.print(line.c_str());
   if (quiet_ && severity != velabsERROR) return;
   progress_.end();
-  // What was printed before comes before it on a terminal too.
+  // On a terminal, results that were printed earlier must appear before the message.
   flush_results();
   terminal_.print(line.c_str());
 }
@@ -108,7 +108,7 @@ std::vector<velConsole::Message> velConsole::messages() const {
   return messages_;
 }
 
-// A failure is kept: what could not be written is gone from the buffer, and a further attempt knows nothing of it.
+// Keeps the errno of the first failure: a failed flush discards the buffer, so a later one may not report the failure.
 bool velConsole::flush_results() {
   errno = 0;
   if (std::fflush(stdout) != 0 && print_failure_ == 0) print_failure_ = errno;

@@ -13,9 +13,9 @@
 // "note", "warning" or "error".
 const char* vel_severity_name(velabsSeverity severity);
 
-// Where the program speaks: results to the standard output, messages to the standard error as "vel: warning: ...", and
-// progress there too while it is a terminal. A log gets every message and no progress. Every message is also kept, for
-// those who show them as data. Every operation may be called from several threads at once.
+// The output of the program. Results go to the standard output, messages to the standard error as "vel: warning: ...".
+// Progress also goes to the standard error if that is a terminal. A log gets every message and no progress. All
+// messages are kept for output as data. Thread-safe.
 class velConsole {
  public:
   struct Message {
@@ -27,36 +27,36 @@ class velConsole {
   velConsole(const velConsole&) = delete;
   velConsole& operator=(const velConsole&) = delete;
 
-  // From now on errors and results only; a log gets its notes and warnings all the same.
+  // From now on prints errors and results only. A log still gets notes and warnings.
   void be_quiet();
 
-  // From now on messages are appended to this file too. False, and an error was said, when they cannot be.
+  // From now on also appends messages to this file. Returns false and reports an error when the file cannot be opened.
   bool open_log(const std::string& file);
 
-  // One line each. Control characters are made visible.
+  // Each prints one line. Control characters are escaped, see `vel_printable`.
   void note(std::string_view text) { message(velabsNOTE, text); }
   void warning(std::string_view text) { message(velabsWARNING, text); }
   void error(std::string_view text) { message(velabsERROR, text); }
   void message(velabsSeverity severity, std::string_view text);
 
-  // Results; the text brings its line breaks along.
+  // Prints results. The text contains its line breaks.
   void print(std::string_view text);
-  // A result of one line, made printable.
+  // Prints a result of one line, with control characters escaped.
   void print_line(std::string_view text);
-  // A line of what was done, which nobody asked for: not when quiet.
+  // Prints a line about completed work, unless quiet.
   void report(std::string_view text);
 
   void show_progress(int percent);
-  // The work goes on, and nobody knows how far it is.
+  // Shows that the work continues when its progress is unknown.
   void show_life();
   void end_progress();
 
   std::vector<Message> messages() const;
 
-  // Sends what was printed on its way, for those who go on with other work.
+  // Flushes the results before further work.
   void send_out();
 
-  // False, and an error was said, when results or the log could not be written out whole.
+  // Flushes everything. Returns false and reports an error when results or the log could not be written completely.
   bool finish();
 
  private:
@@ -66,15 +66,15 @@ class velConsole {
   std::vector<Message> messages_;
   bool shows_progress_;
   bool quiet_ = false;
-  int print_failure_ = 0;  // the system's number of the first one
+  int print_failure_ = 0;  // errno of the first failure to print; 0 without a failure
   vlnOstream terminal_;
   velProgress progress_;
-  // A stream of its own: what ends a row of progress on the terminal must leave no trace in the log.
+  // A separate stream: the line break after a row of progress must not appear in the log.
   vlnOstream log_;
   std::string log_name_;
   std::ofstream log_file_;
 };
 
-// Says every error, the outcome behind the last one; when there is none, that `subject` failed.
+// Reports every error and adds the outcome to the last one. Without errors, reports that `subject` failed.
 void vel_tell_errors(const std::vector<std::string>& errors, const std::string& subject, const std::string& outcome,
                      velConsole& console);

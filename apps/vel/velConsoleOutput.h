@@ -7,8 +7,8 @@
 #include "velConsole.h"
 #include "velabsOutput.h"
 
-// What the engine and the translators talk to. Notes, warnings and progress go to the console as they come; errors wait
-// for the end, when it is known what became of the work as a whole.
+// Receives messages and progress from the engine and the translators. Notes, warnings and progress go to the console at
+// once. Errors are collected, because their text depends on the outcome of the whole request.
 class velConsoleOutput : public velabsOutput {
  public:
   // The console must outlive it.

@@ -7,8 +7,8 @@
 #include "annDocument.h"
 #include "velJson.h"
 
-// What a model is made of. The facets that an exact shape becomes are known only to a writer that makes them: with such
-// a shape there is no count of triangles and vertices, unless it came with a mesh.
+// The numbers of parts, faces and so on of a model. Triangles and vertices are unknown if any exact shape has no mesh,
+// because only a writer makes the facets of such a shape.
 struct velCounts {
   std::size_t parts = 0;
   std::size_t solids = 0;
@@ -20,5 +20,5 @@ struct velCounts {
 velCounts vel_counts(const std::vector<annPlacedBody>& parts);
 velCounts vel_counts(const std::vector<annPlacedBody>& parts, const annStatistics& statistics);
 
-// As JSON has them: "parts", "solids", "faces", "triangles" and "vertices"; what is not known is null.
+// A JSON object with "parts", "solids", "faces", "triangles" and "vertices". Unknown counts are null.
 velJson vel_counts_as_json(const velCounts& counts);

@@ -17,7 +17,7 @@ bool is_set(const char* variable) {
   return value && *value;
 }
 
-// Empty when it is on no directory of the search path.
+// Empty when no directory of PATH has it.
 std::string path_of_opener() {
   const char* variable = std::getenv("PATH");
   std::string_view rest = variable ? variable : "";
@@ -45,11 +45,11 @@ void vel_open_on_desktop(const std::string& file) {
   if (isatty(STDOUT_FILENO) == 0) return;
   const std::string program = path_of_opener();
   if (program.empty()) return;
-  // Absolute, so that it is no option and means the same to whoever opens it.
+  // An absolute path cannot be taken for an option and is valid in any working directory.
   std::error_code failed;
   const std::string name = std::filesystem::absolute(file, failed).string();
   if (failed) return;
-  // A child of a child: nobody here has to wait for it.
+  // A double fork: this process waits only for the first child, which ends at once.
   const pid_t child = fork();
   if (child == 0) {
     if (fork() == 0) run(program, name);

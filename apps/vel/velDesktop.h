@@ -2,6 +2,6 @@
 
 #include <string>
 
-// Has the user's desktop open a file with the program that is meant for it, and does not wait for that. Does nothing
-// where there is no desktop or nothing that opens files, or where the standard output is no terminal.
+// Opens a file with the desktop's default program for it, without waiting. Does nothing without a desktop, without
+// xdg-open, or when the standard output is not a terminal.
 void vel_open_on_desktop(const std::string& file);

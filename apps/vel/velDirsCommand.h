@@ -3,7 +3,7 @@
 #include "velConsole.h"
 #include "velExitCode.h"
 
-// `vel dirs`: where everything is.
+// `vel dirs`: prints the directories of the installation and the user.
 struct velDirsRequest {
   bool json = false;
 };

@@ -28,7 +28,7 @@ velDiscovery::Sets velDiscovery::empty_sets() const {
 
 velDiscovery::Sets velDiscovery::describe_all() const {
   Sets sets;
-  // What failed is asked for by `failures`, library by library.
+  // The load status is not needed: `failures` finds the failed libraries one by one.
   sets_.create_translator_dlls(apPathName(), search_path_, "", &installation_.app_info(), sets.inputs, sets.outputs);
   return sets;
 }
@@ -61,14 +61,14 @@ std::string velDiscovery::failure_to_load(const vlnTranslatorInfo& info) const {
 
 std::string velDiscovery::reason(const apPathName& library, const vlnTranslatorLoadStatus& status) const {
   if (const std::string failure = libraries_.failure(library).str(); !failure.empty()) {
-    // Whoever shows a reason names the library itself.
+    // Callers name the library before the reason.
     const std::string prefix = encoding_->to_utString(library.string()).str() + ": ";
     return failure.starts_with(prefix) ? failure.substr(prefix.size()) : failure;
   }
   if (status.types().contains(vlnLOAD_NO_WRAPPER)) return vel_text(velMSG_WHY_NO_ENTRY);
   if (status.types().contains(vlnLOAD_NO_LIBRARY_OBJECT)) return vel_text(velMSG_WHY_NO_OBJECT);
   if (status.types().contains(vlnLOAD_ENCODING_FAILED)) return vel_text(velMSG_WHY_NO_CONVERSION);
-  // The library was opened well, so it failed while it described itself.
+  // The library could be opened, so describing it failed.
   return vel_text(velMSG_WHY_NO_DESCRIPTION);
 }
 

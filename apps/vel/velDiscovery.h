@@ -13,9 +13,9 @@
 #include "vlnTranslatorDllsFactory.h"
 #include "vlnTranslatorSearchPath.h"
 
-// Looks at the translator libraries and at the cache of their descriptions by itself, beside the loader, for what the
-// loader keeps to itself: which libraries failed and why, and in what state the cache is. The installation must outlive
-// it, and it must outlive the sets that it makes.
+// Inspects the translator libraries and the cache of their descriptions. It provides what the loader does not: which
+// libraries failed and why, and the state of the cache. The installation must outlive it, and it must outlive the sets
+// that it makes.
 class velDiscovery {
  public:
   struct Failure {
@@ -26,7 +26,7 @@ class velDiscovery {
     std::unique_ptr<vlnTranslatorDlls> inputs;
     std::unique_ptr<vlnTranslatorDlls> outputs;
   };
-  // One record of the cache: whom it describes (null when it is of no use) and the name that it begins with.
+  // One record of the cache: the library name at its start, and its description, null when the record is unusable.
   struct Record {
     std::string library;
     std::unique_ptr<vlnSecureTranslatorInfo> info;
@@ -36,17 +36,17 @@ class velDiscovery {
   velDiscovery(const velDiscovery&) = delete;
   velDiscovery& operator=(const velDiscovery&) = delete;
 
-  // Where libraries are looked for, ";" between several.
+  // The search path for libraries. Several directories are separated by ";".
   std::string library_directory() const;
 
-  // What the libraries say of themselves now, the cache left aside.
+  // Opens every library and describes it, without the cache.
   Sets describe_all() const;
 
-  // The libraries on the search path that are in neither set, in the order of the search path. Each is opened once
-  // more for its reason.
+  // The libraries on the search path that are in neither set, in the order of the search path. Opens each one again to
+  // find the reason.
   std::vector<Failure> failures(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs) const;
 
-  // Why a description's library cannot be opened; empty when it can.
+  // Why the library of a description cannot be opened; empty when it can.
   std::string failure_to_load(const vlnTranslatorInfo& info) const;
 
   // The records of a cache file in their order. `intact` is false when it is damaged.

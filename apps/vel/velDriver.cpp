@@ -28,7 +28,7 @@ velDriver::~velDriver() {
     console_.send_out();
     vel_keep_cache(installation_, wanted_cache_, has_replaced_libraries_);
   } catch (const std::exception&) {
-    // Without a cache the next start takes longer, and nothing else.
+    // Without a cache the next start only takes longer.
   }
 }
 
@@ -50,7 +50,7 @@ void velDriver::load_silently() {
 bool velDriver::describe_replaced_libraries() const {
   struct stat cache;
   if (stat(installation_.cache_file().c_str(), &cache) != 0) return false;
-  // The time at which a file came to its place; that of its content may be any time before.
+  // Compare the change time of the library: the modification time of an installed file can be older than the cache.
   auto is_newer = [&](const utString& library) {
     struct stat file;
     if (stat(library.c_str(), &file) != 0) return false;
@@ -96,7 +96,7 @@ bool velDriver::is_any_opened() const {
 }
 
 bool velDriver::is_cache_damaged() const {
-  // A cache that spared every library its opening needs no second look.
+  // When no library had to be opened, the cache is complete and need not be read again.
   if (!is_any_opened()) return false;
   const std::string cache_file = installation_.cache_file();
   if (cache_file.empty()) return false;
@@ -122,7 +122,7 @@ bool velDriver::translate_input_files() {
     const auto* reader = readers_.at(static_cast<std::size_t>(i));
     const v2vTranslatorElements made = input_elements(resolve_input_file(input_file(i)), reader);
     if (made.invalid()) return false;
-    // The next input fills the table of this one again.
+    // Copy the table: the next input reuses it.
     const velTableInstance& own = input_tables_.emplace_back(*made.resources());
     inputs.append({made.file(), &own, made.library(), made.is_viewer(), made.format()});
   }

@@ -14,19 +14,19 @@
 #include "velResources.h"
 #include "vlnTranslator.h"
 
-// The program's translation driver. After `load` its two sets tell what can be read and written. What it is made from
-// must outlive it.
+// The program's translation driver. After `load` its two sets hold the translators that read and those that write. The
+// installation and the console must outlive it.
 class velDriver : public vlnTranslator {
  public:
   velDriver(velInstallation& installation, velConsole& console);
-  // Sends out the results, then writes the user's cache anew when the last loading opened a library that had no record
-  // there.
+  // If the last loading opened a library that the cache did not describe, flushes the results and then writes the
+  // user's cache.
   ~velDriver() override;
 
-  // Fills the sets. Warns of a damaged cache, and, when there is no translator at all, of libraries that failed.
+  // Fills the sets. Warns of a damaged cache and, when both sets are empty, of libraries that failed.
   void load();
 
-  // The same without a word.
+  // The same without warnings.
   void load_silently();
 
   const vlnTranslatorDlls& inputs() const { return *get_input_dlls(); }
@@ -37,22 +37,22 @@ class velDriver : public vlnTranslator {
   bool is_cache_damaged() const;
   void warn_of_damaged_cache() const;
 
-  // The translators of the input files of the next `run`, in the order of the files.
+  // Sets the readers for the next `run`, one for each input file, in the order of the files.
   void use_readers(const std::vector<const vlnTranslatorInfo*>& readers) { readers_ = readers; }
 
-  // Reads one file into the document and writes nothing. False when it cannot be read.
+  // Reads one file into the document and writes nothing. Returns false when the file cannot be read.
   bool read(const utString& file, const vlnTranslatorInfo& reader);
 
   // The model of the last `run` or `read`.
   const annDocument& document() const { return *document_; }
 
-  // The errors that translators and the engine told, for the caller to show.
+  // The errors from the translators and the engine. The caller reports them.
   std::vector<std::string> errors() const { return output_.errors(); }
 
   using vlnTranslator::app_dirs;
   using vlnTranslator::resource_path;
 
-  // What a resource file says; each is read once.
+  // The contents of a resource file. Each file is read once.
   const velResources& resources(const utString& path);
 
   void set_up_application() override;
@@ -60,14 +60,14 @@ class velDriver : public vlnTranslator {
   utObserverPtr<velabsOutput> primary_output() override { return &output_; }
   utObserverPtr<velabsOutput> secondary_output() override { return nullptr; }
   std::unique_ptr<vlnDLLLoader> create_dll_loader() override;
-  // A file is named as its user named it.
+  // Messages show the file name as the user gave it.
   utString resolve_input_file(const utString& name) override { return name; }
   void set_up_resources(const vlnTranslatorInfo* info, velTableInstance& table, const Resources& requested) override;
-  // Each input has resources of its own, so that what one format's file says does not reach another format.
+  // Gives each input a separate resource table, so that the resource file of one format does not affect another format.
   bool translate_input_files() override;
 
  private:
-  // A library that came after the cache was written says anew what it is. True when there is any.
+  // Opens and describes libraries that are newer than the cache. Returns true when there was any.
   bool describe_replaced_libraries() const;
   bool is_any_opened() const;
 
@@ -77,8 +77,8 @@ class velDriver : public vlnTranslator {
   velDiscovery discovery_;
   v2vTranslatorLoader libraries_;
   std::shared_ptr<annDocument> document_;
-  // What the cache should hold after the last loading, taken before a use of a library touches its description; empty
-  // when the cache spared every library its opening.
+  // The text that the cache should hold after the last loading; empty when no library had to be opened. It is made
+  // before the use of a library can change its description.
   std::string wanted_cache_;
   bool has_replaced_libraries_ = false;
   std::vector<const vlnTranslatorInfo*> readers_;

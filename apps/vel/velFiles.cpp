@@ -22,6 +22,6 @@ bool vel_is_same_file(const std::string& left, const std::string& right) {
   const bool left_exists = stat(left.c_str(), &one) == 0;
   const bool right_exists = stat(right.c_str(), &other) == 0;
   if (left_exists && right_exists) return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
-  // Not by the files' own equality, which ignores case.
+  // The equality operator of files ignores case, so compare the paths.
   return left_exists == right_exists && vel_file(left).full_path() == vel_file(right).full_path();
 }

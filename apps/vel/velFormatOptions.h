@@ -7,9 +7,9 @@
 #include "velKeyValues.h"
 #include "vlnTranslatorInfo.h"
 
-// The options of one format: the keys of its resource file, with what each takes and the value that holds when nobody
-// gives another. Where the user has a file of their own, its values are the defaults, and the keys that only the
-// installation's file has keep theirs.
+// The options of one format: the keys of its resource file, with the values that each accepts and its default. When the
+// user has a resource file for the format, the defaults come from there. Keys that only the installation's file has
+// keep the defaults of the platform.
 class velFormatOptions {
  public:
   struct Option {
@@ -22,15 +22,15 @@ class velFormatOptions {
   velFormatOptions(velDriver& driver, const vlnTranslatorInfo& info);
 
   const std::vector<Option>& options() const { return options_; }
-  // The file from which the defaults come; it need not exist.
+  // The file with the defaults. It need not exist.
   const std::string& file() const { return file_; }
-  // What is wrong with that file: "FILE, line N: reason".
+  // The errors in that file: "FILE, line N: reason".
   const std::vector<std::string>& problems() const { return problems_; }
 
-  // By key or by name, case aside. Null when the format has no such option.
+  // Finds an option by key or by name, ignoring case. Null when the format has no such option.
   const Option* find(const utString& name) const;
 
-  // True when the description says "(reading)", or "(writing)", of the option.
+  // True when the description contains "(reading)" or "(reading;", and "(writing)" or "(writing;".
   static bool is_for_reading_only(const Option& option);
   static bool is_for_writing_only(const Option& option);
 

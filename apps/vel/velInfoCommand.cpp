@@ -18,17 +18,17 @@
 
 namespace {
 
-// What was found in the model.
+// Facts about the model.
 struct Model {
   velCounts counts;
   std::optional<annBox> box;
-  double step = 0;              // how finely the box's coordinates are known
+  double step = 0;              // resolution of the coordinates of the box
   std::size_t products = 0;     // distinct parts and assemblies
-  std::size_t occurrences = 0;  // of them in assemblies
+  std::size_t occurrences = 0;  // their instances in assemblies
   velCounts definitions;        // each part once
 };
 
-// Texts that are not known are empty.
+// Unknown texts are empty.
 struct Info {
   std::string file;
   std::string file_type;
@@ -36,11 +36,11 @@ struct Info {
   std::string library;  // full path
   std::string library_name;
   std::string unit;       // of the bounding box
-  std::string unit_text;  // the same for people
+  std::string unit_text;  // human-readable
   std::optional<Model> model;
 };
 
-// The parts of a document, each once however often it stands in it.
+// The parts of a document, each once, however many instances it has.
 std::vector<annPlacedBody> distinct_parts(const annDefinitions& definitions) {
   std::vector<annPlacedBody> parts;
   for (const annDefinitions::Definition& definition : definitions.definitions()) {
@@ -117,7 +117,7 @@ void change(std::optional<annBox>& box, Change change) {
   }
 }
 
-// Shows lengths in another unit; where that is not possible, says why and leaves them as they are.
+// Converts lengths to another unit. When that is not possible, warns with the reason and keeps them unchanged.
 void convert(Info& info, velLengthUnit from, velLengthUnit to, velInstallation& installation, velConsole& console) {
   const bool has_unit = from != velLENGTH_UNSPECIFIED;
   if (!has_unit) from = velLENGTH_MILLIMETRE;

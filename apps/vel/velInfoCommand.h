@@ -7,11 +7,11 @@
 #include "velExitCode.h"
 #include "velLengthUnit.h"
 
-// `vel info`: what a file holds.
+// `vel info`: prints the contents of a file.
 struct velInfoRequest {
   std::string file;
-  std::string from;                   // its format; empty: as its content says
-  std::optional<velLengthUnit> unit;  // in which lengths are shown; without one in the file's
+  std::string from;                   // its format; empty: chosen by the content
+  std::optional<velLengthUnit> unit;  // of the lengths shown; the unit of the file by default
   bool json = false;
 };
 

@@ -17,21 +17,22 @@
 
 namespace {
 
-// Empty when the file can be read.
+// The error about a file that cannot be read; empty when it can.
 std::string complaint_about(const std::string& file) {
   const std::string shown = file.empty() ? vel_text(velMSG_EMPTY_NAME) : file;
   struct stat state = {};
   if (stat(file.c_str(), &state) != 0) return vel_text(velMSG_INPUT_MISSING, {shown, std::strerror(errno)});
   if (S_ISDIR(state.st_mode)) return vel_text(velMSG_INPUT_IS_DIRECTORY, {shown});
   if (!S_ISREG(state.st_mode)) return vel_text(velMSG_INPUT_IS_SPECIAL, {shown});
-  // Opened rather than asked for its permissions: only that tells for every kind of user and file system.
+  // Open the file instead of checking its permissions: only that is right for all users and file systems.
   const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return vel_text(velMSG_INPUT_UNREADABLE, {shown, std::strerror(errno)});
   close(descriptor);
   return state.st_size == 0 ? vel_text(velMSG_INPUT_EMPTY, {shown}) : "";
 }
 
-// The reader for a file whose content shows no format, by its extension, with a note; null when there is none.
+// Chooses the reader by the extension of the file, with a note, when its content shows no format. Null otherwise, and
+// when no reader has the extension.
 const vlnTranslatorInfo* reader_for_extension(const std::string& file, const velDriver& driver, velConsole& console) {
   if (vluFileTypeFinder::find_file_type(file) != vluUNKNOWN) return nullptr;
   const std::size_t dot = vel_last_component(file).rfind('.');
@@ -44,7 +45,7 @@ const vlnTranslatorInfo* reader_for_extension(const std::string& file, const vel
   return reader;
 }
 
-// Why nobody reads a file.
+// The error about a file that no reader takes.
 std::string complaint_about_content(const std::string& file, const velDriver& driver) {
   const vluFileType type = vluFileTypeFinder::find_file_type(file);
   const std::string formats = vel_format_names({&driver.inputs()});
@@ -55,14 +56,14 @@ std::string complaint_about_content(const std::string& file, const velDriver& dr
   return vel_text(velMSG_NO_READER, {file, name, formats});
 }
 
-// Why nobody reads a format that was asked for.
+// The error about a requested format without a reader.
 std::string complaint_about_format(const std::string& format, const velDriver& driver) {
   const std::string packages = vel_packages_for_format(format);
   return packages.empty() ? vel_text(velMSG_NO_READER_OF_FORMAT, {format, vel_format_names({&driver.inputs()})})
                           : vel_text(velMSG_WRITER_NOT_BUILT, {format, packages});
 }
 
-// When a file's content is of a type that its reader does not read.
+// The error when the content of a file is of a type that its reader does not read; empty when it is not.
 std::string mistake_of_format(const std::string& file, const vlnTranslatorInfo& reader) {
   const vluFileType type = vluFileTypeFinder::find_file_type(file);
   if (type == vluUNKNOWN) return "";

@@ -15,7 +15,7 @@
 
 namespace {
 
-// The longest directory, with its last separator, that the directory map takes.
+// The maximum length of a directory in the directory map, including the last separator.
 constexpr std::size_t longest_directory = 511;
 
 std::string variable(const char* name) {
@@ -30,8 +30,8 @@ utString user_name() {
   return std::to_string(geteuid());
 }
 
-// The directory of the running program, links resolved, with a separator at its end; empty, and errno, when the system
-// does not tell.
+// The directory of the running program, with links resolved and a separator at the end. Empty, with errno set, when it
+// is unknown.
 std::string executable_directory() {
   char path[PATH_MAX];
   const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
@@ -52,8 +52,8 @@ std::string temporary_directory() {
   return (directory.starts_with('/') ? directory : "/tmp") + "/velbase-" + std::to_string(geteuid());
 }
 
-// Whether the directory, made if it is missing, is the user's own and shut to everybody else: names among the temporary
-// files can be taken by anyone.
+// Creates the directory if it is missing and checks that it belongs to the user, without access for others: any user
+// can create a directory of this name among the temporary files.
 bool is_private_directory(const std::string& path) {
   mkdir(path.c_str(), 0700);
   struct stat state = {};
@@ -84,7 +84,7 @@ void velInstallation::find_directories(const std::string& executable_directory, 
                                     path(temporary)) == vlnAppMapInitOk;
   };
 
-  // The directory among the temporary files is made only where nothing better can be had.
+  // Create the directory among the temporary files only when no other one is usable.
   bool has_app_data = attempt("");
   if (!has_app_data && is_private_directory(temporary_directory())) has_app_data = attempt(temporary_directory());
 

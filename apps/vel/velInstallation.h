@@ -9,25 +9,27 @@
 #include "velConsole.h"
 #include "velabsAppInfo.h"
 
-// The installation to which the running program belongs, told by where its executable really lies, and the user's
-// application data directory: "velbase" below QRM_HOME, the user's configuration directory, or a private directory
-// among the temporary files, whichever is the first that can be used.
+// Finds the installation of the running program, from the path of its executable with links resolved, and the user's
+// application data directory. That is "velbase" below the first usable one of these: QRM_HOME, the user's configuration
+// directory, a private directory among the temporary files.
 class velInstallation {
  public:
-  // Finds everything, makes the application data directory if there is none, and warns where a wish could not be met.
+  // Finds all directories and creates a missing application data directory. Warns when QRM_HOME or every application
+  // data directory is unusable.
   explicit velInstallation(velConsole& console);
   velInstallation(const velInstallation&) = delete;
   velInstallation& operator=(const velInstallation&) = delete;
 
-  // False, and an error was said, when the program could not find itself; nothing else is of use then.
+  // False when the directory of the executable is unknown or its path too long, which is reported. Use nothing else of
+  // the object then.
   bool found() const { return directories_ != nullptr; }
 
   velabsAppInfo& app_info() { return app_info_; }
   const std::shared_ptr<velAppDirMap>& directories() const { return directories_; }
 
-  // The user's cache file, which need not exist; empty without an application data directory.
+  // The path of the user's cache file, which need not exist; empty without an application data directory.
   std::string user_cache_file() const;
-  // The cache file that is in force; empty when there is none.
+  // The path of the cache file in use, the user's or the installation's; empty without a cache file.
   std::string cache_file() const;
 
  private:

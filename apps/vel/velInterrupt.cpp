@@ -10,7 +10,7 @@ static_assert(std::atomic<bool>::is_always_lock_free, "the handler may only touc
 
 void on_signal(int) {
   interrupted.store(true, std::memory_order_relaxed);
-  // The next one, of either kind, ends the program.
+  // The next signal of either kind ends the program.
   std::signal(SIGINT, SIG_DFL);
   std::signal(SIGTERM, SIG_DFL);
 }

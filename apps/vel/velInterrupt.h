@@ -1,8 +1,8 @@
 #pragma once
 
-// From now on the first Ctrl-C (or SIGTERM) is only noted, for the work to stop in order; the second one kills. A
-// signal that the program was started to ignore stays ignored.
+// From now on the first Ctrl-C (or SIGTERM) only sets a flag, so that the work can stop cleanly. The second one ends
+// the program. A signal that was ignored when the program started stays ignored.
 void vel_catch_interrupts();
 
-// Safe from any thread.
+// True after the first signal. Thread-safe.
 bool vel_interrupted();

@@ -18,7 +18,7 @@ std::string name_of(const vlnResourceType* type) {
   return "text";
 }
 
-// What one can type as one word.
+// The value with dashes for blanks, so that it is one argument.
 std::string as_word(const utString& value) {
   std::string word = value.str();
   std::replace(word.begin(), word.end(), ' ', '-');

@@ -14,7 +14,7 @@ struct Listing {
   std::vector<velTranslatorRow> translators;
   std::vector<velDiscovery::Failure> failures;
   std::string library_directory;
-  std::string cache_file;  // empty when there is none
+  std::string cache_file;  // empty without a cache
   bool cache_damaged;
 };
 

@@ -3,7 +3,7 @@
 #include "velConsole.h"
 #include "velExitCode.h"
 
-// `vel list`: every translator, then what failed, and why.
+// `vel list`: prints every translator, then the libraries that failed and why.
 struct velListRequest {
   bool json = false;
 };

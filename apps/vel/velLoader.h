@@ -4,12 +4,12 @@
 
 #include "vlnDLLLoader.h"
 
-// The program's translator loader: it works on the directories that the installation found.
+// The program's translator loader, which uses the directories of the installation.
 class velLoader : public vlnDLLLoader {
  public:
   explicit velLoader(std::shared_ptr<vlnIAppDirMap> directories);
 
-  // Nothing is left to do: the driver says what loading dropped.
+  // Nothing to do: the driver reports the libraries that failed.
   void finish_loading() override {}
 
  protected:

@@ -189,7 +189,7 @@ vlnStringTable* make_table() {
   return table;
 }
 
-// The text behind a placeholder of `text` at `at`, or null when none stands there.
+// The value for the placeholder at offset `at` of `text`; null when there is no placeholder or no value for it.
 const std::string_view* value_at(std::string_view text, std::size_t at,
                                  std::initializer_list<std::string_view> values) {
   if (text[at] != '%' || at + 1 == text.size()) return nullptr;
@@ -200,7 +200,7 @@ const std::string_view* value_at(std::string_view text, std::size_t at,
 }  // namespace
 
 std::string vel_text(velMessage message, std::initializer_list<std::string_view> values) {
-  // Made once; found by its name, so that a table that took its place is the one that speaks.
+  // Create the table once, but look it up by name: another table may have replaced it.
   static const vlnStringTable* const made = make_table();
   static_cast<void>(made);
   const utString found = vlnStringTable::find_string(table_name, message);

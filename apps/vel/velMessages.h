@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-// The texts in which the program speaks to its user, by number. They stand in one table of the process, "vel_messages",
-// so that another language, or a host, may put its own in place. "%1" to "%9" stand for the values of one use. Numbers
-// are never given to another text.
+// The numbers of the program's messages. The texts are in the string table "vel_messages" of the process, which a
+// translation or a host can replace. "%1" to "%9" are placeholders for values; the comment at a number lists them in
+// order. A number is never reused for another text.
 enum velMessage : unsigned int {
   velMSG_NO_MEMORY = 1,
   velMSG_UNEXPECTED,           // reason
@@ -18,31 +18,31 @@ enum velMessage : unsigned int {
   velMSG_NO_REASON,            // subject
   velMSG_NOTHING_WRITTEN,
 
-  velMSG_TRY_HELP = 20,  // complaint, command
+  velMSG_TRY_HELP = 20,  // error, command
   velMSG_NO_COMMAND,
-  velMSG_UNKNOWN_COMMAND,  // word
-  velMSG_UNKNOWN_OPTION,   // word
-  velMSG_NOT_KEY_VALUE,    // word
+  velMSG_UNKNOWN_COMMAND,  // argument
+  velMSG_UNKNOWN_OPTION,   // argument
+  velMSG_NOT_KEY_VALUE,    // argument
   velMSG_STANDARD_STREAM,
   velMSG_OUTPUT_WITHOUT_NAME,
-  velMSG_UNKNOWN_UNIT,              // word, units
-  velMSG_NO_COMMAND_BUT_TRANSLATE,  // word
-  velMSG_WORD_IS_MISSING,           // what stands for it
-  velMSG_VALUE_IS_MISSING,          // option, what stands for its value
+  velMSG_UNKNOWN_UNIT,              // argument, units
+  velMSG_NO_COMMAND_BUT_TRANSLATE,  // argument
+  velMSG_WORD_IS_MISSING,           // its placeholder in the help
+  velMSG_VALUE_IS_MISSING,          // option, placeholder of its value in the help
   velMSG_TAKES_NO_VALUE,            // option
   velMSG_GIVEN_TWICE,               // option
-  velMSG_UNKNOWN_OPTION_OR_FILE,    // word
-  velMSG_WORD_TOO_MANY,             // word
-  velMSG_NOT_A_SIZE,                // word
+  velMSG_UNKNOWN_OPTION_OR_FILE,    // argument
+  velMSG_WORD_TOO_MANY,             // argument
+  velMSG_NOT_A_SIZE,                // argument
   velMSG_PICTURE_IS_PAGE,           // file
   velMSG_NO_NAME_OF_PAGE,           // file
   velMSG_NO_NAME_OF_PICTURE,        // file
-  velMSG_MEANT,                     // complaint, word
+  velMSG_MEANT,                     // error, suggested name
 
   velMSG_PROGRAM_NOT_FOUND = 40,  // reason
   velMSG_PLACE_TOO_DEEP,          // directory
   velMSG_NO_APP_DATA,             // directories
-  velMSG_QRM_HOME_UNUSABLE,       // directory, directory in its place
+  velMSG_QRM_HOME_UNUSABLE,       // directory, directory used instead
 
   velMSG_NO_LIBRARIES = 60,    // directory
   velMSG_NO_USABLE_LIBRARY,    // directory, counted libraries
@@ -87,15 +87,15 @@ enum velMessage : unsigned int {
   velMSG_NO_TEMPORARY_DIRECTORY,    // directory, reason
   velMSG_AND_OTHERS,                // inputs, number
 
-  velMSG_UNKNOWN_KEY = 120,  // side, key, formats, known keys
+  velMSG_UNKNOWN_KEY = 120,  // side ("--in" or "--out"), key, formats, known keys
   velMSG_KNOWN_KEYS,         // keys
   velMSG_NO_KEYS,
-  velMSG_BAD_VALUE,  // side, key, value, what it takes
+  velMSG_BAD_VALUE,  // side, key, value, accepted values
   velMSG_TAKES_WHOLE,
   velMSG_TAKES_REAL,
   velMSG_TAKES_OTHER_TEXT,
   velMSG_TAKES_ONE_OF,      // values
-  velMSG_LINE_PASSED_OVER,  // file, line and reason
+  velMSG_LINE_PASSED_OVER,  // file, line and reason as one text
   velMSG_UNKNOWN_FORMAT,    // format, formats
   velMSG_NO_OPTIONS,        // format
   velMSG_IN_RESOURCE_FILE,  // file, key, value
@@ -131,16 +131,16 @@ enum velMessage : unsigned int {
   velMSG_CACHE_NOT_REMOVED,     // file, reason
   velMSG_CACHE_OTHER_IN_FORCE,  // file
 
-  velMSG_BAD_VALUE_IN_FILE = 160,  // file, line, value, key, what it takes
+  velMSG_BAD_VALUE_IN_FILE = 160,  // file, line, value, key, accepted values
 
   velMSG_FILE_WITHOUT_UNIT = 180,  // file
   velMSG_UNIT_CONVERTED,           // unit, the file's unit
-  velMSG_SERVICE_MISSING,          // library, directories, what is left out
-  velMSG_SERVICE_UNUSABLE,         // library, what is left out
+  velMSG_SERVICE_MISSING,          // library, directories, consequence
+  velMSG_SERVICE_UNUSABLE,         // library, consequence
   velMSG_UNIT_OF_FILE_SHOWN,       // unit
   velMSG_NO_UNIT,
 
-  // A word for one thing, and behind it for several.
+  // Nouns for counts: each singular is followed by its plural.
   velMSG_PART = 200,
   velMSG_PARTS,
   velMSG_FACE,
@@ -155,9 +155,9 @@ enum velMessage : unsigned int {
   velMSG_EXACT_FACES,
 };
 
-// The text with its values filled in. A placeholder without a value stays as it stands; what a value holds is not
-// looked at again.
+// The text with the values in place of the placeholders. A placeholder without a value is kept. Placeholders inside a
+// value are not replaced.
 std::string vel_text(velMessage message, std::initializer_list<std::string_view> values = {});
 
-// "1 part", "3 parts": `noun` is the word for one, the number behind it the word for several.
+// "1 part", "3 parts". `noun` is the number of the singular; the next number is the plural.
 std::string vel_counted(std::size_t count, velMessage noun);

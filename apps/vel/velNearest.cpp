@@ -5,7 +5,7 @@
 
 namespace {
 
-// How many letters have to be changed, put in, taken out or exchanged with their neighbour.
+// The edit distance: the number of letters to change, insert, delete or swap with a neighbour.
 std::size_t distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> before_last, last, row(b.size() + 1);
   for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;

@@ -4,6 +4,6 @@
 #include <string_view>
 #include <vector>
 
-// The name that somebody who typed `word` most likely meant: one that differs from it by a few letters that are wrong,
-// missing, too many or in each other's place. Empty when none is as near as that. Of several the first one.
+// Suggests the name that the user most likely meant by `word`: the one with the fewest wrong, missing, extra or swapped
+// letters. Of equally near names it returns the first one; empty when all differ too much.
 std::string vel_nearest(std::string_view word, const std::vector<std::string>& names);

@@ -45,7 +45,7 @@ class Checker {
   }
 
  private:
-  // Some of the formats may take it in this direction.
+  // Warns when every format that has the option uses it only in the other direction.
   void warn_if_without_effect(std::string_view side, const utString& key) {
     if (!seen_.insert(key).second) return;
     const bool reads = side == "--in";
@@ -74,7 +74,7 @@ class Checker {
   velConsole& console_;
   std::vector<std::string> names_;
   std::vector<velFormatOptions> formats_;
-  std::set<utString> seen_;  // keys with a good value
+  std::set<utString> seen_;  // keys with a valid value, so that each is warned of once
 };
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A key and its name for every option that the process knows.
+// The keys and names of all options of the process's resource table.
 class OptionNames : public vlnOrderedStringPairs {
  public:
   OptionNames() {

@@ -2,10 +2,10 @@
 
 #include "utString.h"
 
-// The names by which a person knows the options: "length-unit" for the key LENGTH_UNIT, which resource files use.
+// Option names for users, such as "length-unit", and the corresponding keys of resource files, such as LENGTH_UNIT.
 
-// The text itself when it is no key.
+// The name for a key. A text that is not a key is returned unchanged.
 utString vel_option_name(const utString& key);
 
-// The key behind a name or a key, case aside; the text itself when it is neither.
+// The key for a name or a key, ignoring case. Any other text is returned unchanged.
 utString vel_option_key(const utString& text);

@@ -5,7 +5,7 @@
 #include "velConsole.h"
 #include "velExitCode.h"
 
-// `vel options`: the keys of a format, what they take and what holds without them.
+// `vel options`: prints the options of a format, the values they accept and their defaults.
 struct velOptionsRequest {
   std::string format;
   bool json = false;

@@ -17,7 +17,7 @@ bool may(const std::string& path, int how) {
   return faccessat(AT_FDCWD, path.c_str(), how, AT_EACCESS) == 0;
 }
 
-// Nothing when nothing speaks against the output.
+// The number of the error message; no value when the output can be written.
 std::optional<velMessage> complaint_about(const std::string& output, const std::vector<std::string>& inputs) {
   const auto is_output = [&](const std::string& input) { return vel_is_same_file(input, output); };
   if (std::any_of(inputs.begin(), inputs.end(), is_output)) return velMSG_OUTPUT_IS_INPUT;
@@ -27,10 +27,10 @@ std::optional<velMessage> complaint_about(const std::string& output, const std::
   if (!exists && errno == ELOOP) return velMSG_OUTPUT_IN_CIRCLE;
   if (output.ends_with('/') || (exists && S_ISDIR(state.st_mode))) return velMSG_OUTPUT_IS_DIRECTORY;
   if (exists && !may(output, W_OK)) return velMSG_OUTPUT_READ_ONLY;
-  // A device or a pipe is written as it stands; a file is made beside the old one.
+  // A device or a pipe is opened directly. For a file, a new one is created in the same directory, so check that.
   if (exists && !S_ISREG(state.st_mode)) return std::nullopt;
 
-  // As the system takes the name apart: links and backslashes in it mean what they mean there.
+  // Split the name as the system does, so that links and backslashes have their usual meaning.
   const std::size_t separator = output.rfind('/');
   const std::string directory =
       separator == std::string::npos ? "." : output.substr(0, std::max<std::size_t>(separator, 1));

@@ -12,13 +12,13 @@ constexpr int row_width = 77;
 void velProgress::show(int percent) {
   if (percent < next_percent_) return;
   const Clock::time_point now = Clock::now();
-  // The end is no news to somebody who has seen no beginning.
+  // Show nothing for short work, and no 100 when no percentage was shown before it.
   if (now - began_ < patience || (percent == 100 && next_percent_ == 0)) return;
   next_percent_ = percent - percent % step + step;
   last_sign_ = now;
 
   const int length = percent == 100 ? 5 : 4;
-  // A percentage that fills a row exactly would leave the row open to the next message.
+  // After a percentage that exactly fills the row, the stream would print the next message on the same row.
   if (column_ + length == row_width) end();
   stream_.print_percent(percent);
   column_ = column_ + length > row_width ? length : column_ + length;
@@ -33,7 +33,7 @@ void velProgress::show_life() {
 }
 
 void velProgress::end() {
-  // A message ends the row; an empty one does nothing else.
+  // An empty message only ends the row.
   if (column_ > 0) stream_.print("");
   column_ = 0;
 }

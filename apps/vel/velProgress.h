@@ -4,15 +4,15 @@
 
 #include "vlnOstream.h"
 
-// How far the work has come, for a person at a terminal: a row of percentages that grows, with a dot for every second
-// in which nobody says how far it is. Work that is done in a moment shows nothing. Not for several threads.
+// Shows progress on a terminal: a growing row of percentages, with a dot for every second without a new percentage.
+// Short work shows nothing. Not thread-safe.
 class velProgress {
  public:
   // The stream must outlive it.
   explicit velProgress(vlnOstream& stream) : stream_(stream) {}
 
   void show(int percent);
-  // For work that goes on without telling how far it is; to be called as often as it pleases.
+  // Shows that the work continues when its progress is unknown. May be called at any rate.
   void show_life();
   // Ends the row, if one has begun.
   void end();

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The line of a problem "FILE, line N: reason"; 0 for one of the file as a whole.
+// The line number of a problem "FILE, line N: reason"; 0 for a problem of the whole file.
 long line_of(const std::string& problem, const utString& path) {
   const std::string start = path.str() + ", line ";
   return problem.starts_with(start) ? std::strtol(problem.c_str() + start.size(), nullptr, 10) : 0;

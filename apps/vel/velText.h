@@ -5,21 +5,21 @@
 #include <string_view>
 #include <vector>
 
-// Text as a terminal shows it.
+// Text for terminals.
 
-// The text with its control characters written as \xNN, so that a file's name can neither break a line nor steer a
-// terminal. All other bytes pass, also those that are no UTF-8.
+// The text with control characters written as \xNN, so that a file name can neither break a line nor control the
+// terminal. All other bytes are unchanged, even invalid UTF-8.
 std::string vel_printable(std::string_view text);
 
 std::string vel_joined(const std::vector<std::string>& texts, std::string_view separator = ", ");
 
-// The text, with a full stop behind it unless it ends in one or in a question mark.
+// The text, with a full stop appended unless it ends in a full stop or a question mark.
 std::string vel_sentence(std::string text);
 
-// The text in lines of at most 80 characters as far as its words allow, each with `indent` blanks in front. Made
-// printable.
+// Wraps the text at blanks into lines of at most 80 characters, including `indent` leading blanks. A longer word gets
+// its own line. Control characters are escaped.
 std::string vel_wrapped(std::string_view text, std::size_t indent);
 
-// Lines in columns, each as wide as its widest cell and two blanks apart; a line may be shorter than others. Nothing
-// stands behind the last cell of a line. Cells are made printable.
+// Formats a table. Each column is as wide as its widest cell, with two blanks between columns. A line may have fewer
+// cells than others. Lines have no trailing blanks. Control characters are escaped.
 std::string vel_columns(const std::vector<std::vector<std::string>>& lines);

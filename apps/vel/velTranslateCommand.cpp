@@ -29,7 +29,7 @@ std::string summary(const velTranslateRequest& request, const velTranslation& tr
                   {request.output, vel_joined(counts), translation.format(), sources_of(request.inputs)});
 }
 
-// What goes there is for a program, which does not want to be told.
+// An output file that is the standard output is read by another program, so no summary may follow it.
 bool is_standard_output(const std::string& file) {
   struct stat one;
   struct stat other;

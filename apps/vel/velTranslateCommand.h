@@ -2,7 +2,7 @@
 
 #include "velTranslation.h"
 
-// `vel translate`: one or more files into one.
+// `vel translate`: translates one or more files into one.
 struct velTranslateRequest : velTranslationRequest {
   bool json = false;
 };

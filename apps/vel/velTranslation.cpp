@@ -45,7 +45,7 @@ velExitCode velTranslation::choose_output() {
   return velEXIT_NO_TRANSLATOR;
 }
 
-// Why there is no writer.
+// The number of the message about an output without a writer.
 velMessage velTranslation::complaint_about_format() const {
   if (!request_.format.empty()) return velMSG_NO_WRITER;
   const std::size_t dot = vel_last_component(request_.output).find('.');

@@ -10,31 +10,31 @@
 #include "velJson.h"
 #include "velMessages.h"
 
-// What is to be translated into what.
+// The inputs, the output and the options of a translation.
 struct velTranslationRequest {
   std::vector<std::string> inputs;
-  std::string from;  // the format of every input, or its extension; empty: as their content says
+  std::string from;  // format or extension for every input; empty: chosen by the content
   std::string output;
-  std::string format;  // of the output, or its extension; empty: the extension of its name chooses
+  std::string format;  // format or extension for the output; empty: chosen by the extension of its name
   vlnTranslator::Resources input_options;
   vlnTranslator::Resources output_options;
-  std::string
-      other_format;  // of the command's other output; empty: none. Options that only it takes have no effect here
+  // The format of the command's other output; empty: none. Options that only that format has are ignored here.
+  std::string other_format;
 };
 
-// One request: checked, carried out, and every fault told. What it is made from must outlive it.
+// Checks and runs one request, and reports every error. The request and the console must outlive it.
 class velTranslation {
  public:
   velTranslation(const velTranslationRequest& request, velConsole& console)
       : request_(request), console_(console), format_(request.format) {}
 
-  // Once.
+  // May be called once.
   velExitCode run();
 
-  // As the writer calls it, once it is chosen; before that as the request names it.
+  // The format name of the writer; before the writer is chosen, the name in the request.
   const std::string& format() const { return format_; }
 
-  // Of the model, when it was translated: of its exact parts, and of those of facets.
+  // Statistics of the translated model: of its exact parts, and of its parts that have only a mesh.
   const annStatistics& exact() const { return exact_; }
   const annStatistics& facetted() const { return facetted_; }
 
@@ -60,5 +60,5 @@ class velTranslation {
   annStatistics exact_, facetted_;
 };
 
-// Everything that was said so far, for an object that is printed.
+// All messages so far, as a JSON array.
 velJson vel_messages_as_json(const velConsole& console);

@@ -41,7 +41,7 @@ std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& input
     return std::tie(row.category_order, row.category, row.format, row.direction, row.library);
   };
   std::stable_sort(rows.begin(), rows.end(), [&](const auto& a, const auto& b) { return order(a) < order(b); });
-  // Discovery may describe one library twice: from the cache and afresh.
+  // Discovery may describe one library twice: from the cache and from the library.
   rows.erase(std::unique(rows.begin(), rows.end(), [&](const auto& a, const auto& b) { return order(a) == order(b); }),
              rows.end());
   return rows;

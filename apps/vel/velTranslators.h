@@ -7,7 +7,7 @@
 #include "vlnTranslatorDlls.h"
 #include "vlnTranslatorInfo.h"
 
-// Translators as lists for people and for data.
+// Lists of translators, for tables and for JSON.
 
 struct velTranslatorRow {
   std::string format;
@@ -23,23 +23,23 @@ struct velTranslatorRow {
 
 velTranslatorRow vel_translator_row(const vlnTranslatorInfo& info);
 
-// Every translator of both sets once, ordered by category, format, direction and library.
+// Every translator of both sets once, sorted by category, format, direction and library.
 std::vector<velTranslatorRow> vel_translator_rows(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs);
 
-// The first translator that has this extension, with or without its dot, case aside. Null when there is none.
+// The first translator that has this extension, with or without its dot, ignoring case. Null when none has it.
 const vlnTranslatorInfo* vel_translator_for_extension(const vlnTranslatorDlls& set, const std::string& text);
 
-// The first translator whose format has this name, else the first that has this extension, with or without its dot;
-// case aside. Null when there is none.
+// The first translator whose format has this name, else the first that has this extension, with or without its dot.
+// Case is ignored. Null when none is found.
 const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& set, const std::string& text);
-// The same in both sets: a name in either goes before an extension.
+// The same in both sets: a format name in either set has priority over an extension.
 const vlnTranslatorInfo* vel_translator_named(const vlnTranslatorDlls& inputs, const vlnTranslatorDlls& outputs,
                                               const std::string& text);
 
-// The names of the formats of all sets, each once and sorted, with ", " between them; "none" when there is none.
+// The sorted names of the formats of all sets, each once, joined with ", "; "none" when all sets are empty.
 std::string vel_format_names(std::initializer_list<const vlnTranslatorDlls*> sets);
 
-// The packages without which the translators of a format are left out of the build, by the format's name or extension,
-// or by a file name with one of its extensions; empty for formats that need none.
+// The packages that the build needs for the translators of a format. `format` is a format name or an extension, `file`
+// a file name with such an extension. Empty for formats that need no packages.
 std::string vel_packages_for_format(const std::string& format);
 std::string vel_packages_for_file(const std::string& file);

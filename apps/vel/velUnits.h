@@ -7,18 +7,18 @@
 #include "velInstallation.h"
 #include "vlnServices.h"
 
-// The installation's service for units of length. Its library is looked for when it is first asked for. The
-// installation must outlive it.
+// Gives access to the installation's service for units of length. Its library is loaded by the first call of `service`.
+// The installation must outlive it.
 class velUnits {
  public:
   explicit velUnits(velInstallation& installation);
   velUnits(const velUnits&) = delete;
   velUnits& operator=(const velUnits&) = delete;
 
-  // Null when there is none.
+  // Null when it cannot be loaded.
   const unitsService* service();
 
-  // Why there is none, with `consequence` behind it: which library, and where it was looked for.
+  // The message about a missing service: which library, where it was searched, then `consequence`.
   std::string complaint(const std::string& consequence) const;
 
  private:

@@ -65,7 +65,7 @@ bool velValidator::validate_double(const utString& key, const utString& value) {
 
 bool velValidator::validate_text(const utString& key, const utString& value) {
   if (key.case_compare("BACKGROUND")) return is_background(value);
-  // No format holds curves or points that anything becomes of.
+  // Curves and points are not supported in any format.
   if (key.case_compare("ENTITY_TYPES")) return !value.case_compare("curves") && !value.case_compare("points");
   const std::vector<std::string> known = words(key);
   return known.empty() ||

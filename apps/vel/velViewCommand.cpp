@@ -21,7 +21,8 @@
 
 namespace {
 
-// A directory that only its user can look into, below that for temporary files; gone with it when nothing is kept.
+// A directory among the temporary files that only its user can access. The destructor removes it unless `keep` was
+// called.
 class PrivateDirectory {
  public:
   ~PrivateDirectory() {
@@ -48,14 +49,14 @@ class PrivateDirectory {
   bool kept_ = false;
 };
 
-// Whether a file's name ends in one of these extensions, or in none at all.
+// Whether the name has one of these extensions or none.
 bool may_be_called(const std::string& file, std::initializer_list<const char*> extensions) {
   const std::string extension = std::filesystem::path(vel_last_component(file)).extension().string();
   return extension.empty() || std::any_of(extensions.begin(), extensions.end(),
                                           [&](const char* known) { return strcasecmp(extension.c_str(), known) == 0; });
 }
 
-// What was asked for, in the order in which it is made.
+// Writes the picture, then the page.
 class View {
  public:
   View(const velViewRequest& request, velConsole& console) : request_(request), console_(console) {}
@@ -127,7 +128,7 @@ class View {
     return vel_joined(names);
   }
 
-  // After the first input, and without what would break the line on which it is printed or has no place in JSON.
+  // The name of the first input, with "_" for control characters and invalid UTF-8, which lines and JSON cannot hold.
   std::string name_of_page() const {
     constexpr std::size_t longest = 200;
     const std::string stem = std::filesystem::path(vel_last_component(request_.inputs.front())).stem().string();

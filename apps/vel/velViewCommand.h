@@ -7,23 +7,23 @@
 #include "velExitCode.h"
 #include "vlnTranslator.h"
 
-// `vel view`: a page that shows one or more files, or a picture of them.
+// `vel view`: writes a page that shows one or more files, or a picture of them.
 struct velViewRequest {
   std::vector<std::string> inputs;
-  std::string page;     // empty: among the temporary files, or, with a picture, none
+  std::string page;     // empty: in a temporary directory, or no page if there is a picture
   std::string picture;  // empty: none
-  int width = 0;        // of the picture, in pixels; 0 leaves the size to its format
+  int width = 0;        // of the picture, in pixels; 0: the default of the PNG writer
   int height = 0;
-  std::string from;  // the format of the inputs; empty: as their content says
+  std::string from;  // the format of the inputs; empty: chosen by the content
   vlnTranslator::Resources input_options;
   vlnTranslator::Resources output_options;  // of the page, of the picture or of both
   bool json = false;
 };
 
-// "800x600". False when it is something else, or more or less than a picture may have.
+// Parses a size such as "800x600". Returns false for any other text and for sizes that a picture cannot have.
 bool vel_size_from_text(const std::string& text, int& width, int& height);
 
-// Prints the name of what was written, the picture's before the page's; when quiet, only one that was not given. A name
-// with an extension of something else is refused, one without any is taken as it is. A page is opened in the user's
-// browser where there is a desktop and the standard output is a terminal.
+// Prints the names of the written files, first the picture, then the page; when quiet, only a name that the user did
+// not give. A name with a wrong extension is an error, a name without one is used unchanged. A page is opened in the
+// browser when there is a desktop and the standard output is a terminal.
 velExitCode vel_view(const velViewRequest& request, velConsole& console);
