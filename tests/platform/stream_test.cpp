@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -127,6 +128,36 @@ TEST(OfStream, FailuresAreToldOnceAndForAll) {
     EXPECT_EQ(stream.failure(), c.failure) << c.target;
   }
   EXPECT_TRUE(fs::is_symlink(directory / "circle"));
+}
+
+TEST(OfStream, LinksOfOthersWhereEverybodyMayWriteAreNotFollowed) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can give a link to another user";
+  TemporaryDirectory directory;
+  const std::string link = directory / "link", target = directory.write("target", "old");
+  fs::create_symlink(target, link);
+  chmod(directory.path().c_str(), 01777);
+  for (const uid_t owner : {uid_t{65534}, uid_t{0}}) {
+    ASSERT_EQ(lchown(link.c_str(), owner, owner), 0);
+    velabsOfStream stream(link);
+    stream.write("new");
+    EXPECT_EQ(stream.commit(), owner == 0);
+    EXPECT_EQ(TemporaryDirectory::read(target), owner == 0 ? "new" : "old");
+  }
+}
+
+TEST(OfStream, AFileBeyondTheLimitOfSizesIsAFailureAndNoSignal) {
+  TemporaryDirectory directory;
+  const std::string target = directory.write("target", "old");
+  rlimit before;
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{velabsOfStream::buffer_size, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  velabsOfStream stream(target);
+  for (int i = 0; i < 3; ++i) stream.write(std::string(velabsOfStream::buffer_size, 'x'));
+  EXPECT_FALSE(stream.commit());
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(stream.failure(), "File too large");
+  EXPECT_EQ(TemporaryDirectory::read(target), "old");
 }
 
 TEST(OfStream, APipeWhoseReaderGoesIsAFailureAndNoSignal) {

@@ -57,6 +57,17 @@ std::string behind_links(std::string path) {
   return path;
 }
 
+// Whether the path is a link of another user in a directory where everybody may make files (the sticky bit is set and
+// others may write): whoever made it chose the file that is written. Links of the directory's owner are trusted, as
+// the system does where its protection of such links is on (fs.protected_symlinks of proc(5)).
+bool is_untrusted_link(const std::string& path) {
+  struct stat link, directory;
+  if (lstat(path.c_str(), &link) != 0 || !S_ISLNK(link.st_mode)) return false;
+  if (stat(directory_of(path).c_str(), &directory) != 0) return false;
+  const bool is_open_to_all = (directory.st_mode & S_ISVTX) && (directory.st_mode & S_IWOTH);
+  return is_open_to_all && link.st_uid != geteuid() && link.st_uid != directory.st_uid;
+}
+
 // For a link of the directory in which the system shows a process's open descriptors, the number of the descriptor when
 // the process is this one, else -1; none when the path leads through no such link.
 std::optional<int> descriptor_behind(std::string path) {
@@ -89,36 +100,36 @@ int open_nameless(const std::string& directory) {
   return -1;
 }
 
-// Holds back the signal of a pipe that nobody reads any more, so that the write fails instead.
-class PipeSignalHeld {
+// Blocks, for this thread, the signals of a write to a pipe without a reader and beyond the limit of file sizes, so
+// that the write fails instead.
+class WriteSignalsBlocked {
  public:
-  PipeSignalHeld() {
-    sigemptyset(&pipe_);
-    sigaddset(&pipe_, SIGPIPE);
+  WriteSignalsBlocked() {
+    sigemptyset(&signals_);
     sigset_t pending;
     sigpending(&pending);
-    already_pending_ = sigismember(&pending, SIGPIPE) == 1;
-    pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+    for (const int signal : {SIGPIPE, SIGXFSZ}) {
+      if (sigismember(&pending, signal) != 1) sigaddset(&signals_, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &signals_, &before_);
   }
-  ~PipeSignalHeld() {
+  ~WriteSignalsBlocked() {
     const timespec at_once{};
-    if (!already_pending_) {
-      while (sigtimedwait(&pipe_, nullptr, &at_once) < 0 && errno == EINTR) {
-      }
+    while (sigtimedwait(&signals_, nullptr, &at_once) > 0 || errno == EINTR) {
     }
     pthread_sigmask(SIG_SETMASK, &before_, nullptr);
   }
-  PipeSignalHeld(const PipeSignalHeld&) = delete;
-  PipeSignalHeld& operator=(const PipeSignalHeld&) = delete;
+  WriteSignalsBlocked(const WriteSignalsBlocked&) = delete;
+  WriteSignalsBlocked& operator=(const WriteSignalsBlocked&) = delete;
 
  private:
-  sigset_t pipe_;
+  sigset_t signals_;  // those that were not pending before
   sigset_t before_;
-  bool already_pending_;
 };
 
 // 0, or the error that ended the writing.
 int write_all(int file, std::string_view bytes) {
+  const WriteSignalsBlocked blocked;
   while (!bytes.empty()) {
     const ssize_t put = ::write(file, bytes.data(), bytes.size());
     if (put < 0 && errno == EINTR) continue;
@@ -160,6 +171,10 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open_directly(cons
 std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utString& target, utString& failure) {
   if (target.empty() || target.view().find('\0') != std::string_view::npos) {
     failure = reason_of(ENOENT);
+    return nullptr;
+  }
+  if (is_untrusted_link(target.str())) {
+    failure = "it is a link of another user in a directory that everybody may write to; name the file itself";
     return nullptr;
   }
   if (is_written_directly(target)) return open_directly(target.str(), failure);
@@ -209,13 +224,7 @@ bool velabsReplacementFile::close_file() {
 }
 
 bool velabsReplacementFile::write(std::string_view bytes, utString& failure) {
-  int error;
-  if (target_.empty()) {
-    const PipeSignalHeld held;
-    error = write_all(file_, bytes);
-  } else {
-    error = write_all(file_, bytes);
-  }
+  const int error = write_all(file_, bytes);
   if (error != 0) failure = reason_of(error);
   return error == 0;
 }
