@@ -2,19 +2,37 @@
 
 #include <algorithm>
 
+namespace {
+
+// How many bytes at the front of UTF-8 text are one character that a terminal obeys instead of showing it: the control
+// characters (C0, DEL, C1) and those that change the direction of text or its lines (U+061C, U+200E, U+200F,
+// U+2028 to U+202E, U+2066 to U+2069).
+std::size_t control_length(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; };
+  if (byte(0) < 0x20 || byte(0) == 0x7f) return 1;
+  if (byte(0) == 0xc2 && byte(1) >= 0x80 && byte(1) < 0xa0) return 2;
+  if (byte(0) == 0xd8 && byte(1) == 0x9c) return 2;
+  if (byte(0) != 0xe2) return 0;
+  const bool is_general =
+      byte(1) == 0x80 && (byte(2) == 0x8e || byte(2) == 0x8f || (byte(2) >= 0xa8 && byte(2) <= 0xae));
+  const bool is_isolate = byte(1) == 0x81 && byte(2) >= 0xa6 && byte(2) <= 0xa9;
+  return is_general || is_isolate ? 3 : 0;
+}
+
+}  // namespace
+
 std::string vel_printable(std::string_view text) {
   static constexpr char digits[] = "0123456789abcdef";
   std::string printable;
   printable.reserve(text.size());
-  for (const char character : text) {
-    const auto byte = static_cast<unsigned char>(character);
-    if (byte >= 0x20 && byte != 0x7f) {
-      printable += character;
-      continue;
+  while (!text.empty()) {
+    const std::size_t length = control_length(text);
+    for (const char character : text.substr(0, length)) {
+      const auto byte = static_cast<unsigned char>(character);
+      printable += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
     }
-    printable += "\\x";
-    printable += digits[byte >> 4];
-    printable += digits[byte & 15];
+    if (length == 0) printable += text.front();
+    text.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return printable;
 }

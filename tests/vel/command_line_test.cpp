@@ -37,6 +37,7 @@ const std::vector<Case> cases{
     {{"translate", "a.stl", "-o", "b.obj", "--out", "=1"}, 2, "", "KEY=VALUE"},
     {{"translate", "-", "-o", "b.obj"}, 2, "", "name a file"},
     {{"translate", "a.stl", "-o", "-"}, 2, "", "name a file"},
+    {{"info", "no\u202e\u009bsuch.stl"}, 4, "", "no\\xe2\\x80\\xae\\xc2\\x9bsuch.stl"},
     {{"info", "a.stl", "b.stl"}, 2, "", "\"b.stl\" is a word too many"},
     {{"cache"}, 2, "", "vel cache --help"},
     {{"tranlsate", "a.stl"}, 2, "", "no command \"tranlsate\"; did you mean \"translate\"?"},
