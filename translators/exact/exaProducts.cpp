@@ -185,7 +185,7 @@ bool exaProducts::find(std::size_t definition, const annTransform& change, const
       if (made.uses.empty()) {
         made = std::move(part);
       } else {
-        // A part that has children becomes an assembly of its own shape and the children.
+        // A part that has children becomes an assembly of its shape and the children.
         products_.push_back(std::move(part));
         made.uses.insert(made.uses.begin(), {products_.size() - 1, gp_Trsf()});
       }

@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
-// The directory in which a file stands, as the system takes it; never empty.
+// The directory of a file, as the system resolves it; never empty.
 std::string vlt_directory_of(const std::string& file);
 
-// The regular file that a relative name means, as a path without links, when it is there and inside the directory; else
-// empty. Neither ".." nor a link leads out of it.
+// The path without links of the regular file with this relative name. Empty when there is no such file or it is
+// outside the directory; neither ".." nor a link may lead out of it.
 std::string vlt_path_beside(const std::string& directory, std::string_view name);

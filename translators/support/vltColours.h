@@ -1,7 +1,7 @@
 #pragma once
 
-// What a component of a colour counts to in a file that does not say so, given the greatest of them: 1, but 255 when
-// that one is clearly greater. Rounding brings fractions a little above 1.
+// The full value of a colour component in a file that does not declare it, from the maximum component found: 1, or 255
+// when the maximum is clearly greater than 1. Rounding makes fractions slightly greater than 1.
 constexpr float vlt_full_component(float greatest) {
   constexpr float clearly_greater = 2;
   return greatest > clearly_greater ? 255.0F : 1.0F;

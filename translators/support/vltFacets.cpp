@@ -16,7 +16,7 @@ namespace {
 
 constexpr double degrees = 180 / std::numbers::pi;
 
-// The factor by which a placement enlarges lengths along the axis that it enlarges most.
+// The maximum factor by which a placement scales lengths along an axis.
 double enlargement(const annTransform& placement) {
   double largest = 0;
   for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -25,7 +25,8 @@ double enlargement(const annTransform& placement) {
   return std::isfinite(largest) ? largest : 0;
 }
 
-// The progress of all shapes together, in hundredths of a shape. The other half of it all is the writing's.
+// The progress of all shapes together, in hundredths of a shape. It is the first half of the total; writing is the
+// rest.
 class Total {
  public:
   Total(std::size_t shapes, velabsOutput& output) : shapes_(shapes), output_(output) {}
@@ -38,7 +39,7 @@ class Total {
   std::atomic<std::size_t> sum_{0};
 };
 
-// The progress of one of them.
+// The progress of one shape.
 class Share final : public annProgress {
  public:
   explicit Share(Total& total) : total_(total) {}
@@ -128,7 +129,7 @@ void vltFacets::make_all() {
   try {
     for (std::size_t i = 1; i < workers; ++i) threads.emplace_back(work);
   } catch (const std::exception&) {
-    // With fewer threads it takes longer.
+    // The threads that did start do the work.
   }
   work();
   threads.clear();

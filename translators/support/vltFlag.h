@@ -3,7 +3,7 @@
 #include "utBool.h"
 #include "velTableInstance.h"
 
-// Whether a resource that is on or off is on.
+// The value of an on/off resource.
 inline bool vlt_flag(const velTableInstance& resources, const char* key) {
   return resources.value<utBool>(key, utFALSE) == utTRUE;
 }

@@ -7,16 +7,16 @@
 #include "velabsLibOutput.h"
 #include "vluFileType.h"
 
-// What the reader and the writer of one format say of it alike.
+// The description that the reader and the writer of one format share.
 struct vltFormat {
   const char* name;
   vluFileType file_type;
-  std::vector<const char*> extensions;  // the default marked with "*"
+  std::vector<const char*> extensions;  // the default starts with "*"
   const char* filter;
   const char* category;
 };
 
-// A translator that describes itself by a `vltFormat`, which must live as long as the library.
+// Base of a translator that describes itself by a `vltFormat`, which must live as long as the library.
 template <typename Base>
 class vltDescribed : public Base {
  public:

@@ -30,7 +30,7 @@ bool vltLines::next(std::string_view& line) {
 }
 
 std::string_view vltLines::take_line() {
-  // The next LF is kept, so that a text without any is not searched to its end for each CR.
+  // The next LF is remembered; otherwise a text with only CR would be searched to its end for each line.
   if (next_feed_ < at_ || lines_taken_ == 0) next_feed_ = std::min(text_.find('\n', at_), text_.size());
   const std::size_t begin = at_;
   const std::size_t end = next_return(next_feed_);

@@ -4,23 +4,23 @@
 
 #include "vltPlacedMesh.h"
 
-// What a format can hold of a document beside triangles.
+// The capabilities of a format besides triangles.
 struct vltCarries {
   const char* format;
-  bool polygons = false;        // faces of more than three corners
-  bool parts = false;           // several bodies with their names
-  bool tree = false;            // their arrangement in assemblies
-  bool colours = false;         // of parts and faces
-  bool opacity = true;          // of these colours, where they are held at all
-  bool material_names = false;  // how a colour is called
+  bool polygons = false;        // faces with more than three corners
+  bool parts = false;           // several bodies with names
+  bool tree = false;            // assemblies
+  bool colours = false;         // colours of parts and faces
+  bool opacity = true;          // opacity of these colours; only used with `colours`
+  bool material_names = false;  // names of materials
   bool vertex_normals = false;
   bool vertex_colours = false;
-  bool vertex_opacity = true;  // of the colours of vertices, where they are held at all
+  bool vertex_opacity = true;  // opacity of vertex colours, where the format has them
 };
 
-// Says in one note for each kind what the document has and the format does not hold; nothing of colours that the
-// resources WRITE_MATERIALS and WRITE_VERTEX_COLOURS leave out. Where the format states no length unit, one more note
-// names that of the numbers if a reader cannot know it.
+// Reports, in one note for each kind, what the document has and the format does not store. Colours that the resources
+// WRITE_MATERIALS and WRITE_VERTEX_COLOURS exclude are not reported. If the format has no length unit and the reader
+// cannot know it, one more note names it.
 void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMesh>& bodies, const vltCarries& carries,
                      const velTableInstance& resources, velabsOutput& output);
 void vlt_tell_losses(const annDocument& document, const vltWrittenMeshes& meshes, const vltCarries& carries,

@@ -15,7 +15,7 @@ bool is_control(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
 }
 
-// Where a comment begins; `npos` when there is none.
+// The start of a comment; `npos` when there is none.
 std::size_t comment_in(std::string_view text) {
   std::size_t at = text.find('#');
   for (; at != text.npos; at = text.find('#', at + 1)) {
@@ -70,7 +70,7 @@ std::string vlt_name_for_line(const utString& name) {
 
 std::string vltUniqueNames::unique(std::string name) {
   if (used_.insert(name).second) return name;
-  // Counting on from the last number of this name: a thousand parts of one name cost a thousand steps, not a million.
+  // Continues from the last number of this name, so many parts with one name take linear, not quadratic, time.
   unsigned& number = last_number_.try_emplace(name, 1).first->second;
   std::string numbered;
   do {

@@ -3,7 +3,7 @@
 #include <cmath>
 
 void vlt_settle_normals(std::vector<annVector>& normals, vltOnce& findings) {
-  constexpr double close = 1e-5;  // what numbers rounded to floats make of 1
+  constexpr double close = 1e-5;  // rounding error of a length in floats
   for (annVector& n : normals) {
     const double square = ann_dot(n, n);
     if (std::fabs(square - 1) <= close || n == annVector{}) continue;

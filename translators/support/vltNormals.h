@@ -5,6 +5,6 @@
 #include "annVector.h"
 #include "vltOnce.h"
 
-// Brings the normals of a file to length 1. Those of length 0 stay, and so do those that are as near to 1 as rounding
-// leaves them. With one that is not of finite numbers all are dropped, and a warning counted.
+// Normalises the normals of a file. Zero normals, and those whose length is 1 except for rounding, are not changed. If
+// a normal is not finite, all normals are removed and a warning is counted.
 void vlt_settle_normals(std::vector<annVector>& normals, vltOnce& findings);

@@ -39,7 +39,7 @@ bool vltNumberLines::take(double& value) {
 }
 
 bool vltNumberLines::take_odd_whole(long long& value) {
-  constexpr double most = 9e15;  // up to here every whole number is a double
+  constexpr double most = 9e15;  // every integer up to this one is exact as a double
   const char* const before = at_;
   double number = 0;
   if (take(number) && std::fabs(number) <= most && number == std::floor(number)) {

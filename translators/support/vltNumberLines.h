@@ -5,8 +5,8 @@
 
 #include "vltWords.h"
 
-// The lines of a text that is mostly numbers, for formats in which line breaks count. Blank lines are passed over, "#"
-// begins a comment that reaches to the end of its line, lines end with LF, CR LF or CR.
+// The lines of a text that consists mostly of numbers, for formats in which line breaks matter. Blank lines are
+// skipped. "#" starts a comment up to the end of the line. Lines end with LF, CR LF or CR.
 //
 //   while (lines.next_line()) {
 //     double x;
@@ -15,23 +15,24 @@
 //   }
 class vltNumberLines {
  public:
-  // `first_line` is the number of the line that the text begins with.
+  // `first_line` is the number of the first line of the text.
   explicit vltNumberLines(std::string_view text, std::size_t first_line = 1)
       : begin_(text.data()), at_(begin_), end_(begin_ + text.size()), line_(first_line) {}
 
-  // Leaves the current line, whatever is left of it, and goes to the next that holds something; to the first one at the
-  // first call. False at the end of the text.
+  // Skips the rest of the current line and goes to the next line that is not blank; the first call goes to the first
+  // one. False at the end of the text.
   bool next_line();
 
-  // True when nothing but blanks and a comment is left of the line.
+  // True when only blanks and a comment are left on the line.
   bool at_line_end() {
     while (at_ != end_ && vlt_is_blank(*at_)) ++at_;
     return at_ == end_ || ends_data(*at_);
   }
 
-  // The next word of the line as a number. False, and nothing taken, at the end of the line or when it is none.
+  // Reads the next word of the line as a number. False, without reading it, at the end of the line or for another
+  // word.
   bool take(double& value);
-  // The same for whole numbers; "3.0" is one.
+  // The same for integers; "3.0" is one.
   bool take(long long& value) {
     if (at_line_end()) return false;
     const bool negative = *at_ == '-';
@@ -44,13 +45,13 @@ class vltNumberLines {
     at_ = p;
     return true;
   }
-  // The next word whatever it is; empty at the end of the line.
+  // Reads the next word of any kind; empty at the end of the line.
   std::string_view take_word();
 
-  // What the current line still holds, and everything behind it.
+  // The rest of the current line and of the text.
   std::string_view rest() const { return {at_, static_cast<std::size_t>(end_ - at_)}; }
 
-  // Goes on behind so many bytes; they hold no line break.
+  // Skips bytes, which must not contain a line break.
   void skip(std::size_t bytes) { at_ += bytes; }
 
   std::size_t line() const { return line_; }

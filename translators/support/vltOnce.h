@@ -8,17 +8,17 @@
 
 #include "velabsOutput.h"
 
-// Findings of which a file may hold thousands, each kind of them told once, at the end, with how many there were and
-// where the first one stood. A file that holds many kinds gets the first ones and a count of the others,
-// told as gravely as the gravest of them.
+// Collects findings that a file may have by the thousand. Each kind is reported once, at the end, with its count and
+// the line of the first one. The number of kinds is limited; further ones are only counted, and reported with their
+// maximum severity.
 class vltOnce {
  public:
   explicit vltOnce(velabsOutput& output) : output_(output) {}
 
-  // `what` is both the kind and its text: "line elements are left out". `line` 0 stands for no place.
+  // `what` is the text and identifies the kind: "line elements are left out". `line` is 0 when it is unknown.
   void count(velabsSeverity severity, std::string_view what, std::size_t line = 0, std::size_t how_many = 1);
 
-  // Says everything, in the order in which the kinds came up, and forgets it.
+  // Reports all kinds in the order of their first finding, then clears them.
   void tell();
 
  private:

@@ -13,7 +13,7 @@ bool is_of_byte(float level) {
   return static_cast<float>(static_cast<int>(level * 255 + 0.5F)) / 255.0F == level;
 }
 
-// What a look at the coordinates found.
+// The results of checking coordinates.
 struct Coordinates {
   bool are_floats = true;
   double sum = 0;  // 0 times NaN or infinity is NaN
@@ -55,7 +55,7 @@ bool vltOneMesh::split_vertices(std::vector<vltPlacedMesh>& bodies) {
     return std::any_of(bodies.begin(), bodies.end(), [&](const vltPlacedMesh& body) { return test(*body.mesh); });
   };
   const bool bare_faces = any([](const annMesh& mesh) { return !mesh.has_normals() && mesh.face_count() > 0; });
-  // There is no normal to be had for points alone.
+  // Points without faces cannot get normals.
   const bool bare_points = any([](const annMesh& mesh) {
     return !mesh.has_normals() && mesh.face_count() == 0 && !mesh.vertices->points.empty();
   });

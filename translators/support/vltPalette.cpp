@@ -9,7 +9,7 @@ constexpr std::size_t first_slots = 256;
 std::uint64_t hash_of(const annColour& c) {
   std::uint64_t hash = 0;
   for (float part : {c.red, c.green, c.blue, c.opacity}) {
-    hash = (hash ^ std::bit_cast<std::uint32_t>(part + 0.0F)) * 0x9e3779b97f4a7c15;  // the sum makes -0 to 0
+    hash = (hash ^ std::bit_cast<std::uint32_t>(part + 0.0F)) * 0x9e3779b97f4a7c15;  // adding 0 turns -0 into 0
     hash ^= hash >> 29;
   }
   return hash;

@@ -5,15 +5,15 @@
 
 #include "annMesh.h"
 
-// Makes materials of the colours of faces, one for each distinct colour: a flat hash table over the materials of a
-// mesh. Nobody else may append to them meanwhile.
+// Makes one material for each distinct face colour: a flat hash table over the materials of a mesh. No other code may
+// append to these materials while the palette is in use.
 class vltPalette {
  public:
   // `mesh` must outlive the palette.
   explicit vltPalette(annMesh& mesh) : materials_(mesh.materials) {}
 
   std::uint32_t number_of(const annColour& colour) {
-    // Faces of one colour stand together in most files.
+    // In most files, faces of the same colour follow each other.
     if (last_ < materials_.size() && materials_[last_].colour == colour) return last_;
     return last_ = find(colour);
   }

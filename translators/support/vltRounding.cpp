@@ -10,9 +10,9 @@
 namespace {
 
 constexpr double share_of_size = 1e-5;
-constexpr double float_rounding = 0x1p-24;  // of a number, at most
+constexpr double float_rounding = 0x1p-24;  // maximum relative error
 
-// Never inlined: gcc 12 takes a number for the float that it becomes where it turns several of them to and fro at once.
+// Not inlined: gcc 12 vectorises the conversion to float and back, and then uses the number before rounding.
 [[gnu::noinline]] float rounded(double value) {
   return static_cast<float>(value);
 }
@@ -21,7 +21,7 @@ double largest(const annVector& v) {
   return std::max({std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
 }
 
-// What is known of the points seen so far.
+// Statistics of the points seen so far.
 class Seen {
  public:
   void take(const annVector& point) {
@@ -41,8 +41,8 @@ class Seen {
   double moved() const { return moved_; }
   bool too_far() const { return box_ && size() > 0 && moved_ > share_of_size * size() && std::isfinite(moved_); }
 
-  // True once no further point can change that all is well: none lies further out than the first one and the size of
-  // the whole, and with the size grows what may be lost.
+  // True when further points cannot change the result: no point is farther from the origin than the first one plus the
+  // diagonal, and the allowed error grows with the diagonal.
   bool never_too_far() const { return (first_ + size()) * float_rounding < share_of_size * size(); }
 
  private:
@@ -51,7 +51,7 @@ class Seen {
   double moved_ = 0;
 };
 
-// False when there is no need to look further.
+// False when no more points need to be checked.
 bool look_at(const vltVertexList& list, Seen& seen) {
   constexpr std::size_t step = 256;
   const std::vector<annVector>& points = list.vertices->points;

@@ -4,9 +4,9 @@
 
 #include "vltPlacedMesh.h"
 
-// For formats that hold coordinates as floats: warns, once for a file, when the bodies lie so far from the origin for
-// their size that rounding moves points by more than a hundred thousandth of the diagonal of the box around all of
-// them: about a tenth of a millimetre for ten metres, where shapes begin to look rough and small faces fall together.
-// `instead` says what holds the numbers as they are. Costs nothing to speak of for bodies near the origin.
+// For formats that store coordinates as floats: warns, once per file, when the bodies are so far from the origin that
+// rounding moves points by more than a hundred thousandth of the diagonal of their bounding box. That is a tenth of a
+// millimetre for ten metres; surfaces then look rough and small faces collapse. `instead` names a format that keeps
+// the numbers. Fast for bodies near the origin.
 void vlt_tell_rounding(const std::vector<vltPlacedMesh>& bodies, const char* format, const char* instead,
                        velabsOutput& output);

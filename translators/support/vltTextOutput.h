@@ -7,10 +7,10 @@
 #include "velabsOfStream.h"
 #include "velabsOutput.h"
 
-// Text and numbers into an output stream.
+// Writes text and numbers to an output stream.
 class vltTextOutput {
  public:
-  // `digits` is how many significant ones a number gets; 0 gives the shortest text that reads back as the same number.
+  // `digits` is the number of significant digits; 0 gives the shortest text that reads back as the same number.
   vltTextOutput(velabsOfStream& stream, int digits) : stream_(stream), digits_(digits) {}
 
   void text(std::string_view text);
@@ -24,5 +24,5 @@ class vltTextOutput {
   int digits_;
 };
 
-// The resource DIGITS: 0 to 17. Nothing, and a message, when it is something else.
+// The resource DIGITS: 0 to 17. Empty, with a message, for any other value.
 std::optional<int> vlt_digits(const velTableInstance& resources, velabsOutput& output);

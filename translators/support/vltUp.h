@@ -6,13 +6,13 @@
 #include "velTableInstance.h"
 #include "velabsOutput.h"
 
-// The axis that points up in a file, from the resource UP_AXIS: "auto" is the rule of the format, which may be none;
-// "y" and "z" are that axis; "keep" means that the model is never turned.
+// The up axis of a file, from the resource UP_AXIS: "auto" is the rule of the format, which may be none; "y" and "z"
+// are that axis; "keep" means that the model is never rotated.
 
-// Reading: sets the document's axis. With "keep" it has none. False, and a message, when UP_AXIS has another value.
+// For reading: sets the document's up axis, to none for "keep". False, with a message, when UP_AXIS is invalid.
 bool vlt_read_up(annUpAxis rule, const velTableInstance& resources, annDocument& document, velabsOutput& output);
 
-// Writing: the placement of the whole model that makes the file's axis point up. A note says when UP_AXIS names an axis
-// and the document has none, so that it is not turned. Nothing, and a message, when UP_AXIS has another value.
+// For writing: the placement of the whole model that makes the file's axis point up. A note is written when UP_AXIS
+// names an axis but the document has none and is not rotated. Empty, with a message, when UP_AXIS is invalid.
 std::optional<annTransform> vlt_written_turn(annUpAxis rule, const velTableInstance& resources,
                                              const annDocument& document, velabsOutput& output);

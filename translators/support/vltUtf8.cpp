@@ -45,7 +45,7 @@ std::size_t vlt_utf8_size(std::string_view text) {
   for (std::size_t i = 1; i < size; ++i) {
     if ((byte(i) & 0xc0) != 0x80) return 0;
   }
-  // Longer than need be, halves of a pair, or beyond the last character.
+  // Overlong encodings, surrogates, or codes above the maximum.
   const unsigned second = byte(1);
   const bool bad = (lead == 0xe0 && second < 0xa0) || (lead == 0xed && second >= 0xa0) ||
                    (lead == 0xf0 && second < 0x90) || (lead == 0xf4 && second >= 0x90);

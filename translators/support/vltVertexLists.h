@@ -5,15 +5,15 @@
 
 #include "vltPlacedMesh.h"
 
-// Vertices in one place, and how many vertices of other lists stand before them.
+// Vertices with one placement, and the number of vertices in the lists before them.
 struct vltVertexList {
   const annVertices* vertices;
   annTransform placement;
   std::size_t first;
 };
 
-// The vertices of several bodies as one row: lists that bodies share in one place stand there once, where the first of
-// them needs them. Holds on to nothing: the bodies must outlive it.
+// The vertices of several bodies as one sequence. A list that bodies share with the same placement appears once, at
+// the first body that uses it. Holds references only: the bodies must outlive it.
 class vltVertexLists {
  public:
   explicit vltVertexLists(const std::vector<vltPlacedMesh>& bodies);
@@ -22,9 +22,9 @@ class vltVertexLists {
   // The number of the list that a body uses.
   std::size_t number_of(std::size_t body) const { return list_of_[body]; }
   const vltVertexList& of(std::size_t body) const { return lists_[list_of_[body]]; }
-  // The number of a list that `all` holds.
+  // The index of a list in `all`.
   std::size_t index_of(const vltVertexList& list) const { return static_cast<std::size_t>(&list - lists_.data()); }
-  // Of all lists.
+  // The total of all lists.
   std::size_t vertex_count() const { return count_; }
 
  private:
