@@ -2,6 +2,6 @@
 
 #include <functional>
 
-// How long some work takes in a process of its own, in seconds; less than 0 when the work says that it failed. What the
-// work loads or allocates is gone afterwards.
+// The seconds that `work` takes in a separate process; less than 0 if it returns false. Nothing that `work` loads or
+// allocates remains afterwards.
 double seconds_in_child(const std::function<bool()>& work);

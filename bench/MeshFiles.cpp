@@ -12,7 +12,7 @@ namespace {
 
 using Point = std::array<float, 3>;
 
-// A grid of quadrilaterals that closes in both directions, each cut into two triangles.
+// A grid of quadrilaterals that is closed in both directions. Each is cut into two triangles.
 class Ring {
  public:
   explicit Ring(std::size_t triangles)

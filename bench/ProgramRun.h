@@ -5,15 +5,15 @@
 #include <string>
 #include <vector>
 
-// How a program fared as a whole process, from its start to its end.
+// The result of one run of a program: time and memory of the whole process.
 struct ProgramRun {
   bool done = false;
   double seconds = 0;
-  double peak_mebibytes = 0;  // the most memory that it held at one time
+  double peak_mebibytes = 0;  // the maximum memory in use
 };
 
-// Runs a program with its standard output thrown away.
+// Runs a program and discards its standard output.
 ProgramRun run_program(std::vector<std::string> words);
 
-// The time of a benchmark is that of the process; the counter `peak_MiB` is its memory.
+// Measures a program: the benchmark's time is that of the process, the counter `peak_MiB` its maximum memory.
 void measure_program(benchmark::State& state, const std::vector<std::string>& words);

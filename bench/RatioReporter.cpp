@@ -5,7 +5,7 @@
 
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
-    // The time is told apart from the ways in which it was taken: "name/manual_time/...".
+    // The name without the suffixes for the way of measuring: "name/manual_time/...".
     const std::string& name = run.run_name.function_name;
     if (const auto peak = run.counters.find("peak_MiB"); peak != run.counters.end()) {
       peaks_[name] = std::max(peaks_[name], static_cast<double>(peak->second));

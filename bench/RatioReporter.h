@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
-// Shows the benchmarks as usual and keeps their medians, so that ratios between them can be printed at the end.
+// Prints the benchmarks as usual and stores their medians, so that ratios between them can be printed at the end.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  // One line: what was compared, the ratio of the medians, and the bound; 0 stands for none.
+  // Prints one line: `what` was compared, the ratio of the medians, and the bound; 0 means no bound.
   void print_ratio(const char* what, const std::string& measured, const std::string& floor, double bound) const;
 
-  // One line: the most memory that any run of a benchmark took.
+  // Prints one line: the maximum memory over all runs of a benchmark.
   void print_peak(const char* what, const std::string& measured, double bound_in_mebibytes) const;
 
   // The median of a benchmark in nanoseconds; 0 when it did not run.
@@ -25,6 +25,6 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> peaks_;
 };
 
-// Runs the registered benchmarks. Every ratio compares medians of runs that take turns, so that a slow moment of the
-// machine falls on both sides. False when the words on the command line are not understood.
+// Runs the registered benchmarks. The compared benchmarks run alternately, so that a slow period of the machine affects
+// both. Returns false for invalid arguments.
 bool run_benchmarks(int argc, char** argv, int repetitions, RatioReporter& reporter);

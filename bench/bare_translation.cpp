@@ -1,6 +1,7 @@
-// The least that a translation has to do, as a program of its own: one way in, one way out, no document, no checks.
+// The lower bound for a translation, as a separate program: it reads and writes one file, without a document and
+// checks.
 //
-//   bare_translation weld     in.stl out.ply   binary STL, equal points made one, binary PLY
+//   bare_translation weld     in.stl out.ply   binary STL, equal points merged, binary PLY
 //   bare_translation ascii    in.stl out.stl   ASCII STL to binary STL
 //   bare_translation obj      in.obj out.stl   OBJ of triangles to binary STL
 
@@ -60,7 +61,7 @@ class Output {
   std::size_t used_ = 0;
 };
 
-// Numbers equal points alike by a flat table, at most half full.
+// Gives equal points the same number, with a flat hash table that is at most half full.
 class Welder {
  public:
   explicit Welder(std::size_t expected) {

@@ -19,8 +19,8 @@
 
 namespace {
 
-// An installation with as many libraries as wanted, half of them readers, and a cache that names all of them. The
-// libraries are empty files: with a whole cache nobody opens one.
+// An installation with a given number of libraries, half of them readers, and a cache that lists all of them. The
+// libraries are empty files: with a complete cache they are never opened.
 class Installation {
  public:
   explicit Installation(int translators) {
@@ -66,7 +66,7 @@ void plain_reading_and_listing(benchmark::State& state) {
   }
 }
 
-// The two sets as a program has them after its start, or nothing when the start was not served by the cache alone.
+// The two sets that a program has after its start.
 struct Sets {
   std::unique_ptr<vlnTranslatorDlls> inputs, outputs;
 };
@@ -97,7 +97,7 @@ void cached_start(benchmark::State& state) {
   }
 }
 
-// A program starts once: in fresh memory, not in what an earlier start left behind.
+// Measures the start in a new process, without the memory of an earlier start.
 void first_cached_start(benchmark::State& state) {
   const auto translators = static_cast<std::size_t>(state.range(0));
   const Installation& installation = Installation::of(static_cast<int>(state.range(0)));

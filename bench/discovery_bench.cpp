@@ -22,8 +22,8 @@ namespace {
 
 constexpr int copies_of_each = 25;
 
-// Copies of the real translators, so that there are many libraries to open. They lie as in an installation, because
-// some look for libraries beside it.
+// Copies of the real translators, so that there are many libraries to open. The directories are those of an
+// installation, because some translators find shared libraries by a relative path.
 const std::string& libraries() {
   static const TemporaryDirectory root;
   static const std::string path = [] {
@@ -42,7 +42,7 @@ const std::string& libraries() {
   return path;
 }
 
-// Libraries stay mapped once they were opened, so each measurement has a process of its own.
+// Libraries stay mapped once they were opened, so each measurement runs in a separate process.
 void measure(benchmark::State& state, const std::function<bool()>& work) {
   libraries();
   for (auto _ : state) {

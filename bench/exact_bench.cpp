@@ -13,7 +13,7 @@
 #include "TemporaryDirectory.h"
 #include "vltFacets.h"
 
-// Exact shapes to facets beside a program that hands everything to the kernel: whole processes, and meshing alone.
+// Exact shapes to facets, compared with a program that calls only the kernel: whole processes, and meshing alone.
 
 namespace {
 
@@ -26,7 +26,7 @@ const std::string& directory() {
   return path;
 }
 
-// An assembly of 200 parts, no two alike, made once.
+// An assembly of 200 different parts, created once.
 std::string model() {
   static const bool made = [] {
     setenv("QRM_HOME", directory().c_str(), 1);

@@ -1,4 +1,5 @@
-// What the kernel does by itself: the least that a translation of exact shapes can cost, and the model to measure with.
+// The kernel without our code: the lower bound for a translation of exact shapes. Also creates the model to measure
+// with.
 //   exact_floor make PARTS OUT.step
 //   exact_floor translate IN.step OUT.stl CHORD DEGREES
 
@@ -25,7 +26,7 @@ gp_Ax2 axis_at(double x, double y, double z) {
   return gp_Ax2(gp_Pnt(x, y, z), gp_Dir(0, 0, 1));
 }
 
-// A plate with holes and a groove around each; no two are alike.
+// A plate with holes and a groove around each hole; each plate is different.
 TopoDS_Shape plate(int number) {
   const double length = 60 + number, width = 40, height = 12;
   TopoDS_Shape shape = BRepPrimAPI_MakeBox(length, width, height);

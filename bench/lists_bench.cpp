@@ -6,7 +6,7 @@
 #include "vlnPathList.h"
 #include "vlnSearchPath.h"
 
-// Lists of directories must take time in proportion to their length.
+// The time for lists of directories must grow linearly with their length.
 
 namespace {
 

@@ -10,13 +10,13 @@
 #include "RatioReporter.h"
 #include "TemporaryDirectory.h"
 
-// Translations as a person runs them, each a whole process, beside `cp` and a program that does the least.
+// Translations as a user runs them, each a whole process, compared with `cp` and with a program that does the minimum.
 
 namespace {
 
 using Words = std::vector<std::string>;
 
-// The inputs, made once; the files of the program's own formats by the program itself.
+// The inputs, created once. Files in the program's own formats are written by the program.
 class Inputs {
  public:
   Inputs() {
@@ -46,7 +46,7 @@ const Inputs& inputs() {
   return made;
 }
 
-// Nothing stands there yet: what an earlier run wrote would have to be replaced, which waits for the disk.
+// Removes the output of an earlier run, because replacing a file waits for the disk.
 std::string fresh(const std::string& name) {
   const std::string file = inputs().file(name);
   std::filesystem::remove(file);

@@ -1,4 +1,4 @@
-# How everything here is compiled, and the tree into which the build lays its results.
+# Compiler settings, and the layout of the build tree.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -12,7 +12,8 @@ set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g")
 set(VEL_SANITIZE "" CACHE STRING "Sanitizers to build with, separated by commas")
 option(VEL_COVERAGE "Count which lines run" OFF)
 
-# The code is held to the warnings of these compilers; what another one warns of shall stop nobody from building.
+# Warnings are errors only with the compilers that the code is tested with; other compilers may warn without failing the
+# build.
 set(strict OFF)
 if((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13) OR
    (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 15))
@@ -35,7 +36,7 @@ if(VEL_COVERAGE)
   add_link_options(--coverage)
 endif()
 
-# The build tree is laid out as an installation is, so the program finds its directories the same way in both.
+# The build tree has the layout of an installation, so the program finds its directories the same way in both.
 set(VEL_ROOT ${CMAKE_BINARY_DIR}/root)
 set(VEL_EXEC_DIR sys/exec)
 set(VEL_TRANSLATOR_DIR ${VEL_EXEC_DIR}/lib)
@@ -44,12 +45,12 @@ set(VEL_SCHEMA_DIR sys/schemas)
 
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
-# Everything that the program needs to run, and the translators among it.
+# Everything that the program needs to run, including the translators.
 add_custom_target(program)
 add_custom_target(translator_libraries)
 
-# vel_place(TARGET DIRECTORY): the target's file goes into DIRECTORY below the root, in the build and in an installation,
-# and finds the shared libraries from there.
+# vel_place(TARGET DIRECTORY): puts the target's file into DIRECTORY below the root, in the build and in an
+# installation, and sets the run path to the shared libraries.
 function(vel_place target directory)
   string(REGEX REPLACE "[^/]+" ".." up ${directory})
   set_target_properties(${target} PROPERTIES
@@ -79,12 +80,13 @@ function(vel_add_service key)
   vel_place(${library} ${VEL_SERVICE_DIR})
 endfunction()
 
-# vel_make_unloadable(TARGET): a symbol that is unique in the process would keep its library mapped after it was closed.
+# vel_make_unloadable(TARGET): lets the library be unloaded. A symbol that is unique in the process would keep the
+# library mapped after it was closed.
 function(vel_make_unloadable target)
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 endfunction()
 
-# vel_add_data(DIRECTORY FILE...): files that go into DIRECTORY below the root, in the build and in an installation.
+# vel_add_data(DIRECTORY FILE...): puts files into DIRECTORY below the root, in the build and in an installation.
 function(vel_add_data directory)
   foreach(file ${ARGN})
     cmake_path(GET file FILENAME name)

@@ -1,5 +1,5 @@
-# What an installation has beside the tree of the program itself: the CMake package, the pkg-config file, a link to the
-# program where a shell finds it, the pages and the translator example. All of it may be moved as a whole.
+# Installs what does not belong to the program's own tree: the CMake package, the pkg-config file, a link to the program
+# in the directory for executables, the pages and the translator example. The whole installation can be moved.
 
 include(CMakePackageConfigHelpers)
 
@@ -14,7 +14,7 @@ install(FILES ${CMAKE_BINARY_DIR}/velbaseConfig.cmake ${CMAKE_BINARY_DIR}/velbas
   DESTINATION ${VEL_PACKAGE_DIR})
 install(EXPORT velbaseTargets NAMESPACE vel:: DESTINATION ${VEL_PACKAGE_DIR})
 
-# The prefix is told by where the file lies: the installation's may be another than the one configured.
+# The prefix is computed from the file's own path, because the installation's may differ from the configured one.
 set(VEL_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH VEL_PKGCONFIG_UP /prefix/${VEL_PKGCONFIG_DIR} /prefix)
 string(REGEX REPLACE "/$" "" VEL_PKGCONFIG_UP ${VEL_PKGCONFIG_UP})

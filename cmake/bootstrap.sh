@@ -1,9 +1,9 @@
-# Shared by `vel` and `check`: installs what is missing, configures once, builds incrementally. Needs $root, the project's
-# directory. Everything it says goes to standard error.
+# Shared by `vel` and `check`: installs what is missing, configures once, builds incrementally. Needs $root, the
+# project's directory. All messages go to standard error.
 
 vel_say() { echo "vel: $*" >&2; }
 
-# vel_missing PACKAGE...: which of these Debian packages are not installed.
+# vel_missing PACKAGE...: prints those of these Debian packages that are not installed.
 vel_missing() {
   missing=
   for package in "$@"; do
@@ -12,11 +12,11 @@ vel_missing() {
   [ -z "$missing" ] || echo "${missing# }"
 }
 
-# vel_install PACKAGE...: installs Debian packages; needs $as_root. What apt says goes to $log.
+# vel_install PACKAGE...: installs Debian packages; needs $as_root. The output of apt goes to $log.
 vel_install() { DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y --no-install-recommends "$@" >>"$log" 2>&1; }
 
-# vel_need PACKAGE...: installs the Debian packages that are missing, or says what to install. One that cannot be had
-# keeps none of the others away.
+# vel_need PACKAGE...: installs the Debian packages that are missing, or prints what to install. A package that cannot
+# be installed does not prevent the others.
 vel_need() {
   missing=$(vel_missing "$@")
   [ -z "$missing" ] && return 0
@@ -44,22 +44,22 @@ vel_need() {
   [ -z "$missing" ]
 }
 
-# vel_compiler: a compiler and the tools that drive it. Nothing here works without them.
+# vel_compiler: installs a compiler and build tools if they are missing. Every build needs them.
 vel_compiler() {
   if command -v cmake >/dev/null && command -v ninja >/dev/null && command -v c++ >/dev/null; then return 0; fi
   vel_need g++ cmake ninja-build
 }
 
-# What the program and its translators are built on, and what the tests and benchmarks need beside that. Whatever of it
-# cannot be had is left out of the build, which says so.
+# What the program and its translators need, and what the tests and benchmarks need in addition. Parts whose packages
+# are missing are not built, and a message lists them.
 vel_program_packages="libcli11-dev nlohmann-json3-dev libexpat1-dev libpng-dev libzip-dev libocct-data-exchange-dev"
 vel_test_packages="libgtest-dev libbenchmark-dev chromium"
 
-# Programs that are not ours, which read in tests what `vel` writes. Hundreds of megabytes: installed on request only.
+# Foreign programs with which tests read what `vel` writes. Hundreds of megabytes: installed only on request.
 vel_foreign_packages="lib3mf-dev assimp-utils admesh gmsh"
 vel_gltf_validator=gltf-validator@2.0.0-dev.3.10
 
-# vel_foreign: installs these programs, and the glTF validator of npm below the build directory. A test whose program
+# vel_foreign: installs the foreign programs, and the npm glTF validator below the build directory. A test whose program
 # cannot be installed is skipped.
 vel_foreign() {
   vel_need $vel_foreign_packages || true
@@ -79,7 +79,7 @@ vel_foreign() {
 }
 
 # vel_configure PRESET [-DNAME=VALUE...]: configures unless that was done with the packages that are installed now. The
-# directory keeps the list of those that it was configured without, and in .left-out what is not built for lack of them.
+# directory records the packages that were missing, and in .left-out what is therefore not built.
 vel_configure() {
   directory=$(vel_build_directory "$1")
   without=$directory/.configured-without
@@ -101,13 +101,13 @@ vel_configure() {
 
 vel_build_directory() { if [ "$1" = release ]; then echo "$root/build"; else echo "$root/build-$1"; fi; }
 
-# vel_build PRESET TARGET...: builds; what the compiler says is shown only when it fails.
+# vel_build PRESET TARGET...: builds; the compiler's output is shown only if it fails.
 vel_build() {
   directory=$(vel_build_directory "$1")
   shift
   log=$(mktemp)
   if [ -t 2 ]; then
-    # A person wants to see that it goes on.
+    # Show progress on a terminal.
     cmake --build "$directory" --target "$@" 2>&1 | tee "$log" | sed -un 's/^\[\([0-9]*\/[0-9]*\)\].*/\1/p' |
       while read -r step; do printf '\rvel: built %s ' "$step" >&2; done
     printf '\r                          \r' >&2
@@ -124,7 +124,7 @@ vel_build() {
   return 1
 }
 
-# vel_locked COMMAND...: one build at a time in this tree.
+# vel_locked COMMAND...: allows one build at a time in this tree.
 vel_locked() {
   if ! mkdir -p "$root/build" 2>/dev/null || [ ! -w "$root/build" ]; then
     vel_say "cannot build in $root/build: it may not be written to; copy the project to a directory of your own"

@@ -9,13 +9,12 @@
 #include "vlnExport.h"
 #include "vlnIAppDirMap.h"
 
-// The directory map of an installation, worked out from where the executable lies: two levels below the root, in a
-// directory under "sys". The user's application data directory is found or created; nothing of the installation is
-// checked or made. Everything is unset until `initialise`. The environment and the application information are not
-// owned.
+// The directory map of an installation, computed from the executable's directory. The executable is two levels below
+// the root, in a directory under "sys". The user's application data directory is found or created. The installation's
+// directories are neither checked nor created. Everything is unset until `initialise`. The environment and the
+// application information are not owned.
 //
-// On disk every path is its text in the application's encoding, so that `utString` and foundation strings name the same
-// file.
+// Paths are converted to the application's encoding on disk, so `utString` and foundation strings name the same file.
 class VLN_API vlnAppDirMap : public vlnIAppDirMap {
  public:
   explicit vlnAppDirMap(utObserverPtr<apIProcessEnvironmentOperations> environment);
@@ -26,38 +25,38 @@ class VLN_API vlnAppDirMap : public vlnIAppDirMap {
   const vlnSearchPath& get_dir(vlnQRMDirectory directory) const override;
   vlnSchemaDir get_schema_dir(vlnSchemaSubDirectory sub_directory) override;
 
-  // `drive` and `directory` say where the executable lies; the directory may end in a separator. The application data
-  // directory is `startup_subpath` below the first base that will have it: the variable QRM_HOME, `config_path` (made
-  // if it is missing), `temp_path`. Without one the result says so: the installation's directories are then set, the
-  // schemas are not. It also says so, with nothing set, when `app_info` is null. A directory of 512 characters or more
-  // throws std::out_of_range.
+  // `drive` and `directory` give the executable's directory; the directory may end in a separator. The application data
+  // directory is `startup_subpath` below the first usable base: the variable QRM_HOME, `config_path` (created if
+  // missing), `temp_path`. Returns vlnAppMapInitNoAppDataDir if no base is usable: the installation's directories are
+  // then set, the schemas are not. Returns the same value, with nothing set, if `app_info` is null. Throws
+  // std::out_of_range for a directory of 512 characters or more.
   virtual vlnAppMapInit initialise(const utString& drive, const utString& directory, const apPathName& startup_subpath,
                                    velabsAppInfo* app_info, const apPathName& config_path, const apPathName& temp_path);
 
-  // Puts further schema directories (";" between them) behind the application data directory and in front of those of
-  // earlier calls and of the installation. 1, or 0 with nothing changed before `initialise` has succeeded.
+  // Adds schema directories (separated by ";") after the application data directory and before those of earlier calls
+  // and of the installation. Returns 1, or 0 with nothing changed if `initialise` has not succeeded.
   int add_schema_dir(const utString& directories);
 
  protected:
   void InitialiseSysDir(const utString& drive, const utString& directory);
   bool initialise_app_data_dir();
 
-  // Makes `path` the start-up sub-path below itself, creating that one level. False when it is no directory in the end.
+  // Appends the start-up sub-path to `path` and creates that one level. Returns false if the result is not a directory.
   bool create_startup_path(apPathName& path);
 
-  // Each tries one base and leaves the application data directory in `path`.
+  // Each tries one base and stores the application data directory in `path`.
   bool search_qrm_home_path(apPathName& path);
   bool search_config_path(apPathName& path);
   bool search_system_temp_path(apPathName& path);
 
-  // The name of a path, with "." and the extension when there is one: "x" for "d/x.", ".txt" for "d/.txt".
+  // The file name of a path, with "." and the extension if it has one: "x" for "d/x.", ".txt" for "d/.txt".
   utString extract_file(const utString& path) const;
 
-  // Sets `search_path` from a variable with ";" between directories, "<exe_dir>" replaced; left alone when the variable
-  // is empty or not set.
+  // Sets `search_path` from a variable that lists directories separated by ";", with "<exe_dir>" replaced. Does nothing
+  // if the variable is empty or not set.
   void path_from_env_var(const apString& name, vlnSearchPath& search_path, const apPathName& exe_dir) const;
 
-  // For derived maps; does nothing here.
+  // For derived maps. Does nothing in this class.
   void add_env_options(const apPathName& path);
 
   int setup_schemas();
@@ -65,10 +64,10 @@ class VLN_API vlnAppDirMap : public vlnIAppDirMap {
   void create_schema_dir(const utString& name);
 
  private:
-  // The application's; the default one before `initialise`.
+  // The application's encoding; the default one before `initialise`.
   const apIStringEncoding* encoding() const;
   apPathName in_own_encoding(const apString& path) const;
-  // The value of a variable as the application's encoding spells it.
+  // The value of a variable, decoded with the application's encoding.
   apString environment_text(const apString& name) const;
 
   vlnSearchPath system_;

@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// What came of setting the application directory map up.
+// The result of initialising the application directory map.
 enum vlnAppMapInit : int {
   vlnAppMapInitOk = 0,
   vlnAppMapInitNoAppDataDir = 1,  // no application data directory could be found or created

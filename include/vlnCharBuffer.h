@@ -5,26 +5,26 @@
 
 #include "vlnExport.h"
 
-// Collects text and hands it on in one piece: to `write_out`, once the text with its terminating NUL is longer than a
-// limit, or when it is flushed. Not for several threads. A derived class that wants the rest flushes before it is
-// destroyed.
+// Collects text and passes it to `write_out` in one piece: when the text and its terminating NUL exceed a limit, or
+// when it is flushed. Not thread-safe. The destructor does not flush: a derived class that needs the remaining text
+// flushes first.
 class VLN_API vlnCharBuffer {
  public:
   virtual ~vlnCharBuffer();
 
-  // Takes what is buffered; the buffer is emptied afterwards.
+  // Receives the buffered text through `text` and `length`. The buffer is emptied afterwards.
   virtual void write_out() = 0;
 
   explicit vlnCharBuffer(int limit);
 
-  // An empty or null text does nothing.
+  // Does nothing for an empty or null text.
   void add(const char* text);
 
-  // Writes out whatever is there, also nothing.
+  // Calls `write_out`, also when the buffer is empty.
   void flush();
 
  protected:
-  // What is buffered, ending in a NUL.
+  // The buffered text, terminated by NUL.
   const char* text() const { return text_.data(); }
   std::size_t length() const { return text_.size() - 1; }
 

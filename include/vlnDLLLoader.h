@@ -13,13 +13,14 @@
 #include "vlnIAppDirMap.h"
 #include "vlnTranslatorDlls.h"
 
-// Gives an application its two translator sets. It owns the directory map and finds the cache file and the libraries
-// through it; the application says how the map is made and what is left to do after loading. What is borrowed (library
-// and file operations, application information) must outlive it, and it must outlive the sets' uses.
+// Creates an application's two translator sets. It owns the directory map and uses it to find the cache file and the
+// libraries. The application creates the map and defines the step after loading. The library operations, file
+// operations and application information are not owned and must outlive the loader. The loader must outlive all use of
+// the sets.
 class VLN_API vlnDLLLoader {
  public:
-  // Replaces both sets by what the cache and the library directory give. May be called again, also with other sets; all
-  // of them may be used as long as the loader lives. What failed is not reported. Without application information
+  // Replaces both sets by the translators of the cache and the library directory. May be called again, also with other
+  // sets; all of them are valid as long as the loader lives. Failures are not reported. Without application information
   // texts are UTF-8; without a directory map both sets are empty.
   virtual void load_dlls(std::unique_ptr<vlnTranslatorDlls>& input, std::unique_ptr<vlnTranslatorDlls>& output);
 
@@ -34,7 +35,7 @@ class VLN_API vlnDLLLoader {
   void set_app_info(utObserverPtr<velabsAppInfo> app_info) { app_info_ = app_info; }
   utObserverPtr<velabsAppInfo> app_info() const { return app_info_; }
 
-  // Made at the first call, shared from then on.
+  // Created at the first call and shared afterwards.
   std::shared_ptr<vlnIAppDirMap> app_dir_map();
 
  protected:
@@ -45,7 +46,7 @@ class VLN_API vlnDLLLoader {
   v2vTranslatorLoader libraries_;
   utObserverPtr<const apIFileOperations> files_;
   utObserverPtr<velabsAppInfo> app_info_;
-  // One for each loading; the descriptions hold it by pointer.
+  // One for each call of `load_dlls`; the descriptions keep a pointer to it.
   std::vector<std::unique_ptr<apIStringCompare>> comparisons_;
   std::shared_ptr<vlnIAppDirMap> app_dir_map_;
 };

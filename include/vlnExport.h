@@ -2,5 +2,5 @@
 
 #include "apLanguage.h"
 
-// What libvelbase shows to its users. Everything else is compiled hidden.
+// Exports a symbol of libvelbase. Everything else has hidden visibility.
 #define VLN_API __attribute__((visibility("default")))

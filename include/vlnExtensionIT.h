@@ -7,9 +7,9 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// A walk over a translator's extensions, the default one first: an extension marked with a leading "*" loses the mark
-// and goes to the front, so of several marked ones the last comes first. Stands before the first one at the start. A
-// null set has none.
+// Iterates over a translator's extensions, the default one first. An extension with a leading "*" is moved to the front
+// without the "*"; with several of them the last one is first. The iterator starts before the first extension. A null
+// set is treated as empty.
 class VLN_API vlnExtensionIT {
  public:
   explicit vlnExtensionIT(const utStringcoSet* extensions);

@@ -3,12 +3,12 @@
 #include "vlnExport.h"
 #include "vlnVlnFileFactory.h"
 
-// A file factory that puts the platform's own encoding and file operations in the place of null ones.
+// A file factory that uses the platform's encoding and file operations in place of null ones.
 class VLN_API vlnFileFactory : public vlnVlnFileFactory {
  public:
   vlnFileFactory(const apIStringEncoding* encoding, const apIFileOperations* file_operations);
   ~vlnFileFactory() override;
 
-  // What `create` makes.
+  // Returns the same file as `create`.
   vlnFile file(utString path) const;
 };

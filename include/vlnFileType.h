@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// What stands at a path.
+// The type of the file system entry at a path.
 enum vlnFileType : int {
   vlnFileTypeNone = 0,
   vlnFileTypeFile = 1,

@@ -5,9 +5,8 @@
 #include "vlnExport.h"
 #include "vlnIFindByExtension.h"
 
-// Lists what the file system holds, in the order of the entries' names, sub-directories not descended into. Extensions
-// are compared by the given comparison; without one nothing is found. Neither argument is owned; without file
-// operations the system's own serve.
+// Lists a directory of the file system, sorted by entry name, without its sub-directories. Extensions are compared with
+// `compare`; if it is null nothing is found. Neither argument is owned. Null file operations mean the system's.
 class VLN_API vlnFindFileByExtension : public vlnIFindByExtension {
  public:
   vlnFindFileByExtension(const apIFileOperations* files, const apIStringCompare* compare);

@@ -10,11 +10,11 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// The name of a data format, with the policies by which it is converted and compared. Neither policy is owned; both
-// must outlive the uses of the name, not the name itself.
+// The name of a data format, with its text encoding and its comparison. Neither is owned; both must outlive all use of
+// the name, but not the name itself.
 class VLN_API vlnFormatName {
  public:
-  // A placeholder until a whole name is assigned: `invalid`, equal to nothing by `case_compare`, null as text.
+  // A placeholder until a name is assigned: it is `invalid`, `case_compare` is always false, and its text is null.
   vlnFormatName() = default;
   vlnFormatName(apString name, const apIStringEncoding* encoding, const apIStringCompare* compare)
       : name_(std::move(name)), encoding_(encoding), compare_(compare) {}
@@ -23,10 +23,10 @@ class VLN_API vlnFormatName {
   const apString& string() const { return name_; }
   utString ut_string() const;
 
-  // Equality by the name's own comparison: without regard to case in this system.
+  // Compares with the name's own comparison, which ignores case in this system.
   bool case_compare(const apString& other) const;
 
-  // Character by character; the policies play no part.
+  // Compares character by character, without the encoding and the comparison.
   friend bool operator==(const vlnFormatName& left, const vlnFormatName& right) { return left.name_ == right.name_; }
 
  private:
@@ -37,6 +37,6 @@ class VLN_API vlnFormatName {
 
 template <>
 struct std::hash<vlnFormatName> {
-  // Not noexcept, so that the standard containers keep the hash and do not work it out again at every step.
+  // Not noexcept, so that the standard containers store the hash and do not compute it again at every step.
   std::size_t operator()(const vlnFormatName& name) const { return co_hash(name.string()); }
 };

@@ -3,16 +3,16 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// The names of two ways in which an internet request fails.
+// The names of two kinds of failure of an internet request.
 VLN_API extern const utString vlnINTERNET_UTEST_SECURITY_FAILURE;
 VLN_API extern const utString vlnINTERNET_UTEST_CONNECTION_FAILURE;
 
-// A request in the manner of a form: name=value fields, each with "&" behind it. Names and values are percent-encoded
-// as they are added: what is neither letter nor digit becomes "%" and two lower-case hexadecimal digits.
+// A request in the form encoding: name=value fields, each followed by "&". Names and values are percent-encoded as they
+// are added: every byte that is not a letter or digit becomes "%" and two lower-case hexadecimal digits.
 class VLN_API vlnHtmlRequest {
  public:
   vlnHtmlRequest() = default;
-  // Taken as a request that is encoded already.
+  // `buffer` is a request that is already encoded.
   explicit vlnHtmlRequest(const utString& buffer) : buffer_(buffer) {}
   vlnHtmlRequest(const vlnHtmlRequest& other) { become(other); }
   vlnHtmlRequest& operator=(const vlnHtmlRequest& other) {
@@ -23,15 +23,14 @@ class VLN_API vlnHtmlRequest {
   void add_field(const utString& name, const utString& value);
   const utString& buffer() const { return buffer_; }
 
-  // The value of the first field of that name, or "". Both are in their encoded form: the name must be given encoded,
-  // the value comes back as it stands.
+  // The value of the first field with that name, or "". The name must be given encoded; the value is returned encoded.
   utString get_field(const char* name) const;
 
  protected:
   void become(const vlnHtmlRequest& other) { buffer_ = other.buffer_; }
 
   static utString code(const utString& text);
-  // "+" becomes a blank. A "%" without two hexadecimal digits behind it is copied.
+  // Decodes a text. "+" becomes a space. A "%" that is not followed by two hexadecimal digits is copied.
   static utString uncode(const utString& text);
 
  private:

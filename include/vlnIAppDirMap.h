@@ -9,18 +9,18 @@
 #include "vlnSchemaSubDirectory.h"
 #include "vlnSearchPath.h"
 
-// Where everything is: the directories of the installation and of the user.
+// Gives the directories of the installation and of the user.
 class VLN_API vlnIAppDirMap {
  public:
-  // Copies every file with `extension` in the directories of `from_dirs` (";" between them; an earlier directory hides
-  // files of the same name in later ones) into `to_dir`, which is made if it is missing (one level). A file that cannot
-  // be copied is skipped. 1, or 0 when `to_dir` can be neither found nor made.
+  // Copies every file with `extension` in the directories of `from_dirs` (separated by ";") into `to_dir`. A file in an
+  // earlier directory hides files of the same name in later ones. `to_dir` is created if missing (one level). A file
+  // that cannot be copied is skipped. Returns 1, or 0 if `to_dir` cannot be found or created.
   virtual int copy_files(const utString& from_dirs, const utString& to_dir, const utString& extension) const = 0;
 
-  // The first file of that name in a directory's search path; an empty path when there is none.
+  // The first file with that name in the search path of `directory`, or an empty path.
   virtual apPathName find_file(vlnQRMDirectory directory, const apFileName& name) = 0;
 
-  // Valid as long as the map. A value that is none of the enumeration gives the executable's search path.
+  // The reference is valid as long as the map. A value outside the enumeration gives the executable's search path.
   virtual const vlnSearchPath& get_dir(vlnQRMDirectory directory) const = 0;
 
   virtual vlnSchemaDir get_schema_dir(vlnSchemaSubDirectory sub_directory) = 0;

@@ -6,8 +6,8 @@
 #include "vlnExport.h"
 #include "vlnStringPair.h"
 
-// Pairs of strings that translate either way, in the order in which they were added. A string that stands in several
-// pairs is translated by the latest one; the walk yields them all.
+// A two-way map between strings that keeps the order in which pairs were added. A string in several pairs is translated
+// by the latest pair; iteration yields all pairs.
 class VLN_API vlnOrderedStringPairs {
  public:
   vlnOrderedStringPairs() = default;
@@ -17,7 +17,7 @@ class VLN_API vlnOrderedStringPairs {
   void add_pair(const utString& s1, const utString& s2);
   coPageArr<vlnStringPair>::Iterator iterator() const { return pairs_.iterator(); }
 
-  // The other string of the pair, or "" when there is none.
+  // The other string of the pair, or "" if there is no such pair.
   const utString& string1(const utString& s2) const;
   const utString& string2(const utString& s1) const;
 

@@ -8,29 +8,29 @@
 #include "apISynchOperations.h"
 #include "vlnExport.h"
 
-// Prints messages and progress to several standard streams at once. Progress grows along a row of at most 77
-// characters; a message ends the row first. Every printing operation and `add_ostream` may be called from several
-// threads: what one call prints is never mixed with another's. The streams are not owned and never removed.
+// Prints messages and progress to several standard streams at once. Progress is printed in rows of at most 77
+// characters; a message ends the row first. Every printing operation and `add_ostream` are thread-safe: the output of
+// one call is never mixed with another's. The streams are not owned and never removed.
 class VLN_API vlnOstream {
  public:
-  // A null pointer makes the lock from the standard library.
+  // A null pointer selects a lock of the standard library.
   explicit vlnOstream(const apISynchOperations* synch);
 
   // A null pointer is ignored.
   void add_ostream(std::ostream* stream);
 
-  // Whether every stream is flushed after each call; returns what held before. Not for several threads.
+  // Sets whether every stream is flushed after each call. Returns the previous setting. Not thread-safe.
   int auto_flush(int on);
 
-  // Writes the text as it is; a line break belongs to the text. No printing operation pads: a width that is set for a
-  // stream stays set.
+  // Writes the text unchanged, without adding a line break. No printing operation pads: a width that is set for a
+  // stream is neither used nor cleared.
   void print(const char* text);
 
-  // One more dot; the 77th ends the row.
+  // Prints one dot; the 77th ends the row.
   void print_dot();
 
-  // "%07%" for 7, "%100%" for 100; values outside 0 to 100 are taken as the nearer bound. A text that does not fit goes
-  // to a new row. One that fills the row exactly leaves the row unfinished and the column at its start.
+  // Prints "%07%" for 7, "%100%" for 100. Values outside 0 to 100 are clamped. A text that does not fit starts a new
+  // row. After a text that fills the row exactly, the row is not ended but the column is 0.
   void print_percent(int percent);
 
  private:

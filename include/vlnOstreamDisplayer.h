@@ -4,7 +4,7 @@
 #include "vlnExport.h"
 #include "vlnOstream.h"
 
-// Displays through an output stream, which is not owned.
+// Displays text through an output stream, which is not owned.
 class VLN_API vlnOstreamDisplayer : public velnlsDisplayer {
  public:
   explicit vlnOstreamDisplayer(vlnOstream* stream) : stream_(stream) {}

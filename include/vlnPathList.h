@@ -9,29 +9,29 @@
 #include "vlnExport.h"
 #include "vlnPathListError.h"
 
-// The older list of directories, on character strings: duplicates and empty entries are dropped, a leading "~" becomes
-// the value of HOME, and each candidate is tested for what it is. Strings that it returns as `char*` are allocated with
-// malloc and belong to the caller, who frees them with free; a null pointer means not found. A null name is not found,
-// a null list is empty. Not for several threads.
+// A list of directories as character strings. Duplicates and empty entries are removed, a leading "~" is replaced by
+// the value of HOME, and each candidate is checked on disk. Returned `char*` strings are allocated with malloc; the
+// caller frees them with free. A null pointer means not found. A null name is never found; a null list is empty. Not
+// thread-safe.
 class VLN_API vlnPathList {
  public:
-  // Directories with ";" between them.
+  // Directories separated by ";".
   explicit vlnPathList(const char* list);
   ~vlnPathList();
 
-  // The first path at which `name` is a file. An absolute name (leading "/", backslash or "~", a drive letter before
-  // them included) is tested as it stands, without the list; in the directory "." it is tested bare.
+  // The first path at which `name` is a file. An absolute name is tested unchanged, without the list; it begins with
+  // "/", a backslash or "~", with or without a drive letter before it. In the directory "." the bare name is tested.
   char* search(const char* name);
-  // The same for a directory.
+  // Like `search`, for a directory.
   char* search_dir(const char* name);
 
-  // Appends every regular file whose name matches "*." and the extension, directory by directory and sorted by name
-  // within each. Case is ignored; "*" and "?" in the extension match any characters and one. A name in an earlier
-  // directory hides the same name in later ones. An empty extension gives names without a dot, a null one nothing.
+  // Appends every regular file whose name matches "*." and the extension, directory by directory, sorted by name within
+  // each. Case is ignored. In the extension "*" matches any characters and "?" one. A name in an earlier directory
+  // hides the same name in later ones. An empty extension gives names without a dot, a null one nothing.
   void search_by_extension(utStringcoDynArr& found, const char* extension);
 
-  // `list` with every "<exe_dir>", wherever it is, replaced. Placeholders that a replacement completes are replaced
-  // too, unless `exe_dir` holds one itself. Empty text for a null list.
+  // `list` with every "<exe_dir>" replaced, anywhere in the text. A placeholder that results from a replacement is
+  // replaced too, unless `exe_dir` contains one. Empty text for a null list.
   static char* expand_list(const char* list, const utString& exe_dir);
 
  protected:
@@ -40,15 +40,15 @@ class VLN_API vlnPathList {
   void add(const char* path);
   void add_list(const char* list);
   vlnPathListError check_access(const char* path);
-  // Nonzero when the list holds exactly this text.
+  // Nonzero if the list contains exactly this text.
   int in_list(const char* path);
   int absolute_path(const char* path);
-  // The backslash.
+  // The backslash character.
   char path_slash() { return path_slash_; }
-  // Turns "/" into the backslash in the first `length` characters, in place. The result is for comparing, never for the
-  // file system.
+  // Replaces "/" by a backslash in the first `length` characters, in place. The result is for comparisons only, not for
+  // the file system.
   const char* path_verify(char* path, int length);
-  // 1 when every ":" stands behind a drive letter at the start of an entry, else 0.
+  // Returns 1 if every ":" follows a drive letter at the start of an entry, else 0.
   int valid_colon_check(const char* list);
 
  private:

@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// What one path turned out to be, or why that could not be told.
+// The type of the entry at a path, or the error that prevented the check.
 enum vlnPathListError : int {
   vlnPathIsFile = 0,  // a regular file or a character device
   vlnPathNotFound = 2,

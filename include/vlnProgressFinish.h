@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// How one translation of a run ended, as the application records it.
+// How one translation of a run ended, as recorded by the application.
 enum vlnProgressFinish : int {
   vlnFINISH_NONE = 0,
   vlnFINISH_DONE = 1,

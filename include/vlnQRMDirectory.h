@@ -8,9 +8,9 @@ enum vlnQRMDirectory : int {
   vlnDIRECTORY_LIBRARY = 1,   // translator libraries
   vlnDIRECTORY_SERVICES = 2,  // service libraries
   vlnDIRECTORY_LOCALE = 3,
-  vlnDIRECTORY_SCHEMAS = 4,  // the user's application data in front, once it is set up
+  vlnDIRECTORY_SCHEMAS = 4,  // the user's application data first, once it is set up
   vlnDIRECTORY_HELP = 5,
-  vlnDIRECTORY_EXECUTABLE_PATH = 6,  // as a search path; also what any unknown value gives
+  vlnDIRECTORY_EXECUTABLE_PATH = 6,  // as a search path; also the result for an unknown value
   vlnDIRECTORY_EXAMPLES = 7,
   vlnDIRECTORY_APP_DATA = 8,
   vlnDIRECTORY_MISC = 9,

@@ -9,15 +9,15 @@
 #include "vlnResourceType.h"
 #include "vlnValidator.h"
 
-// Stands for one resource key: checks values for it, lists and shows them, and puts them into a table. With a key that
-// nobody knows every operation reports failure or does nothing. The validator is not owned.
+// Handles one resource key: validates values for it, lists and displays them, and stores them in a table. With an
+// unknown key every operation reports failure or does nothing. The validator is not owned.
 class VLN_API vlnResourceHandler {
  public:
-  // Nonzero when the value, turned to lower case, is acceptable. A null value never is.
+  // Nonzero if the value, in lower case, is valid. A null value is invalid.
   virtual int validate(const utString& value) const;
 
-  // Stores the value as given. 1 once it has passed validation, also when the table refuses it both as it stands and
-  // with numbers read in the user's locale; else 0.
+  // Stores the value unchanged. Returns 1 if it is valid, else 0. Also returns 1 for a valid value that the table
+  // rejects both unchanged and with numbers read in the user's locale.
   virtual int insert(const utString& value, velTableInstance& table) const;
 
   virtual utString display(const coResourceBase* resource) const;
@@ -28,10 +28,10 @@ class VLN_API vlnResourceHandler {
   // The type of the key, or null.
   const vlnResourceType* type() const { return type_; }
 
-  // Appends the texts that the type allows.
+  // Appends the texts that the type accepts.
   void valid_strings(utStringcoDList& list) const;
 
-  // Adds the resource's value under this handler's key. A null resource adds nothing.
+  // Adds the resource's value under this handler's key. Does nothing for a null resource.
   void add_resource(const coResourceBase* resource, velTableInstance& table) const;
 
  private:

@@ -34,14 +34,14 @@ class VLN_API vlnResourceType_double : public vlnResourceType {
   int matching_type(const coResourceBase* resource) const override;
 };
 
-// A whole number that the validator accepts.
+// An integer that the validator accepts.
 class VLN_API vlnResourceType_int : public vlnResourceType {
  public:
   int validate(const utString& key, const utString& value, utObserverPtr<vlnValidator> validator) const override;
   int matching_type(const coResourceBase* resource) const override;
 };
 
-// "False" or "True"; "0" and "1" are shown as these.
+// "False" or "True"; "0" and "1" are displayed as these.
 class VLN_API vlnResourceType_utBool : public vlnFiniteResourceType {
  public:
   void valid_strings(utStringcoDList& list) const override;
@@ -49,7 +49,7 @@ class VLN_API vlnResourceType_utBool : public vlnFiniteResourceType {
   int matching_type(const coResourceBase* resource) const override;
 };
 
-// One of the names that `names_of` lists.
+// One of the names listed by `names_of`.
 template <typename Option, void (*names_of)(utStringcoDList&)>
 class vlnOptionResourceType : public vlnFiniteResourceType {
  public:

@@ -6,9 +6,9 @@
 
 class vlnIAppDirMap;
 
-// One schema sub-directory as the pair of places in which it exists: the installation's, read-only and possibly several
-// directories with ";" between them, and the user's, whose copy of a file wins. A snapshot; the map that made it is
-// only needed to copy files. Searches give the full path, or "" when nothing is found.
+// One schema sub-directory in two locations. The installation's is read-only and may be several directories separated
+// by ";". The user's has priority for files of the same name. A snapshot; the map that created it is only needed to
+// copy files. Searches return the full path, or "" if nothing is found.
 class VLN_API vlnSchemaDir {
  public:
   vlnSchemaDir(const utString& installation_path, const utString& user_dir,
@@ -19,18 +19,18 @@ class VLN_API vlnSchemaDir {
   const utString& installation_path() const { return installation_path_; }
   const utString& user_dir() const { return user_dir_; }
 
-  // The user's place first, then the installation's.
+  // Searches the user's location first, then the installation's.
   utString find_file(const utString& name) const;
   utString find_dir(const utString& name) const;
 
   utString find_user_file(const utString& name) const;
   utString find_installation_file(const utString& name) const;
 
-  // 1 when the user's directory is there afterwards, else 0. One level is made.
+  // Creates the user's directory (one level). Returns 1 if it exists afterwards, else 0.
   int create_user_dir() const;
 
-  // Copies every file of the installation with that extension into the user's directory, over what is there. 0 when
-  // that directory cannot be made.
+  // Copies every file of the installation with that extension into the user's directory and overwrites existing files.
+  // Returns 0 if that directory cannot be created.
   int copy_files(const utString& extension) const;
 
  protected:

@@ -3,8 +3,8 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// The sub-directories of data files that exist in the installation and, with the user's own copies, below the
-// application data directory. The numbers are fixed.
+// The sub-directories of data files. Each exists in the installation and, with the user's copies, below the application
+// data directory. The numbers are fixed.
 enum vlnSchemaSubDirectory : int {
   vlnSchemaLintor = 0,
   vlnSchemaColourSchemes = 1,
@@ -26,5 +26,5 @@ enum vlnSchemaSubDirectory : int {
 
 inline constexpr int vlnNUM_SCHEMA_SUB_DIRECTORIES = 16;
 
-// The name on disk, "resources" for instance; empty for a value that is none of them.
+// The name on disk, for example "resources"; empty for a value outside the enumeration.
 VLN_API utString vln_schema_name(vlnSchemaSubDirectory sub_directory);

@@ -32,8 +32,7 @@ class VLN_API vlnSearchPath {
   // This one's directories, then those of `other`; set only when both are.
   vlnSearchPath append(const vlnSearchPath& other) const;
 
-  // True when both list the same directories, character by character, in the same order. Whether they are set plays no
-  // part.
+  // True if both list the same directories, character by character, in the same order. Whether they are set is ignored.
   bool compare(const vlnSearchPath& other) const;
 
   // The one directory, and `not_single` false; an empty path, and `not_single` true, when there are none or several.
@@ -43,8 +42,8 @@ class VLN_API vlnSearchPath {
   bool empty() const { return directories_.empty(); }
   bool invalid() const { return !valid_; }
 
-  // Every entry that begins with "<exe_dir>" (case matters) with that replaced by the directory; leading "/" of what
-  // follows are dropped.
+  // Replaces "<exe_dir>" (case matters) at the start of every entry by the directory; leading "/" of the rest are
+  // removed.
   vlnSearchPath exe_substitute(const apPathName& exe_dir) const;
 
   // Every occurrence of `from` in every entry replaced. An empty `from` changes nothing.

@@ -8,13 +8,13 @@
 #include "vlnExport.h"
 #include "vlnTranslatorInfo.h"
 
-// A description that can fill itself from its library. One from the cache is complete as far as choosing goes; its
-// library is opened when `load_now` is first called. The loader, the encoding and the comparison are not owned; the
-// destructor uses none of them.
+// A description that can fill itself from its library. A description from the cache is sufficient for choosing a
+// translator; its library is opened at the first call of `load_now`. The loader, the encoding and the comparison are
+// not owned; the destructor uses none of them.
 class VLN_API vlnSecureTranslatorInfo : public vlnTranslatorInfo {
  public:
-  // Opens the library unless that was done before, merging what came of it into `status`. A second call after a success
-  // returns at once and leaves `status` alone; after a failure it tries again.
+  // Opens the library if that has not succeeded before and merges the result into `status`. A second call after a
+  // success returns at once and does not change `status`; after a failure it tries again.
   const vlnTranslatorInfo* load_now(vlnTranslatorLoadStatus& status) const override;
   ~vlnSecureTranslatorInfo() override;
 
@@ -25,8 +25,8 @@ class VLN_API vlnSecureTranslatorInfo : public vlnTranslatorInfo {
   vlnSecureTranslatorInfo(const v2vTranslatorLoader* loader, const apIStringEncoding* encoding,
                           const apIStringCompare* compare);
 
-  // Opens `library`, lets its translator object describe itself and takes that over. A library that throws, gives no
-  // object or claims nonsense costs only itself: the status says which, and the description keeps what it had filled.
+  // Opens `library` and fills the description from its translator object. A library that throws, returns no object or
+  // describes itself wrongly is reported in the status; the description keeps the values set before the failure.
   vlnTranslatorLoadStatus update_info_from_dll(const apPathName& library);
 
   void set_loaded() { needs_loading_ = 0; }

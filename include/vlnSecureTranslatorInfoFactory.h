@@ -5,7 +5,7 @@
 #include "vlnExport.h"
 #include "vlnSecureTranslatorInfo.h"
 
-// Makes descriptions that share a loader, an encoding and a comparison. None of the three is owned.
+// Creates descriptions that share a loader, an encoding and a comparison. None of the three is owned.
 class VLN_API vlnSecureTranslatorInfoFactory {
  public:
   vlnSecureTranslatorInfoFactory(const v2vTranslatorLoader* loader, const apIStringEncoding* encoding,
@@ -15,7 +15,7 @@ class VLN_API vlnSecureTranslatorInfoFactory {
   // An empty description, for a cache record to fill.
   std::unique_ptr<vlnSecureTranslatorInfo> create_info() const;
 
-  // The description that the library gives of itself, or null. What came of it is merged into `status`.
+  // The description filled from the library, or null. The result of loading is merged into `status`.
   std::unique_ptr<vlnSecureTranslatorInfo> make_info_from_dll(const apPathName& library,
                                                               vlnTranslatorLoadStatus& status) const;
 

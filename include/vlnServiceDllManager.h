@@ -12,16 +12,16 @@
 #include "vlnSearchPath.h"
 #include "vluServiceKey.h"
 
-// Finds, loads, keeps and unloads service libraries: one for each key, named after it ("unitssvc.dll" for "units"), on
-// a search path of its own. The loader and the application information are not owned.
+// Finds, loads, keeps and unloads service libraries. Each key has one library named after it ("unitssvc.dll" for
+// "units"), which is found on the manager's search path. The loader and the application information are not owned.
 class VLN_API vlnServiceDllManager {
  public:
   vlnServiceDllManager(const vlnSearchPath& path, utObserverPtr<apDynamicLibraryLoader> loader,
                        utObserverPtr<velabsAppInfo> app_info);
   ~vlnServiceDllManager();
 
-  // The key's library, loaded at the first call and kept. Null when it is not found or not loadable; a later call tries
-  // again.
+  // The key's library, loaded at the first call and kept. Null if it is not found or cannot be loaded; a later call
+  // tries again.
   utObserverPtr<apDynamicLibrary> load_dll(const vluServiceKey& key);
 
   // Unloads the key's library, if it is loaded.

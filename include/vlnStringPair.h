@@ -3,7 +3,7 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// Two strings that stand for each other. Invalid while either is null.
+// Two strings that translate into each other. Invalid if either is null.
 class VLN_API vlnStringPair {
  public:
   vlnStringPair() = default;

@@ -6,8 +6,8 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// Numbered strings under a name by which any component finds them. Tables are made with `new`; the process's registry
-// owns them from then on, until the end or until a table of the same name takes their place.
+// Numbered strings in a named table that any component can look up. Tables are created with `new` and then owned by the
+// process's registry, until the process ends or a table of the same name replaces them.
 //
 //   auto* messages = new vlnStringTable("messages");
 //   messages->add_string(1, "no such file");
@@ -17,10 +17,10 @@ class VLN_API vlnStringTable {
   // Destroys an earlier table of that name.
   explicit vlnStringTable(const char* name);
 
-  // Takes the place of an earlier string under that number.
+  // Replaces an earlier string with that number.
   void add_string(unsigned int id, const char* text);
 
-  // "" when there is no such number, or no such table.
+  // Returns "" if the number or the table does not exist.
   utString find_string(unsigned int id) const;
   static utString find_string(const char* table_name, unsigned int id);
 

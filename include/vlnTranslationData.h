@@ -7,9 +7,9 @@
 #include "vlnProgressFinish.h"
 #include "vlnTranslationType.h"
 
-// The record of one run as the application sees it: files, formats and resources of both sides, the messages that came
-// back and a status for each translation. The nine lists are independent; nothing keeps their lengths equal. The `set_`
-// operations append, but for `set_type`. Readers by index take 0 to the length less one and check nothing.
+// The record of one run for the application: files, formats and resources of both sides, the messages received and a
+// status for each translation. The nine lists are independent and may have different lengths. The `set_` operations
+// append, except `set_type`. Access by index takes 0 to the length minus one and is not checked.
 class VLN_API vlnTranslationData {
  public:
   // Empties every list and unsets the type.
@@ -40,7 +40,7 @@ class VLN_API vlnTranslationData {
   int num_input_files() const { return static_cast<int>(input_files_.count()); }
   int num_output_files() const { return static_cast<int>(output_files_.count()); }
 
-  // Nonzero while any of the lists is empty or the type is not set.
+  // Nonzero if any of the lists is empty or the type is not set.
   int is_unset() const;
 
  private:

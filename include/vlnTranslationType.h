@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// What kind of run a record is about.
+// The kind of a run.
 enum vlnTranslationType : int {
   vlnTRANSLATION_UNSET = 0,
   vlnTRANSLATION_SINGLE = 1,  // one input file

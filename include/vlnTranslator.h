@@ -26,10 +26,11 @@
 
 class vlnResourceHandler;
 
-// One request at a time: input files, each read by the translator that suits its content, into one output file of a
-// named format. An application derives from it, calls `initialise` once, names files and resources, and runs; `run` may
-// be called again. One table of resource values serves all input files: it starts afresh for each, and the engine reads
-// after the last one, so an application whose values differ between formats overrides `translate_input_files`.
+// The driver of one translation request: input files, each read by the translator that matches its content, and one
+// output file of a named format. An application derives from it, calls `initialise` once, sets files and resources, and
+// runs; `run` may be called again. All input files share one table of resource values. The table is reset for each
+// file, and the engine reads it after the last one. An application whose values differ between formats therefore
+// overrides `translate_input_files`.
 //
 //   driver.set_input_file("bracket.stl");
 //   driver.output_file_and_format("bracket.obj", "OBJ");
@@ -40,22 +41,22 @@ class VLN_API vlnTranslator {
 
   virtual ~vlnTranslator();
 
-  // The application's own start-up, before anything else is made.
+  // The application's own start-up. Called before any other object is created.
   virtual void set_up_application() = 0;
   virtual utObserverPtr<velabsAppInfo> app_info() = 0;
-  // Where the engine reports what happens. Either may be null.
+  // The outputs to which the engine reports. Either may be null.
   virtual utObserverPtr<velabsOutput> primary_output() = 0;
   virtual utObserverPtr<velabsOutput> secondary_output() = 0;
   virtual std::unique_ptr<vlnDLLLoader> create_dll_loader() = 0;
-  // The name under which an input file is looked up and translated.
+  // The path under which an input file is searched for and translated.
   virtual utString resolve_input_file(const utString& name) = 0;
 
-  // Starts `table` afresh from the translator's resource file and puts the given values over it. A value that does not
-  // validate is ignored; the engine warns of it when the request runs.
+  // Resets `table` to the translator's resource file and then sets the given values. A value that is not valid is
+  // ignored; the engine reports a warning for it when the request runs.
   virtual void set_up_resources(const vlnTranslatorInfo* info, velTableInstance& table, const Resources& resources);
 
-  // Carries the request out. False, and nothing translated, when a file has no translator, which the engine reports
-  // through the outputs, or before `initialise`.
+  // Runs the request. Returns false, with nothing translated, before `initialise` or if a file has no translator; the
+  // engine then reports the file through the outputs.
   virtual bool translate_input_files();
 
   vlnTranslator();
@@ -64,29 +65,30 @@ class VLN_API vlnTranslator {
 
   // Replaces the list of input files.
   void set_input_file(const utString& file);
-  // Appends to the list as it stands.
+  // Appends to the list of input files.
   void set_input_file_list(itIterator<utString> files);
 
-  // Appended unchecked; checked when the request runs.
+  // The value is appended unchecked and validated when the request runs.
   void set_input_resource(const utString& name, const utString& value);
   void set_output_resource(const utString& name, const utString& value);
 
   void output_file_and_format(const utString& file, const utString& format);
 
-  // True when the engine reports success.
+  // True if the engine reports success.
   bool run();
 
-  // Input files of the last run that were read, and that were not; both 0 when the run did not reach the engine.
+  // The numbers of input files that the last run read and failed to read; both 0 if the run did not reach the engine.
   int num_passed();
   int num_failed();
 
  protected:
-  // Makes everything that a request needs and fills both translator sets. What is borrowed must outlive the driver.
+  // Creates everything that a request needs and fills both translator sets. Objects passed by observer pointer must
+  // outlive the driver.
   void initialise(std::shared_ptr<annDocument> document, std::shared_ptr<vlnValidator> validator,
                   utObserverPtr<const apILibraryLoaderOperations> libraries,
                   utObserverPtr<const apISynchOperations> synch);
 
-  // Throws std::out_of_range for an index outside the list, negative ones included.
+  // Throws std::out_of_range for an index outside the list, also for negative ones.
   utString input_file(int index);
   int num_input_files() const { return static_cast<int>(input_files_.size()); }
   utString output_file() { return output_file_; }
@@ -97,22 +99,21 @@ class VLN_API vlnTranslator {
   const std::unique_ptr<vlnTranslatorDlls>& get_output_dlls() const { return outputs_; }
   const std::unique_ptr<v2vThreadComm>& get_thread_comm() const { return thread_comm_; }
 
-  // What the engine is told about one input file, or about the output. Default-made, so `invalid`, when no translator
-  // suits.
+  // What the engine needs to know about one input file, or about the output. `invalid` if no translator matches.
   v2vTranslatorElements input_elements(const utString& file);
-  // With the translator that the application chose for the file; null when none suits.
+  // Like the above, with the translator that the application chose for the file; null if there is none.
   v2vTranslatorElements input_elements(const utString& file, const vlnTranslatorInfo* translator);
   v2vOutputTranslatorElements output_elements(const utString& file, const utString& format);
 
-  // The translator's resource file: the user's copy, else the installation's, else a "default" in the user's directory.
-  // Empty for a null translator and before `initialise`.
+  // The translator's resource file: the user's copy, else the installation's, else the path of a "default" file in the
+  // user's directory. Empty for a null translator and before `initialise`.
   utString resource_path(const utObserverPtr<const vlnTranslatorInfo>& info);
 
-  // Deletes the output file if it is there.
+  // Deletes the output file if it exists.
   void remove_output_file();
 
-  // The warnings of the values that the set-ups of resources ignored since the run began, for a driver that makes the
-  // engine's request itself.
+  // The warnings for values that `set_up_resources` ignored since the run began. For a driver that calls the engine
+  // itself.
   const std::vector<utString>& ignored_values() const { return ignored_values_; }
 
  private:

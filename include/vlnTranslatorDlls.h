@@ -15,37 +15,37 @@
 #include "vlnSecureTranslatorInfo.h"
 #include "vlnUntranslatedFilterElement.h"
 
-// The known translators of one direction, in the order in which they were added; the first one wins every choice. The
-// set owns the descriptions: pointers and iterators that it hands out are valid as long as it lives and nothing is
-// added. The encoding is not owned. Made by vlnTranslatorDllsFactory.
+// The known translators of one direction, in the order in which they were added; the first match is always chosen. The
+// set owns the descriptions: pointers and iterators to them are valid until the set is destroyed or changed. The
+// encoding is not owned. Created by vlnTranslatorDllsFactory.
 class VLN_API vlnTranslatorDlls {
  public:
   virtual ~vlnTranslatorDlls();
   vlnTranslatorDlls(const vlnTranslatorDlls&) = delete;
   vlnTranslatorDlls& operator=(const vlnTranslatorDlls&) = delete;
 
-  // Takes the description over; a null one changes nothing. Duplicates are kept. The lists below are snapshots of this
-  // moment.
+  // Takes ownership of the description; does nothing for a null one. Duplicates are kept. The lists returned below are
+  // copied from the description at this moment.
   void add_translator(std::unique_ptr<vlnSecureTranslatorInfo> info);
 
   std::size_t count() const { return descriptions_.count(); }
 
-  // The first translator that takes the file: an input translator by what the file contains, an output translator by
-  // the extension of its name. Null when none does. A missing file has no content and the type unknown.
+  // The first translator that accepts the file: an input translator by the file's content, an output translator by the
+  // extension of its name. Null if there is none. A missing file has the unknown type.
   const vlnTranslatorInfo* translator_for_file(const utString& path) const;
 
-  // The first translator whose format has this name, case aside; null when none has.
+  // The first translator whose format has this name, ignoring case, or null.
   const vlnTranslatorInfo* translator_for_format(const utString& name) const;
 
-  // What to offer as output for an input: the preferred format if one was set, else "hpf" for an "iges" input and
-  // "iges" for any other. When there is no such translator, the first that is not the viewer; the last one when all are
+  // The default output format for an input: the preferred format if one was set, else "hpf" for an "iges" input and
+  // "iges" for any other. If there is no such translator, the first that is not the viewer; the last one if all are
   // viewers; null for an empty set.
   const vlnTranslatorInfo* default_output_format(const vlnTranslatorInfo* input) const;
 
-  // Holds from now on, also when `name` is empty or no translator has it.
+  // Applies to all later calls, also if `name` is empty or no translator has it.
   void set_preferred_output_format(const utString& name);
 
-  // The format names, without viewers.
+  // The format names, except viewers.
   itIterator<vlnFormatName> formats() const { return itIterator<vlnFormatName>(formats_); }
   itIterator<vlnUntranslatedFilterElement> filter_elements() const {
     return itIterator<vlnUntranslatedFilterElement>(filter_elements_);

@@ -14,10 +14,10 @@
 
 class vlnLibraryIndex;
 
-// Fills the two translator sets at start-up: first from the cache, then from every library on the search path that the
-// cache did not name. With a whole cache no library is opened. Each directory is listed twice: for the records of
-// the cache, and by the lister of the search path for the libraries that they do not name. The encoding, the comparison
-// and the description factory are not owned; without a description factory both sets stay empty.
+// Fills the two translator sets at start-up: first from the cache, then from every library on the search path that is
+// not in the cache. With a complete cache no library is opened. Each directory is listed twice: for the records of the
+// cache, and by the lister of the search path for the other libraries. The encoding, the comparison and the description
+// factory are not owned; without a description factory both sets stay empty.
 class VLN_API vlnTranslatorDllsFactory {
  public:
   vlnTranslatorDllsFactory(const apIStringEncoding* encoding, const apIStringCompare* compare,
@@ -25,8 +25,8 @@ class VLN_API vlnTranslatorDllsFactory {
       : encoding_(encoding), compare_(compare), descriptions_(descriptions) {}
 
   // Replaces both sets. An invalid `cache_file` means that there is no cache; an empty `preferred_output_format` means
-  // no preference. An empty search path leaves both sets empty, whatever the cache says. The status holds every kind of
-  // failure met; what could be described is in the sets all the same.
+  // no preference. If the search path is empty both sets are empty and the cache is ignored. The status lists every
+  // kind of failure; translators without a failure are in the sets.
   vlnTranslatorLoadStatus create_translator_dlls(const apPathName& cache_file,
                                                  const vlnTranslatorSearchPath& search_path,
                                                  const utString& preferred_output_format, const velabsAppInfo* app_info,

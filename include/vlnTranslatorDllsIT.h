@@ -6,7 +6,7 @@
 #include "vlnExport.h"
 #include "vlnTranslatorDlls.h"
 
-// A walk over the descriptions of a set in the order added. Stands before the first one at the start:
+// Iterates over the descriptions of a set in the order in which they were added. Starts before the first one:
 //
 //   vlnTranslatorDllsIT translators(set);
 //   while (++translators) use(translators());

@@ -17,12 +17,12 @@
 #include "vlnUntranslatedFilterElement.h"
 #include "vluFileType.h"
 
-// The description of one translator library: its format and direction, what it accepts, where it lies, and how a dialog
-// lists it. Filled once, from the library or from a cache record, and only asked after that. Owned by its translator
-// set; not copied. The encoding is not owned and must outlive the uses of the description.
+// The description of one translator library: its format and direction, what it accepts, its path, and its entry in a
+// file dialog. Filled once, from the library or from a cache record, and only read afterwards. Owned by its translator
+// set; not copied. The encoding is not owned and must outlive all use of the description.
 class VLN_API vlnTranslatorInfo {
  public:
-  // The description made complete from its library, or null and a status that says why not.
+  // Completes the description from its library. Returns this description, or null and a status with the reason.
   virtual const vlnTranslatorInfo* load_now(vlnTranslatorLoadStatus& status) const = 0;
   virtual ~vlnTranslatorInfo();
   vlnTranslatorInfo(const vlnTranslatorInfo&) = delete;
@@ -31,7 +31,7 @@ class VLN_API vlnTranslatorInfo {
   const vlnFormatName& format_name() const { return format_name_; }
   vlnTranslatorType type() const { return type_; }
 
-  // Nonzero when the description came from the cache and its library was not opened yet.
+  // Nonzero if the description came from the cache and its library was not opened yet.
   int from_cache() const { return from_cache_; }
 
   // Null until it is set.
@@ -49,7 +49,7 @@ class VLN_API vlnTranslatorInfo {
   itIterator<apString> get_extensions() const { return itIterator<apString>(extensions_); }
   void get_file_types(intcoDList& types) const { types = file_types_; }
 
-  // A further text and number that the library gives of itself, carried unread.
+  // A further text and number that the library provides; stored and not interpreted.
   const utString& further_text() const { return further_text_; }
   int further_number() const { return further_number_; }
 
@@ -60,17 +60,17 @@ class VLN_API vlnTranslatorInfo {
   // The entry for a file dialog.
   vlnUntranslatedFilterElement filter() const;
 
-  // `path` with the default extension in place of its own, or as it is when there are no extensions.
+  // `path` with its extension replaced by the default one, or unchanged if there are no extensions.
   apPathName change_extension(const apPathName& path) const;
 
-  // 1 when the translator takes such a file, else 0. An input translator goes by the file type alone, an output
-  // translator by the extension alone, case aside.
+  // 1 if the translator accepts such a file, else 0. An input translator checks only the file type, an output
+  // translator only the extension, ignoring case.
   int is_compatible(vluFileType file_type, const utString& extension) const;
 
-  // 1 for the pseudo-translator that only shows data: its format is named "Viewer", in any case.
+  // 1 for the pseudo-translator that only displays data: its format is named "Viewer", in any case.
   int is_viewer() const;
 
-  // The format name without "/" and blanks, and ".rsc": "A / B X" gives ABX.rsc.
+  // The format name without "/" and spaces, followed by ".rsc": "A / B X" gives ABX.rsc.
   apFileName resource_file_name() const;
 
  protected:
@@ -79,7 +79,7 @@ class VLN_API vlnTranslatorInfo {
 
   const apIStringEncoding* encoding() const { return encoding_; }
 
-  // Appends; nothing is checked for duplicates.
+  // Appends without a check for duplicates.
   void add_extension(apString extension);
   void add_file_type(vluFileType type) { file_types_.append(static_cast<int>(type)); }
   void clear_extensions() { extensions_.clear(); }
@@ -90,7 +90,7 @@ class VLN_API vlnTranslatorInfo {
   void set_format_name(vlnFormatName name) { format_name_ = std::move(name); }
   void set_from_cache(int from_cache) { from_cache_ = from_cache; }
   void set_type(vlnTranslatorType type) { type_ = type; }
-  // Shares the category. A null one is taken as the neutral category without a name.
+  // Shares the category. A null category is replaced by the neutral one, which has no name.
   void set_translator_category(const velabsTranslatorCategorycoPrf& category);
   void set_further(const utString& text, int number);
 

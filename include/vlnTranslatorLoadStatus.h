@@ -8,7 +8,7 @@
 #include "vlnExport.h"
 #include "vlnTranslatorLoadStatusType.h"
 
-// What came of finding, describing, caching and loading translators. Every step makes one, and the step above merges it
+// The result of finding, describing, caching and loading translators. Every step returns one, and the caller merges it
 // into its own, so that failures collect instead of stopping the work at the first one. A value: copies are
 // independent.
 //
@@ -17,18 +17,17 @@
 //   if (!status.ok()) ...
 class VLN_API vlnTranslatorLoadStatus {
  public:
-  // Never given a result: not `ok`, and `invalid` for good.
+  // A status without a result: it is never `ok` and always `invalid`.
   vlnTranslatorLoadStatus();
 
-  // `ok` for vlnLOAD_OK alone; `invalid` for vlnLOAD_NOT_SET alone.
+  // `ok` only for vlnLOAD_OK; `invalid` only for vlnLOAD_NOT_SET.
   explicit vlnTranslatorLoadStatus(vlnTranslatorLoadStatusType type);
 
   // A library file that could not be loaded as a translator: vlnLOAD_FILE_FAILED, with its path.
   explicit vlnTranslatorLoadStatus(apPathName file);
 
-  // Takes over every failure of `other`: no longer `ok` when `other` is not, its failed files behind the ones here
-  // (duplicates stay), its types among the ones here. `invalid` keeps the value with which this status was made.
-  // Merging a status into itself changes nothing.
+  // Adds every failure of `other`: not `ok` afterwards if `other` is not. Its failed files are appended (duplicates are
+  // kept) and its types added. `invalid` does not change. Merging a status into itself changes nothing.
   void merge_status(const vlnTranslatorLoadStatus& other);
 
   bool ok() const { return ok_; }

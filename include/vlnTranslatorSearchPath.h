@@ -6,7 +6,8 @@
 #include "vlnIFindByExtension.h"
 #include "vlnSearchPath.h"
 
-// Where translator libraries are looked for, with the lister that finds them. The lister is not owned; copies share it.
+// The directories searched for translator libraries, with the lister that finds them. The lister is not owned; copies
+// share it.
 class VLN_API vlnTranslatorSearchPath : public vlnSearchPath {
  public:
   vlnTranslatorSearchPath() = default;
@@ -16,8 +17,8 @@ class VLN_API vlnTranslatorSearchPath : public vlnSearchPath {
   vlnTranslatorSearchPath& operator=(const vlnTranslatorSearchPath&) = default;
   ~vlnTranslatorSearchPath() override;
 
-  // The files of one extension, directory by directory. `directory_missing` tells whether any directory was; the others
-  // are listed all the same. Without a lister nothing is found.
+  // The files with one extension, directory by directory. `directory_missing` is set to whether any directory is
+  // missing; the others are still listed. Without a lister nothing is found.
   std::vector<apPathName> find_by_extension(apString extension, bool& directory_missing) const;
 
  private:

@@ -7,7 +7,7 @@
 #include "vlnExport.h"
 
 // One entry of a file dialog: the label with its patterns ("STL Files (*.stl)|*.stl"), the translator's short name, and
-// where its category stands. A dialog sorts by category order; this does not.
+// the sort position of its category. A dialog sorts by category order; this class does not.
 class VLN_API vlnUntranslatedFilterElement {
  public:
   vlnUntranslatedFilterElement(utString filter, utString tag, const velabsTranslatorCategory& category)

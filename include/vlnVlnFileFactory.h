@@ -6,10 +6,10 @@
 #include "vlnExport.h"
 #include "vlnFile.h"
 
-// The name under which other components know the file factory: "vlnFile_factory".
+// The name by which other components find the file factory: "vlnFile_factory".
 VLN_API extern const utString vlnVLNFILEFACTORY;
 
-// Makes files that share an encoding and file operations; neither is owned.
+// Creates files that share an encoding and file operations; neither is owned.
 class VLN_API vlnVlnFileFactory {
  public:
   virtual vlnFile create(const utString& path) const;

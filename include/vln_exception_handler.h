@@ -3,6 +3,6 @@
 #include "velabsAppInfo.h"
 #include "vlnExport.h"
 
-// Asked what to do with an unexpected exception: 1, handle it, or, with MIRA_ASSERT set in the environment, an
-// assertion report and 0, pass it on to a developer's debugger.
+// Decides how an unexpected exception is handled. Returns 1: handle it. If MIRA_ASSERT is set in the environment,
+// prints an assertion report and returns 0: leave the exception to a debugger.
 VLN_API int vln_exception_handler(const velabsAppInfo& info);

@@ -3,5 +3,5 @@
 #include "utString.h"
 #include "vlnExport.h"
 
-// The attribute without its blanks; tabs and everything else stay.
+// The attribute without its spaces; tabs and all other characters are kept.
 VLN_API utString vln_get_product_attribute(const utString& attribute);

@@ -17,7 +17,7 @@ constexpr AngleText angle_texts[] = {
     {"arc minute", "\u2032", 360 * 60}, {"arc second", "\u2033", 360 * 60 * 60}, {"turn", "tr", 1},
 };
 
-// Null for a number that is no unit.
+// Null for a number that is not a unit.
 const AngleText* text_of(velAngularUnit unit) {
   const auto position = static_cast<std::size_t>(unit);
   return position < std::size(angle_texts) ? &angle_texts[position] : nullptr;
@@ -26,7 +26,8 @@ const AngleText* text_of(velAngularUnit unit) {
 }  // namespace
 
 double unitsConversion::convert_length(double value, velLengthUnit from, velLengthUnit to) const {
-  // Of a ratio and its inverse the one above 1 is rounded less, so 25.4 mm are exactly one inch.
+  // Of a ratio and its inverse use the one above 1, which has the smaller rounding error, so 25.4 mm are exactly one
+  // inch.
   const double ratio = vel_length_ratio(from, to);
   return ratio >= 1 ? value * ratio : value / vel_length_ratio(to, from);
 }

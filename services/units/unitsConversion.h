@@ -2,7 +2,7 @@
 
 #include "unitsService.h"
 
-// The service itself. It has no state.
+// The implementation of the service. It has no state.
 class unitsConversion final : public unitsService {
  public:
   double convert_length(double value, velLengthUnit from, velLengthUnit to) const override;

@@ -7,7 +7,7 @@ class UnitsInstance : public vluServiceInstance {
  public:
   explicit UnitsInstance(const velabsAppInfo*) {}
   void service(vluBaseServicePtr& holder) override {
-    // The holder has no type; its user takes out what was put in.
+    // The holder is untyped: store the type that users cast it to.
     holder = vluBaseServicePtr(static_cast<unitsService*>(&conversion_));
   }
 

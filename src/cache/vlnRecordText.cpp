@@ -17,7 +17,7 @@ std::string_view without_separators(std::string_view text) {
 }  // namespace
 
 bool vln_take_set(std::string_view& text, std::string_view& content) {
-  // Braces are few, so searching for each kind beats looking at every character.
+  // There are few braces, so searching for each kind is faster than checking every character.
   std::size_t open = text.find('{');
   std::size_t close = text.find('}');
   if (open > close) return false;

@@ -3,17 +3,16 @@
 #include <cstddef>
 #include <string_view>
 
-// The fields of a cache record, each taken from the front of a text. When the text does not begin with such a field it
-// is left as it was.
+// Parsers for the fields of a cache record. Each removes a field from the front of a text. If the text does not begin
+// with such a field it is not changed.
 
-// What stands between the first "{" and the "}" that closes it, nested braces included; braces inside quotes count too.
-// A
-// "}" before any "{" spoils the text.
+// The text between the first "{" and its matching "}". Nested braces are included; braces inside quotes also count.
+// False if a "}" precedes the first "{".
 bool vln_take_set(std::string_view& text, std::string_view& content);
 bool vln_take_string(std::string_view& text, std::string_view& value);
 bool vln_take_int(std::string_view& text, int& value);
 
-// Quoted texts between braces. False when there is no set or something else stands in it.
+// Quoted texts between braces. Returns false if there is no set or it contains anything else.
 template <typename Use>
 bool vln_take_list(std::string_view& text, Use use) {
   std::string_view content;

@@ -15,7 +15,8 @@
 
 namespace {
 
-// The same library may have gained or lost the prefix "lib" since the record was written.
+// The name with the prefix "lib" added or removed, because the library may have been renamed since the record was
+// written.
 std::wstring other_form(const std::wstring& name) {
   return name.starts_with(L"lib") ? name.substr(3) : L"lib" + name;
 }
@@ -87,7 +88,7 @@ bool vlnTranslatorCacheReader::take_record(Place& place, std::string_view& recor
     place.byte = text_.size();
     return false;
   }
-  // What stands behind a record on its last line is nobody's.
+  // Ignore the rest of the line after a record's closing brace.
   const std::size_t behind = text_.size() - rest.size();
   while (place.line < line_ends_.size() && line_ends_[place.line] < behind) ++place.line;
   place.byte = place.line < line_ends_.size() ? line_ends_[place.line] : text_.size();
@@ -117,7 +118,7 @@ bool vlnTranslatorCacheReader::read_lines(const utString& path) {
   constexpr std::uint64_t room_at_first = std::uint64_t{8} << 20;
   text_.reserve(static_cast<std::size_t>(std::min(file.size(), room_at_first)));
 
-  // In blocks, so that a file that is no cache costs no more than its first line.
+  // Read in blocks, to stop early in a file that is not a cache.
   std::string unjoined;
   std::uint64_t place = 0;
   while (place < file.size() && status.ok()) {
@@ -144,12 +145,12 @@ bool vlnTranslatorCacheReader::join_lines(std::string& unjoined, bool is_last) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
     const bool is_whole = end < rest.size() || is_last;
     if (!is_whole && end <= longest_line) break;
-    // What is within the limit may close a record.
+    // The first part of an overlong line may close a record.
     std::string_view line = rest.substr(0, std::min(end, longest_line));
     rest.remove_prefix(std::min(end + 1, rest.size()));
     while (line.ends_with('\r')) line.remove_suffix(1);
 
-    // Looked at after the copy: a copy that is known to be short is compiled to an instruction that is slow to start.
+    // Measured after the copy: if the compiler knows the copy to be short it uses an instruction that is slow to start.
     const std::size_t joined = text_.size();
     text_ += line;
     line_too_long_ = end > longest_line;
@@ -201,7 +202,7 @@ bool vlnTranslatorCacheReader::make_info(std::string_view record,
   fields.set_format_name(vlnFormatName(std::move(format), encoding_, compare_));
   fields.set_filter(utString(filter));
   fields.set_from_cache(1);
-  // Neighbouring records are mostly of one category.
+  // Neighbouring records usually have the same category.
   if (!category_ || category_->category_name().view() != category) {
     category_ = velabsTranslatorCategory::find(utString(category));
   }

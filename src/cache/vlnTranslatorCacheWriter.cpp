@@ -9,7 +9,7 @@
 
 namespace {
 
-// Builds the text of one record. A value that the file cannot carry spoils the record.
+// Builds the text of one record. A value that cannot be written invalidates the record.
 class Record {
  public:
   void open() { text_ += "{\n"; }
@@ -37,7 +37,7 @@ class Record {
   const std::string& text() const { return text_; }
 
  private:
-  // The reader takes no longer line.
+  // The maximum length that the reader accepts.
   static constexpr std::size_t longest_line = 1023;
 
   void add_line(std::string_view line) {
@@ -83,7 +83,7 @@ Record record_of(const vlnTranslatorInfo& info, const apIStringEncoding& encodin
   record.begin_set();
   for (int type : types) {
     const utString name = vluFileTypeInfo::name(static_cast<vluFileType>(type));
-    // A number that has no name would come back as the unknown type, which every strange file has.
+    // A number without a name would be read back as the unknown type, which matches any unknown file.
     if (type != vluUNKNOWN && name == vluFileTypeInfo::name(vluUNKNOWN)) record.spoil();
     record.add_element(name.view());
   }

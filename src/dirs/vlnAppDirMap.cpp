@@ -15,7 +15,7 @@ bool is_separator(char c) {
   return c == '/' || c == '\\';
 }
 
-// `directory` without its last component, or as it is when it has no separator behind its first character.
+// `directory` without its last component, or unchanged if it has no separator after its first character.
 std::string without_last_component(const std::string& directory) {
   for (std::size_t i = directory.size(); i-- > 1;) {
     if (is_separator(directory[i])) return directory.substr(0, i);
@@ -148,10 +148,10 @@ int vlnAppDirMap::copy_files(const utString& from_dirs, const utString& to_dir, 
 }
 
 utString vlnAppDirMap::extract_file(const utString& path) const {
-  // Any bytes may be a name, also those that the application's encoding does not know.
+  // Any bytes may be a name, also bytes that are invalid in the application's encoding.
   const apIStringEncoding* bytes = apStringEncodingChooser().ut_encoding();
   const apSplitPath parts{apPathName(bytes->to_apString(path))};
-  // A lone dot at the end says nothing; a name that is all extension keeps it.
+  // A lone dot at the end is removed; a name that is only an extension is kept.
   const bool extension = parts.extension().length() > 1;
   return bytes->to_utString(extension ? parts.name() + parts.extension() : parts.name());
 }

@@ -29,7 +29,7 @@ bool is_letter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-// Depth of the retries of a file status that failed for a passing reason.
+// Recursion depth for retries when reading a file's status fails temporarily.
 constexpr int retry_limit = 15;
 int retry_depth = 0;
 
@@ -57,7 +57,7 @@ bool is_regular_file(const char* path) {
   return stat(path, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// Whether a whole text matches a pattern in which "*" stands for any characters and "?" for one.
+// Whether the whole text matches a pattern in which "*" matches any characters and "?" one.
 bool matches(std::wstring_view text, std::wstring_view pattern) {
   std::size_t at = 0, in_pattern = 0;
   std::size_t star = pattern.npos, star_end = 0;  // the last "*", and where its match ends so far
@@ -185,7 +185,8 @@ void vlnPathList::search_by_extension(utStringcoDynArr& found, const char* exten
 char* vlnPathList::expand_list(const char* list, const utString& exe_dir) {
   constexpr std::string_view placeholder = "<exe_dir>";
   const std::string_view text = list ? list : "";
-  // Replacements without end need text that grows by itself; the list's own text makes fewer than it has characters.
+  // Limits the replacements. Only an `exe_dir` that contains the placeholder could expand for ever, and it is not
+  // searched again. The list's own text allows fewer replacements than it has characters.
   std::size_t rescans_left = exe_dir.find(placeholder) == utString::npos ? text.size() : 0;
   std::string expanded;
   std::size_t final_length = 0;  // how much of `expanded` is not searched again

@@ -15,7 +15,7 @@ bool holds_separator(const apFileName& name) {
   return name.string().view().find_first_of(L"/\\") != apString::npos;
 }
 
-// The entry of one directory that goes by `name`: the exactly equal one, else the first that is equal but for case.
+// The entry of one directory that matches `name`: the exactly equal one, else the first that is equal ignoring case.
 bool listed(const apPathName& directory, const apFileName& name, apFileName& entry) {
   apFileFinderEx entries{apPath(directory)};
   bool found = false;

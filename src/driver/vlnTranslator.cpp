@@ -59,7 +59,7 @@ void vlnTranslator::output_file_and_format(const utString& file, const utString&
 }
 
 bool vlnTranslator::run() {
-  // The application's own `translate_input_files` may refuse the request too.
+  // Reset here, because a derived `translate_input_files` may reject the request too.
   if (thread_comm_) thread_comm_->forget_counts();
   ignored_values_.clear();
   return translate_input_files();
@@ -96,8 +96,8 @@ bool vlnTranslator::translate_input_files() {
   for (const utString& warning : ignored_values_) request.add_warning(warning);
   thread_comm_->register_translation(request);
 
-  // Applications may make their outputs as they are asked for: the second one first, then the first, then the
-  // application information.
+  // Applications may create their outputs on request. The order is fixed: secondary output, primary output, application
+  // information.
   const utObserverPtr<velabsOutput> secondary = secondary_output();
   const utObserverPtr<velabsOutput> primary = primary_output();
   const utObserverPtr<velabsAppInfo> info = app_info();
@@ -157,7 +157,7 @@ void vlnTranslator::note_ignored_value(const utString& name, const utString& val
       separator = ", ";
     }
   }
-  // Each of several inputs is given the same values.
+  // A warning is kept once, because several inputs may be given the same values.
   if (std::find(ignored_values_.begin(), ignored_values_.end(), warning) == ignored_values_.end()) {
     ignored_values_.push_back(warning);
   }

@@ -30,7 +30,7 @@ void vlnLibraryIndex::add_names() {
   for (const apPathName& file : files_) names_.push_back(file.last_component());
   slots_.assign(std::bit_ceil(2 * files_.size() + 1), none);
   next_.assign(files_.size(), none);
-  // From the back, so that the first file of a name comes to stand at the front of its chain.
+  // Backwards, so that the first file of a name becomes the first of its chain.
   for (std::size_t i = files_.size(); i-- > 0;) {
     Position& slot = slots_[slot_of(names_[i])];
     next_[i] = slot;
@@ -53,7 +53,7 @@ std::wstring_view vlnLibraryIndex::directory_of(Position file) const {
 apPathName vlnLibraryIndex::find(std::wstring_view name) const {
   const Position first = first_named(name);
   if (first == none) return {};
-  // The first directory decides; within it the exact spelling comes first.
+  // The first directory wins; within it the exact spelling is preferred.
   for (Position at = first; at != none && directory_of(at) == directory_of(first); at = next_[at]) {
     if (names_[at] == name) return files_[at];
   }

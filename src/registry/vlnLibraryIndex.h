@@ -9,14 +9,14 @@
 #include "apPathName.h"
 #include "vlnTranslatorSearchPath.h"
 
-// What the directories of a search path hold, listed once, so that thousands of names are looked up without listing
-// again. A snapshot.
+// The entries of the directories of a search path, listed once, so that thousands of names are looked up without
+// listing again. A snapshot.
 class vlnLibraryIndex {
  public:
   vlnLibraryIndex(vlnLibraryIndex&&) = default;
   vlnLibraryIndex& operator=(vlnLibraryIndex&&) = delete;
 
-  // The shared libraries that the search path's lister finds.
+  // The shared libraries found by the search path's lister.
   static vlnLibraryIndex of_libraries(const vlnTranslatorSearchPath& search_path);
 
   // Every entry of the directories, whatever its extension.
@@ -26,10 +26,10 @@ class vlnLibraryIndex {
   const std::vector<apPathName>& files() const { return files_; }
   bool directory_missing() const { return directory_missing_; }
 
-  // What `vlnSearchPath::search` would find.
+  // Returns the same as `vlnSearchPath::search`.
   apPathName find(std::wstring_view name) const;
 
-  // Calls `use(position)` with the position in `files` of each file that goes by `name`, case aside.
+  // Calls `use(position)` with the position in `files` of each file named `name`, ignoring case.
   template <typename Use>
   void for_each_named(std::wstring_view name, Use use) const {
     for (Position at = first_named(name); at != none; at = next_[at]) use(at);
@@ -50,8 +50,8 @@ class vlnLibraryIndex {
   std::vector<std::wstring_view> names_;  // the last components, within `files_`
   bool directory_missing_ = false;
 
-  // A flat hash table from folded names to the first file of that name; a power of two, at most half full. From each
-  // file on, the next one of its name.
+  // A flat hash table from folded names to the first file of that name. Its size is a power of two, and it is at most
+  // half full. `next_` links each file to the next one of its name.
   std::vector<Position> slots_;
   std::vector<Position> next_;
 };

@@ -9,8 +9,8 @@
 
 namespace {
 
-// What a library needs to make its translator object when that is only asked to describe itself: an output stream on a
-// name that nobody else uses, gone afterwards whatever the library did with it.
+// The arguments that a library needs to create its translator object for a description only: a stream to a temporary
+// file and placeholder application information. The file is always removed afterwards.
 class ThrowAwayEnvironment {
  public:
   ~ThrowAwayEnvironment() {
@@ -37,7 +37,7 @@ vlnSecureTranslatorInfo::~vlnSecureTranslatorInfo() = default;
 
 const vlnTranslatorInfo* vlnSecureTranslatorInfo::load_now(vlnTranslatorLoadStatus& status) const {
   if (!needs_loading_) return this;
-  // What a description says stays the same when it is read again from its source; descriptions are never const objects.
+  // Reading a description again from its library does not change its meaning; descriptions are never const objects.
   auto& self = const_cast<vlnSecureTranslatorInfo&>(*this);
   const vlnTranslatorLoadStatus loaded = self.update_info_from_dll(file());
   status.merge_status(loaded);
@@ -45,16 +45,16 @@ const vlnTranslatorInfo* vlnSecureTranslatorInfo::load_now(vlnTranslatorLoadStat
 }
 
 vlnTranslatorLoadStatus vlnSecureTranslatorInfo::update_info_from_dll(const apPathName& library) {
-  // The path may be this description's own, which is filled below.
+  // `library` may refer to this description's own path, which is changed below.
   const apPathName path = library;
   const velabsTranslatorCategorycoPrf earlier_category = translator_category();
   vlnTranslatorLoadStatus status(path);
   try {
     status = ask_library(path);
   } catch (...) {
-    // The status says that the library failed.
+    // `status` already reports the failure.
   }
-  // A category may be an object of the library, whose code must then stay.
+  // A category may be an object of the library. Its code must then stay loaded.
   if (!status.ok() && library_ && translator_category() == earlier_category) library_->refuse();
   return status;
 }

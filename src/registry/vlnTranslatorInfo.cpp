@@ -27,7 +27,7 @@ utString vlnTranslatorInfo::remove_forward_slashes(const utString& text) {
 }
 
 void vlnTranslatorInfo::add_extension(apString extension) {
-  // Most translators have one or two.
+  // Most translators have one or two extensions.
   if (extensions_.empty()) extensions_.reserve(2);
   extensions_.push_back(std::move(extension));
 }

@@ -4,7 +4,7 @@
 
 #include "utString.h"
 
-// Every format name that begins with "viewer", in any case, stands for the one viewer and becomes exactly "Viewer".
+// Replaces a format name that begins with "viewer", in any case, by exactly "Viewer".
 inline std::string_view vln_viewer_name(std::string_view name) {
   constexpr std::string_view viewer = "Viewer";
   const bool is_viewer =

@@ -13,7 +13,7 @@ int vlnResourceHandler::validate(const utString& value) const {
 }
 
 int vlnResourceHandler::insert(const utString& value, velTableInstance& table) const {
-  // By the virtual table, so that a derived handler's validation counts.
+  // A virtual call, so that the validation of a derived handler is used.
   if (!type_ || !validate(value)) return 0;
   if (!table.add_resource(key_, value)) {
     const velnlsLocaleNumbers numbers;

@@ -14,7 +14,7 @@ const vlnResourceType* the() {
 
 }  // namespace
 
-// The first one that matches a resource is taken.
+// The first type that matches a resource is used.
 const std::array<const vlnResourceType*, vlnResourceType::s_number_of_types> vlnResourceType::s_type_array{
     the<vlnResourceType_utString>(),
     the<vlnResourceType_double>(),

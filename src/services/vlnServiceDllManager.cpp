@@ -28,6 +28,6 @@ void vlnServiceDllManager::unload_dll(const vluServiceKey& key) {
 apFileName vlnServiceDllManager::dll_name_from_key(const vluServiceKey& key) const {
   const apIStringEncoding* encoding = app_info_ ? app_info_->ut_encoding() : apStringEncodingChooser().ut_encoding();
   const apString name = encoding->to_apString(key.get_name());
-  // A name that does not convert must not find the library of an empty one.
+  // A name that cannot be converted is null and would give "svc.dll".
   return name.invalid() ? apFileName() : apFileName(name + L"svc." + vln_shared_library_extension());
 }

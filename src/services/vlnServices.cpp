@@ -32,7 +32,7 @@ bool vlnServices::add_service_from_dll(const vluServiceKey& key) {
   const auto get_instance = reinterpret_cast<vluGetInstance>(library->proc_address("get_instance", status));
   if (!get_instance || !status.ok()) return false;
 
-  // Nothing that a service library throws gets through.
+  // Exceptions of a service library are caught here.
   try {
     std::unique_ptr<vluServiceInstance> instance(get_instance(app_info_.get()));
     if (!instance) return false;

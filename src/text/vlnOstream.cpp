@@ -29,7 +29,7 @@ int vlnOstream::auto_flush(int on) {
 
 void vlnOstream::write(std::string_view before, std::string_view text, std::string_view after) {
   for (std::ostream* stream : streams_) {
-    // Unformatted, so that a width which the caller has set neither pads this nor is used up.
+    // Unformatted output, so that a width set by the caller is neither used nor cleared.
     for (const std::string_view part : {before, text, after}) {
       stream->write(part.data(), static_cast<std::streamsize>(part.size()));
     }

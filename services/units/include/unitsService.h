@@ -3,8 +3,8 @@
 #include "velAngularUnit.h"
 #include "velLengthUnit.h"
 
-// Units of length and of plane angles: conversion, and names for people. The library unitssvc.dll offers it to any
-// registry of services, which hands it out by its key and owns it. Every operation may be called from several threads.
+// Units of length and of plane angles: conversion and display names. The library unitssvc.dll provides the service to
+// any registry of services. The registry returns it by its key and owns it. Every operation is thread-safe.
 //
 //   vluBaseServicePtr found;
 //   if (services.service(vluServiceKey(units_service_key), found)) {
@@ -12,17 +12,17 @@
 //   }
 class unitsService {
  public:
-  // The value as it is when either unit is "unspecified" or none of the enumeration.
+  // Returns the value unchanged if either unit is "unspecified" or outside the enumeration.
   virtual double convert_length(double value, velLengthUnit from, velLengthUnit to) const = 0;
 
-  // The value as it is when either unit is none of the enumeration. No turns are taken off: 370 degrees stay 370.
+  // Returns the value unchanged if either unit is outside the enumeration. Full turns are kept: 370 degrees stay 370.
   virtual double convert_angle(double value, velAngularUnit from, velAngularUnit to) const = 0;
 
-  // In the singular, as resource files and command lines name it; "" for a number that is no unit.
+  // The singular name, as used in resource files and command lines; "" for a number that is not a unit.
   virtual const char* length_name(velLengthUnit unit) const = 0;
   virtual const char* angle_name(velAngularUnit unit) const = 0;
 
-  // What stands behind a number: "mm", "in"; "" for "unspecified" and for a number that is no unit.
+  // The symbol written after a number: "mm", "in"; "" for "unspecified" and for a number that is not a unit.
   virtual const char* length_symbol(velLengthUnit unit) const = 0;
   virtual const char* angle_symbol(velAngularUnit unit) const = 0;
 
@@ -30,5 +30,5 @@ class unitsService {
   ~unitsService() = default;
 };
 
-// The key under which the service is known.
+// The key by which the service is registered.
 inline constexpr char units_service_key[] = "units";
