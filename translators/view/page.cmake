@@ -1,5 +1,5 @@
-# Makes a C++ source of the page: cmake -DPAGE=DIRECTORY -DSCRIPTS=a.js,b.js -DTO=FILE -P page.cmake
-# The scripts become one, in the order given, with a scope of its own.
+# Makes a C++ source of the page: cmake -DPAGE=DIRECTORY -DSCRIPTS=a.js,b.js -DTO=FILE -P page.cmake The scripts are
+# joined in the given order, in one private scope.
 
 file(READ ${PAGE}/index.html page)
 file(READ ${PAGE}/style.css style)
@@ -11,7 +11,7 @@ foreach(name IN LISTS SCRIPTS)
 endforeach()
 string(APPEND script "})();\n")
 
-# What stands before a mark goes to `before`, the mark is dropped from `page`.
+# Moves the text before a placeholder to `before`, and removes the placeholder from `page`.
 macro(cut_at mark)
   string(FIND "${page}" "${mark}" at)
   if(at EQUAL -1)
@@ -24,7 +24,7 @@ macro(cut_at mark)
 endmacro()
 
 set(source "#include \"viewPage.h\"\n\nnamespace {\n")
-# In pieces, because compilers need not take long literals.
+# In pieces, because compilers may limit the length of a literal.
 function(add_texts name text)
   string(LENGTH "${text}" length)
   set(literals "")

@@ -8,8 +8,8 @@ namespace {
 
 constexpr float farthest = -std::numeric_limits<float>::max();
 
-// Where the edge between two corners, the upper one first, crosses a height. Both triangles at an edge come to the same
-// number, because both take its corners in the same order.
+// The x coordinate of an edge at a height; `upper` is the upper end. Both triangles at an edge pass its ends in the
+// same order, so they get the same result.
 float crossing(const pngPoint& upper, const pngPoint& lower, float y) {
   return upper.x + (y - upper.y) * ((lower.x - upper.x) / (lower.y - upper.y));
 }
@@ -18,14 +18,14 @@ bool is_above(const pngPoint& a, const pngPoint& b) {
   return a.y != b.y ? a.y < b.y : a.x < b.x;
 }
 
-// The first sample whose middle is not before a place.
+// The first sample whose centre is not before a position.
 std::ptrdiff_t first_sample(float place) {
   return static_cast<std::ptrdiff_t>(std::ceil(place - 0.5F));
 }
 
 }  // namespace
 
-// How depth and colour change over a triangle.
+// The gradients of depth and colour over a triangle.
 struct pngBand::Plane {
   explicit Plane(const pngTriangle& triangle) {
     const pngCorner &a = triangle.corners[0], &b = triangle.corners[1], &c = triangle.corners[2];
@@ -46,7 +46,7 @@ struct pngBand::Plane {
     set(3, a.colour.blue, b.colour.blue, c.colour.blue);
   }
 
-  // Kept between what the corners have: a sliver's slopes are wild.
+  // Clamped to the range of the corners, because the gradients of a sliver are inaccurate.
   float value(std::size_t i, float x, float y) const {
     return std::clamp(start[i] + across[i] * x + down[i] * y, least[i], most[i]);
   }
@@ -115,7 +115,7 @@ void pngBand::put(Sample& sample, float depth, const float* colour, float opacit
 void pngBand::draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour, float opacity) {
   const float dx = to.x - from.x, dy = to.y - from.y;
   const float length = std::hypot(dx, dy);
-  // Seen end-on it is a dot that its neighbours cover.
+  // A line seen end-on is covered by its neighbours.
   if (!(length > 0)) return;
   const float half = width / 2, across_x = -dy / length * half, across_y = dx / length * half;
   const float along_x = dx / length * half, along_y = dy / length * half;

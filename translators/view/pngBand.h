@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-// A point of the picture in samples, from the upper left corner to the right and down; z grows towards the eye.
+// A point of the picture in samples, from the upper left corner to the right and down; z increases towards the eye.
 struct pngPoint {
   float x = 0, y = 0, z = 0;
 };
@@ -24,25 +24,25 @@ struct pngTriangle {
   float opacity = 1;
 };
 
-// Some rows of the picture, each pixel of several samples a side. Triangles that share an edge leave no gap between
-// them and cover no sample twice.
+// Some rows of the picture, with several samples per pixel in each direction. Triangles that share an edge leave no
+// gap and do not overlap.
 class pngBand {
  public:
-  // `side` samples in each direction make a pixel.
+  // Each pixel has `side` x `side` samples.
   pngBand(std::size_t width, std::size_t rows, std::size_t side);
 
-  // Empty, with its first row at that row of the picture.
+  // Clears the band and sets its first row in the picture.
   void begin(std::size_t first_row);
 
-  // Whether anything between these two heights can be in the band.
+  // True when anything between these two heights may be in the band.
   bool reaches(float top, float bottom) const {
     return bottom >= first_ && top <= first_ + static_cast<float>(height_);
   }
 
-  // An opaque one hides what lies behind it; others let it through and hide nothing.
+  // An opaque triangle hides what is behind it. A transparent one is blended and does not change the depth.
   void draw(const pngTriangle& triangle);
 
-  // A line of a width in samples, a little nearer to the eye than what it lies on.
+  // `width` is in samples. The line is drawn slightly nearer to the eye than its points.
   void draw_line(const pngPoint& from, const pngPoint& to, float width, const pngColour& colour, float opacity);
 
   // One row of pixels, counted from the band's first: red, green, blue and opacity in a byte each.

@@ -11,10 +11,10 @@ constexpr double share_of_picture = 0.92;
 
 struct Named {
   std::string_view name;
-  double turn, rise;  // degrees about the upright axis, and above the ground
+  double turn, rise;  // degrees: around the up axis, and above the ground
 };
 
-// Along the diagonal of a cube.
+// The view along the diagonal of a cube.
 constexpr double iso_rise = 35.26438968;
 
 constexpr Named views[] = {{"iso", 45, iso_rise}, {"front", 0, 0}, {"back", 180, 0},  {"left", -90, 0},

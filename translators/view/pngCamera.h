@@ -9,31 +9,30 @@
 #include "viewMesh.h"
 #include "viewScene.h"
 
-// From where a picture is taken, in parallel lines.
+// The axes of a parallel view.
 struct pngDirection {
   annVector right, up, towards;
 };
 
-// By the name of a standard view; none for another name.
+// The direction of a named standard view; empty for an unknown name.
 std::optional<pngDirection> png_direction(std::string_view view);
 
-// From a mesh's own points and normals to those of the picture: what the parts of a scene have in common, and what one
-// placement makes of it.
+// Transforms points and directions of a scene to those of the picture.
 class pngCamera {
  public:
-  // `direction` is for a scene with +Z up. The whole scene fills a picture of that size but for a narrow margin.
+  // `direction` is for a scene with +Z up. The whole scene fits a picture of this size, with a narrow margin.
   pngCamera(const pngDirection& direction, const viewScene& scene, const std::vector<viewMesh>& meshes, double width,
             double height);
 
-  // False when the scene is too large for numbers.
+  // False when numbers overflow because the scene is too large.
   bool is_usable() const;
 
   pngPoint point(annVector p) const;
 
-  // Samples for a unit of length of the scene.
+  // Samples per length unit of the scene.
   double scale() const { return scale_; }
 
-  // In the picture's directions: right, up, towards the eye.
+  // In picture directions: right, up, towards the eye.
   annVector direction(annVector d) const;
 
  private:

@@ -4,7 +4,7 @@
 
 namespace {
 
-// The library's own words are for its developers; whoever calls says what failed.
+// Messages of the library are meant for developers; the caller reports the error.
 void pass_over(png_structp, png_const_charp) {}
 
 }  // namespace
@@ -16,7 +16,7 @@ pngImage::~pngImage() {
 bool pngImage::begin(std::uint32_t width, std::uint32_t height, bool with_opacity) {
   png_ = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, pass_over);
   if (!png_) return false;
-  // The library leaves a failed call by a jump to here, past frames that own nothing.
+  // On an error the library jumps here, past frames without destructors.
   if (setjmp(png_jmpbuf(png_)) != 0) return false;
   info_ = png_create_info_struct(png_);
   if (!info_) return false;

@@ -7,8 +7,8 @@
 
 #include "velabsOfStream.h"
 
-// A picture on its way into a file, row by row from the top. Every operation is false when the memory or the stream
-// gave out; nothing may follow then.
+// Writes a picture to a stream, row by row from the top. Each operation returns false when memory or the stream fails;
+// then no other may follow.
 class pngImage {
  public:
   explicit pngImage(velabsOfStream& stream) : stream_(stream) {}
@@ -16,7 +16,7 @@ class pngImage {
   pngImage(const pngImage&) = delete;
   pngImage& operator=(const pngImage&) = delete;
 
-  // Three bytes a pixel, or four with the opacity.
+  // Three bytes per pixel, or four with opacity.
   bool begin(std::uint32_t width, std::uint32_t height, bool with_opacity);
   bool row(const std::uint8_t* bytes);
   bool end();

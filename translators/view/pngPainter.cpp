@@ -8,7 +8,7 @@ namespace {
 constexpr annColour colour_of_parts{0.74F, 0.78F, 0.82F, 1};
 constexpr pngColour colour_of_lines{0.13F, 0.16F, 0.2F};
 
-// Lines that are fewer of their widths apart become fainter, so that small parts keep their colour.
+// Lines closer than this many line widths are drawn fainter, so that small parts keep their colour.
 constexpr double lines_apart = 8;
 constexpr float faintest = 0.02F;
 
@@ -28,7 +28,7 @@ float part(float value) {
   return value > 0 ? std::min(value, 1.0F) : 0.0F;
 }
 
-// In the picture's directions, towards the eye.
+// The normal in picture directions, towards the eye.
 Normal facet_of(const pngPoint& a, const pngPoint& b, const pngPoint& c) {
   const double bx = b.x - a.x, by = a.y - b.y, bz = b.z - a.z;
   const double cx = c.x - a.x, cy = a.y - c.y, cz = c.z - a.z;
@@ -63,7 +63,7 @@ void pngPainter::paint(pngBand& band) {
   for (std::size_t i = 0; i < scene_.nodes.size(); ++i) {
     if (reaches(i, band)) paint_surface(scene_.nodes[i], band);
   }
-  // Faint lines let through what is drawn already, so they come after all surfaces.
+  // Faint lines blend with the picture, so they are drawn after all surfaces.
   for (std::size_t i = 0; line_width_ > 0 && i < scene_.nodes.size(); ++i) {
     if (reaches(i, band)) paint_lines(scene_.nodes[i], band);
   }
@@ -110,7 +110,7 @@ void pngPainter::place(const viewScene::Node& node, const viewMesh& mesh) {
   points_.resize(mesh.points.size());
   normals_.resize(mesh.points.size());
   const auto& m = node.placement.m;
-  // Normals go with the cofactors.
+  // Normals are transformed by the cofactors of the placement.
   const annVector x{m[0], m[4], m[8]}, y{m[1], m[5], m[9]}, z{m[2], m[6], m[10]};
   const annVector nx = camera_.direction(ann_cross(y, z)), ny = camera_.direction(ann_cross(z, x)),
                   nz = camera_.direction(ann_cross(x, y));
@@ -154,7 +154,7 @@ pngColour pngPainter::lit(const annColour& colour, Normal normal, const Normal& 
   const float light = 0.26F + 0.16F * (0.5F + 0.5F * up) + 0.62F * std::max(dot(normal, lamp), 0.0F);
   float shine = std::max(dot(normal, halfway), 0.0F);
   for (int i = 0; i < 5; ++i) shine *= shine;
-  // Light adds up linearly, and bytes are its square roots, nearly.
+  // Light is added in linear values; a square root approximates the encoding of bytes.
   auto bright = [&](float value) {
     return std::sqrt(std::min(part(value) * part(value) * light + 0.05F * shine, 1.0F));
   };

@@ -6,10 +6,10 @@
 #include "pngCamera.h"
 #include "vltProgress.h"
 
-// Draws a scene into one band of a picture after the other.
+// Draws a scene band by band.
 class pngPainter {
  public:
-  // What is given must outlive it. `line_width` is in samples; 0 draws no lines.
+  // All arguments must outlive this object. `line_width` is in samples; 0 draws no lines.
   pngPainter(const viewScene& scene, const std::vector<viewMesh>& meshes, const pngCamera& camera, float line_width);
 
   void paint(pngBand& band);
@@ -31,11 +31,11 @@ class pngPainter {
   const std::vector<viewMesh>& meshes_;
   const pngCamera& camera_;
   float line_width_;
-  annVector sky_;                // where up is in the picture
+  annVector sky_;                // the up direction in the picture
   std::vector<Extent> extents_;  // of the nodes
-  // Of the part in work.
+  // Data of the current part.
   std::vector<pngPoint> points_;
   std::vector<viewMesh::Normal> normals_;
-  // What one can see through waits until the rest is drawn.
+  // Transparent triangles, drawn after everything else.
   std::vector<pngTriangle> clear_;
 };

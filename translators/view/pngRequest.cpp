@@ -7,7 +7,7 @@ namespace {
 
 constexpr int largest_side = 16384;
 
-// "#RRGGBB".
+// Parses "#RRGGBB".
 std::optional<std::array<std::uint8_t, 3>> colour_from(std::string_view text) {
   constexpr std::string_view digits = "0123456789abcdef";
   if (text.size() != 7 || text.front() != '#') return std::nullopt;

@@ -8,7 +8,7 @@
 #include "velTableInstance.h"
 #include "velabsOutput.h"
 
-// What the resources ask of a picture.
+// The options of a picture, from the resources.
 struct pngRequest {
   std::size_t width, height;
   pngDirection direction;
@@ -16,5 +16,5 @@ struct pngRequest {
   bool lines;
 };
 
-// Nothing, and a message for each, when a resource has a value that makes no sense.
+// Empty, with a message for each, when a resource has an invalid value.
 std::optional<pngRequest> png_request(const velTableInstance& resources, velabsOutput& output);

@@ -12,11 +12,11 @@ namespace {
 
 const vltFormat png_format{"PNG", vluUNKNOWN, {"*png"}, "Pictures (*.png)|*.png", "View"};
 
-// Samples that are worked on at a time, so that the largest picture needs no more memory than a middling one.
+// The number of samples in memory at a time, which bounds the memory for large pictures.
 constexpr std::size_t samples_at_once = std::size_t{1} << 22;
 constexpr std::size_t pixels_of_fine_picture = std::size_t{1} << 21;
 
-// RGBA over a colour, in place of the first three bytes of each pixel.
+// Blends RGBA over a background colour, in place, into the first three bytes of each pixel.
 void lay_over(const std::array<std::uint8_t, 3>& background, std::vector<std::uint8_t>& pixels) {
   std::uint8_t* to = pixels.data();
   for (std::size_t at = 0; at < pixels.size(); at += 4) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The cosine of 30.1 degrees: the sides of a prism with twelve of them shade into each other whatever rounding did.
+// The cosine of 30.1 degrees: the sides of a regular prism with twelve sides are smooth in spite of rounding.
 constexpr float cosine_of_crease = 0.86515F;
 
 constexpr std::uint32_t none = annMesh::no_material;
@@ -20,7 +20,7 @@ float dot(const Normal& a, const Normal& b) {
   return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-// Of length 1; null for what is too small or too large to have a direction.
+// The unit vector; null for a vector that is too small, too large or not finite.
 Normal unit(annVector v) {
   const double largest = std::max({std::fabs(v.x), std::fabs(v.y), std::fabs(v.z)});
   if (!(largest > 0) || !std::isfinite(v.x + v.y + v.z)) return {};
@@ -33,7 +33,7 @@ bool is_null(const Normal& n) {
   return n.x == 0 && n.y == 0 && n.z == 0;
 }
 
-// Steps of about 0.003 degrees.
+// In steps of about 0.003 degrees.
 std::array<int, 3> in_steps(const Normal& n) {
   constexpr float steps = 16384;
   return {static_cast<int>(std::lround(n.x * steps)), static_cast<int>(std::lround(n.y * steps)),
@@ -65,19 +65,19 @@ class Splitter {
   }
 
  private:
-  // An edge from the place in work, as one of the triangles round it sees it.
+  // An edge from the current point, as seen by one of its triangles.
   struct Spoke {
     std::uint32_t to;
     std::uint32_t corner;  // in the fan
-    bool outwards;         // the triangle runs along it away from the place
+    bool outwards;         // the triangle runs along it away from the point
 
     bool operator<(const Spoke& other) const { return to != other.to ? to < other.to : corner < other.corner; }
   };
 
-  // A corner of the fan with all that its vertex depends on: its own normal or, where that is null, the triangles that
-  // shade into each other, and the vertex whose colour it has.
+  // A corner of the fan with all that determines its vertex: its own normal or, if that is null, its smoothing group,
+  // and the vertex whose colour it has.
   struct Key {
-    std::array<int, 3> own;  // in steps, so that what rounding did makes no difference
+    std::array<int, 3> own;  // in steps, so that rounding errors do not matter
     std::uint32_t group, colour, corner;
 
     bool shades_as(const Key& other) const { return own == other.own && group == other.group; }
@@ -94,7 +94,7 @@ class Splitter {
     }
   }
 
-  // The mesh's own normals, null at corners without one.
+  // Copies the mesh's normals; null at corners without one.
   void take_normals() {
     if (!source_.has_normals()) return;
     own_.resize(places_.size());
@@ -104,7 +104,7 @@ class Splitter {
   }
   Normal own(std::uint32_t corner) const { return own_.empty() ? Normal{} : own_[corner]; }
 
-  // The corners at each place, one place after the other.
+  // Groups the corners by point.
   void gather_corners() {
     first_.assign(points_.size() + 1, 0);
     for (std::uint32_t place : places_) ++first_[place + 1];
@@ -114,7 +114,8 @@ class Splitter {
     for (std::uint32_t corner = 0; corner < places_.size(); ++corner) corners_[next[places_[corner]]++] = corner;
   }
 
-  // Finds which triangles round a place shade into each other, and its edges. True when they form a closed fan.
+  // Finds the smoothing groups of the triangles around a point, and its edges. True when the triangles form a closed
+  // fan.
   bool join_round(std::uint32_t place) {
     fan_.assign(corners_.begin() + first_[place], corners_.begin() + first_[place + 1]);
     group_.resize(fan_.size());
@@ -145,13 +146,13 @@ class Splitter {
     const Normal& a = facets_[fan_[one.corner] / 3];
     const Normal& b = facets_[fan_[other.corner] / 3];
     if (is_null(a) || is_null(b)) return true;
-    // Where the two run in the same direction, one of them faces the wrong way.
+    // If both run in the same direction, one of them is inverted.
     const float facing = one.outwards != other.outwards ? 1.0F : -1.0F;
     return facing * dot(a, b) > cosine_of_crease;
   }
 
-  // Whether a line shows an edge. Own normals decide where both triangles have them at both ends, but not those that
-  // lean far from their triangles, as a cube's do that all its sides share.
+  // True when an edge is drawn as a line. The mesh's normals decide if both triangles have them at both ends. Normals
+  // far from those of the triangles are not used, for example those of a cube with shared vertices.
   bool has_line(const Spoke& one, const Spoke& other, bool smooth) const {
     bool smooth_by_normals = true;
     for (const bool far_end : {false, true}) {
@@ -162,7 +163,7 @@ class Splitter {
     return !smooth_by_normals;
   }
 
-  // The corner of a spoke's triangle at the place in work or at the spoke's other end.
+  // The corner of a spoke's triangle at the current point, or at the spoke's other end.
   std::uint32_t corner_of(const Spoke& spoke, bool far_end) const {
     const std::uint32_t corner = fan_[spoke.corner];
     return far_end ? corner / 3 * 3 + (corner % 3 + (spoke.outwards ? 1 : 2)) % 3 : corner;
@@ -212,10 +213,10 @@ class Splitter {
   }
 
   bool has_colours() const { return !source_.vertices->colours.empty(); }
-  // Of the mesh, at a corner of the fan.
+  // The mesh vertex of a corner of the fan.
   std::uint32_t vertex(std::uint32_t corner) const { return source_.corners[sources_[fan_[corner]]]; }
 
-  // Of the triangles of a group together, each as heavy as its angle at the place.
+  // The mean normal of the triangles of a group, weighted by their angles at the point.
   Normal normal_of(std::span<const Key> group) const {
     if (group.size() == 1) return facets_[fan_[group.front().corner] / 3];
     annVector sum;
@@ -234,7 +235,7 @@ class Splitter {
     return std::acos(std::clamp(dot(a, b), -1.0F, 1.0F));
   }
 
-  // Times six, as seen from one of the points so that far-away coordinates cost no digits.
+  // Six times the volume, relative to one of the points to keep precision far from the origin.
   double volume() const {
     double sum = 0;
     const annVector& from = points_.front();
@@ -251,10 +252,10 @@ class Splitter {
   const std::vector<std::uint32_t>& sources_;
   viewMesh& made_;
   std::vector<Normal> facets_;
-  std::vector<Normal> own_;  // of the corners; none when the mesh has no normals
+  std::vector<Normal> own_;  // of the corners; empty when the mesh has no normals
   std::vector<std::uint32_t> first_, corners_;
-  std::vector<std::uint32_t> any_vertex_;  // one that stands at each place
-  // Of the place in work.
+  std::vector<std::uint32_t> any_vertex_;  // one vertex at each point
+  // Data of the current point.
   std::vector<std::uint32_t> fan_, group_;
   std::vector<Spoke> spokes_;
   std::vector<Key> keys_;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint32_t none = annMesh::no_material;
 
-// The triangles of a mesh that have an extent, sorted by look, those of one look in the mesh's order.
+// The triangles of a mesh with three distinct points, sorted by material. The order within a material is kept.
 class Triangles {
  public:
   explicit Triangles(const annMesh& mesh) : mesh_(mesh), number_of_(mesh.vertices->points.size(), none) {
@@ -55,7 +55,7 @@ class Triangles {
   }
 
   void sort_by_material(std::uint32_t count) {
-    // Those without a material, whose number is the largest, come out first.
+    // Triangles without a material, whose index is the maximum, come first.
     const std::size_t looks = mesh_.materials.size() + 1;
     std::vector<std::uint32_t> next(looks + 1);
     auto slot = [](std::uint32_t material) { return static_cast<std::size_t>(material + 1U); };
@@ -75,11 +75,11 @@ class Triangles {
   }
 
   const annMesh& mesh_;
-  std::vector<std::uint32_t> number_of_;  // of the distinct point of each vertex
-  std::vector<std::uint32_t> materials_;  // for each triangle, unless no face has one
+  std::vector<std::uint32_t> number_of_;  // index of the distinct point of each vertex
+  std::vector<std::uint32_t> materials_;  // for each triangle; empty when no face has one
 };
 
-// Gives the vertices that `made` numbers by place the numbers in which triangles use them.
+// Renumbers the vertices of `made` in the order in which the triangles use them.
 void number_by_use(viewMesh& made) {
   std::vector<std::uint32_t> number(made.points.size(), none);
   std::vector<std::uint32_t> order;

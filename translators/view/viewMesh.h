@@ -6,35 +6,35 @@
 #include "annBox.h"
 #include "annMesh.h"
 
-// A mesh made ready for drawing: triangles over vertices that have one point, one normal and perhaps one colour each,
-// and the lines that show its form. Vertices are numbered in the order in which the triangles use them first.
+// A mesh prepared for drawing: triangles over vertices with one point, one normal and an optional colour each, and the
+// lines that show its shape. Vertices are numbered in the order in which the triangles use them.
 struct viewMesh {
   struct Normal {
     float x = 0, y = 0, z = 0;
   };
-  // Triangles of one look.
+  // Triangles of one material.
   struct Range {
-    std::uint32_t material;  // of the mesh it was made from, or `annMesh::no_material`
+    std::uint32_t material;  // of the source mesh, or `annMesh::no_material`
     std::uint32_t first, count;
   };
 
   std::vector<annVector> points;
   std::vector<Normal> normals;
-  std::vector<annColour> colours;      // for each vertex, or none
+  std::vector<annColour> colours;      // one for each vertex, or empty
   std::vector<std::uint32_t> corners;  // three for each triangle
   std::vector<Range> ranges;
   std::vector<std::uint32_t> edges;  // two vertices for each line
-  // About how far the lines are apart: the area of the triangles over the length of the lines; 0 without lines.
+  // The approximate distance between lines: the area of the triangles divided by the length of the lines; 0 without
+  // lines.
   double line_spacing = 0;
   annBox box;
-  // A solid's skin: no holes, all triangles facing outwards. Only then is what lies behind a triangle known.
+  // True for the surface of a solid: no holes, all triangles facing outwards. Only then may cuts be filled.
   bool closed = false;
 
   std::size_t triangle_count() const { return corners.size() / 3; }
 };
 
-// Points at the same place are one. Normals are the mesh's own, of corners or vertices, where it has them; triangles at
-// corners without one shade into each other where they meet at less than a little over 30 degrees. Lines are where
-// normals, the mesh's own or those of triangles, differ by more, and along free borders. Triangles without any extent
-// are skipped, and so nothing may remain.
+// Equal points are merged. Normals are the mesh's, of corners or vertices, if it has them. At corners without one,
+// triangles that meet at less than about 30 degrees are smoothed. Lines are free borders, and edges where the mesh's
+// or the triangles' normals differ by more. Triangles with equal points are skipped, so the result may be empty.
 viewMesh view_make_mesh(const annMesh& mesh);

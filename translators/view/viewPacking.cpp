@@ -25,7 +25,7 @@ void pad(std::string& bytes) {
 }
 
 unsigned across(double value, double low, double high) {
-  // Halves first: the width of a box may be more than a number holds.
+  // Divide first: the width of a box may overflow.
   const double half_width = high / 2 - low / 2;
   if (!(half_width > 0)) return 0;
   return static_cast<unsigned>(std::lround(std::clamp((value / 2 - low / 2) / half_width, 0.0, 1.0) * 65535));

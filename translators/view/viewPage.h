@@ -3,8 +3,8 @@
 #include <span>
 #include <string_view>
 
-// The page around a model, made from the files in `page` by the build: what stands before its title, between the title
-// and the data, and behind them.
+// The page around a model, which the build makes from the files in `page`: the parts before the title, between the
+// title and the data, and after the data.
 std::span<const std::string_view> view_page_head();
 std::span<const std::string_view> view_page_body();
 std::span<const std::string_view> view_page_tail();

@@ -9,7 +9,7 @@
 
 namespace {
 
-// A node that waits for its turn.
+// A node to visit.
 struct Waiting {
   const annNode* node;
   std::uint32_t parent;
@@ -28,7 +28,7 @@ class Collector {
 
   bool collect(const annNode& root, const annTransform& placement) {
     const Waiting top{&root, viewScene::none, placement * root.transform, root.colour};
-    // The root stands for the document; it is shown only where it is a part itself.
+    // The root represents the document; it is a node of the scene only if it has a body.
     if (root.body.empty()) {
       add_children(top, viewScene::none);
     } else {
@@ -80,7 +80,7 @@ class Collector {
   std::vector<Waiting> waiting_;
 };
 
-// Whether boxes along the axes stay along the axes.
+// True when boxes along the axes stay along the axes.
 bool keeps_boxes(const annTransform& placement) {
   for (std::size_t row = 0; row < 12; row += 4) {
     int used = 0;

@@ -83,7 +83,7 @@ void viewSceneText::write_node(const viewScene::Node& node, std::size_t number, 
 }
 
 std::size_t viewSceneText::colour(const annColour& colour) {
-  // Nothing but 0 to 1 reaches the page.
+  // Components are clamped to 0 to 1; NaN becomes 0.
   auto part = [](float value) { return value > 0 ? std::min(value, 1.0F) : 0.0F; };
   const std::array<float, 4> parts{part(colour.red), part(colour.green), part(colour.blue), part(colour.opacity)};
   const auto [known, is_new] = colour_numbers_.try_emplace(parts, colour_numbers_.size());

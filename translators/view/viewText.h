@@ -7,26 +7,26 @@
 #include "annColour.h"
 #include "velabsOfStream.h"
 
-// Text that may stand inside a page.
+// Escaping of text for a page.
 
-// A JSON string in quotes. "<", ">" and "&" are escaped, so that nothing in it ends the element that holds it or begins
-// another; bytes that are no UTF-8 come out as U+FFFD.
+// A quoted JSON string. "<", ">" and "&" are escaped, so that the text cannot end or begin an element. Bytes that are
+// not UTF-8 become U+FFFD.
 std::string view_json_text(std::string_view text);
 
-// The shortest text that reads back as the same number; null for what is no finite one.
+// The shortest text that reads back as the same number; null for a number that is not finite.
 std::string view_json_number(double value);
 std::string view_json_number(float value);
 
-// The text as the content of an element.
+// Escapes a text for the content of an element.
 std::string view_html_text(std::string_view text);
 
-// Bytes in elements that hold them in base64. They are cut so that no element is longer than browsers like their texts.
+// Writes bytes as base64 into elements. Each element is limited to a text length that browsers process fast.
 class viewData {
  public:
   explicit viewData(velabsOfStream& stream) : stream_(stream) {}
 
   void write(std::string_view bytes);
-  // Once, at the end.
+  // Call once, at the end.
   void finish();
 
  private:
@@ -35,5 +35,5 @@ class viewData {
 
   velabsOfStream& stream_;
   std::string left_;            // fewer than three bytes
-  std::size_t in_element_ = 0;  // bytes; 0 before one is begun
+  std::size_t in_element_ = 0;  // bytes in the open element; 0 when none is open
 };

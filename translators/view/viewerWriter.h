@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes a model as one page for a browser: it holds the model, what draws it, and nothing that lies elsewhere.
+// Writes a model as a single page for a browser, with the data and the viewer and without external files.
 class viewerWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit viewerWriter(velabsOfStream* stream);

@@ -1,4 +1,5 @@
-// Where one looks from. Lengths are those of the scene: the model's about its centre, over its radius.
+// The position and direction of the view. Lengths are in scene units: the model relative to its centre, divided by its
+// radius.
 
 const opening = Math.tan((28 / 2) * (Math.PI / 180));
 
@@ -7,25 +8,25 @@ const standardViews = {
 };
 
 class Camera {
-  // `up` is the axis that points up, "y" or "z".
+  // `up` is the up axis, "y" or "z".
   constructor(up) {
     this.up = up;
     this.target = [0, 0, 0];
-    this.turn = Math.PI / 4; // about the upright axis; 0 looks along +Y, along -Z where +Y is up
-    this.rise = 0.6155; // above the ground
+    this.turn = Math.PI / 4; // around the up axis; 0 looks along +Y, or along -Z where +Y is up
+    this.rise = 0.6155; // elevation above the ground
     this.distance = 4;
     this.parallel = false;
     this.width = this.height = 1;
   }
 
-  // Right, up and towards the eye.
+  // The directions right, up and towards the eye.
   axes() {
     const [ct, st, cr, sr] = [Math.cos(this.turn), Math.sin(this.turn), Math.cos(this.rise), Math.sin(this.rise)];
     const axes = [[ct, st, 0], [-st * sr, ct * sr, cr], [st * cr, -ct * cr, sr]];
     return this.up === "y" ? axes.map(([x, y, z]) => [x, z, -y]) : axes;
   }
 
-  // A point of the scene in the eye's directions, as seen from the target.
+  // A scene point in camera directions, relative to the target.
   seen(point, axes = this.axes()) {
     const d = point.map((value, i) => value - this.target[i]);
     return axes.map((axis) => axis[0] * d[0] + axis[1] * d[1] + axis[2] * d[2]);
@@ -35,15 +36,15 @@ class Camera {
     return [0, 1, 2].map((i) => this.target[i] + axes[0][i] * seen[0] + axes[1][i] * seen[1] + axes[2][i] * seen[2]);
   }
 
-  // The least and the greatest distance from the eye at which there is something to see.
+  // The minimum and maximum distance from the eye to anything visible.
   span() {
-    // The scene lies within this distance of its centre, and so of the target.
+    // The scene is within this distance of its centre, and therefore of the target.
     const reach = 1.02 + Math.hypot(...this.target);
     const far = this.distance + reach;
     return [this.parallel ? this.distance - reach : Math.max(this.distance - reach, far / 4000), far];
   }
 
-  // The view and the projection as columns of 4 x 4 matrices.
+  // The view and projection matrices, 4 x 4, by columns.
   matrices() {
     const axes = this.axes();
     const at = axes.map((axis) => -(axis[0] * this.target[0] + axis[1] * this.target[1] + axis[2] * this.target[2]));
@@ -61,18 +62,18 @@ class Camera {
     return [view, [x, 0, 0, 0, 0, y, 0, 0, 0, 0, -(far + near) / depth, -1, 0, 0, (-2 * far * near) / depth, 0]];
   }
 
-  // How long a pixel is at the target.
+  // The size of a pixel at the target.
   pixel() {
     return (2 * opening * this.distance) / this.height;
   }
 
-  // The same at a point of the scene.
+  // The size of a pixel at a point of the scene.
   pixelAt(point) {
     if (this.parallel) return this.pixel();
     return (this.pixel() * Math.max(this.distance - this.seen(point)[2], 1e-9)) / this.distance;
   }
 
-  // Pixels from the upper left corner.
+  // In pixels from the upper left corner.
   onScreen(point) {
     const [x, y, z] = this.seen(point);
     const shrink = this.parallel ? 1 : this.distance / Math.max(this.distance - z, 1e-9);
@@ -80,13 +81,13 @@ class Camera {
     return [this.width / 2 + x * scale, this.height / 2 - y * scale];
   }
 
-  // The point under a pixel at the target's depth.
+  // The point under a pixel, at the depth of the target.
   under(x, y) {
     const pixel = this.pixel();
     return this.placed([(x - this.width / 2) * pixel, (this.height / 2 - y) * pixel, 0]);
   }
 
-  // Turns about a point, which stays where it is on the screen.
+  // Rotates around a point, which keeps its position on the screen.
   orbit(dx, dy, about) {
     const before = this.seen(about);
     this.turn -= dx;
@@ -101,14 +102,14 @@ class Camera {
     this.target = this.placed([-dx * pixel, dy * pixel, 0]);
   }
 
-  // The point stays where it is on the screen.
+  // Zooms about a point, which keeps its position on the screen.
   zoom(factor, about) {
     const k = Math.min(Math.max(this.distance * factor, 1e-4), 60) / this.distance;
     this.distance *= k;
     this.target = this.target.map((value, i) => about[i] + (value - about[i]) * k);
   }
 
-  // Shows boxes of the scene whole, from the direction in which it looks.
+  // Moves the camera, without rotation, so that the boxes are completely visible.
   fit(boxes) {
     if (boxes.length === 0) return;
     const axes = this.axes();
@@ -128,7 +129,7 @@ class Camera {
     }
     const middle = low.map((value, i) => (value + high[i]) / 2);
     this.target = [0, 1, 2].map((i) => axes[0][i] * middle[0] + axes[1][i] * middle[1] + axes[2][i] * middle[2]);
-    // The tools stand in front of the lower edge.
+    // The toolbar covers the lower edge.
     const tools = this.height > 320 ? 64 : 0;
     const upright = opening * (1 - tools / this.height);
     const wide = (opening * this.width) / this.height;

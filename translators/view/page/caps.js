@@ -1,6 +1,6 @@
-// The faces that close solids where the section plane cuts them, and the outlines of all that is cut. Each part is
-// filled on its own: triangles from its segments to one point count in the stencil how often the outline winds round a
-// pixel, and where it does so at all, the plane is painted and the count goes back to 0.
+// Fills the cut faces of solids in the section plane, and draws the outlines of all cuts. Each part is filled
+// separately. Triangles from its segments to one point count the winding number of the outline in the stencil buffer;
+// where it is not 0, the plane is painted and the count is reset to 0.
 
 class Caps {
   constructor(renderer) {
@@ -18,7 +18,7 @@ class Caps {
     this.plane = null;
   }
 
-  // To be called when other parts are shown.
+  // Call this when the visible parts change.
   forget() {
     this.plane = null;
   }
@@ -47,7 +47,7 @@ class Caps {
     this.gl.bufferData(this.gl.ARRAY_BUFFER, data, this.gl.DYNAMIC_DRAW);
   }
 
-  // The square of the plane in which all cuts lie. All are painted with it, so all have the same depth.
+  // A square in the plane that contains all cuts. All cuts are painted with it, so they have the same depth.
   frameOf(plane) {
     const axis = [0, 1, 2].reduce((most, i) => (Math.abs(plane[i]) > Math.abs(plane[most]) ? i : most), 0);
     const pivot = plane.slice(0, 3).map((value) => value * plane[3]);
@@ -74,7 +74,7 @@ class Caps {
       gl.scissor(...this.spanOf(cut.part.cut, camera));
       gl.uniform3fv(places.look, (lookOf(renderer.model, cut.part) || defaultColour).slice(0, 3));
       gl.uniform1f(places.mark, cut.part.marked ? 1 : 0);
-      // Parts that touch are told apart by it.
+      // Hatching in different directions separates parts that touch.
       gl.uniform1f(places.slant, cut.part.number % 2 ? 1 : -1);
     });
     gl.disable(gl.SCISSOR_TEST);
@@ -96,7 +96,7 @@ class Caps {
     }
   }
 
-  // Into the framebuffer for picking.
+  // Draws into the framebuffer for picking.
   pick(view, projection) {
     const { gl, renderer } = this;
     this.update();
@@ -139,11 +139,11 @@ class Caps {
     gl.drawArraysInstanced(kind, 0, vertices, count);
   }
 
-  // The pixels that a cut can touch: left, bottom, width and height.
+  // The pixels that a cut may cover: left, bottom, width and height.
   spanOf({ low, high }, camera) {
     const { width, height } = this.renderer.canvas;
     const corners = [0, 1, 2, 3, 4, 5, 6, 7].map((k) => low.map((value, i) => (k >> i & 1 ? high[i] : value)));
-    // What reaches behind the eye can be anywhere.
+    // A box that extends behind the eye may cover any pixel.
     if (!camera.parallel && corners.some((corner) => camera.seen(corner)[2] > 0.99 * camera.distance)) {
       return [0, 0, width, height];
     }

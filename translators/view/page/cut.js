@@ -1,6 +1,6 @@
-// Where the section plane meets the facets of a part.
+// The intersection of the section plane with the facets of a part.
 
-// About how far the lines of an outline are apart: the area of the box around it over their length.
+// The approximate distance between the lines of an outline: the area of its box divided by its length.
 function outlineGap({ segments, low, high }) {
   const sides = low.map((value, i) => high[i] - value).sort((a, b) => b - a);
   let length = 0;
@@ -10,12 +10,12 @@ function outlineGap({ segments, low, high }) {
   return length > 0 ? (sides[0] * sides[1]) / length : 0;
 }
 
-// Segments in the plane, six numbers of the scene each, with the box around them. Each has the material on the same
-// hand, and neighbouring facets give theirs the same end to the last bit, so those of a solid form closed loops.
+// The segments in the plane, six scene coordinates each, and their box. Each segment has the material on the same
+// side. Neighbouring facets give exactly equal ends, so the segments of a solid form closed loops.
 function cutOf(part, mesh, plane) {
   const cut = { plane, segments: null, low: [Infinity, Infinity, Infinity], high: [-Infinity, -Infinity, -Infinity] };
   const { rows } = part;
-  // Heights above the plane, from places in the mesh's box.
+  // Heights above the plane, from positions in the mesh's box.
   const [a, b, c, d] = [0, 1, 2, 3].map((i) => plane[0] * rows[i] + plane[1] * rows[4 + i] + plane[2] * rows[8 + i]);
   const base = d - plane[3];
   const least = base + Math.min(a, 0) + Math.min(b, 0) + Math.min(c, 0);
@@ -28,7 +28,7 @@ function cutOf(part, mesh, plane) {
     heights[i] = (a * positions[at] + b * positions[at + 1] + c * positions[at + 2]) / 65535 + base;
   }
   const found = [];
-  // Always from the kept end to the other, whichever facet asks.
+  // Always computed from the kept end to the removed one, so that both facets at an edge get the same point.
   const cross = (kept, gone, to) => {
     const share = heights[kept] / (heights[kept] - heights[gone]);
     const place = [0, 1, 2].map((i) => {

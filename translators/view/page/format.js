@@ -1,6 +1,6 @@
-// Numbers and lengths as people read them.
+// Formatting of numbers and lengths.
 
-// With as many digits as the size of the whole makes sense of.
+// With as many digits as are useful for its magnitude.
 function lengthText(value, unit) {
   const size = Math.abs(value);
   let text;

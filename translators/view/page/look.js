@@ -1,6 +1,6 @@
-// The colour of a part as a whole.
+// The main colour of a part.
 
-// What most of it shows: its mesh's colour, else its own. Null where there is none.
+// The colour of its mesh, else of the part itself; null where neither has one.
 function lookOf(model, part) {
   const mesh = model.meshes[part.mesh];
   if (mesh && mesh.colours) return (mesh.mean ??= meanColour(mesh.colours));
@@ -8,7 +8,7 @@ function lookOf(model, part) {
   return model.colours[look < 0 ? part.colour : look] || null;
 }
 
-// The look that covers most of a mesh, which is that of its inside: -1 for the part's own.
+// The index of the colour that covers most of a mesh, also used for its cut faces; -1 for the part's colour.
 function mainLook(mesh) {
   if (mesh.ranges.length === 1) return mesh.ranges[0][0];
   const { positions, corners, box } = mesh;
@@ -27,7 +27,7 @@ function mainLook(mesh) {
   return [...areas].reduce((most, entry) => (entry[1] > most[1] ? entry : most))[0];
 }
 
-// Of the colours that vertices have.
+// The mean of the vertex colours.
 function meanColour(colours) {
   const sum = [0, 0, 0];
   for (let i = 0; i < colours.length; ++i) if (i % 4 < 3) sum[i % 4] += colours[i];

@@ -1,7 +1,7 @@
-// Starts as soon as the page is read. `velReady` tells, in milliseconds from the opening of the page, when the first
-// picture stood.
+// Starts when the page is loaded. `velReady` resolves to the time, in milliseconds from opening the page, when the
+// first picture is drawn.
 
-// Resolves when all that was asked of the graphics processor is done.
+// Resolves when the graphics processor has finished all commands.
 function drawn(gl) {
   const fence = gl.fenceSync(gl.SYNC_GPU_COMMANDS_COMPLETE, 0);
   gl.flush();

@@ -1,21 +1,21 @@
-// The distance between two points of the model, which a ruler in the picture shows.
+// Measures the distance between two points of the model and draws a ruler.
 
-// How far off what is picked can be, over the model's radius.
+// The maximum error of a picked point, relative to the model's radius.
 const pickSlack = 1e-5;
 
-// A vertex that is so close to the pointer is taken in place of what is under it, in pixels.
+// A vertex within this distance of the pointer, in pixels, replaces the point under it.
 const snapping = 10;
 
-// Vertices that are looked at: most of the nearest are seen.
+// The number of vertices to check for visibility: most of the nearest ones are visible.
 const mostCandidates = 6;
 
 class Measure {
-  // `pick(x, y)` gives what is seen at a pixel, as the renderer does.
+  // `pick(x, y)` returns what is visible at a pixel, as in the renderer.
   constructor(model, camera, section, pick) {
     Object.assign(this, { model, camera, section, pick });
     this.on = false;
     this.ends = []; // {point, slack, snapped}
-    this.aim = null; // the vertex that a click would take
+    this.aim = null; // the vertex that a click would select
     this.ruler = document.getElementById("ruler");
     this.text = document.getElementById("ruler-text");
     this.snap = document.getElementById("snap");
@@ -28,7 +28,7 @@ class Measure {
     this.draw();
   }
 
-  // The pointer is there: shows which vertex a click would take.
+  // Shows which vertex a click at the pointer position would select.
   point(x, y) {
     if (!this.on) return;
     this.aim = this.vertexNear(x, y);
@@ -49,7 +49,7 @@ class Measure {
     this.draw();
   }
 
-  // How far off a vertex of a part can be: it has one of 65536 places along each side of the box.
+  // The maximum error of a vertex of a part: positions have 65536 steps along each side of the box.
   slackOf({ box }) {
     return Math.max(...[0, 1, 2].map((i) => box[i + 3] - box[i])) / 65535;
   }
@@ -60,7 +60,7 @@ class Measure {
     return { point: hit.point, slack: pickSlack * this.model.radius + this.slackOf(hit.part), snapped: false };
   }
 
-  // The vertex nearest to a place on the screen, of those that are seen; null where there is none so close.
+  // The visible vertex nearest to a screen position; null when none is near enough.
   vertexNear(x, y) {
     const candidates = [];
     const axes = this.camera.axes();
@@ -71,7 +71,7 @@ class Measure {
     return found ? { point: found.point, slack: this.slackOf(found.part), snapped: true } : null;
   }
 
-  // Whether a vertex of the part can be near a place on the screen, by the sphere around the part's box.
+  // True when a vertex of the part may be near a screen position, from the sphere around the part's box.
   reaches({ box }, x, y, axes) {
     const { camera } = this;
     const { centre, radius } = this.model;
@@ -82,7 +82,7 @@ class Measure {
     let largest = scale;
     if (!camera.parallel) {
       const away = camera.distance - near;
-      // What reaches to the eye can be anywhere.
+      // A sphere that reaches the eye may be anywhere on the screen.
       if (away <= 1.001 * reach) return true;
       largest *= camera.distance / (away - reach);
       scale *= camera.distance / away;
@@ -91,12 +91,12 @@ class Measure {
     return off < largest * reach + (largest - scale) * Math.hypot(right, up) + snapping;
   }
 
-  // Adds the part's vertices near a place to the nearest of all, sorted by their distances on the screen.
+  // Adds the part's vertices near a screen position to the candidates, which are sorted by screen distance.
   addVertices(part, x, y, axes, candidates) {
     const { positions, vertices } = this.model.meshes[part.mesh];
     const { camera } = this;
     const { rows } = part;
-    // From a place in the mesh's box to the eye's directions, in one step.
+    // From a position in the mesh's box to camera directions, in one step.
     const [right, up, near] = axes.map((axis) => {
       const way = [0, 1, 2, 3].map((i) => axis[0] * rows[i] + axis[1] * rows[4 + i] + axis[2] * rows[8 + i]);
       way[3] -= axis[0] * camera.target[0] + axis[1] * camera.target[1] + axis[2] * camera.target[2];
@@ -114,24 +114,24 @@ class Measure {
       const off = dx * dx + dy * dy;
       const last = candidates[mostCandidates - 1];
       if (off > snapping * snapping || (last && (off > last.off || (off === last.off && z <= last.z)))) continue;
-      // Vertices at one point differ in their normals.
+      // Vertices at the same point have different normals.
       if (candidates.some((other) => other.off === off && other.z === z)) continue;
       const point = [0, 4, 8].map((row) => rows[row] * a + rows[row + 1] * b + rows[row + 2] * c + rows[row + 3]);
       if (this.section.removes(point)) continue;
-      // Of two at one place on the screen the nearer one to the eye.
+      // Of two vertices at the same screen position, the one nearer to the eye comes first.
       const before = candidates.findIndex((other) => off < other.off || (off === other.off && z > other.z));
       candidates.splice(before < 0 ? candidates.length : before, 0, { part, point, off, z });
       candidates.length = Math.min(candidates.length, mostCandidates);
     }
   }
 
-  // Whether nothing is in front of a vertex.
+  // True when nothing hides a vertex.
   isSeen({ point, z }) {
     const hit = this.pick(...this.camera.onScreen(point));
     return !hit || this.camera.seen(hit.point)[2] - z < 2 * this.camera.pixelAt(point) + 2 * pickSlack;
   }
 
-  // To be called whenever the picture changes.
+  // Call this when the picture changes.
   draw() {
     const { ends } = this;
     const shown = this.on && ends.length > 0;
@@ -146,7 +146,7 @@ class Measure {
     for (const id of ["ruler-line", "ruler-back"]) {
       this.set(document.getElementById(id), { x1: from[0], y1: from[1], x2: to[0], y2: to[1] });
     }
-    // Square at a vertex, round elsewhere.
+    // A square at a vertex, a circle elsewhere.
     [["ruler-from", from, ends[0]], ["ruler-to", to, ends[ends.length - 1]]].forEach(([id, [x, y], end]) => {
       this.set(document.getElementById(id), { x: x - 4.5, y: y - 4.5, rx: end.snapped ? 0 : 4.5 });
     });
@@ -167,7 +167,7 @@ class Measure {
     const { radius, unit } = this.model;
     const { ends } = this;
     const steps = ends[1].point.map((value, i) => (value - ends[0].point[i]) * radius);
-    // All with the digits that the two points make sense of.
+    // All numbers are rounded to the error of the two points.
     const last = 10 ** Math.ceil(Math.log10(ends[0].slack + ends[1].slack));
     const text = (value, of) => lengthText(Math.round(value / last) * last, of);
     const [dx, dy, dz] = steps.map((value) => text(value, ""));

@@ -1,6 +1,6 @@
-// The model as the page holds it: meshes with their vertices, and nodes in the order of the tree.
+// The model in the page: meshes with their vertices, and nodes in tree order.
 
-// The bytes behind all elements of class "data", which hold them in base64.
+// Decodes the base64 text of all elements of class "data".
 function decodeData() {
   const elements = [...document.querySelectorAll("script.data")];
   const pieces = elements.map((element) => {
@@ -24,7 +24,7 @@ function decodeData() {
 
 const upToFour = (size) => (size + 3) & ~3;
 
-// Vertex numbers that are told by how far they lie below the next unused one.
+// Each index is stored as its distance below the next unused index.
 function decodeCorners(bytes, at, count, vertices) {
   const corners = vertices > 65536 ? new Uint32Array(count) : new Uint16Array(count);
   let next = 0;
@@ -42,7 +42,7 @@ function decodeCorners(bytes, at, count, vertices) {
   return corners;
 }
 
-// Pairs of vertex numbers, each told by its distance from another one.
+// Pairs of vertex indices, stored as differences.
 function decodeLines(bytes, at, count, vertices) {
   const lines = vertices > 65536 ? new Uint32Array(2 * count) : new Uint16Array(2 * count);
   const take = () => {
@@ -87,14 +87,14 @@ function readMeshes(list) {
   });
 }
 
-// An instance with a name of its own has that and the name of its part. `title` has both.
+// A named instance has two names: the instance's and the part's. `title` has both.
 function namesOf(names) {
   if (!Array.isArray(names)) return { name: names, part: "", title: names };
   const [name, part] = names;
   return { name, part, title: part ? `${name} (${part})` : name };
 }
 
-// Nodes come before what is below them, so what is below node i is all from i + 1 to its `end`.
+// Nodes come before their descendants, so the descendants of node i are the nodes from i + 1 to its `end`.
 function readNodes(list) {
   const nodes = list.map(([parent, names, mesh = -1, colour = -1, placement = null, box = null], number) => ({
     number, parent, ...namesOf(names), mesh, colour, placement, box,
@@ -137,7 +137,7 @@ function readModel() {
     nodes,
     parts,
     box,
-    // Everything is drawn about this point and in this unit, whatever the model's numbers are.
+    // The scene is drawn relative to this centre and in units of this radius, to keep precision.
     centre: [0, 1, 2].map((i) => box[i] + size[i] / 2),
     radius: Math.hypot(...size) / 2 || 1,
   };

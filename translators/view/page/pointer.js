@@ -1,8 +1,8 @@
-// Mouse, pen and fingers on the picture.
+// Mouse, pen and touch input on the picture.
 
 class Pointer {
-  // `actions` has pick(x, y), click(x, y), rest(x, y) where the pointer stops without a button, leave() when it goes on,
-  // fit(), redraw(), middle(): the point to turn about where nothing is hit.
+  // `actions` has pick(x, y), click(x, y), rest(x, y) for a pointer that stops without a button, leave() for when it
+  // moves again, fit(), redraw(), and middle(): the point to rotate around where nothing is hit.
   constructor(canvas, camera, actions) {
     this.canvas = canvas;
     this.camera = camera;
@@ -48,7 +48,7 @@ class Pointer {
       return;
     }
     if (this.start) {
-      // A hand is never quite still while it clicks.
+      // A pointer moves a little during a click.
       if (Math.hypot(place.x - this.start.x, place.y - this.start.y) < 4) return;
       this.start = null;
       this.canvas.classList.add("turning");
@@ -89,7 +89,7 @@ class Pointer {
     event.preventDefault();
     const { x, y } = this.place(event);
     const { wheel } = this;
-    // What the pointer is on is looked up once for a row of turns.
+    // The point under the pointer is picked once for a sequence of wheel events.
     if (event.timeStamp - wheel.time > 400 || Math.hypot(x - wheel.x, y - wheel.y) > 3) {
       const hit = this.actions.pick(x, y);
       wheel.about = hit ? hit.point : this.camera.under(x, y);

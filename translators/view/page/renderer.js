@@ -1,4 +1,4 @@
-// Draws the scene with WebGL. Each mesh lies on the graphics processor once; the parts that show it are instances.
+// Draws the scene with WebGL. Each mesh is stored on the graphics processor once; the parts that use it are instances.
 
 const instanceFloats = 18;
 const defaultColour = [0.74, 0.78, 0.82, 1];
@@ -87,14 +87,14 @@ class Renderer {
     shown.bytes = mesh.vertices > 65536 ? 4 : 2;
     shown.size = [0, 1, 2].map((i) => mesh.box[i + 3] - mesh.box[i]);
     const largest = Math.max(...shown.size);
-    // A flat mesh needs some thickness to tell where its normals go; none of its vertices uses it.
+    // Normals need a thickness for a flat mesh; its vertices do not use it.
     shown.size = shown.size.map((value) => value || largest);
     shown.extent = shown.size.map((value) => value / largest);
     shown.gap = mesh.gap / Math.cbrt(shown.size[0] * shown.size[1] * shown.size[2]);
     return shown;
   }
 
-  // From the mesh's box to the scene.
+  // The transform from the mesh's box to the scene.
   rowsOf(part) {
     const { centre, radius } = this.model;
     const { size, mesh } = this.meshes[part.mesh];
@@ -115,7 +115,7 @@ class Renderer {
     return part.colour < 0 ? defaultColour : this.model.colours[part.colour];
   }
 
-  // Which parts are shown, and which of them are selected: the opaque ones of each mesh come first.
+  // Updates which parts are visible and which are selected. Opaque parts of each mesh come first.
   refresh(isSelected) {
     const gl = this.gl;
     for (const shown of this.meshes) {
@@ -140,7 +140,7 @@ class Renderer {
     this.sortLooks();
   }
 
-  // What is drawn in one go each: first the opaque, later, from back to front, what one can see through.
+  // Sorts the draw calls: opaque ones first, then transparent ones, which are sorted from back to front when drawn.
   sortLooks() {
     this.solids = [];
     this.clears = [];
@@ -164,7 +164,7 @@ class Renderer {
     return [0, 1, 2].map((i) => ((part.box[i] + part.box[i + 3]) / 2 - this.model.centre[i]) / this.model.radius);
   }
 
-  // The instances are read from `offset` on; most arrays stay where they are, at the first one.
+  // Binds the arrays so that instances are read from `offset`; it is usually 0, so most arrays need no change.
   bind(shown, array, offset = 0) {
     const gl = this.gl;
     gl.bindVertexArray(array);
@@ -211,7 +211,8 @@ class Renderer {
     gl.uniform1i(this.surface.places.parallel, camera.parallel ? 1 : 0);
     for (const draw of this.solids) this.drawSurface(draw);
     if (this.options.cut) {
-      // They cover surfaces that lie in the plane, whose slope is not told the same for every long and thin triangle.
+      // Cut faces must cover surfaces that lie in the plane; the slope of long, thin triangles is not computed
+      // exactly.
       gl.polygonOffset(0.5, 0);
       this.caps.draw(camera, view, projection);
     }
@@ -248,7 +249,7 @@ class Renderer {
     gl.depthMask(true);
   }
 
-  // One pixel that is drawn into for finding what lies under the pointer.
+  // A framebuffer of one pixel, for picking.
   makeSpot() {
     const gl = this.gl;
     const frame = gl.createFramebuffer();
@@ -268,15 +269,15 @@ class Renderer {
     return frame;
   }
 
-  // The part under a pixel and the point of the scene where it is hit; null where there is nothing.
+  // The part at a pixel and the scene point that is hit; null where there is none.
   pick(camera, x, y) {
     const gl = this.gl;
     this.picker ??= this.program(pickVertex, pickFragment);
     this.spot ??= this.makeSpot();
     const [view, projection] = camera.matrices();
     this.span = camera.span();
-    // The projection, drawn so large that there is nothing but the middle of this pixel: corners are moved to places
-    // within a pixel that are coarse, and what is hit is that much off.
+    // The projection, enlarged around the middle of this pixel. Otherwise the rasteriser snaps corners to a coarse
+    // grid within the pixel, which moves the hit point by the same amount.
     const spotX = (2 * x) / camera.width - 1;
     const spotY = 1 - (2 * y) / camera.height;
     const large = projection.slice();

@@ -1,7 +1,7 @@
-// The plane that cuts the model open.
+// The section plane.
 
-// How far, in the scene, the plane is moved towards what goes, so that faces that lie in it stay on one side of it.
-// Their vertices are off by up to half a step of the places in their mesh's box, along each of its sides.
+// The plane is moved by this distance towards the removed side, in scene units, so that faces in the plane stay on one
+// side. Vertices have an error of up to half a step of the positions along each side of their mesh's box.
 const sectionSlack = 3e-5;
 
 class Section {
@@ -28,7 +28,7 @@ class Section {
     this.face();
   }
 
-  // What is nearer to the eye goes, so that one looks at the cut.
+  // Removes the side nearer to the eye, so that the cut is visible.
   face() {
     this.flipped = this.camera.axes()[2][this.axis()] < 0;
     this.apply();
@@ -52,7 +52,7 @@ class Section {
     this.changed(this.on, plane);
   }
 
-  // Whether a point of the scene is cut away.
+  // True when a point of the scene is cut away.
   removes(point) {
     const { plane } = this;
     return this.on && plane[0] * point[0] + plane[1] * point[1] + plane[2] * point[2] > plane[3];

@@ -1,5 +1,5 @@
-// What the graphics processor runs. A vertex comes as its place in its mesh's box and a normal folded into a square; an
-// instance brings its placement, its colour, and its number with a mark for what is selected.
+// The shaders. A vertex has its position in the mesh's box and an octahedral normal. An instance has its placement,
+// its colour, its number and a flag for the selection.
 
 const commonInputs = `#version 300 es
 precision highp float;
@@ -41,7 +41,7 @@ void main() {
   vec4 eye = view * vec4(p, 1.0);
   gl_Position = projection * eye;
   seen = eye.xyz;
-  // Normals go with the cofactors of the placement; the mesh's box was stretched by \`extent\` on the way.
+  // Normals are transformed by the cofactors of the placement; \`extent\` corrects for the stretched mesh box.
   vec3 x = vec3(rowX.x, rowY.x, rowZ.x);
   vec3 y = vec3(rowX.y, rowY.y, rowZ.y);
   vec3 z = vec3(rowX.z, rowY.z, rowZ.z);
@@ -91,8 +91,8 @@ void main() {
   painted = vec4(pow(min(lit, vec3(1.0)), vec3(1.0 / 2.2)), colour.a) * vec4(vec3(colour.a), 1.0);
 }`;
 
-// Lines that are fewer pixels apart than `linesApart` become fainter, so that small parts keep their colour. `gap` is how
-// far they are apart over the size of the mesh's box.
+// Lines less than `linesApart` pixels apart are drawn fainter, so that small parts keep their colour. `gap` is the
+// distance of lines relative to the size of the mesh's box.
 const linesApart = 8;
 
 const edgeVertex = commonInputs + `
@@ -106,7 +106,7 @@ void main() {
   vec3 p = inScene();
   float volume = dot(vec3(rowX.x, rowY.x, rowZ.x),
     cross(vec3(rowX.y, rowY.y, rowZ.y), vec3(rowX.z, rowY.z, rowZ.z)));
-  // A little nearer to the eye than the surface, at the same place in the picture.
+  // Moved slightly towards the eye, at the same screen position.
   vec3 eye = (view * vec4(p, 1.0)).xyz * (1.0 - nudge.x);
   gl_Position = projection * vec4(eye.xy, eye.z + nudge.y, 1.0);
   float apart = gap * pow(abs(volume), 1.0 / 3.0) * projection[1][1] * halfHeight / max(gl_Position.w, 1e-6);
@@ -144,7 +144,7 @@ void main() {
   number = state.x;
 }`;
 
-// Depths as the depth buffer has them are too coarse for places: \`span\` has the least and the greatest distance.
+// The depth buffer is too coarse for positions: \`span\` has the minimum and maximum distance.
 const pickFragment = `#version 300 es
 precision highp float;
 in float beyond;
@@ -163,7 +163,7 @@ void main() {
   depth = inBytes(floor((away - span.x) / (span.y - span.x) * 16777215.0 + 0.5));
 }`;
 
-// Of a segment in the section plane: its two ends and the point with which it makes a triangle.
+// For a segment in the section plane: its two ends and the third point of its triangle.
 const cutVertex = `#version 300 es
 precision highp float;
 layout(location = 0) in vec3 from;
@@ -191,7 +191,7 @@ void main() {
   number = part;
 }`;
 
-// Flat and hatched.
+// Flat shading with hatching.
 const capFragment = `#version 300 es
 precision highp float;
 in float strength;

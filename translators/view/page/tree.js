@@ -1,4 +1,4 @@
-// The list of parts. Only the rows in sight exist, so that a hundred thousand parts are as quick as ten.
+// The list of parts. Only visible rows exist in the page, so that 100,000 parts are as fast as ten.
 
 const rowHeight = 28;
 const deepestIndent = 14;
@@ -10,7 +10,7 @@ class Tree {
     this.actions = actions;
     this.box = document.getElementById("tree");
     this.sheet = document.getElementById("rows");
-    this.drawn = new Map(); // the rows there are, by the numbers of their nodes
+    this.drawn = new Map(); // the existing rows by node number
     this.selected = null;
     this.wanted = "";
     const few = model.nodes.length <= 400;
@@ -29,7 +29,7 @@ class Tree {
     if (this.selected && !this.wanted) this.reveal(this.selected);
   }
 
-  // Which nodes have a row.
+  // Computes which nodes have a row.
   list() {
     this.rows = this.wanted ? this.found() : this.unfolded();
     document.getElementById("not-found").hidden = this.rows.length > 0;
@@ -37,7 +37,7 @@ class Tree {
     this.render();
   }
 
-  // Those whose ancestors are open.
+  // The nodes whose ancestors are open.
   unfolded() {
     const { nodes } = this.model;
     const rows = [];
@@ -48,7 +48,7 @@ class Tree {
     return rows;
   }
 
-  // Those that are looked for, what they are in, and what is open below them.
+  // The nodes that match the search, their ancestors, and the open nodes below them.
   found() {
     const { nodes } = this.model;
     const meant = nodes.map(({ name, part }) => [name, part].some((text) => text.toLowerCase().includes(this.wanted)));
@@ -63,7 +63,7 @@ class Tree {
     });
   }
 
-  // Makes the row of the selected node be there and in sight.
+  // Opens and scrolls the list so that the row of the selected node is visible.
   reveal(node) {
     this.selected = node;
     if (node) {
@@ -94,7 +94,7 @@ class Tree {
     return visible === 0 && parts > 0 ? "none" : "all";
   }
 
-  // A row stays the same element as long as it is in sight, so that it can be clicked twice.
+  // A row keeps its element while it is visible, so that double clicks work.
   render() {
     const first = Math.max(0, Math.floor(this.box.scrollTop / rowHeight) - 4);
     const last = Math.min(this.rows.length, first + Math.ceil((this.box.clientHeight || 600) / rowHeight) + 8);
@@ -108,7 +108,7 @@ class Tree {
       this.updateRow(row, node, i);
     }
     for (const row of before.values()) row.remove();
-    // Those that stay are in this order already: they are not moved.
+    // Remaining rows are already in this order and are not moved.
     let at = this.sheet.firstChild;
     for (const row of this.drawn.values()) {
       if (row === at) at = at.nextSibling;
@@ -158,7 +158,7 @@ class Tree {
     return row;
   }
 
-  // What of a row changes.
+  // Updates the parts of a row that can change.
   updateRow(row, node, index) {
     const shown = this.shown(node);
     const [twist, check] = row.children;
@@ -179,7 +179,7 @@ class Tree {
     if (!row) return;
     const node = this.model.nodes[Number(row.dataset.node)];
     if (event.target.matches("input")) {
-      // The keys are the list's, whose checkboxes have none of their own.
+      // The list handles the keys, not the checkboxes in it.
       this.box.focus({ preventScroll: true });
       this.actions.show(node, event.target.checked);
     } else if (event.target.matches(".twist:not(.leaf)")) {

@@ -1,4 +1,4 @@
-// Everything around the picture: buttons, keys, theme, sizes.
+// The controls around the picture: buttons, keys, theme, sizes.
 
 const element = (id) => document.getElementById(id);
 
@@ -7,7 +7,7 @@ class Ui {
     this.viewer = viewer;
     this.panels = ["views", "section", "help"];
     const { model } = viewer;
-    // Names of files break where they have parts, before they break anywhere.
+    // File names wrap after their separators first.
     const pieces = model.title.split(/(?<=[_-])|(?=\.)/);
     element("title").replaceChildren(...pieces.flatMap((piece) => [document.createElement("wbr"), piece]));
     element("title").title = model.title;
@@ -86,7 +86,7 @@ class Ui {
     this.viewer.redraw();
   }
 
-  // The cut lasts while another panel is open; the button then brings its panel back, and ends the cut otherwise.
+  // The cut stays while another panel is open. The button then shows the section panel; otherwise it ends the cut.
   turnSection(on = !this.isOpen("section")) {
     this.toggle("section", on);
     this.viewer.section.turn(on);
@@ -102,7 +102,7 @@ class Ui {
     this.tellMeasuring();
   }
 
-  // What was clicked and what to click next.
+  // Shows what was clicked and what to click next.
   tellMeasuring() {
     const { on, ends } = this.viewer.measure;
     if (!on) this.hint("");
@@ -160,7 +160,7 @@ class Ui {
     this.viewer.redraw();
   }
 
-  // Sizes of what is selected, else of all.
+  // Shows the size of the selection, else of the whole model.
   tellSize(node, parts) {
     const { model } = this.viewer;
     const box = joinBoxes(parts);
@@ -176,7 +176,7 @@ class Ui {
     for (const id of ["isolate", "hide"]) element(id).disabled = !node;
   }
 
-  // The model's directions in the lower left corner.
+  // The model's axes in the lower left corner.
   drawTriad(axes, height) {
     const at = [46, height - 46];
     ["x", "y", "z"].forEach((name, i) => {

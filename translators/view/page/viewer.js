@@ -1,4 +1,4 @@
-// Puts everything together: what is shown, what is selected, and when the picture is drawn.
+// Connects all parts of the page: visibility, selection and drawing.
 
 class Viewer {
   constructor(model, canvas, renderer) {
@@ -30,7 +30,7 @@ class Viewer {
     this.ui = new Ui(this);
     new ResizeObserver(() => {
       if (!this.resize()) return;
-      // As long as nobody has turned or moved the model, it fits whatever its picture's size.
+      // The model is fitted to the picture until the user moves the camera.
       if (this.camera.state().join() === this.first) this.fitFirst();
       // At once: a resized canvas is empty until it is drawn.
       this.draw();
@@ -51,7 +51,7 @@ class Viewer {
     this.first = this.camera.state().join();
   }
 
-  // Of the scene, from one of the model.
+  // A box of the model in scene coordinates.
   boxOf(box) {
     const { centre, radius } = this.model;
     return box.map((value, i) => (value - centre[i % 3]) / radius);
@@ -132,7 +132,7 @@ class Viewer {
     }
   }
 
-  // What is selected, if it is shown, else all that is shown.
+  // The selected parts that are visible, else all visible parts.
   subject() {
     const chosen = this.selected ? this.partsOf(this.selected).filter((part) => part.visible) : [];
     return chosen.length > 0 ? chosen : this.model.parts.filter((part) => part.visible);
@@ -152,14 +152,14 @@ class Viewer {
   look(name) {
     const [turn, rise] = standardViews[name].map((degrees) => (degrees * Math.PI) / 180);
     this.travel(() => {
-      // The short way round.
+      // Turn by the smaller angle.
       this.camera.turn = turn + 2 * Math.PI * Math.round((this.camera.turn - turn) / (2 * Math.PI));
       this.camera.rise = rise;
       this.camera.fit(this.subject().map((part) => this.boxOf(part.box)));
     });
   }
 
-  // Moves the camera to where `change` puts it, in a short while so that the eye can follow.
+  // Moves the camera to the state set by `change`, with a short animation.
   travel(change) {
     const from = this.camera.state();
     change();
