@@ -2,7 +2,7 @@
 
 #include "coDList.h"
 
-// An array that grows at its end; a list by another name in the older interfaces.
+// An array that grows at its end; the name that older interfaces use for coDList.
 template <typename T>
 class coDynArr : public coDList<T> {};
 

@@ -40,10 +40,10 @@ class coPageArr {
   std::size_t count() const { return pages_.empty() ? 0 : (pages_.size() - 1) * page_size + pages_.back()->size(); }
   bool empty() const { return pages_.empty(); }
 
-  // Keeps no pages.
+  // Frees all pages.
   void clear() { pages_.clear(); }
 
-  // A walk in order, page by page; stands before the first element. The array must outlive it.
+  // Iterates in order, page by page, starting before the first element. The array must outlive it.
   class Iterator {
    public:
     explicit Iterator(const coPageArr& array) : array_(&array) {}

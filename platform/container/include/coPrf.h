@@ -4,6 +4,6 @@
 
 #include "apLanguage.h"
 
-// A shared, counted reference; may be null.
+// A shared, reference-counted pointer; may be null.
 template <typename T>
 using coPrf = std::shared_ptr<T>;

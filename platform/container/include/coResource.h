@@ -6,7 +6,7 @@
 #include "coResourceBase.h"
 #include "coResourceValue.h"
 
-// A resource whose value is a `T`: `utString`, `double`, `int`, `utBool` or one of the enumerated option types.
+// A resource whose value has type `T`: `utString`, `double`, `int`, `utBool` or one of the enumerated option types.
 template <typename T>
 class coResource : public coResourceBase {
  public:

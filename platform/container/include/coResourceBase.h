@@ -5,7 +5,7 @@
 #include "apExport.h"
 #include "utString.h"
 
-// A setting: a key and a value of one type. The class of the value is told by a checked downcast to `coResource<T>`.
+// A setting: a key and a value of one type. To find the type of the value, use dynamic_cast to `coResource<T>`.
 class VELPLATFORM_API coResourceBase {
  public:
   explicit coResourceBase(utString key) : key_(std::move(key)) {}
@@ -13,10 +13,11 @@ class VELPLATFORM_API coResourceBase {
 
   const utString& key() const { return key_; }
 
-  // The value as text, in the locale that is in force for this thread (see coResourceValue.h).
+  // The value as text, in this thread's locale (see coResourceValue.h).
   virtual utString text() const = 0;
 
-  // A resource of the same key and type with the value that `text` says, or null when the type does not know it.
+  // A resource of the same key and type with the value parsed from `text`, or null if the text is not valid for the
+  // type.
   virtual std::unique_ptr<coResourceBase> with_text(const utString& text) const = 0;
 
  private:

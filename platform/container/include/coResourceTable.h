@@ -7,17 +7,17 @@
 #include "apExport.h"
 #include "coResourceBase.h"
 
-// Resources by key, walked in the order in which their keys were put first.
+// Resources by key. Iteration is in the order in which the keys were first added.
 class VELPLATFORM_API coResourceTable {
  public:
-  // Takes the place of an earlier resource with the same key.
+  // Replaces an earlier resource with the same key.
   void put(std::unique_ptr<coResourceBase> resource);
 
-  // Null when there is none.
+  // Returns null if the key is unknown.
   const coResourceBase* find(const utString& key) const;
   std::size_t count() const { return resources_.size(); }
 
-  // The resource at a position of the walk; `index` must be below `count()`.
+  // The resource at a position in iteration order; `index` must be below `count()`.
   const coResourceBase& at(std::size_t index) const { return *resources_[index]; }
 
  private:

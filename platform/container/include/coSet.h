@@ -7,17 +7,17 @@
 #include "itIterator.h"
 #include "utString.h"
 
-// A set that hands its members out in the order in which they were added first.
+// A set that iterates in the order in which its members were first added.
 template <typename T>
 class coSet {
  public:
-  // The suite sizes its sets by a first room and a growth in percent; the first one is reserved.
+  // The suite gives its sets an initial capacity and a growth in percent; only the capacity is used.
   explicit coSet(std::size_t room = 4, int growth_percent = 50) {
     static_cast<void>(growth_percent);
     members_.reserve(room);
   }
 
-  // False when it was there already.
+  // Returns false if the set already contains `member`.
   bool add(const T& member) {
     if (!index_.insert(member).second) return false;
     members_.push_back(member);

@@ -6,20 +6,20 @@
 
 #include "apLanguage.h"
 
-// A table with one value for each key. Reading a key that is not there gives an empty value and adds nothing.
+// A table with one value for each key. Reading an unknown key gives an empty value and adds nothing.
 template <typename K, typename V>
 class coTable {
  public:
-  // The suite sizes its tables by a first room and a growth in percent; the first one is reserved.
+  // The suite gives its tables an initial capacity and a growth in percent; only the capacity is used.
   explicit coTable(std::size_t room = 50, int growth_percent = 50) {
     static_cast<void>(growth_percent);
     entries_.reserve(room);
   }
 
-  // Puts the value in, in place of an earlier one.
+  // Sets the value of a key and replaces an earlier one.
   void put(const K& key, V value) { entries_[key] = std::move(value); }
 
-  // Null when the key is not there.
+  // Returns null if the key is unknown.
   const V* find(const K& key) const {
     auto entry = entries_.find(key);
     return entry == entries_.end() ? nullptr : &entry->second;

@@ -13,7 +13,7 @@
 
 namespace {
 
-// A host's setlocale does not count: only a locale of this thread's own does.
+// Only a locale set for this thread is used; the host's setlocale is ignored.
 bool in_locale_of_thread() {
   return uselocale(static_cast<locale_t>(nullptr)) != LC_GLOBAL_LOCALE;
 }
@@ -23,7 +23,7 @@ bool starts_as_number(const utString& text) {
 }
 
 bool double_in_locale(const utString& text, double& value) {
-  // strtod takes leading blanks and hexadecimal numbers, which no other reader of ours does.
+  // strtod accepts leading blanks and hexadecimal numbers, which are not valid here.
   if (!starts_as_number(text) || text.view().find_first_of("xX") != utString::npos) return false;
   char* end = nullptr;
   value = std::strtod(text.c_str(), &end);
@@ -57,7 +57,7 @@ bool co_value_from_text(const utString& text, double& value) {
 }
 
 bool co_value_from_text(const utString& text, int& value) {
-  // Whole numbers have one form in every locale.
+  // The text of an integer is the same in every locale.
   std::string_view rest = text.view();
   long long number = 0;
   if (!ap_take_int(rest, number) || !rest.empty()) return false;

@@ -3,8 +3,8 @@
 #include "annDocument.h"
 #include "v2vTranslatorElements.h"
 
-// The output of a request, and the document through which the model goes. A null document makes the engine use one of
-// its own.
+// The output of a request, and the document that transfers the model. If the document is null the engine uses a private
+// one.
 class v2vOutputTranslatorElements : public v2vTranslatorElements {
  public:
   v2vOutputTranslatorElements() = default;

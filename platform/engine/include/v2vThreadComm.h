@@ -7,19 +7,19 @@
 #include "v2vTranslationDetails.h"
 #include "v2vTranslationElements.h"
 
-// What the threads of a translation share: its counts, and the wish to stop. Every operation may be called from several
-// threads; `cancel` also from a signal handler.
+// State shared by the threads of a translation: its counts, and the cancellation flag. Every operation is thread-safe;
+// `cancel` may also be called from a signal handler.
 class VELPLATFORM_API v2vThreadComm {
  public:
   explicit v2vThreadComm(const apISynchOperations* operations = nullptr);
 
-  // Begins a new request: the counts start at 0 and an earlier wish to stop is forgotten.
+  // Starts a new request: sets the counts to 0 and clears the cancellation flag.
   void register_translation(const v2vTranslationElements& elements);
 
-  // Sets the counts to 0, for a request that may be refused before it is registered.
+  // Sets the counts to 0, for a request that may be rejected before it is registered.
   void forget_counts();
 
-  // The counts of the request that was registered last; before any, both are 0.
+  // The counts of the request that was registered last; both are 0 before the first one.
   v2vTranslationDetails current_translation_details() const;
 
   void count_file(bool failed);

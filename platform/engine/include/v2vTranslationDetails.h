@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// How far a translation has come: input files looked at, and those of them that could not be read.
+// The progress of a translation: the number of inputs processed, and of those that could not be read.
 class v2vTranslationDetails {
  public:
   v2vTranslationDetails() = default;

@@ -5,7 +5,7 @@
 #include "v2vOutputTranslatorElements.h"
 #include "v2vTranslatorElements.h"
 
-// A whole request: the inputs in their order, the output, and what the user should be warned of before it runs.
+// A whole request: the inputs in their order, the output, and warnings to report to the user before it runs.
 class v2vTranslationElements {
  public:
   v2vTranslationElements(const v2vTranslatorElementscoPageArr& inputs, v2vOutputTranslatorElements output)

@@ -4,8 +4,8 @@
 #include "utString.h"
 #include "velTableInstance.h"
 
-// One input of a request: the file, the values of its resources, and the library that reads it. The table belongs to
-// whoever made the request and must outlive it.
+// One input of a request: the file, the values of its resources, and the library that reads it. The table is not owned
+// and must outlive this object.
 class v2vTranslatorElements {
  public:
   v2vTranslatorElements() = default;
@@ -17,7 +17,7 @@ class v2vTranslatorElements {
         is_viewer_(is_viewer),
         format_(std::move(format)) {}
 
-  // Nonzero for elements that name no library.
+  // Nonzero if no library is set.
   int invalid() const { return library_.empty() ? 1 : 0; }
 
   const utString& file() const { return file_; }

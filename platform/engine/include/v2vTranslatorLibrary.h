@@ -8,8 +8,8 @@
 #include "velabsLibInput.h"
 #include "velabsLibOutput.h"
 
-// A library that was opened as a translator. It owns its handle; its code stays mapped after that, because what it made
-// may live on, unless the library is refused.
+// A library that was opened as a translator. It owns its handle. Its code stays mapped after the destructor, because
+// objects that it created may still exist, unless `refuse` was called.
 class VELPLATFORM_API v2vTranslatorLibrary {
  public:
   v2vTranslatorLibrary(std::unique_ptr<apDynamicLibrary> library, velabsReadWrapper read, velabsWriteWrapper write);
@@ -17,12 +17,12 @@ class VELPLATFORM_API v2vTranslatorLibrary {
   bool is_input() const { return read_ != nullptr; }
   bool is_output() const { return write_ != nullptr; }
 
-  // Null when the library does not have that direction.
+  // Null if the library does not support that direction.
   velabsReadWrapper read_wrapper() const { return read_; }
   velabsWriteWrapper write_wrapper() const { return write_; }
 
-  // Unloads the code together with this object, so that the file is opened afresh when it has changed. Only while
-  // nothing that the library made is in use.
+  // Lets the destructor unload the code, so that the file is opened again if it has changed. Call it only while no
+  // object created by the library is in use.
   void refuse() { library_->set_lifetime(apILibraryLoaderOperations::Lifetime::unload); }
 
  private:

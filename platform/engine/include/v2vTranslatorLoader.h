@@ -9,15 +9,16 @@
 #include "utString.h"
 #include "v2vTranslatorLibrary.h"
 
-// Opens translator libraries. Not for several threads at once.
+// Opens translator libraries. Not thread-safe.
 class VELPLATFORM_API v2vTranslatorLoader {
  public:
   explicit v2vTranslatorLoader(utObserverPtr<const apILibraryLoaderOperations> operations = nullptr);
 
-  // Null for what is no translator: not a library, without an entry point, or built for another interface.
+  // Returns null if the file is not a translator: not a library, without an entry point, or built for another
+  // interface.
   std::unique_ptr<v2vTranslatorLibrary> load_library_path(const apPathName& path) const;
 
-  // Why a path was refused the last time, for people; null when it was not.
+  // Why the last attempt to open a path failed, as human-readable text; null if it did not fail.
   utString failure(const apPathName& path) const;
 
  private:

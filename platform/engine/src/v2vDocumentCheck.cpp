@@ -82,7 +82,7 @@ const char* fault_of(const annMesh& mesh) {
 }  // namespace
 
 utString v2v_fault_of(const annDocument& document) {
-  // Parts that stand in several places are looked at once; a list and no recursion, for trees of any depth.
+  // Parts with several instances are checked once. A list instead of recursion, for trees of any depth.
   std::unordered_set<const void*> seen;
   std::vector<const annNode*> pending{&document.root};
   while (!pending.empty()) {

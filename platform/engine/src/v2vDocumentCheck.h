@@ -2,10 +2,10 @@
 
 #include "annDocument.h"
 
-// Looks a document over that a translator made, so that what comes behind may rely on it. Null when it holds together;
-// else why not, for people.
+// Checks a document that a translator created, so that later steps may rely on it. Returns null if it is consistent,
+// else the reason as human-readable text.
 utString v2v_fault_of(const annDocument& document);
 
-// True for a document without any vertex, face or exact shape. A file that gives one is valid, but nothing can be
-// translated from it.
+// True for a document without vertices, faces and exact shapes. A file that gives one is valid, but there is no content
+// to translate.
 bool v2v_is_empty(const annDocument& document);

@@ -6,7 +6,7 @@
 
 #include "utString.h"
 
-// Runs code that is not ours. False, and what it threw as text, when it threw; nothing passes through.
+// Runs foreign code and catches every exception. Returns false, and the exception's text, if it throws.
 template <typename Work>
 bool v2v_guarded(Work&& work, utString& failure) {
   try {

@@ -16,7 +16,7 @@ std::string stem_of(const utString& file) {
   return name;
 }
 
-// The top of a model. A root with something of its own to show is itself a node of it.
+// The top nodes of a model. A root with its own geometry, transform or colour is itself a top node.
 Nodes take_top(annDocument& document) {
   annNode& root = document.root;
   if (root.body.empty() && root.transform.is_identity() && !root.colour) return std::move(root.children);
@@ -36,7 +36,7 @@ void name_nodes(Nodes& nodes, const std::string& stem) {
   }
 }
 
-// The unit of the first model that has one, and a note for each that has none.
+// The unit of the first model that has one. Reports a note for each model without one.
 velLengthUnit common_unit(const std::vector<v2vInputModel>& models, v2vReport& report) {
   auto has_unit = [](const v2vInputModel& model) { return model.document.unit != velLENGTH_UNSPECIFIED; };
   const auto first = std::find_if(models.begin(), models.end(), has_unit);

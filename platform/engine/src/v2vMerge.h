@@ -12,10 +12,10 @@ struct v2vInputModel {
   annDocument document;
 };
 
-// Puts the models, in their order, into `target`, which is cleared first and takes them over. The unit is the first one
-// that a model specifies; a model in another one is scaled by its placement. The numbers of a model without a unit
-// count as millimetres, with a note when another one has a unit. In the same way a model with another up axis than the
-// first one is turned by its placement. Unnamed nodes at the top get the name of their file
-// without its extension, numbered when it has several. Of several models, each that has more than one node at the top
-// becomes one node of that name.
+// Clears `target` and moves the models into it, in their order.
+// - Unit: the first one that a model specifies. A model in another unit is scaled by its placement. The numbers of a
+// model without a unit are taken as millimetres, with a note if another model has a unit.
+// - Up axis: that of the first model. A model with another one is turned by its placement.
+// - Names: unnamed top nodes are named after their file without its extension, numbered if there are several. Of
+// several models, each with more than one top node becomes one node of that name.
 void v2v_merge(std::vector<v2vInputModel>& models, annDocument& target, v2vReport& report);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Why the input could not be read; null when its document is whole, empty when the reader has said it already.
+// Why the input could not be read. Null if its document is complete, empty if the reader already reported the error.
 utString read_document(const v2vInputTask& task, v2vEmptyInput empty_input, const velabsAppInfo* app_info,
                        v2vInputOutput& output, annDocument& document) {
   if (!task.library) return task.failure;
@@ -42,7 +42,7 @@ bool read_input(const v2vInputTask& task, v2vEmptyInput empty_input, const velab
   if (failure.is_null()) return true;
 
   model.document = annDocument();
-  // After a wish to stop nobody asks why.
+  // The reason is not reported after a cancellation.
   if (!failure.empty() && !report.cancelled()) output.message(velabsERROR, failure);
   return false;
 }
@@ -73,7 +73,7 @@ bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, v2vEmptyInput empty
     try {
       for (std::size_t i = 1; i < workers; ++i) threads.emplace_back(work);
     } catch (const std::exception&) {
-      // With fewer threads it takes longer.
+      // Continue with fewer threads.
     }
     work();
   }

@@ -10,17 +10,17 @@
 
 class velabsAppInfo;
 
-// One input about to be read: what it is, and the library for it, or why there is none.
+// One input to read: its file and resources, and its library or the reason why there is none.
 struct v2vInputTask {
   const v2vTranslatorElements* elements;
   const v2vTranslatorLibrary* library;
   utString failure;
 };
 
-// What becomes of an input that is valid but holds no geometry.
+// How to treat an input that is valid but has no geometry.
 enum class v2vEmptyInput { fails, warns };
 
-// Reads every input into a document of its own, several at once when there are several, and counts each. The models
-// come in the order of the tasks. False when one of them failed or was not reached; what failed was said.
+// Reads each input into a separate document, in parallel if there are several, and counts each. The models have the
+// order of the tasks. Returns false if an input failed or was not reached; the failures were reported.
 bool v2v_read_inputs(const std::vector<v2vInputTask>& tasks, v2vEmptyInput empty_input, const velabsAppInfo* app_info,
                      v2vReport& report, v2vThreadComm& comm, std::vector<v2vInputModel>& models);

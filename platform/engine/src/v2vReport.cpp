@@ -61,7 +61,7 @@ void v2vReport::input_done(std::size_t input) {
 
 void v2vReport::writing_progress(int percent) {
   std::lock_guard guard(lock_);
-  // The last step belongs to the moment when the output stands.
+  // 100 percent is shown only when the output is complete.
   show(std::min(50 + std::clamp(percent, 0, 100) / 2, 99));
 }
 

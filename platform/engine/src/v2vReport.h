@@ -10,8 +10,8 @@
 #include "v2vThreadComm.h"
 #include "velabsOutput.h"
 
-// Where everything that a request says goes: to both outputs of the caller, in a fixed order however many threads work.
-// Reading fills the first half of the progress, all inputs alike, writing the second.
+// Sends the messages and progress of a request to both outputs of the caller. The order does not depend on the number
+// of threads. Reading is the first half of the progress, with equal shares for all inputs; writing is the second.
 class v2vReport {
  public:
   v2vReport(const v2vThreadComm& comm, utObserverPtr<velabsOutput> primary, utObserverPtr<velabsOutput> secondary,
@@ -19,7 +19,7 @@ class v2vReport {
 
   void message(velabsSeverity severity, const utString& text);
 
-  // A message of one input: passed on at once when all inputs before it are done, else kept until they are.
+  // A message of one input: sent at once if all inputs before it are done, else kept until they are.
   void input_message(std::size_t input, velabsSeverity severity, const utString& text);
   void input_progress(std::size_t input, int percent);
   void input_done(std::size_t input);
@@ -52,7 +52,8 @@ class v2vReport {
   int shown_ = 0;
 };
 
-// What the translator of one file talks to: puts the file's name in front and remembers whether an error was told.
+// The output given to the translator of one file: adds the file's name to messages and records whether an error was
+// reported.
 class v2vFileOutput : public velabsOutput {
  public:
   bool told_error() const { return told_error_.load(std::memory_order_relaxed); }

@@ -18,7 +18,7 @@ apString full_path(const utString& file) {
   return apFrustrumChooser().file_operations()->full_path(apPathName(path)).string();
 }
 
-// The same file through any of its names, or the same name although nothing is there yet.
+// Whether both names refer to the same file. If a file does not exist, whether the names are equal.
 bool is_same_file(const utString& input, const utString& output) {
   struct stat in;
   struct stat out;
@@ -32,7 +32,7 @@ bool may_write(const std::string& path, int how) {
   return faccessat(AT_FDCWD, path.c_str(), how, AT_EACCESS) == 0;
 }
 
-// Why no file can stand at `file`; null when one can.
+// Why `file` cannot be created; null if it can.
 utString reason_against_place(const utString& file) {
   struct stat status;
   const bool exists = stat(file.c_str(), &status) == 0;

@@ -4,7 +4,7 @@
 
 #include "v2vTranslationElements.h"
 
-// What speaks against a request before anything is opened: one message for each reason, with the file and what to do.
+// Checks a request before any file is opened. Returns one message for each problem, with the file and what to do.
 std::vector<utString> v2v_reasons_against(const v2vTranslationElements& elements);
 
 // Why no translator was found for a file, and what to do.

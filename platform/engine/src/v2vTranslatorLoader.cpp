@@ -13,7 +13,7 @@ Function entry(const apDynamicLibrary& library, const char* name) {
   return reinterpret_cast<Function>(library.proc_address(name, ignored));
 }
 
-// Why a library is not for this program; null when it is.
+// Why a library cannot be used by this program; null if it can.
 utString reason_against_interface(const apDynamicLibrary& library) {
   const auto number = entry<int (*)()>(library, "velabs_interface_number");
   if (!number) return "it is no translator library: it has no velabs_interface_number";

@@ -14,13 +14,13 @@
 
 namespace {
 
-// The libraries of one request, each opened once and on the calling thread.
+// The libraries of one request. Each is opened once, in the calling thread.
 class Libraries {
  public:
   Libraries(const v2vTranslatorLoader& loader, const velabsAppInfo* app_info)
       : loader_(loader), encoding_(app_info ? app_info->ut_encoding() : apStringEncodingChooser().ut_encoding()) {}
 
-  // Null, and why, when the library cannot be used in that direction.
+  // Returns null, and the reason in `failure`, if the library cannot be used in that direction.
   const v2vTranslatorLibrary* find(const utString& library, bool for_output, utString& failure) {
     const apPathName path(encoding_->to_apString(library), encoding_);
     auto [entry, added] = open_.try_emplace(library);
@@ -87,8 +87,8 @@ bool run(const velabsAppInfo* app_info, v2vThreadComm& comm, const v2vTranslator
   return written;
 }
 
-// Does some work on `inputs` files so that no exception gets out and every input is counted in the end; those that were
-// not reached count as failed. 1 when the work was done.
+// Runs `work` on `inputs` files, catches every exception and counts every input. Inputs that were not reached are
+// counted as failed. Returns 1 if the work succeeded.
 template <typename Work>
 int guarded_request(std::size_t inputs, v2vThreadComm& comm, utObserverPtr<velabsOutput> primary,
                     utObserverPtr<velabsOutput> secondary, Work work) {

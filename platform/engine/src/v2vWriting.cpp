@@ -7,15 +7,15 @@
 
 namespace {
 
-// Why the document could not be written; null when the stream holds all of it, empty when the writer has said it
-// already.
+// Why the document could not be written. Null if the stream has the complete document, empty if the writer already
+// reported the error.
 utString write_document(const v2vOutputTranslatorElements& elements, const v2vTranslatorLibrary& library,
                         const annDocument& document, const velabsAppInfo* app_info, velabsOfStream& stream,
                         v2vWritingOutput& output) {
   static const velTableInstance no_resources;
   const velTableInstance* resources = elements.resources();
 
-  // Gone before the stream is committed: a writer may write out the rest when it goes.
+  // Destroyed before the stream is committed, because a writer may flush in its destructor.
   const std::unique_ptr<velabsLibOutput> writer(library.write_wrapper()(&stream, app_info));
   if (!writer) return "its translator gave no writer";
   const velabsResult result = writer->write(document, resources ? *resources : no_resources, output);
@@ -42,7 +42,7 @@ bool v2v_write_output(const v2vTranslationElements& elements, const v2vTranslato
   if (report.cancelled()) return false;
 
   if (failure.is_null()) v2v_guarded([&] { stream.commit(); }, failure);
-  // A full disk is the reason behind whatever the translator made of it.
+  // A failed write (for example a full disk) causes other errors in the translator, so it is reported instead.
   if (const utString reason = stream.failure_of_any(); !reason.is_null()) failure = reason;
   if (!failure.empty()) report.message(velabsERROR, utString("cannot write ") + file + ": " + failure);
   const utString told = stream.told_of_companions();

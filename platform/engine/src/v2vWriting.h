@@ -7,7 +7,7 @@
 
 class velabsAppInfo;
 
-// Writes the document and puts the file in place. False when it failed or somebody wants to stop: nothing has changed
-// then, and what failed was said.
+// Writes the document and replaces the output file. Returns false after a failure or a cancellation; the output file is
+// then unchanged and a failure was reported.
 bool v2v_write_output(const v2vTranslationElements& elements, const v2vTranslatorLibrary& library,
                       const annDocument& document, const velabsAppInfo* app_info, v2vReport& report);

@@ -4,7 +4,7 @@
 
 #include "apExport.h"
 
-// One broken assumption, told to developers.
+// One failed assertion, reported to developers.
 struct apAssertion {
   const char* source;
   int line;
@@ -13,12 +13,12 @@ struct apAssertion {
   const char* condition;
 };
 
-// Where assertion reports go: to standard error, or to the sink that a program puts in its place. Never aborts.
+// Writes assertion reports to standard error, or to the sink that a program sets. Never aborts.
 class VELPLATFORM_API apAssertionReporter {
  public:
   using Sink = std::function<void(const apAssertion&)>;
 
-  // An empty sink brings standard error back. Returns the one that was in force.
+  // An empty sink selects standard error again. Returns the previous sink.
   static Sink set_sink(Sink sink);
   static void report(const char* source, int line, const char* message, const char* function, const char* condition);
 };

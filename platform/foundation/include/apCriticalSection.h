@@ -2,8 +2,8 @@
 
 #include "apISynchOperations.h"
 
-// A lock made from the given operations, or a standard one when given none; held through a guard. Works with
-// std::lock_guard and std::unique_lock.
+// A lock created from the given operations, or a standard one if they are null. Works with std::lock_guard and
+// std::unique_lock.
 class VELPLATFORM_API apCriticalSection {
  public:
   explicit apCriticalSection(const apISynchOperations* operations = nullptr);

@@ -5,8 +5,8 @@
 #include "apExport.h"
 #include "apILibraryLoaderOperations.h"
 
-// One open library. The destructor closes it, also after the operations that opened it are gone, unless its code is to
-// stay mapped.
+// One open library. The destructor closes it, unless its code must stay mapped. The operations that opened it need not
+// exist then.
 class VELPLATFORM_API apDynamicLibrary {
  public:
   apDynamicLibrary(const apILibraryLoaderOperations* operations, apILibraryLoaderOperations::Handle handle)
@@ -15,10 +15,10 @@ class VELPLATFORM_API apDynamicLibrary {
   apDynamicLibrary(const apDynamicLibrary&) = delete;
   apDynamicLibrary& operator=(const apDynamicLibrary&) = delete;
 
-  // The address of an exported name, or null and a status that is not good. Asks the operations, which must live.
+  // The address of an exported name, or null and a failed status. Uses the operations, which must still exist.
   void* proc_address(const char* name, apStatus& status) const;
 
-  // Whether the destructor leaves the code mapped. The last call counts.
+  // Sets whether the destructor leaves the code mapped. The last call counts.
   void set_lifetime(apILibraryLoaderOperations::Lifetime lifetime) { lifetime_ = lifetime; }
 
  private:

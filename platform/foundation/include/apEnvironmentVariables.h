@@ -3,7 +3,7 @@
 #include "apIProcessEnvironmentOperations.h"
 #include "utObserverPtr.h"
 
-// The environment as seen through some operations, or that of the real process when it is given none.
+// The environment variables, through the given operations, or those of the real process if they are null.
 class VELPLATFORM_API apEnvironmentVariables {
  public:
   explicit apEnvironmentVariables(utObserverPtr<apIProcessEnvironmentOperations> operations = nullptr);
@@ -11,7 +11,7 @@ class VELPLATFORM_API apEnvironmentVariables {
   apString get(const apString& name) const;
   int put(const apString& name, const apString& value);
 
-  // The operations of the real process; they live as long as it does.
+  // The operations of the real process; they exist until the process ends.
   static apIProcessEnvironmentOperations* process();
 
  private:

@@ -2,5 +2,5 @@
 
 #include "apLanguage.h"
 
-// What libvelplatform shows to other libraries. Everything else is compiled hidden.
+// Exports a symbol of libvelplatform. Everything else has hidden visibility.
 #define VELPLATFORM_API __attribute__((visibility("default")))

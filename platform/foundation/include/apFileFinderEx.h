@@ -10,8 +10,8 @@
 #include "apFileName.h"
 #include "apPath.h"
 
-// The entries of one directory, files and directories, never "." and "..", sorted by the bytes of their names so that
-// "the first one" means the same on every machine. The directory is read once, when the finder is made.
+// The entries of one directory: files and directories, without "." and "..". Sorted by the bytes of their names, so
+// that the order is the same on every machine. The directory is read once, by the constructor.
 class VELPLATFORM_API apFileFinderEx {
  public:
   explicit apFileFinderEx(const apPath& path);
@@ -19,7 +19,7 @@ class VELPLATFORM_API apFileFinderEx {
   // True when the directory cannot be opened.
   bool invalid() const { return invalid_; }
 
-  // Moves to the next entry; stands before the first one at the start.
+  // Moves to the next entry. Starts before the first one.
   int operator++();
   apFileName file_name() const;
   // The listed directory joined with the entry's name.
@@ -39,10 +39,10 @@ class VELPLATFORM_API apFileFinderEx {
     return std::string_view(names_).substr(entry.begin, entry.length);
   }
 
-  std::wstring directory_;  // with a separator behind it
+  std::wstring directory_;  // ends in a separator
   const apIStringEncoding* encoding_;
   std::string names_;
   std::vector<Entry> entries_;
-  std::size_t position_ = 0;  // one behind the current entry
+  std::size_t position_ = 0;  // one after the current entry
   bool invalid_ = false;
 };

@@ -5,8 +5,8 @@
 #include "apExport.h"
 #include "apString.h"
 
-// The last component of a path. The extension begins at the last dot, a leading one included: ".x" has the extension
-// "x", "x." the extension "". Two names are equal when they differ in nothing but case.
+// The last component of a path. The extension begins at the last dot, also at a leading one: ".x" has the extension
+// "x", "x." the extension "". Two names are equal if they differ only in case.
 class VELPLATFORM_API apFileName {
  public:
   apFileName() = default;
@@ -16,13 +16,13 @@ class VELPLATFORM_API apFileName {
   bool empty() const { return name_.empty(); }
 
   bool has_extension() const;
-  // Without its dot; empty when there is none.
+  // Without its dot; empty if the name has no extension.
   apString extension() const;
   apString without_extension() const;
 
-  // The name with "." and `extension` behind it, unless it ends in that extension already, in any case.
+  // The name with "." and `extension` appended, unless it already ends in that extension, in any case.
   apFileName add_extension(const apString& extension) const;
-  // The name with `extension` in place of the one that it has, or added when it has none.
+  // The name with its extension replaced by `extension`; appended if the name has none.
   apFileName replace_extension(const apString& extension) const;
 
   friend VELPLATFORM_API bool operator==(const apFileName& left, const apFileName& right);

@@ -3,7 +3,7 @@
 #include "apExport.h"
 #include "apIFileOperations.h"
 
-// Hands out the operating system's own file operations, which live as long as the process.
+// Gives access to the operating system's file operations, which exist until the process ends.
 class VELPLATFORM_API apFrustrumChooser {
  public:
   const apIFileOperations* file_operations() const;

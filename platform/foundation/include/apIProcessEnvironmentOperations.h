@@ -3,14 +3,14 @@
 #include "apExport.h"
 #include "apString.h"
 
-// The variables of a process.
+// The environment variables of a process.
 class VELPLATFORM_API apIProcessEnvironmentOperations {
  public:
   virtual ~apIProcessEnvironmentOperations();
 
-  // Invalid when the variable is not set.
+  // Invalid if the variable is not set.
   virtual apString get(const apString& name) const = 0;
 
-  // Nonzero on success. A name that is empty or holds "=" is refused.
+  // Nonzero on success. A name that is empty or contains "=" is rejected.
   virtual int put(const apString& name, const apString& value) = 0;
 };

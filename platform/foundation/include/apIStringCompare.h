@@ -3,7 +3,7 @@
 #include "apExport.h"
 #include "apString.h"
 
-// A policy by which two strings count as equal.
+// Decides whether two strings are equal.
 class VELPLATFORM_API apIStringCompare {
  public:
   virtual ~apIStringCompare();

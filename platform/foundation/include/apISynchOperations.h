@@ -12,12 +12,12 @@ class VELPLATFORM_API apICriticalSection {
   virtual void leave() = 0;
 };
 
-// Makes locks, so that a host can bring its own threads.
+// Creates locks, as an interface that a host with another thread library can implement.
 class VELPLATFORM_API apISynchOperations {
  public:
   virtual ~apISynchOperations();
   virtual std::unique_ptr<apICriticalSection> make_critical_section() const = 0;
 
-  // The standard library's; it lives as long as the process.
+  // The standard library's locks; the object exists until the process ends.
   static const apISynchOperations* system();
 };

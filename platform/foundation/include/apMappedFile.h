@@ -6,13 +6,12 @@
 #include "apExport.h"
 #include "apStatus.h"
 
-// The bytes of a file, mapped for one pass from front to back. Only regular files are opened, so a pipe or a device
-// never blocks. An empty file maps to empty bytes. A file that somebody cuts short while it is mapped ends the process
-// where the missing bytes are looked at, as the system has it.
+// The bytes of a file, mapped for one pass from start to end. Only regular files are opened, so a pipe or a device
+// never blocks. An empty file maps to empty bytes. If the file is truncated while it is mapped, access to the missing
+// bytes ends the process with a signal.
 class VELPLATFORM_API apMappedFile {
  public:
-  // Null, and a status that names the reason, when the file cannot be opened. `path` is the name as the system takes
-  // it.
+  // Returns null, and a status with the reason, if the file cannot be opened. `path` is the name in the system's bytes.
   static std::unique_ptr<apMappedFile> open(const utString& path, apStatus& status);
   ~apMappedFile();
   apMappedFile(const apMappedFile&) = delete;
@@ -20,8 +19,8 @@ class VELPLATFORM_API apMappedFile {
 
   std::string_view bytes() const { return bytes_; }
 
-  // Tells the system that the first `count` bytes will not be looked at again, so that they take no memory. Cheap to
-  // call often; acts in steps of megabytes.
+  // Advises the system that the first `count` bytes are no longer needed, so that they use no memory. Cheap to call
+  // often; acts in steps of megabytes.
   void release_front(std::size_t count);
 
  private:

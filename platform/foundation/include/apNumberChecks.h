@@ -5,11 +5,11 @@
 
 #include "apExport.h"
 
-// Looks through long arrays of numbers as fast as memory gives them.
+// Checks of long arrays of numbers at the speed of memory.
 
 // True when no number is infinite or not a number.
 VELPLATFORM_API bool ap_all_finite(std::span<const double> numbers);
 VELPLATFORM_API bool ap_all_finite(std::span<const float> numbers);
 
-// True when no number is larger than `most`.
+// True if no number is larger than `most`.
 VELPLATFORM_API bool ap_all_at_most(std::span<const std::uint32_t> numbers, std::uint32_t most);

@@ -2,7 +2,7 @@
 
 #include "apPathName.h"
 
-// A directory about to be listed.
+// The path of a directory to list.
 class apPath {
  public:
   explicit apPath(apPathName directory) : directory_(std::move(directory)) {}

@@ -10,12 +10,13 @@
 
 class apIStringEncoding;
 
-// A directory or path, its text kept verbatim. Both "/" and the backslash separate components; "/" joins. A path is
-// invalid exactly when its text is empty. Two paths are equal when their texts are. Copies share the text, which never
-// changes.
+// A directory or path; its text is kept unchanged. Both "/" and the backslash separate components; "/" joins them. A
+// path is invalid exactly when its text is empty. Two paths are equal if their texts are equal. Copies share the text,
+// which is immutable.
 //
-// On disk a name is bytes. A path knows the encoding that turns its text into them; what the encoding has no form for
-// is taken as UTF-8. Paths made from a path, and the entries that a directory lists, have the encoding of that path.
+// On disk a name is bytes. A path has the encoding that converts its text to these bytes; characters that the encoding
+// cannot represent are written as UTF-8. Paths derived from a path, and the entries listed in a directory, have the
+// encoding of that path.
 class VELPLATFORM_API apPathName {
  public:
   apPathName() = default;
@@ -25,18 +26,18 @@ class VELPLATFORM_API apPathName {
 
   bool invalid() const { return string().empty(); }
   const apString& string() const { return path_ ? path_->text : no_path(); }
-  // Null when it is the default one.
+  // Null for the default encoding.
   const apIStringEncoding* encoding() const { return path_ ? path_->encoding : nullptr; }
 
-  // What stands before the last separator: "/" for "/f", empty for "f".
+  // The text before the last separator: "/" for "/f", empty for "f".
   apPathName dirname() const;
-  // What stands behind it: empty for "d/".
+  // The text after the last separator: empty for "d/".
   apFileName basename() const;
   // The same without a copy, valid as long as this path.
   std::wstring_view last_component() const;
 
-  // This path and `relative` with exactly one separator between them. An empty side gives the other one unchanged; a
-  // `relative` that begins with a separator never replaces this path.
+  // This path and `relative` with exactly one separator between them. An empty side gives the other one unchanged. A
+  // `relative` that begins with a separator does not replace this path.
   apPathName combine(const apPathName& relative) const;
   static apPathName adjoin(const apPathName& directory, const apFileName& name);
 

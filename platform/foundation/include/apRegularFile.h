@@ -8,12 +8,12 @@
 #include "apStatus.h"
 #include "utString.h"
 
-// A regular file opened for reading. Pipes, sockets and devices are not even opened, because opening one can block,
-// wake whoever writes to it or act on the device.
+// A regular file opened for reading. Pipes, sockets and devices are not opened, because opening one can block, wake a
+// writer or start an action of the device.
 class VELPLATFORM_API apRegularFile {
  public:
-  // Sets the status and is not `good` when the path names no regular file that can be read. `path` is the name as the
-  // system takes it.
+  // Sets the status and is not `good` if the path does not name a readable regular file. `path` is the name in the
+  // system's bytes.
   apRegularFile(const utString& path, apStatus& status);
   ~apRegularFile();
   apRegularFile(apRegularFile&& other) noexcept;
@@ -23,8 +23,8 @@ class VELPLATFORM_API apRegularFile {
   int descriptor() const { return descriptor_; }
   std::uint64_t size() const { return size_; }
 
-  // Up to `count` bytes from `place` on; fewer at the end of the file, or, with a failed status, when it cannot be
-  // read.
+  // Reads up to `count` bytes from offset `place`. Returns the number read: fewer at the end of the file, or after a
+  // read error, which sets the status.
   std::size_t read_at(std::uint64_t place, char* to, std::size_t count, apStatus& status) const;
 
  private:
@@ -32,20 +32,20 @@ class VELPLATFORM_API apRegularFile {
   std::uint64_t size_ = 0;
 };
 
-// A regular file opened for writing, empty at first. It is made when there is none. As for reading, pipes, sockets and
-// devices are not opened.
+// A regular file opened for writing. It is created if missing and truncated. As for reading, pipes, sockets and devices
+// are not opened.
 class VELPLATFORM_API apRegularFileWriter {
  public:
-  // Sets the status and is not `good` when no regular file can be written under the path.
+  // Sets the status and is not `good` if a regular file cannot be written at the path.
   apRegularFileWriter(const utString& path, apStatus& status);
   ~apRegularFileWriter();
   apRegularFileWriter(const apRegularFileWriter&) = delete;
   apRegularFileWriter& operator=(const apRegularFileWriter&) = delete;
 
-  // False for good once a byte could not be written.
+  // False permanently after a byte could not be written.
   bool good() const { return good_; }
 
-  // Appends; the bytes are with the system when it returns. Does nothing unless `good`.
+  // Appends `bytes` and passes them to the system at once. Does nothing unless `good`.
   void write(std::string_view bytes);
 
  private:

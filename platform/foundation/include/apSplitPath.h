@@ -3,8 +3,8 @@
 #include "apExport.h"
 #include "apPathName.h"
 
-// A path taken apart: drive ("C:" when the text begins with a letter and a colon, else empty), directory with its last
-// separator, name, and extension with its dot. The four joined are the text again.
+// A path split into drive ("C:" if the text begins with a letter and a colon, else empty), directory with its last
+// separator, name, and extension with its dot. The four parts joined give the text.
 class VELPLATFORM_API apSplitPath {
  public:
   explicit apSplitPath(const apPathName& path);

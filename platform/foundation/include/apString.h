@@ -10,14 +10,14 @@
 #include "apExport.h"
 
 // The platform's wide string. A string that was never set is invalid, which differs from valid and empty: two invalid
-// strings are equal, an invalid and an empty one are not.
+// strings are equal, but an invalid string never equals an empty one.
 class VELPLATFORM_API apString {
  public:
   static constexpr std::size_t npos = std::wstring::npos;
 
   apString() = default;
   apString(const wchar_t* text) : text_(text ? text : L""), valid_(text != nullptr) {}
-  // Plain text is taken as UTF-8, as the default encoding does.
+  // `text` is decoded as UTF-8 by the default encoding.
   apString(const char* text);
   apString(std::wstring text) : text_(std::move(text)), valid_(true) {}
 
@@ -31,10 +31,10 @@ class VELPLATFORM_API apString {
   std::size_t find(std::wstring_view what, std::size_t from = 0) const { return text_.find(what, from); }
   bool begins_with(std::wstring_view what) const { return view().starts_with(what); }
 
-  // A start behind the end gives valid, empty text.
+  // A start after the end gives valid, empty text.
   apString substr(std::size_t from, std::size_t count = npos) const;
 
-  // Every occurrence of `from`, left to right, without looking again at what was inserted. An empty `from` changes
+  // Replaces every occurrence of `from`, left to right; inserted text is not searched again. An empty `from` changes
   // nothing.
   apString replace_all(const apString& from, const apString& to) const;
 
@@ -49,7 +49,7 @@ class VELPLATFORM_API apString {
   bool valid_ = false;
 };
 
-// Agrees with exact equality.
+// Equal strings have equal hashes.
 VELPLATFORM_API std::size_t co_hash(const apString& text);
 
 template <>

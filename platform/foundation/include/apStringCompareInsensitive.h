@@ -8,18 +8,19 @@
 
 class apIStringEncoding;
 
-// Equality without regard to case. An invalid string equals nothing, not even another invalid one.
+// Equality ignoring case. An invalid string never equals another string, not even an invalid one.
 class VELPLATFORM_API apStringCompareInsensitive : public apIStringCompare {
  public:
-  // Wide strings compare alike under every encoding; the argument is taken so that policies are made alike.
+  // The encoding is not used; the parameter matches the constructors of other comparisons.
   explicit apStringCompareInsensitive(const apIStringEncoding* encoding);
   bool equal(const apString& left, const apString& right) const override;
 };
 
-// The system's one case fold, one character to one character, the same in every locale: the simple lower-case mapping
-// of the Latin, Greek, Cyrillic, Armenian and full-width letters. Equal folded keys are equal comparisons.
+// The only case folding of the system, one character to one character, the same in every locale: the simple lower-case
+// mapping of the Latin, Greek, Cyrillic, Armenian and full-width letters. Two texts are equal ignoring case exactly if
+// their folded texts are equal.
 VELPLATFORM_API wchar_t ap_fold(wchar_t character);
 VELPLATFORM_API std::wstring ap_fold(std::wstring_view text);
-// The hash of the folded text, so that keys need not be folded to be looked up.
+// The hash of the folded text, so that keys can be looked up without folding them.
 VELPLATFORM_API std::size_t ap_hash_folded(std::wstring_view text);
 VELPLATFORM_API bool ap_equal_folded(std::wstring_view left, std::wstring_view right);

@@ -3,12 +3,12 @@
 #include "apExport.h"
 #include "apIStringEncoding.h"
 
-// Hands out the process's encodings, which live as long as the process.
+// Gives access to the process's encodings, which exist until the process ends.
 class VELPLATFORM_API apStringEncodingChooser {
  public:
-  // The default: UTF-8 that loses nothing.
+  // The default encoding: UTF-8 that preserves every byte.
   const apIStringEncoding* ut_encoding() const;
 
-  // "UTF-8", "ISO-8859-1" or "ASCII", in any case; anything else, empty text included, gives the default.
+  // "UTF-8", "ISO-8859-1" or "ASCII", in any case; any other name, also an empty one, gives the default.
   const apIStringEncoding* named(const utString& name) const;
 };

@@ -5,7 +5,7 @@
 
 #include "apLanguage.h"
 
-// A walk over a sequence that somebody else owns, handed out by value. It stands before the first element:
+// Iterates over a sequence that it does not own. Returned by value. It starts before the first element:
 //
 //   auto formats = set.formats();
 //   while (++formats) use(formats());
@@ -20,7 +20,7 @@ class itIterator {
       : itIterator(std::to_address(begin), std::to_address(end)) {}
   itIterator(const std::vector<T>& sequence) : itIterator(sequence.data(), sequence.data() + sequence.size()) {}
 
-  // Moves to the next element; 1 while there is one, 0 at the end and ever after.
+  // Moves to the next element. Returns 1 if there is one, 0 at the end and in every later call.
   int operator++() {
     if (next_ == end_) {
       current_ = nullptr;

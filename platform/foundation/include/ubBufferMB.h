@@ -2,7 +2,7 @@
 
 #include "utString.h"
 
-// The bytes to write for a text: UTF-8 passes unchanged, a null pointer gives "".
+// The bytes to write for a text: UTF-8 is unchanged, a null pointer gives "".
 class ubBufferMB {
  public:
   explicit ubBufferMB(const char* text) : text_(text ? text : "") {}

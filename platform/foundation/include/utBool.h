@@ -2,5 +2,5 @@
 
 #include "apLanguage.h"
 
-// The suite's Boolean: a type of its own, so that a resource of it is told from a whole number. As text "0" or "1".
+// The suite's Boolean. A separate type, so that a Boolean resource differs from an integer one. As text "0" or "1".
 enum utBool { utFALSE = 0, utTRUE = 1 };

@@ -5,8 +5,8 @@
 
 #include "apLanguage.h"
 
-// A pointer that owns nothing: what it points at must outlive it. Converts implicitly from a raw pointer and from an
-// observer of a type whose pointer converts.
+// A non-owning pointer: its target must outlive it. Converts implicitly from a raw pointer and from an observer of a
+// type whose pointer converts.
 template <typename T>
 class utObserverPtr {
  public:

@@ -9,8 +9,8 @@
 
 #include "apExport.h"
 
-// The suite's general string: bytes, UTF-8 unless an encoding says otherwise. A string that was never set is null; it
-// behaves as empty text everywhere but in `is_null()`, so utString() == "" although only the first one is null.
+// The suite's general string: bytes, UTF-8 unless an encoding specifies otherwise. A string that was never set is null.
+// It behaves as empty text except in `is_null()`, so utString() == "" although only the first one is null.
 class VELPLATFORM_API utString {
  public:
   static constexpr std::size_t npos = std::string::npos;
@@ -34,7 +34,7 @@ class VELPLATFORM_API utString {
 
   std::size_t find(std::string_view what, std::size_t from = 0) const { return text_.find(what, from); }
 
-  // Unlike the standard string's, a start behind the end gives empty text.
+  // Unlike the standard string's, a start after the end gives empty text.
   utString substr(std::size_t from, std::size_t count = npos) const;
 
   utString& operator+=(std::string_view more);
@@ -43,10 +43,10 @@ class VELPLATFORM_API utString {
 
   std::size_t hash() const { return std::hash<std::string>()(text_); }
 
-  // A copy folded as every case-insensitive comparison of the system folds.
+  // A copy with the case folding that every case-insensitive comparison of the system uses.
   utString lower_case() const;
 
-  // 1 when the two are equal but for case, else 0.
+  // 1 if the two are equal ignoring case, else 0.
   int case_compare(const utString& other) const;
 
   friend utString operator+(utString left, const utString& right) { return left += right; }

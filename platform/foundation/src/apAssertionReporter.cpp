@@ -34,13 +34,13 @@ void apAssertionReporter::report(const char* source, int line, const char* messa
   try {
     Sink sink;
     {
-      // Called without the lock, so that a sink may report or be replaced itself.
+      // The sink is called without the lock, so that it may report or replace the sink.
       std::lock_guard guard(sink_lock());
       sink = current_sink();
     }
     if (sink) return sink(assertion);
   } catch (...) {
-    // A sink that fails must not make a report worse than what it tells of.
+    // If the sink throws, the report goes to standard error.
   }
   std::fprintf(stderr, "%s:%d: %s: %s (%s)\n", assertion.source, assertion.line, assertion.function, assertion.message,
                assertion.condition);

@@ -5,7 +5,7 @@
 apILibraryLoaderOperations::~apILibraryLoaderOperations() = default;
 
 apDynamicLibrary::~apDynamicLibrary() {
-  // A handle that is never closed keeps the code.
+  // A handle that is never closed keeps the code mapped.
   if (lifetime_ == apILibraryLoaderOperations::Lifetime::keep_mapped) static_cast<void>(handle_.release());
 }
 

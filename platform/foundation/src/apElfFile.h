@@ -2,7 +2,7 @@
 
 #include "apRegularFile.h"
 
-// Why the system's loader must not be given this library: it maps what the program headers name, and a page past the
-// end of a file that was cut short ends the process when it is touched. Null when the file holds all of it, and for a
-// file that is no ELF file of this machine, which the loader refuses by itself.
+// Checks whether a library file is truncated, which the system's loader does not: it maps what the program headers
+// declare, and access to a page after the end of the file ends the process. Returns the reason if the file is
+// truncated. Returns null if it is complete or not an ELF file for this machine; the loader rejects the latter.
 utString ap_missing_part_of_library(const apRegularFile& file);

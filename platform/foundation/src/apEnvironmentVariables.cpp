@@ -9,7 +9,7 @@ apIProcessEnvironmentOperations::~apIProcessEnvironmentOperations() = default;
 
 namespace {
 
-// The bytes of a text, or false when no variable can hold it.
+// The bytes of a text; false if they cannot be the value of a variable.
 bool to_bytes(const apString& text, std::string& bytes) {
   return ap_encode_utf8(text.view(), bytes) && bytes.find('\0') == bytes.npos;
 }

@@ -17,7 +17,7 @@ struct CloseDirectory {
   void operator()(DIR* directory) const { closedir(directory); }
 };
 
-// Asks the file system only where the listing itself does not tell.
+// Calls fstatat only if the listing does not give the type.
 bool is_directory_entry(DIR* directory, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type == DT_DIR;
   struct stat status;
@@ -28,7 +28,7 @@ std::size_t common_length(std::string_view a, std::string_view b) {
   return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
 }
 
-// The first eight bytes as a number that sorts as they do.
+// The first eight bytes as an integer with the same sort order.
 std::uint64_t leading_bytes(std::string_view text) {
   std::uint64_t number = 0;
   for (std::size_t i = 0; i < sizeof number; ++i) {
@@ -59,8 +59,8 @@ apFileFinderEx::apFileFinderEx(const apPath& path) : encoding_(path.directory().
 
 void apFileFinderEx::sort() {
   if (entries_.empty()) return;
-  // The names of a directory often begin alike. Behind what they share, the next bytes as one number settle nearly
-  // every comparison.
+  // The names of a directory often have a common prefix. The bytes after it, as one integer, decide nearly every
+  // comparison.
   const std::string_view first = name_of(entries_.front());
   std::size_t shared = first.size();
   for (const Entry& entry : entries_) shared = common_length(first.substr(0, shared), name_of(entry));

@@ -19,7 +19,7 @@ std::string current_directory() {
   return name ? name.get() : "";
 }
 
-// Takes "." and ".." and doubled separators out of an absolute path.
+// Removes ".", ".." and doubled separators from an absolute path.
 std::string without_detours(std::string_view path) {
   std::vector<std::string_view> parts;
   while (!path.empty()) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Capital letters whose small form lies at one distance: each `step`-th one from `first` to `last`.
+// Capital letters with the same distance to their small letters: each `step`-th one from `first` to `last`.
 struct FoldRange {
   std::uint32_t first;
   std::uint32_t last;
@@ -75,7 +75,7 @@ std::wstring ap_fold(std::wstring_view text) {
 }
 
 std::size_t ap_hash_folded(std::wstring_view text) {
-  // FNV-1a over whole characters, with a last mix because tables look at the low bits alone.
+  // FNV-1a over whole characters, with a final mix because tables use only the low bits.
   std::uint64_t hash = 0xCBF29CE484222325u;
   for (wchar_t character : text) hash = (hash ^ static_cast<std::uint32_t>(folded(character))) * 0x100000001B3u;
   return static_cast<std::size_t>(hash ^ hash >> 32);

@@ -40,7 +40,7 @@ apMappedFile::~apMappedFile() {
 void apMappedFile::release_front(std::size_t count) {
   count = std::min(count, bytes_.size()) / release_step * release_step;
   if (count <= released_) return;
-  // Private and never written, so the pages come back from the file if they are looked at all the same.
+  // The mapping is private and never written, so later access reads the pages from the file again.
   madvise(const_cast<char*>(bytes_.data()) + released_, count - released_, MADV_DONTNEED);
   released_ = count;
 }

@@ -6,8 +6,8 @@
 
 namespace {
 
-// What an element says against the array is collected in one bit; loops of a fixed length over whole numbers become
-// vector instructions, a search with an early end or sums of real numbers do not.
+// Collects the top bit of `objection` over all elements. The compiler vectorises loops of fixed length over integers,
+// but not a search with an early exit or sums of real numbers.
 template <typename Bits, typename Element, typename Objection>
 bool has_objection(std::span<const Element> elements, Objection objection) {
   constexpr std::size_t block = 256;
@@ -22,7 +22,7 @@ bool has_objection(std::span<const Element> elements, Objection objection) {
   return (found & top) != 0;
 }
 
-// Adding one to an exponent of ones only, as infinities and what is no number have it, carries into the sign.
+// In infinities and not-a-number all exponent bits are one, so adding one to the exponent carries into the sign.
 template <typename Bits, typename Number, int mantissa_bits>
 bool all_finite(std::span<const Number> numbers) {
   constexpr Bits exponent = (~Bits{0} >> 1) >> mantissa_bits << mantissa_bits;
@@ -43,6 +43,6 @@ bool ap_all_finite(std::span<const float> numbers) {
 bool ap_all_at_most(std::span<const std::uint32_t> numbers, std::uint32_t most) {
   constexpr std::uint32_t top = std::uint32_t{1} << 31;
   if (most >= top) return std::all_of(numbers.begin(), numbers.end(), [=](std::uint32_t n) { return n <= most; });
-  // A number above `most` has the top bit itself, or the difference has it.
+  // The top bit is set in a number above `most` or in the difference.
   return !has_objection<std::uint32_t>(numbers, [=](std::uint32_t number) { return number | (most - number); });
 }

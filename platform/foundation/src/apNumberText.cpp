@@ -23,8 +23,8 @@ std::string_view between_blanks(std::string_view text) {
   return text;
 }
 
-// The numbers that make up nearly all of a file: few enough digits and a small power of ten, so that one multiplication
-// or division of two exact doubles gives the nearest double. False for all others, which take the long way.
+// Reads the common numbers fast: few digits and a small power of ten, so that one multiplication or division of two
+// exact doubles gives the nearest double. Returns false for all others, which take the slow path.
 bool take_short_number(const char* at, const char* end, const char*& stop, double& value) {
   constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
@@ -47,7 +47,7 @@ bool take_short_number(const char* at, const char* end, const char*& stop, doubl
     exponent = -behind_point;
   }
   if (count == 0 || count > most_digits || digits > std::uint64_t{1} << 53) return false;
-  // A marked exponent of one or two digits; whatever else stands there is for the long way.
+  // An exponent of one or two digits; every other form takes the slow path.
   if (at != end && (*at | 0x20) == 'd') return false;
   if (at != end && (*at | 0x20) == 'e') {
     const char* mark = at + 1;
@@ -68,8 +68,8 @@ bool take_short_number(const char* at, const char* end, const char*& stop, doubl
   return true;
 }
 
-// What a number beyond the range of doubles comes to: infinity or zero, by the place of its first digit that counts and
-// its exponent.
+// The value of a number outside the range of doubles: infinity or zero, depending on the position of its first
+// significant digit and on its exponent.
 double beyond_range(std::string_view number) {
   const bool negative = number.front() == '-';
   if (negative) number.remove_prefix(1);
@@ -90,7 +90,7 @@ double beyond_range(std::string_view number) {
   return negative ? -size : size;
 }
 
-// The number that ends where an exponent marked with "d" begins, read again with an "e" in its place.
+// Reads a number whose exponent begins with "d" at `mark`, with an "e" instead.
 bool take_with_d_exponent(std::string_view& text, std::size_t mark, double& value) {
   std::size_t end = mark + 1;
   if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;

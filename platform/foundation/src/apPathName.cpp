@@ -6,7 +6,7 @@ bool is_separator(wchar_t character) {
   return character == L'/' || character == L'\\';
 }
 
-// Where the last component begins: behind the last separator, or at the start.
+// The offset of the last component: after the last separator, or 0.
 std::size_t start_of_last_component(std::wstring_view path) {
   std::size_t start = path.size();
   while (start > 0 && !is_separator(path[start - 1])) --start;

@@ -20,7 +20,8 @@ utString reason_against(const struct stat& status) {
   return S_ISDIR(status.st_mode) ? "it is a directory" : "it is not a regular file";
 }
 
-// Opens what stands under a path without waiting. Null, or why it is no regular file that can be opened.
+// Opens the file at a path without blocking. Returns null, or the reason if it is not a regular file that can be
+// opened.
 utString open_regular(const utString& path, int how, int& descriptor, struct stat& info) {
   if (path.view().find('\0') != std::string_view::npos) return "the name holds a null character";
   const bool is_new = stat(path.c_str(), &info) != 0;
@@ -28,7 +29,7 @@ utString open_regular(const utString& path, int how, int& descriptor, struct sta
   if (!is_new) {
     if (utString reason = reason_against(info); !reason.is_null()) return reason;
   }
-  // What stands there may have changed since, so the opening does not wait either.
+  // Does not block either, because the entry may have changed since the check.
   constexpr mode_t usual_mode = 0666;
   descriptor = open(path.c_str(), how | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, usual_mode);
   if (descriptor < 0 || fstat(descriptor, &info) != 0) return system_reason(errno);
@@ -70,7 +71,7 @@ std::size_t apRegularFile::read_at(std::uint64_t place, char* to, std::size_t co
 apRegularFileWriter::apRegularFileWriter(const utString& path, apStatus& status) {
   struct stat info {};
   utString reason = open_regular(path, O_WRONLY | O_CREAT, descriptor_, info);
-  // Emptied only now that it is known to be a regular file.
+  // Truncated only now that it is known to be a regular file.
   if (reason.is_null() && ftruncate(descriptor_, 0) != 0) reason = system_reason(errno);
   good_ = reason.is_null();
   if (!good_) status.set_failure(reason);

@@ -28,6 +28,6 @@ apString& apString::operator+=(const apString& more) {
 }
 
 std::size_t co_hash(const apString& text) {
-  // Invalid and empty differ, so they should not share a bucket by construction.
+  // Invalid and empty strings differ, so their hashes should differ too.
   return std::hash<std::wstring>()(text.text()) + (text.invalid() ? 1 : 0);
 }

@@ -3,7 +3,7 @@
 #include "apStringEncodings.h"
 
 const apIStringEncoding* apStringEncodingChooser::ut_encoding() const {
-  // Never destroyed: what runs at the end of the process may still convert.
+  // Never destroyed, because code that runs at the end of the process may use it.
   static const auto* encoding = new apUtf8Encoding;
   return encoding;
 }

@@ -21,7 +21,7 @@ utString last_failure() {
   return text ? text : "unknown reason";
 }
 
-// Tells two contents of a path apart without reading them.
+// Identifies the content of a file without reading it.
 struct FileState {
   dev_t device = 0;
   ino_t inode = 0;
@@ -38,8 +38,8 @@ FileState state_of(const apRegularFile& file) {
   return {info.st_dev, info.st_ino, info.st_size, info.st_mtim.tv_sec, info.st_mtim.tv_nsec};
 }
 
-// A name under which the system's loader finds a copy of the file; empty when there is no memory for it. The
-// descriptor stays open for as long as the process, so that no later copy gets the same name.
+// A name under which the system's loader finds a copy of the file; empty if memory is exhausted. The descriptor stays
+// open until the process ends, so that no later copy gets the same name.
 std::string copy_in_memory(const apRegularFile& file) {
   const int copy = memfd_create("library", MFD_CLOEXEC);
   if (copy < 0) return "";
@@ -53,12 +53,12 @@ std::string copy_in_memory(const apRegularFile& file) {
   return "/proc/self/fd/" + std::to_string(copy);
 }
 
-// The libraries that were opened by their paths. The system cannot unload some of them, those that define symbols which
-// are unique in the process; it goes on to give such a library under its name, whatever the file holds by then.
+// The libraries that were opened by their paths. The system cannot unload a library that defines process-unique
+// symbols. It then returns the old library for its name, whatever the file contains now.
 class OpenedLibraries {
  public:
-  // Under which name to open the file: its path, or, when the system would give what the file held before and nobody
-  // uses that, the name of a copy.
+  // The name under which to open the file: its path, or the name of a copy if the system would return the old content
+  // and that is no longer in use.
   std::string name_for(const std::string& path, const apRegularFile& file) {
     const std::lock_guard guard(lock_);
     const auto known = libraries_.find(path);
@@ -114,12 +114,12 @@ class SystemLibraries : public apILibraryLoaderOperations {
   Handle open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
     Handle library(nullptr, close_library);
     const std::string name = ap_system_path(path);
-    // The system would look for a relative name in places of its own.
+    // The system's loader would search its own directories for a relative name.
     if (name.empty() || name.front() != '/') {
       status.set_failure("the path of a library must be absolute");
       return library;
     }
-    // The system's loader would wait for whoever writes to a pipe, and die of a file that was cut short.
+    // The system's loader would block on a pipe, and a truncated file would end the process.
     const apRegularFile file(name, status);
     if (!file.good()) return library;
     if (const utString missing = ap_missing_part_of_library(file); !missing.is_null()) {

@@ -5,9 +5,9 @@
 
 #include "apPathName.h"
 
-// A path as the system takes it. Empty, which names nothing, for what no file can be called: an invalid path, text
-// without bytes for it, text with a null character inside.
+// A path in the system's bytes. Empty, which is never a valid name, if it cannot be the name of a file: an invalid
+// path, text without bytes for it, text that contains a null character.
 std::string ap_system_path(const apPathName& path);
 
-// Appends the text of a name that the system gave, as a path with this encoding spells it.
+// Appends the text of a name given by the system, decoded with this encoding.
 void ap_decode_name(std::string_view name, const apIStringEncoding* encoding, std::wstring& text);

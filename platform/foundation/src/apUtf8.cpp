@@ -11,8 +11,8 @@ bool is_continuation(unsigned char byte) {
   return (byte & 0xC0) == 0x80;
 }
 
-// The length of the valid sequence of two to four bytes at the front and its code point; 0 when there is none. Overlong
-// forms, surrogates and values beyond Unicode are shut out by the range of the second byte.
+// The length of the valid sequence of two to four bytes at the front, and its code point; 0 if the sequence is invalid.
+// The range of the second byte excludes overlong forms, surrogates and values beyond Unicode.
 std::size_t take_sequence(std::string_view bytes, std::uint32_t& code) {
   auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const unsigned char lead = byte(0);

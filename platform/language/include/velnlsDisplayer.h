@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-// Something that shows text to a person.
+// An interface for showing text to the user.
 class VELPLATFORM_API velnlsDisplayer {
  public:
   virtual void display(const char* text) = 0;

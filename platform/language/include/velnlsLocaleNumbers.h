@@ -4,8 +4,8 @@
 
 #include "apExport.h"
 
-// While one lives, numbers are read and shown in the user's locale, on this thread only; what was in force before comes
-// back exactly. A locale that the system does not know changes nothing.
+// While an object of this class exists, numbers are read and displayed in the user's locale, in this thread only. The
+// destructor restores the previous locale. A locale that the system does not know changes nothing.
 class VELPLATFORM_API velnlsLocaleNumbers {
  public:
   velnlsLocaleNumbers();

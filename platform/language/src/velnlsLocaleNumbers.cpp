@@ -1,7 +1,7 @@
 #include "velnlsLocaleNumbers.h"
 
 velnlsLocaleNumbers::velnlsLocaleNumbers() : numbers_(nullptr), before_(uselocale(nullptr)) {
-  // Everything but the numbers stays as it was for this thread.
+  // Only the number format of this thread's locale is replaced.
   locale_t base = duplocale(before_);
   if (!base) return;
   numbers_ = newlocale(LC_NUMERIC_MASK, "", base);

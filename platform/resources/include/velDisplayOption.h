@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// How a model is shown.
+// How a model is displayed.
 enum velDisplayOption {
   velDISPLAY_SHADED = 0,
   velDISPLAY_SHADED_WITH_EDGES = 1,

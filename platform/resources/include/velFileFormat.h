@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// The form of a file whose format knows both.
+// The encoding of a file whose format has a binary and a text form.
 enum velFileFormat {
   velFORMAT_BINARY = 0,
   velFORMAT_ASCII = 1,

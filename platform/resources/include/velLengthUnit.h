@@ -4,8 +4,8 @@
 #include "coDList.h"
 #include "utString.h"
 
-// Units of length. "unspecified" is the unit of a file, a model or a request that names none; lengths in it count as
-// millimetres.
+// Units of length. "unspecified" is the unit of a file, a model or a request that does not name one; lengths in it are
+// taken as millimetres.
 enum velLengthUnit {
   velLENGTH_UNSPECIFIED = 0,
   velLENGTH_MICROMETRE = 1,
@@ -24,15 +24,16 @@ enum velLengthUnit {
 // Appends the names in the order of the values.
 VELPLATFORM_API void velLengthUnit_strings(utStringcoDList& names);
 
-// Appends the abbreviations that one can type, "um", "mm" and so on, of the units that have another one than their
+// Appends the abbreviations that can be typed, "um", "mm" and so on, of the units whose abbreviation differs from their
 // name.
 VELPLATFORM_API void velLengthUnit_abbreviations(utStringcoDList& abbreviations);
 
-// From a name, an abbreviation or a symbol, case aside.
+// Accepts a name, an abbreviation or a symbol, ignoring case.
 VELPLATFORM_API bool co_value_from_text(const utString& text, velLengthUnit& value);
 VELPLATFORM_API utString co_value_to_text(velLengthUnit value);
 
-// The name, and what stands behind a number: "mm"; that of "unspecified" is empty. "" for a number that is no unit.
+// The name, and the symbol written after a number: "mm"; "" for "unspecified". Both are "" for a number that is not a
+// unit.
 VELPLATFORM_API const char* vel_length_name(velLengthUnit unit);
 VELPLATFORM_API const char* vel_length_symbol(velLengthUnit unit);
 
@@ -40,5 +41,5 @@ VELPLATFORM_API const char* vel_length_symbol(velLengthUnit unit);
 VELPLATFORM_API double vel_metres(velLengthUnit unit);
 
 // The factor that converts a length in `from` to one in `to`, rounded once: 25.4 from inches to millimetres. 1 for a
-// number that is no unit.
+// number that is not a unit.
 VELPLATFORM_API double vel_length_ratio(velLengthUnit from, velLengthUnit to);

@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// How a curve with a width is carried.
+// How a curve with a width is represented.
 enum velLintorWideCurveOption {
   velWIDE_CURVE_AS_CURVE = 0,
   velWIDE_CURVE_AS_OUTLINE = 1,

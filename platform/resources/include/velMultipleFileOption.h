@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// Whether a model goes into one file or into one file for each part.
+// Whether a model is written to one file or to one file for each part.
 enum velMultipleFileOption {
   velMULTIPLE_ONE_FILE = 0,
   velMULTIPLE_FILE_PER_PART = 1,

@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// What is done to geometry on its way.
+// How geometry is processed during a translation.
 enum velProcessingOption {
   velPROCESSING_NONE = 0,
   velPROCESSING_CHECK = 1,

@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// Whether bodies are written as exact shapes, as facets, or as what they are.
+// Whether bodies are written as exact shapes, as facets, or in their existing representation.
 enum velRepresentationOption {
   velREPRESENTATION_AS_IS = 0,
   velREPRESENTATION_EXACT = 1,

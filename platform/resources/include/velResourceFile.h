@@ -6,8 +6,8 @@
 #include "apStatus.h"
 #include "utString.h"
 
-// The text of a resource file, taken apart: lines of the form `KEY = value`, blank lines, and comments behind "#" at
-// the start of a line. The comment lines directly above a key are its description.
+// A parsed resource file: lines of the form `KEY = value`, blank lines, and comments with "#" at the start of a line.
+// The comment lines directly above a key are its description.
 class VELPLATFORM_API velResourceFile {
  public:
   struct Entry {
@@ -21,8 +21,8 @@ class VELPLATFORM_API velResourceFile {
     utString reason;
   };
 
-  // A file that cannot be opened sets the status and gives no entries. A line that is none of the three forms costs
-  // that line and is a problem.
+  // If the file cannot be opened, the status is set and the result is empty. A line in none of these forms is skipped
+  // and recorded as a problem.
   static velResourceFile read(const utString& path, apStatus& status);
 
   const std::vector<Entry>& entries() const { return entries_; }

@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// What is read of a part that holds both exact geometry and facets.
+// What is read from a part that has both exact geometry and facets.
 enum velSolidworksReadOption {
   velREAD_EXACT = 0,
   velREAD_FACETS = 1,

@@ -4,7 +4,7 @@
 #include "coDList.h"
 #include "utString.h"
 
-// Which kinds of entity take part.
+// The kind of entity that a translation includes.
 enum velTypeOption {
   velTYPE_ALL = 0,
   velTYPE_SOLIDS = 1,

@@ -11,9 +11,9 @@ namespace {
 struct Length {
   const char* name;
   const char* symbol;
-  const char* abbreviation;  // on every keyboard
-  // Counted in tenths of a nanometre every length is a whole number, so that ratios come out as exact as a double can
-  // hold them. The international inch and its multiples.
+  const char* abbreviation;  // in ASCII
+  // In tenths of a nanometre every length is an integer, so ratios have the accuracy of a double. The inch is the
+  // international inch; foot, yard and mile are multiples of it.
   double whole;
 };
 
@@ -33,7 +33,7 @@ constexpr Length lengths[] = {
     {"mile", "mi", "mi", 1609344e7},
 };
 
-// Null for a number that is no unit.
+// Null for a number that is not a unit.
 const Length* length_of(velLengthUnit unit) {
   const auto position = static_cast<std::size_t>(unit);
   return position < std::size(lengths) ? &lengths[position] : nullptr;

@@ -15,7 +15,7 @@
 #include "velTrimOption.h"
 #include "velTypeOption.h"
 
-// One macro for each enumerated type: its names, in the order of its values, and the functions that use them.
+// Defines one enumerated type: its names, in the order of its values, and the functions that use them.
 #define VEL_OPTION_TYPE(type, ...)                                       \
   namespace {                                                            \
   constexpr std::array type##_names{__VA_ARGS__};                        \

@@ -14,7 +14,7 @@ std::string_view between_blanks(std::string_view text) {
   return text.substr(start, text.find_last_not_of(blanks) - start + 1);
 }
 
-// Why a line is no `KEY = value`; null when it is.
+// Why a line is not `KEY = value`; null if it is.
 const char* reason_against(std::string_view line, std::size_t equals) {
   if (line.find('\0') != line.npos) return "it holds a null byte";
   if (equals == line.npos) return "there is no \"=\" in it";

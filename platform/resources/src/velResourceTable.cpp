@@ -71,7 +71,7 @@ coResourceTable* make_table() {
 }  // namespace
 
 coResourceTable& vel_resource_table_inquire() {
-  // Never destroyed: what runs at the end of the process may still ask.
+  // Never destroyed, because code that runs at the end of the process may use it.
   static coResourceTable* table = make_table();
   return *table;
 }
