@@ -6,7 +6,7 @@
 
 namespace {
 
-// 0 for a number that is none of them.
+// The size of a component type in bytes; 0 for an unknown type.
 std::size_t size_of(std::size_t type) {
   switch (type) {
     case gltfINT8:
@@ -36,7 +36,7 @@ bool contains(const List& list, Value value) {
   return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-// The elements that lie within so many bytes; the last one needs no gap behind it.
+// The number of elements that fit into these bytes; the last one needs no gap after it.
 std::size_t room_for(std::size_t bytes, std::size_t size, std::size_t stride) {
   return bytes < size ? 0 : 1 + (bytes - size) / stride;
 }

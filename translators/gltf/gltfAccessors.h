@@ -14,8 +14,8 @@
 #include "gltfWork.h"
 #include "vltOnce.h"
 
-// A list of numbers or vectors, checked: `count` elements lie within their buffer. Without data all are 0. The elements
-// that the sparse part names take their values from there instead.
+// A checked list of numbers or vectors: all `count` elements are inside their buffer. Without data all are 0. The
+// sparse part replaces the elements that it names.
 struct gltfAccessor {
   std::size_t index = 0;
   gltfComponentType type = gltfFLOAT;
@@ -33,23 +33,23 @@ struct gltfAccessor {
   std::size_t element_size() const;
 };
 
-// What elements a use of an accessor takes.
+// The element types that are valid for one use of an accessor.
 struct gltfElements {
   const char* what;
   std::initializer_list<std::size_t> components;
   std::initializer_list<gltfComponentType> types;
 };
 
-// Looks up accessors.
+// Finds and checks accessors.
 class gltfAccessors {
  public:
   gltfAccessors(const gltfModel& model, gltfBuffers& buffers, vltOnce& findings)
       : model_(model), buffers_(buffers), findings_(findings) {}
 
-  // False, and a message, when the accessor is not as it must be or does not have such elements.
+  // False, with a message, when the accessor is invalid or does not have such elements.
   bool find(std::size_t index, const gltfElements& expected, gltfAccessor& accessor);
 
-  // Says what is wrong with the elements of an accessor. False, so that it can end a function.
+  // Reports an error in the elements of an accessor. Always false, so a function can return the result.
   bool fail(const gltfAccessor& accessor, std::string_view reason) const;
 
  private:
@@ -69,8 +69,8 @@ T gltf_load(const char* from) {
   return value;
 }
 
-// Calls `use(index, bytes)` for each element, those of the sparse part a second time. False once `use` gives false or
-// the work is cancelled.
+// Calls `use(index, bytes)` for each element, and again for each element of the sparse part. False when `use` returns
+// false or the work is cancelled.
 template <typename Use>
 bool gltf_for_each_element(const gltfAccessor& accessor, const gltfWork& work, Use use) {
   static constexpr char zeros[16]{};
@@ -88,7 +88,7 @@ bool gltf_for_each_element(const gltfAccessor& accessor, const gltfWork& work, U
   return true;
 }
 
-// A component of an element as a number; integers that are normalised as 0 to 1 or -1 to 1.
+// A component of an element as a number; normalised integers become 0 to 1 or -1 to 1.
 template <typename T>
 double gltf_component(const char* element, std::size_t component, bool normalized) {
   const auto value = static_cast<double>(gltf_load<T>(element + component * sizeof(T)));
@@ -98,7 +98,7 @@ double gltf_component(const char* element, std::size_t component, bool normalize
   return value;
 }
 
-// Calls `call` with a value of the type that a component type stands for: call(float{}) for instance.
+// Calls `call` with a value of the C++ type of a component type, for example call(float{}).
 template <typename Call>
 bool gltf_with_type(gltfComponentType type, Call call) {
   switch (type) {

@@ -11,11 +11,11 @@
 #include "gltfModel.h"
 #include "gltfWork.h"
 
-// The binary data of a file: in the file itself, in texts within its JSON or in files beside it, each opened or decoded
-// when it is first asked for. References that lead out of the file's directory are refused.
+// The binary data of a file: in the file itself, as text in its JSON or in files beside it. Each buffer is loaded at
+// its first use. References to files outside the file's directory are errors.
 class gltfBuffers {
  public:
-  // A piece of a buffer; `stride` is 0 where its elements follow each other closely.
+  // A piece of a buffer; `stride` is 0 when its elements have no gaps.
   struct View {
     std::string_view bytes;
     std::size_t offset = 0;  // in its buffer
@@ -26,7 +26,7 @@ class gltfBuffers {
               gltfWork& work)
       : model_(model), directory_(std::move(directory)), binary_chunk_(binary_chunk), work_(work) {}
 
-  // The view with this number; false, and a message, when it or its buffer is not as it must be.
+  // The view with this number; false, with a message, when it or its buffer is invalid.
   bool view(std::size_t index, View& view);
 
  private:

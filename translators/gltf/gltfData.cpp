@@ -10,7 +10,7 @@ static_assert(std::endian::native == std::endian::little);
 
 namespace {
 
-constexpr std::size_t block = std::size_t{1} << 14;  // elements that are put together
+constexpr std::size_t block = std::size_t{1} << 14;  // elements that are written at once
 constexpr std::size_t progress_step = std::size_t{1} << 21;
 constexpr std::size_t bytes_in_piece = 3 * 4096;  // of base64
 
@@ -66,7 +66,7 @@ bool gltfDataWriter::write_pool(const gltfPlan::Pool& pool) {
     to[2] = static_cast<float>(p.z * factor);
   };
   auto put_normals = [&](std::size_t i, float* to) {
-    // A normal of length 0 is none, and glTF has no word for that.
+    // glTF cannot store a missing normal, so a zero normal is replaced.
     const annVector n = vertices.normals[i] == annVector{} ? annVector{0, 0, 1} : vertices.normals[i];
     to[0] = static_cast<float>(n.x);
     to[1] = static_cast<float>(n.y);
@@ -78,7 +78,7 @@ bool gltfDataWriter::write_pool(const gltfPlan::Pool& pool) {
 }
 
 bool gltfDataWriter::write_colours(const std::vector<annColour>& colours, std::size_t components) {
-  // Neighbours often have the same colour, and the conversion is dear.
+  // Neighbours often have the same colour, and the conversion is slow.
   annColour last;
   float linear[3]{};
   return write_floats(colours.size(), components, [&](std::size_t i, float* to) {
@@ -101,7 +101,7 @@ bool gltfDataWriter::write_groups(const gltfPlan::Mesh& planned) {
   auto group_of = [&](std::size_t face) {
     return planned.group_of_material[std::min<std::size_t>(mesh.face_material(face), mesh.materials.size())];
   };
-  // The faces by group, each group's in their order.
+  // The faces sorted by group, in their old order within each group.
   std::vector<std::uint32_t> order;
   std::vector<std::size_t> ends(groups + 1);
   ends[groups] = faces;

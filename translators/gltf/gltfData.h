@@ -8,23 +8,23 @@
 #include "velabsOfStream.h"
 #include "vltProgress.h"
 
-// Takes binary data to a stream, as it is or as base64.
+// Writes binary data to a stream, raw or as base64.
 class gltfSink {
  public:
   gltfSink(velabsOfStream& stream, bool base64) : stream_(stream), base64_(base64) {}
 
   void put(std::string_view bytes);
-  // Behind the last byte.
+  // Call after the last byte.
   void finish();
   bool good() const { return stream_.good(); }
 
  private:
   velabsOfStream& stream_;
   bool base64_;
-  std::string rest_;  // bytes that make no whole letters yet
+  std::string rest_;  // bytes that do not yet fill a group of base64 characters
 };
 
-// Writes the data of a plan in its order: of each mesh the vertices, unless they stand there already, and the
+// Writes the data of a plan in its order. For each mesh: the vertices, unless they were written before, and the
 // triangles of its groups.
 class gltfDataWriter {
  public:

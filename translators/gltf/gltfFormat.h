@@ -7,13 +7,14 @@
 #include "annTransform.h"
 #include "vltFormat.h"
 
-// The facts of glTF 2.0 that its reader and its writers share.
+// Definitions of glTF 2.0 that its reader and its writers share.
 
-extern const vltFormat gltf_format;         // of the reader: it reads both forms
+extern const vltFormat gltf_format;         // for the reader, which reads both forms
 extern const vltFormat gltf_text_format;    // JSON with a file of binary data beside it
 extern const vltFormat gltf_binary_format;  // both in one file
 
-// GLB: a head of magic, version and length, then chunks of length, kind and bytes, each a multiple of four long.
+// GLB: a header with magic number, version and length, then chunks with length, type and bytes. Lengths are multiples
+// of four.
 inline constexpr std::uint32_t glb_magic = 0x46546C67;
 inline constexpr std::uint32_t glb_json_chunk = 0x4E4F534A;
 inline constexpr std::uint32_t glb_binary_chunk = 0x004E4942;
@@ -31,12 +32,12 @@ enum gltfComponentType : std::uint32_t {
 
 enum gltfMode : std::uint32_t { gltfTRIANGLES = 4, gltfTRIANGLE_STRIP = 5, gltfTRIANGLE_FAN = 6 };
 
-// Colours are linear in the file and as a display shows them in the model. A number of the model is the same again
-// after the way to the file and back: exactly where the file holds it as text, to a millionth as a 32-bit float.
+// Colours are linear in the file and sRGB in the model. Writing and reading keeps a colour of the model: exactly if
+// the file stores it as text, to a millionth if it stores a 32-bit float.
 double gltf_linear(float shown);
 float gltf_shown(double linear);
 
-// The up axis of glTF is +Y. A model with +Z up stands below one node that turns it; these extras mark the node, so
-// that reading can remove it.
+// The up axis of glTF is +Y. A model with +Z up is written below one node that rotates it. These extras mark the node,
+// so that the reader can remove it.
 inline constexpr const char* gltf_up_key = "velUpAxis";
 inline constexpr const char* gltf_up_z = "Z";

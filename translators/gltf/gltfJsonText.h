@@ -4,16 +4,16 @@
 #include <string>
 #include <string_view>
 
-// JSON as it is written: values one behind the other, with commas where they belong.
+// Writes JSON: values in sequence, with commas where needed.
 class gltfJsonText {
  public:
   gltfJsonText& open(char bracket);
   gltfJsonText& close(char bracket);
   gltfJsonText& key(std::string_view key);
-  // The next value or key begins on a line of its own.
+  // Starts the next value or key on a new line.
   gltfJsonText& line();
 
-  // Bytes that are no UTF-8 are replaced.
+  // Bytes that are not UTF-8 are replaced.
   gltfJsonText& text(std::string_view text);
   gltfJsonText& flag(bool flag);
   gltfJsonText& number(std::size_t number);

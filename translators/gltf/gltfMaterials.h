@@ -9,28 +9,28 @@
 #include "gltfModel.h"
 #include "vltOnce.h"
 
-// Where alpha counts. A material that does not say so is opaque, whatever it and its vertices have.
+// How alpha is used. A material without an alpha mode is opaque, whatever its alpha and that of its vertices.
 struct gltfAlpha {
   enum Mode { OPAQUE, MASK, BLEND };
 
   Mode mode = OPAQUE;
-  double cutoff = 0.5;  // of MASK: what is less cannot be seen, everything else is opaque
+  double cutoff = 0.5;  // for MASK: alpha below this is invisible, any other is opaque
 
   float opacity(double alpha) const;
 
   friend auto operator<=>(const gltfAlpha&, const gltfAlpha&) = default;
 };
 
-// What the colours of vertices are multiplied by to give those that one sees: linear, as files have them.
+// The factor for vertex colours that gives the visible colour; linear, as in the file.
 struct gltfBase {
   std::array<double, 4> colour{1, 1, 1, 1};
-  gltfAlpha alpha{};  // what the opacity of the product comes to
+  gltfAlpha alpha{};  // applied to the product of the opacities
 
   annColour shown(double red, double green, double blue, double opacity) const;
   annColour shown() const { return shown(1, 1, 1, 1); }
 
-  // One that shows the same with vertices that have opacities or do not: as simple as can be, so that vertices whose
-  // materials differ in name only are the same.
+  // An equivalent base for vertices with or without opacities, in its simplest form, so that vertices whose materials
+  // differ only in name compare equal.
   gltfBase of_vertices(bool have_opacities) const;
 
   friend auto operator<=>(const gltfBase&, const gltfBase&) = default;
@@ -39,20 +39,20 @@ struct gltfBase {
 struct gltfMaterial {
   annMaterial look;
   gltfBase base;
-  bool is_look;  // false when it has neither a name nor a colour: the looks are those of the vertices then
+  bool is_look;  // false when it has neither a name nor a colour
   bool double_sided = false;
 };
 
-// The materials of a file: of each the name, the base colour and, where the file says that it counts, the opacity.
+// The materials of a file: the name, the base colour and, where the alpha mode uses it, the opacity.
 class gltfMaterials {
  public:
   gltfMaterials(const gltfModel& model, vltOnce& findings)
       : model_(model), findings_(findings), materials_(model.count(gltfMATERIALS)) {}
 
-  // Null, and a message, when the material is not as it must be.
+  // Null, with a message, when the material is invalid.
   const gltfMaterial* find(std::size_t index);
 
-  // Nothing, and a message, when the material does not say it as it must.
+  // Empty, with a message, when the alpha mode of the material is invalid.
   std::optional<gltfAlpha> alpha(std::size_t index) const;
 
  private:

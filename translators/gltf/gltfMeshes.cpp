@@ -112,7 +112,7 @@ bool gltfMeshes::read_material(Parts& parts, Primitive& primitive) {
     const gltfMaterial* known = materials_.find(*material);
     if (!known) return false;
     base = known->base;
-    // Bodies that are not closed have a material only to be seen from both sides.
+    // A material that is only double-sided was written for a body that is not closed, and is ignored.
     const bool is_look = known->is_look || (!has_colours && !known->double_sided);
     if (is_look) {
       primitive.material = static_cast<std::uint32_t>(parts.materials.number_of(*material));
@@ -145,7 +145,7 @@ bool gltfMeshes::add_triangles(const Primitive& primitive, const gltfVertexPool&
     mesh.corners.insert(mesh.corners.end(), indices_.begin(), indices_.end());
   } else {
     for (std::size_t i = 0; i < triangles; ++i) {
-      // In a strip every other triangle runs the other way round; a fan begins with the corner that all have.
+      // In a strip, every other triangle has the opposite orientation. In a fan, all triangles have the first corner.
       const bool strip = primitive.mode == gltfTRIANGLE_STRIP;
       const std::size_t odd = i % 2;
       const std::size_t a = strip ? i : i + 1, b = strip ? i + 1 + odd : i + 2, c = strip ? i + 2 - odd : 0;
@@ -173,7 +173,7 @@ bool gltfMeshes::read_indices(const Primitive& primitive, std::size_t vertex_cou
   if (!accessors_.find(*primitive.indices, indices_expected, accessor)) return false;
   if (!work_.allows(accessor.data ? 0 : accessor.count)) return accessors_.fail(accessor, "it has too many elements");
   indices_.resize(accessor.count);
-  // The largest number of a type would begin a new strip, which glTF does not have.
+  // The maximum of a type would restart the strip, which glTF does not allow.
   std::uint32_t restart = 0;
   const bool done = gltf_with_type(accessor.type, [&]<typename T>(T) {
     restart = static_cast<std::uint32_t>(std::numeric_limits<T>::max());

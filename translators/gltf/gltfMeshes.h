@@ -10,11 +10,11 @@
 #include "gltfMaterials.h"
 #include "gltfVertexPools.h"
 
-// The meshes of a file, each read when a node first shows it. The primitives of a mesh become one `annMesh`, in which a
-// face has the material of its primitive.
+// The meshes of a file, each read when a node first uses it. The primitives of a mesh become one `annMesh`; a face has
+// the material of its primitive.
 class gltfMeshes {
  public:
-  // Unless `with_looks`, faces have no materials.
+  // Without `with_looks`, faces get no materials.
   gltfMeshes(const gltfModel& model, gltfAccessors& accessors, gltfVertexPools& pools, gltfMaterials& materials,
              bool with_looks, gltfWork& work, vltOnce& findings)
       : model_(model),
@@ -27,11 +27,12 @@ class gltfMeshes {
         meshes_(model.count(gltfMESHES)) {}
 
   struct Mesh {
-    std::shared_ptr<const annMesh> mesh;  // null when the file's has no triangles
+    std::shared_ptr<const annMesh> mesh;  // null when the file's mesh has no triangles
     std::string_view name;
   };
 
-  // Lives as long as this; null, and a message unless the work is cancelled, when the mesh is not as it must be.
+  // The result lives as long as this object. Null when the mesh is invalid, with a message, or when the work is
+  // cancelled.
   const Mesh* find(std::size_t index);
 
  private:
@@ -39,11 +40,11 @@ class gltfMeshes {
     gltfValue value;
     std::size_t mode = gltfTRIANGLES;
     gltfAttributes attributes{};
-    std::size_t set = 0;  // the number of the attributes
+    std::size_t set = 0;  // the index of its attributes in `sets`
     std::optional<std::size_t> indices{};
     std::uint32_t material = annMesh::no_material;
   };
-  // Distinct values, numbered as they come.
+  // Distinct values, numbered in the order of their first use.
   template <typename Value>
   class Numbered {
    public:
@@ -61,7 +62,7 @@ class gltfMeshes {
   struct Parts {
     std::vector<Primitive> primitives;
     Numbered<gltfAttributes> sets;
-    Numbered<std::size_t> materials;  // of the file
+    Numbered<std::size_t> materials;  // indices in the file
   };
 
   bool read(const gltfValue& value, Mesh& mesh);
@@ -81,5 +82,5 @@ class gltfMeshes {
   vltOnce& findings_;
   std::vector<std::optional<Mesh>> meshes_;
   std::size_t meshes_read_ = 0;
-  std::vector<std::uint32_t> indices_;  // of the primitive at hand
+  std::vector<std::uint32_t> indices_;  // of the current primitive
 };

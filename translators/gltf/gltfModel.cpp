@@ -11,10 +11,10 @@ constexpr std::size_t deepest_nesting = 200;
 constexpr const char* list_keys[gltfLISTS] = {"scenes",    "nodes",       "meshes", "materials",
                                               "accessors", "bufferViews", "buffers"};
 
-// Extensions that change nothing of what is read here, or that are understood.
+// Extensions that are supported or do not affect what is read.
 constexpr std::string_view understood[] = {"KHR_mesh_quantization", "KHR_xmp_json_ld", "KHR_animation_pointer",
                                            "MSFT_texture_dds"};
-// So do all whose names begin like this: they are about looks beyond colour and opacity.
+// The same for extensions with these prefixes: they are about materials beyond colour and opacity.
 constexpr std::string_view understood_fronts[] = {"KHR_materials_", "EXT_materials_", "KHR_texture_",
                                                   "EXT_texture_",   "KHR_lights_",    "EXT_lights_"};
 
@@ -24,7 +24,7 @@ bool is_understood(std::string_view extension) {
          std::any_of(std::begin(understood_fronts), std::end(understood_fronts), begins);
 }
 
-// Where the nesting becomes too deep; npos when it does not.
+// The position where the nesting becomes too deep; npos when it does not.
 std::size_t too_deep_at(std::string_view text) {
   std::size_t depth = 0;
   bool in_text = false;
@@ -47,7 +47,7 @@ std::size_t too_deep_at(std::string_view text) {
   return text.npos;
 }
 
-// Looks at a text that could not be parsed again, for the place.
+// Parses an invalid text a second time to find the position of the error.
 class ErrorFinder : public nlohmann::json_sax<nlohmann::json> {
  public:
   bool null() override { return true; }

@@ -8,24 +8,23 @@
 #include "gltfValue.h"
 #include "velabsOutput.h"
 
-// The lists of a file whose elements refer to each other by number.
+// The lists of a file whose elements refer to each other by index.
 enum gltfList { gltfSCENES, gltfNODES, gltfMESHES, gltfMATERIALS, gltfACCESSORS, gltfVIEWS, gltfBUFFERS, gltfLISTS };
 
-// The JSON of a file, which says what its binary data means. Nesting deeper than any file needs is refused before the
-// text is parsed.
+// The JSON of a file, which describes its binary data. JSON that is nested too deep is rejected before it is parsed.
 class gltfModel {
  public:
   explicit gltfModel(velabsOutput& output) : output_(output) {}
 
-  // False, and a message, when the text is no glTF 2 or requires an extension that is not understood. `offset` is where
-  // the text begins in the file, for messages.
+  // False, with a message, when the text is not glTF 2 or requires an unknown extension. `offset` is the position of
+  // the text in the file, for messages.
   bool parse(std::string_view text, std::size_t offset);
 
   gltfValue root() const { return {json_, "", output_}; }
   std::size_t count(gltfList list) const { return lists_[list] ? lists_[list]->size() : 0; }
   gltfValue item(gltfList list, std::size_t index) const;
 
-  // Reads the number of an element of a list; one that is not there is an error.
+  // Reads a reference to an element of a list; an index out of range is an error.
   bool refer(const gltfValue& from, const char* key, gltfList list, std::optional<std::size_t>& index) const;
   bool refer(const gltfValue& from, const char* key, const gltfValue::Array& array, std::size_t element, gltfList list,
              std::size_t& index) const;

@@ -55,7 +55,7 @@ bool gltf_read_placement(const gltfValue& node, double factor, annTransform& pla
   for (std::size_t row = 0; row < 3; ++row) placement.m[4 * row + 3] *= factor;
   for (double& number : placement.m) {
     if (!std::isfinite(number)) return node.fail("its placement is not of finite numbers");
-    number += 0.0;  // makes -0 to 0
+    number += 0.0;  // turns -0 into 0
   }
   return true;
 }

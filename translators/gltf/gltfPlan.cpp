@@ -163,7 +163,7 @@ void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annCol
 
   const std::optional<std::size_t> colours = plan_.pools[planned.pool].colours;
   const bool blends = colours && plan_.accessors[*colours].components == 4;
-  // A viewer multiplies the colours of material and vertex, and those of vertices are to be seen.
+  // Viewers multiply the colours of material and vertex, so the material is white to keep the vertex colours.
   auto written = [&](const annMaterial& look) -> std::optional<annMaterial> {
     constexpr annColour white{1, 1, 1, 1};
     if (!colours) return look;
@@ -171,7 +171,7 @@ void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annCol
     return look.name.empty() ? std::nullopt : std::optional(annMaterial{look.name, white});
   };
 
-  // Two materials of the mesh may be one of the file.
+  // Two materials of the mesh may become the same material in the file.
   std::map<std::optional<std::size_t>, std::size_t> known;
   auto group_for = [&](std::size_t slot) {
     std::optional<annMaterial> look;
@@ -197,7 +197,7 @@ void gltfPlanner::add_groups(gltfPlan::Mesh& planned, const std::optional<annCol
     triangles[group] += mesh.all_triangles() ? 1 : mesh.face(face).size() - 2;
   }
 
-  // The largest number of a type is no index.
+  // The maximum of a type is not a valid index.
   const bool is_small = mesh.vertices->points.size() <= std::numeric_limits<std::uint16_t>::max();
   for (std::size_t group = 0; group < planned.groups.size(); ++group) {
     planned.groups[group].indices = add_accessor(3 * triangles[group], 1, is_small ? gltfUINT16 : gltfUINT32);
@@ -227,7 +227,7 @@ bool gltfPlanner::add_positions(const annVertices& vertices, std::size_t& index)
     min = {std::min(min.x, p.x), std::min(min.y, p.y), std::min(min.z, p.z)};
     max = {std::max(max.x, p.x), std::max(max.y, p.y), std::max(max.z, p.z)};
   }
-  // Scaling and rounding keep the order, so the rounded range is that of the rounded points.
+  // Scaling and rounding are monotonic, so the rounded range is that of the rounded points.
   std::array<std::array<float, 3>, 2> range{};
   const double ends[2][3] = {{min.x, min.y, min.z}, {max.x, max.y, max.z}};
   for (std::size_t end = 0; end < 2; ++end) {

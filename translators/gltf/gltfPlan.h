@@ -15,16 +15,16 @@
 #include "vltFacets.h"
 #include "vltPlacedMesh.h"
 
-// What will stand in a file, numbered and measured before the first byte is written: GLB begins with its length, and
-// the JSON says where everything is. Points to the document, which must outlive it.
+// The content of a file, with all indices and sizes. It is computed before writing, because GLB starts with its length
+// and the JSON has the offsets. Refers to the document, which must outlive it.
 struct gltfPlan {
   struct Node {
-    const annNode* node;  // null for the one that turns the model
+    const annNode* node;  // null for the node that rotates the model
     annTransform placement;
     std::optional<std::size_t> mesh;
     std::vector<std::size_t> children;
   };
-  // Numbers in the binary data, each kind in a view of its own.
+  // Numbers in the binary data; each accessor has a separate view.
   struct Accessor {
     std::size_t offset = 0;
     std::size_t count = 0;
@@ -34,31 +34,31 @@ struct gltfPlan {
 
     std::size_t size() const;  // in bytes
   };
-  // Vertices, written once however many meshes share them.
+  // Vertices, written once for all meshes that share them.
   struct Pool {
     const annVertices* vertices;
-    std::size_t positions = 0;  // accessors
+    std::size_t positions = 0;  // accessor indices
     std::optional<std::size_t> normals{};
     std::optional<std::size_t> colours{};
   };
-  // A look, whether opacities count, those of vertices too, and whether faces are seen from behind.
+  // A material: name and colour, whether it blends (also for vertex opacity), and whether it is double-sided.
   struct Material {
     std::optional<annMaterial> look;
     bool blends = false;
     bool double_sided = false;
   };
-  // The faces of a mesh that have one look.
+  // The faces of a mesh that have the same material.
   struct Group {
     std::optional<std::size_t> material;
-    std::size_t indices = 0;  // accessor
+    std::size_t indices = 0;  // accessor index
   };
   struct Mesh {
     std::shared_ptr<const annMesh> mesh;
-    std::optional<utString> name;  // of the part; empty when nodes of several names show it
+    std::optional<utString> name;  // of the part; empty when its nodes have different part names
     std::size_t pool;
-    bool first_of_pool;  // the pool's data stands in front of its own
+    bool first_of_pool;  // the pool's data is written before that of this mesh
     std::vector<Group> groups;
-    std::vector<std::size_t> group_of_material;  // of each material of the mesh; at the end, of faces without one
+    std::vector<std::size_t> group_of_material;  // by material; the last one for faces without
   };
 
   double factor = 1;
@@ -71,20 +71,21 @@ struct gltfPlan {
   std::size_t data_size = 0;
 };
 
-// Makes the plan for a document, which it must not outlive, nor the resources; says what gets lost. A mesh without
-// faces cannot be written: its node is empty. Vertices at hard edges are split, because those of glTF have one normal.
+// Makes the plan for a document and reports what is lost. The document and the resources must outlive the planner. A
+// mesh without faces cannot be written: its node is empty. Vertices at hard edges are split, because a glTF vertex has
+// one normal.
 //
-// A node is called as its instance, its mesh as the part. The faces of bodies that are not closed are seen from both
-// sides; so a material of closed and of open bodies becomes two.
+// A node has the name of its instance, its mesh that of the part. Faces of bodies that are not closed are
+// double-sided, so a material of both closed and open bodies becomes two.
 class gltfPlanner {
  public:
   gltfPlanner(const annDocument& document, const velTableInstance& resources, velabsOutput& output);
 
-  // Nothing, and a message, when the document cannot be written.
+  // Empty, with a message, when the document cannot be written.
   std::optional<gltfPlan> plan(double factor);
 
  private:
-  // The look of a part is that of its faces without one: a mesh under two colours becomes two meshes.
+  // A mesh and the colour of its faces without a material: a mesh with two part colours becomes two meshes.
   using Look = std::tuple<const annMesh*, std::optional<std::array<float, 4>>>;
 
   bool split_vertices();
@@ -113,6 +114,6 @@ class gltfPlanner {
   using LookKey = std::optional<std::tuple<std::string, std::array<float, 4>>>;
   std::map<std::tuple<LookKey, bool, bool>, std::size_t> material_numbers_;
   std::size_t without_faces_ = 0;
-  bool hides_names_ = false;  // names of instances stand in place of those of assemblies
-  bool hides_looks_ = false;  // colours of vertices stand in place of those of looks
+  bool hides_names_ = false;  // names of instances replaced names of assemblies
+  bool hides_looks_ = false;  // vertex colours replaced material colours
 };

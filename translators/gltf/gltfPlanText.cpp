@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t vertex_target = 34962;
 constexpr std::size_t index_target = 34963;
 
-// The linear number for a part of a colour with the fewest digits that show the same.
+// The linear value with the fewest digits that gives the same displayed colour.
 double short_linear(float shown) {
   constexpr int enough_digits = 17;
   const double exact = gltf_linear(shown);
@@ -81,7 +81,7 @@ class TextMaker {
     numbers(node.children);
   }
 
-  // Only a turn that glTF asks for is marked; one that a request forces stays when the file is read.
+  // Only the rotation that glTF requires is marked; one that the user requests stays when the file is read.
   void write_turn(const gltfPlan::Node& node) {
     if (node.placement != ann_turn(annUP_Z, annUP_Y)) return;
     json_.key("name").text("Z up").key("extras").open('{').key(gltf_up_key).text(gltf_up_z).close('}');

@@ -13,7 +13,7 @@ VELABS_INPUT_LIBRARY(gltfReader)
 
 namespace {
 
-// What a file holds beside nodes and meshes.
+// Reports the content of a file other than nodes and meshes.
 bool count_left_out(const gltfModel& model, vltOnce& findings) {
   constexpr std::pair<const char*, const char*> kinds[] = {
       {"textures", "textures are left out"},

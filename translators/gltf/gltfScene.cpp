@@ -10,12 +10,12 @@ bool gltfScene::read(annDocument& document) {
     return false;
   }
   if (roots.empty()) {
-    // A file may hold buffers alone: a model without geometry, which can be asked about.
+    // A file may contain only buffers: it is read as an empty model.
     document.root.add_child("");
     findings_.count(velabsWARNING, "no node is to be shown: the model is empty");
   }
 
-  // Each parent's children are added in their order, so theirs is that of the file.
+  // Nodes are processed in order, so children keep the order of the file.
   struct Open {
     std::size_t index;
     annNode* node;
@@ -57,7 +57,7 @@ bool gltfScene::read_children() {
   return true;
 }
 
-// Nobody has two parents, so what does not hang below a node without one hangs below itself.
+// Each node has at most one parent, so a node that is not reached from a root is in or below a cycle.
 bool gltfScene::check_for_cycles() const {
   std::vector<bool> reached(parents_.size());
   std::vector<std::size_t> open;
@@ -131,7 +131,7 @@ bool gltfScene::read_mesh(const gltfValue& value, annNode& node) {
   if (!mesh) return false;
   node.body.mesh = mesh->mesh;
   if (!mesh->name.empty()) {
-    // The name of the node is that of an instance when the part has another one.
+    // If the part has another name, the node's name is that of the instance.
     if (!node.name.empty() && node.name.view() != mesh->name) node.instance_name = node.name;
     node.name = utString(mesh->name);
   }

@@ -6,9 +6,9 @@
 #include "annDocument.h"
 #include "gltfMeshes.h"
 
-// Makes the tree of a document from the nodes of a file: those below the scene that the file wants shown, else all. A
-// node that stands in two places or below itself is an error. In a document with +Y up, a node above all others that
-// our writers put there to turn +Z up to +Y is left out, and the document has +Z up then.
+// Makes the tree of a document from the nodes of a file: those of the default scene, else all. A node with two parents
+// or below itself is an error. In a document with +Y up, a root node that our writers added to rotate +Z to +Y is
+// removed, and the document gets +Z up.
 class gltfScene {
  public:
   gltfScene(const gltfModel& model, gltfMeshes& meshes, double factor, vltOnce& findings)

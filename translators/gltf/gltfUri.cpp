@@ -93,7 +93,7 @@ bool gltf_decode_base64(std::string_view text, std::string& bytes, std::size_t& 
   bytes.resize(size / 4 * 3 + (size % 4 == 0 ? 0 : size % 4 - 1));
 
   char* to = bytes.data();
-  std::uint32_t seen = 0;  // beyond 63 once a character was none of base64
+  std::uint32_t seen = 0;  // greater than 63 after an invalid character
   std::size_t i = 0;
   for (; i + 4 <= size; i += 4) {
     const std::uint32_t a = value_of(text[i]), b = value_of(text[i + 1]), c = value_of(text[i + 2]),

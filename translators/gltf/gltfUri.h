@@ -4,23 +4,23 @@
 #include <string>
 #include <string_view>
 
-// Names and data inside the JSON of a file.
+// File names and data in the JSON of a file.
 
-// A relative reference with its "%20" and the like made to bytes; nothing when a "%" is followed by something else.
+// Decodes "%20" and the like in a relative reference; empty when a "%" is not followed by two hexadecimal digits.
 std::optional<std::string> gltf_percent_decoded(std::string_view uri);
 
-// A name of a file as a reference: every byte that is no letter, digit or one of "-._~" is written as "%" and two
+// Encodes a file name as a reference: each byte except letters, digits and "-._~" becomes "%" and two hexadecimal
 // digits.
 std::string gltf_percent_encoded(std::string_view name);
 
-// True for "file:", "https:" and the like: a scheme in front.
+// True when the URI starts with a scheme, for example "file:" or "https:".
 bool gltf_has_scheme(std::string_view uri);
 
-// What stands in a "data:" URI behind ";base64,"; nothing when it is none of that form.
+// The text after ";base64," in a "data:" URI; empty for other URIs.
 std::optional<std::string_view> gltf_base64_in(std::string_view uri);
 
-// False, and where, when a character is not of base64 or the end is not as it must be.
+// False, with the position of the error, when a character is not base64 or the end is incomplete.
 bool gltf_decode_base64(std::string_view text, std::string& bytes, std::size_t& wrong_at);
 
-// Appends the text for bytes, with "=" at the end unless they are a multiple of three.
+// Appends bytes as base64, padded with "=".
 void gltf_encode_base64(std::string_view bytes, char*& to);

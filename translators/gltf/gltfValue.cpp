@@ -4,9 +4,9 @@
 
 namespace {
 
-// Some programs write whole numbers as "3.0".
+// Some programs write integers as "3.0".
 bool take_whole(const gltfValue::Json& json, std::size_t& number) {
-  constexpr double most = 9007199254740992.0;  // 2^53: up to here a double holds whole numbers exactly
+  constexpr double most = 9007199254740992.0;  // 2^53: a double is exact for integers up to here
   if (json.is_number_unsigned()) {
     number = json.get_ref<const gltfValue::Json::number_unsigned_t&>();
     return true;

@@ -8,9 +8,9 @@
 
 #include "velabsOutput.h"
 
-// An object of the file's JSON with the path to it, "meshes[2].primitives[0]", read with checks. Every operation that
-// gives a bool leaves what it was given alone and says true when the member is absent; a member of another type than
-// asked for is an error: false, and a message with the path. The JSON and the output must outlive it.
+// A JSON object of the file with its path, for example "meshes[2].primitives[0]", and checked access to its members.
+// The functions that return a bool return true and change nothing when the member is absent. A member of another type
+// is an error: false, with a message that names the path. The JSON and the output must outlive this object.
 class gltfValue {
  public:
   using Json = nlohmann::json;
@@ -22,25 +22,25 @@ class gltfValue {
   const std::string& path() const { return path_; }
   bool has(const char* key) const { return find(key) != nullptr; }
 
-  bool read(const char* key, std::size_t& number) const;  // whole and not negative
+  bool read(const char* key, std::size_t& number) const;  // an integer, not negative
   bool read(const char* key, std::optional<std::size_t>& number) const;
   bool read(const char* key, double& number) const;
   bool read(const char* key, bool& flag) const;
   bool read(const char* key, std::string_view& text) const;  // valid as long as the JSON
   bool read(const char* key, std::optional<gltfValue>& object) const;
   bool read(const char* key, const Array*& array) const;
-  // Exactly as many numbers as there is room for.
+  // Reads exactly as many numbers as the span holds.
   bool read(const char* key, std::span<double> numbers) const;
 
-  // A text among the extras, which may be of any form; empty when there is none. Valid as long as the JSON.
+  // A text in the extras, which may have any form; empty when there is none. Valid as long as the JSON.
   std::string_view extra(const char* key) const;
 
-  // An element of an array in this object; false when it is no object.
+  // An element of an array in this object; false when it is not an object.
   bool element(const char* key, const Array& array, std::size_t index, std::optional<gltfValue>& object) const;
-  // An element as a whole number that is not negative.
+  // An element as an integer that is not negative.
   bool element(const char* key, const Array& array, std::size_t index, std::size_t& number) const;
 
-  // Says what is wrong with this object, or with a member of it. False, so that it can end a function.
+  // Reports an error in this object or in one of its members. Always false, so a function can return the result.
   bool fail(std::string_view reason) const;
   bool fail(const char* key, std::string_view reason) const;
 

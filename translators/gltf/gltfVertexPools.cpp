@@ -9,18 +9,18 @@
 
 namespace {
 
-// Whole numbers as positions and normals are those of the extension KHR_mesh_quantization.
+// Integer positions and normals come from the extension KHR_mesh_quantization.
 const gltfElements points_expected{"positions", {3}, {gltfFLOAT, gltfINT8, gltfUINT8, gltfINT16, gltfUINT16}};
 const gltfElements normals_expected{"normals", {3}, {gltfFLOAT, gltfINT8, gltfINT16}};
 const gltfElements colours_expected{"colours", {3, 4}, {gltfFLOAT, gltfUINT8, gltfUINT16}};
 
-constexpr double unit_tolerance = 1e-5;  // of the square of a normal's length
+constexpr double unit_tolerance = 1e-5;  // for the squared length of a normal
 
 bool is_finite(const annVector& v) {
   return 0 * v.x + 0 * v.y + 0 * v.z == 0;
 }
 
-// Of length 1; one that is so already keeps its numbers.
+// The unit vector; numbers are not changed if the length is already 1.
 annVector unit(const annVector& v) {
   const double square = ann_dot(v, v);
   if (std::fabs(square - 1) <= unit_tolerance || square == 0) return v;
@@ -124,7 +124,7 @@ bool gltfVertexPools::add_colours(const gltfAttributes& set, std::size_t expecte
   const std::size_t start = colours.size();
   colours.resize(start + accessor.count);
   return gltf_with_type(accessor.type, [&]<typename T>(T) {
-    // Neighbours often have the same colour, and the conversion is dear.
+    // Neighbours often have the same colour, and the conversion is slow.
     annVector last;
     annColour shown{0, 0, 0, 1};
     return gltf_for_each_element(accessor, work_, [&](std::size_t i, const char* element) {
@@ -156,7 +156,7 @@ void gltfVertexPools::weld(gltfVertexPool& pool) {
   annVertices& vertices = *pool.vertices;
   std::vector<annVector> points;
   std::vector<annColour> colours;
-  std::vector<std::uint32_t> first_at;  // of each point, its first vertex
+  std::vector<std::uint32_t> first_at;  // the first vertex of each point
   bool normals_agree = true, colours_agree = true;
   annWelder welder(points, vertices.points.size());
   pool.welded.reserve(vertices.points.size());

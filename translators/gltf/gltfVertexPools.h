@@ -19,21 +19,21 @@ struct gltfAttributes {
   std::size_t positions = none;
   std::size_t normals = none;
   std::size_t colours = none;
-  gltfBase base{};  // of the colours; where only others have colours, what all vertices show
+  gltfBase base{};  // factor of the colours; for vertices without colours, the colour itself
 
   friend auto operator<=>(const gltfAttributes&, const gltfAttributes&) = default;
 };
 
-// The vertices of a mesh, those of each set of attributes behind those of the set before.
+// The vertices of a mesh: those of all attribute sets, one set after the other.
 struct gltfVertexPool {
   std::shared_ptr<annVertices> vertices = std::make_shared<annVertices>();
   std::vector<std::size_t> starts;  // of each set, and the end
-  // Once equal points were put together: the new number of each vertex, and where points have several normals, the
-  // index of its own in the normal pool.
+  // Set after welding equal points: the new index of each vertex and, if points have several normals, its index in the
+  // normal pool.
   std::vector<std::uint32_t> welded, welded_normals;
 };
 
-// Makes the vertices of meshes; meshes with the same sets of attributes share them.
+// Makes the vertices of meshes; meshes with the same attribute sets share them.
 class gltfVertexPools {
  public:
   struct Options {
@@ -44,8 +44,8 @@ class gltfVertexPools {
   gltfVertexPools(gltfAccessors& accessors, Options options, gltfWork& work, vltOnce& findings)
       : accessors_(accessors), options_(options), work_(work), findings_(findings) {}
 
-  // Lives as long as this; null, and a message unless the work is cancelled, when an accessor is not as it must be.
-  // Where all faces have looks, colours that say the same as those are left out.
+  // The result lives as long as this object. Null when an accessor is invalid, with a message, or when the work is
+  // cancelled. If all faces have materials, vertex colours equal to those of the materials are removed.
   const gltfVertexPool* find(const std::vector<gltfAttributes>& sets, bool faces_have_looks);
 
  private:

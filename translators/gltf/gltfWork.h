@@ -4,22 +4,22 @@
 
 #include "velabsOutput.h"
 
-// How much is decoded from a file: guards the memory against files that show the same bytes over and over, tells
-// progress and asks whether the work is still wanted.
+// Limits the amount of data decoded from a file, because a file may refer to the same bytes many times. Also reports
+// progress and checks for cancellation.
 class gltfWork {
  public:
-  // Elements between two questions.
+  // Elements between two checks for cancellation.
   static constexpr std::size_t step = std::size_t{1} << 16;
 
   explicit gltfWork(velabsOutput& output) : output_(output) {}
 
-  // Bytes that a file brings along allow for more elements.
+  // Each byte of input raises the limit of elements.
   void add_bytes(std::size_t count) { bytes_ += count; }
 
-  // False when so many further vertices or corners are more than an honest file of this size decodes to.
+  // False when these further vertices or corners exceed the limit for a file of this size.
   bool allows(std::size_t elements);
 
-  // False once the work is cancelled. `share` of all meshes are read.
+  // False when the work is cancelled. `share` is the part of the meshes that is done.
   bool goes_on(double share);
   bool goes_on() const { return !output_.cancelled(); }
 
