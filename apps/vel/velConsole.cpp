@@ -62,8 +62,9 @@ bool velConsole::open_log(const std::string& file) {
 
 void velConsole::message(velabsSeverity severity, std::string_view text) {
   const std::lock_guard guard(lock_);
-  messages_.push_back({severity, std::string(text)});
   const std::string line = std::string("vel: ") + vel_severity_name(severity) + ": " + vel_printable(text) + "\n";
+  if (!given_.insert(line).second) return;
+  messages_.push_back({severity, std::string(text)});
   log_.print(line.c_str());
   if (quiet_ && severity != velabsERROR) return;
   progress_.end();

@@ -4,6 +4,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "velProgress.h"
@@ -33,7 +34,7 @@ class velConsole {
   // From now on also appends messages to this file. Returns false and reports an error when the file cannot be opened.
   bool open_log(const std::string& file);
 
-  // Each prints one line. Control characters are escaped, see `vel_printable`.
+  // Each prints one line, a text that was printed before only once. Control characters are escaped, see `vel_printable`.
   void note(std::string_view text) { message(velabsNOTE, text); }
   void warning(std::string_view text) { message(velabsWARNING, text); }
   void error(std::string_view text) { message(velabsERROR, text); }
@@ -64,6 +65,7 @@ class velConsole {
 
   mutable std::mutex lock_;
   std::vector<Message> messages_;
+  std::unordered_set<std::string> given_;
   bool shows_progress_;
   bool quiet_ = false;
   int print_failure_ = 0;  // errno of the first failure to print; 0 without a failure

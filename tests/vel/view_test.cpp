@@ -71,11 +71,13 @@ TEST(View, WritesWhatIsAskedForAndNothingElse) {
   EXPECT_EQ(picture.code, has_png ? 0 : 3) << picture.err;
   EXPECT_EQ(picture.out, has_png ? "p.png\n" : "");
   if (has_png) {
-    const Outcome both = installation.view({"a.stl", "--png", "q.png", "40x30", "-o", "q.html", "--json"});
+    installation.work().write("line.obj", std::string(tetrahedron_obj) + "l 1 2\n");
+    const Outcome both = installation.view({"line.obj", "--png", "q.png", "40x30", "-o", "q.html", "--json"});
     const auto told = nlohmann::json::parse(both.out);
     EXPECT_EQ(told["png"], "q.png");
     EXPECT_EQ(told["page"], "q.html");
     EXPECT_EQ(told["counts"]["triangles"], 4);
+    EXPECT_EQ(told["messages"].size(), 1u) << both.out;
     EXPECT_TRUE(fs::exists(installation.work() / "q.png") && fs::exists(installation.work() / "q.html"));
     EXPECT_EQ(installation.view({"a.stl", "--png", "q.png", "40x30", "-q"}).out, "");
     // Without a size the word behind the picture's name is a file like others.
