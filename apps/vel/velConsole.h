@@ -34,7 +34,7 @@ class velConsole {
   // From now on also appends messages to this file. Returns false and reports an error when the file cannot be opened.
   bool open_log(const std::string& file);
 
-  // Each prints one line, a text that was printed before only once. Control characters are escaped, see `vel_printable`.
+  // Each prints one line, and no line twice. Control characters are escaped, see `vel_printable`.
   void note(std::string_view text) { message(velabsNOTE, text); }
   void warning(std::string_view text) { message(velabsWARNING, text); }
   void error(std::string_view text) { message(velabsERROR, text); }
