@@ -9,7 +9,7 @@
 
 namespace {
 
-// XML of meshes shrinks to a tenth of its size, seldom to a fiftieth.
+// XML of meshes is compressed to a tenth of its size, rarely to a fiftieth.
 constexpr std::uint64_t most_unpacked_per_byte = 200;
 constexpr std::uint64_t unpacked_at_least = std::uint64_t{64} << 20;
 constexpr std::size_t longest_shown_name = 200;

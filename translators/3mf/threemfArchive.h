@@ -11,7 +11,7 @@
 struct zip;
 struct zip_file;
 
-// The bytes of one part, unpacked as they are asked for.
+// The bytes of one part, unpacked on demand.
 class threemfPartBytes {
  public:
   threemfPartBytes(zip_file* file, std::string name, std::uint64_t size, velabsOutput& output);
@@ -19,7 +19,7 @@ class threemfPartBytes {
   threemfPartBytes(const threemfPartBytes&) = delete;
   threemfPartBytes& operator=(const threemfPartBytes&) = delete;
 
-  // How many bytes were put at `to`: 0 at the end, less than 0, and a message, when the part is damaged.
+  // Returns the number of bytes written to `to`: 0 at the end; negative, with a message, when the part is damaged.
   std::int64_t read(char* to, std::size_t room);
 
  private:
@@ -29,8 +29,8 @@ class threemfPartBytes {
   velabsOutput& output_;
 };
 
-// A package: an archive whose entries are known by the keys of part names. What all reading of it together may unpack
-// is bounded by the size of the file, so that a small file cannot stand for an endless one.
+// A package: an archive whose entries are identified by part keys. The total number of unpacked bytes is limited by
+// the size of the file, so that a small file cannot expand without limit.
 class threemfArchive {
  public:
   explicit threemfArchive(velabsOutput& output) : output_(output) {}
@@ -38,16 +38,16 @@ class threemfArchive {
   threemfArchive(const threemfArchive&) = delete;
   threemfArchive& operator=(const threemfArchive&) = delete;
 
-  // `bytes` must live as long as the archive. False, and a message, when they are no archive.
+  // `bytes` must live as long as the archive. False, with a message, when they are not an archive.
   bool open(std::string_view bytes);
 
   bool holds(const std::string& key) const { return entries_.contains(key); }
-  // Unpacked, as the archive declares it; 0 for a part that is not there.
+  // The unpacked size that the archive declares; 0 for a missing part.
   std::uint64_t size(const std::string& key) const;
   // The part's name for messages.
   std::string shown(const std::string& key) const;
 
-  // Null, and a message, when the part cannot be read.
+  // Null, with a message, when the part cannot be read.
   std::unique_ptr<threemfPartBytes> part(const std::string& key);
 
  private:

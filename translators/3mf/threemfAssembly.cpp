@@ -16,7 +16,7 @@ void place(annNode& node, const threemfUse& use) {
 }  // namespace
 
 void threemfAssembly::Amount::add(const Amount& other) {
-  // One beyond the limit is as good as any.
+  // Limited to one more than the maximum, so that sums cannot overflow.
   nodes = std::min(nodes + other.nodes, most_nodes + 1);
   elements = std::min(elements + other.elements, most_elements + 1);
 }
@@ -43,7 +43,7 @@ bool threemfAssembly::build(annDocument& document) {
   return true;
 }
 
-// Objects stand behind those that they are made of, and the first part behind the others.
+// Objects come after those that they are made of, and the first part is processed last.
 bool threemfAssembly::measure() {
   amounts_.resize(parts_.size());
   for (std::size_t next = 1; next <= parts_.size(); ++next) {
@@ -71,7 +71,7 @@ bool threemfAssembly::measure() {
   return false;
 }
 
-// The mesh object of one that is only there to give it another name.
+// The mesh object inside an object that only gives it another name; else null.
 const threemfObject* threemfAssembly::only_mesh(const threemfObject& made) const {
   if (made.mesh || made.components.size() != 1 || !made.components.front().transform.is_identity()) return nullptr;
   const threemfObject& inner = object(made.components.front());

@@ -8,22 +8,22 @@
 #include "threemfReading.h"
 #include "velabsOutput.h"
 
-// Puts the objects of the model parts together as the build of the first one says: a node for each item and, below it,
-// for each component. Nodes that show one object share its mesh.
+// Builds the tree of a document from the objects of the model parts and the build of the first one: a node for each
+// item and, below it, for each component. Nodes of one object share its mesh.
 class threemfAssembly {
  public:
-  // All uses name the part and the object that they mean.
+  // All uses must have the part and the object that they refer to.
   threemfAssembly(std::vector<threemfModelPart>& parts, const threemfReading& reading, velabsOutput& output)
       : parts_(parts), reading_(reading), output_(output) {}
 
-  // False, and a message, when the items of the build show no triangles, or so many that a few objects must have been
-  // multiplied beyond measure. A build without items gives an empty document.
+  // False, with a message, when the items of the build have no triangles, or when a few objects are multiplied to too
+  // many. A build without items gives an empty document.
   bool build(annDocument& document);
 
  private:
   struct Amount {
     std::uint64_t nodes = 0;
-    std::uint64_t elements = 0;  // vertices and triangles, each as often as it is shown
+    std::uint64_t elements = 0;  // vertices and triangles of all instances
     void add(const Amount& other);
   };
   struct Open {

@@ -9,17 +9,17 @@
 
 #include "annMesh.h"
 
-// A colour as files hold it, a byte for each of red, green, blue and opacity, red in the highest one.
+// A colour as in files: a byte each for red, green, blue and opacity, with red in the highest byte.
 std::uint32_t threemf_packed(const annColour& colour);
 
-// The looks of a model as two groups of properties: base materials for those that have a name, colours for the others,
-// for vertices and for parts as a whole; each distinct one once, in the order of first use.
+// The materials of a model as two property groups: base materials for those with a name, and colours for those
+// without, for vertices and for whole parts. Each distinct one is stored once, in the order of first use.
 class threemfColours {
  public:
   static constexpr std::uint32_t material_group = 1;
   static constexpr std::uint32_t colour_group = 2;
   static constexpr std::uint32_t first_free_id = 3;
-  // Of faces without a look beside others that have one: 3MF wants a look for all faces then.
+  // The colour of faces without a material when others have one: 3MF then requires one for all faces.
   static constexpr annColour default_colour{1, 1, 1, 1};
 
   struct Property {
@@ -31,16 +31,16 @@ class threemfColours {
 
   bool shows_faces(const annMesh& mesh) const { return of_faces_ && !mesh.face_materials.empty(); }
   bool shows_vertices(const annMesh& mesh) const { return of_vertices_ && !mesh.vertices->colours.empty(); }
-  // The material that a face is written with, or `no_material`: where vertices have colours, one that is of the same
-  // colour and gives it a name.
+  // The material to write for a face, or `no_material`. If vertices have colours, a material is only written when
+  // their colours are the same, to keep its name.
   std::uint32_t shown_material(const annMesh& mesh, std::size_t face) const;
-  // The colour that a mesh is written with as a whole, given what its place has; nothing when vertices have theirs.
+  // The colour to write for a whole mesh, given the colour of its node; empty when its vertices have colours.
   std::optional<annColour> of_whole(const annMesh& mesh, const std::optional<annColour>& colour) const;
 
-  // Takes in what the mesh shows.
+  // Adds the materials and colours that the mesh uses.
   void collect(const annMesh& mesh, const std::optional<annColour>& whole);
 
-  // Some face was taken in whose material is not written, because its vertices have other colours.
+  // True when the material of some face is not written because its vertices have other colours.
   bool hides_materials() const { return hides_materials_; }
 
   Property property(const annMaterial& material) const;

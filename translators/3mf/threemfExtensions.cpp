@@ -5,7 +5,7 @@
 namespace {
 
 struct Known {
-  std::string_view name;  // the part of the namespace before its date
+  std::string_view name;  // the namespace without its date
   threemfExtension extension;
 };
 

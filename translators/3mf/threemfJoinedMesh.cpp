@@ -41,8 +41,8 @@ threemfJoinedMesh::threemfJoinedMesh(const annMesh& source, const threemfNumberF
   });
 }
 
-// For each vertex of the source the number of the one that is written. Vertices that other meshes share are written
-// with each mesh, so only those that its faces use; a list of its own is kept whole.
+// Maps each vertex of the source to the vertex to write. A vertex list shared with other meshes is written with each
+// mesh, so only vertices used by this mesh are kept; an unshared list is kept completely.
 std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& source, const threemfNumberForm& form) {
   const std::vector<annVector>& points = source.vertices->points;
   std::vector<std::uint32_t> numbers(points.size(), not_written);
@@ -73,7 +73,7 @@ std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& sourc
 
   std::vector<annVector>& joined = mesh.vertices->points;
   std::vector<std::uint32_t> joined_numbers(placed.size());
-  // A tolerance below the precision of the coordinates joins equal ones only.
+  // A tolerance below the precision of the coordinates joins only equal ones.
   if (form.join_tolerance > largest * std::numeric_limits<double>::epsilon()) {
     threemfNearPoints near(joined, form.join_tolerance);
     for (std::size_t i = 0; i < placed.size(); ++i) joined_numbers[i] = near.number_of(placed[i]);

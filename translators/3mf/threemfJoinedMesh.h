@@ -9,27 +9,27 @@
 #include "annMesh.h"
 #include "vltPlacedMesh.h"
 
-// How the numbers of a mesh become those of the file.
+// How numbers of a mesh are converted to those of the file.
 struct threemfNumberForm {
   double factor = 1;          // for all lengths
-  int digits = 0;             // significant ones; 0: as many as it takes to read back the same number
+  int digits = 0;             // significant digits; 0: as many as needed to read back the same number
   double join_tolerance = 0;  // in the unit of the file
 };
 
-// A mesh as a 3MF file holds it: triangles over vertices that are joined by position. Faces that meet then share
-// vertices even where the source splits them for normals, texture coordinates or colours. Vertices are joined when the
-// file would give them equal coordinates, or when they lie within the tolerance of the first of them. A triangle with
-// two equal vertices is left out: 3MF forbids it.
+// A mesh in the form of a 3MF file: triangles over vertices that are joined by position, so that faces share vertices
+// even where the source splits them for normals, texture coordinates or colours. Vertices are joined when their
+// coordinates in the file are equal, or when they are within the tolerance of the first of them. A triangle with two
+// equal vertices is skipped: 3MF forbids it.
 struct threemfJoinedMesh {
-  // Coordinates are those of the file. Without normals and looks: those of the source hold.
+  // Coordinates as in the file, without normals and materials; use those of the source.
   annMesh mesh;
-  // For each triangle the face of the source; empty when the source has no materials.
+  // The source face of each triangle; empty when the source has no materials.
   std::vector<std::uint32_t> faces;
-  // For each corner the vertex of the source; empty when its vertices have no colours.
+  // The source vertex of each corner; empty when its vertices have no colours.
   std::vector<std::uint32_t> source_vertices;
-  // Triangles that were left out.
+  // Skipped triangles.
   std::size_t collapsed = 0;
-  // A coordinate is too large for a number; there are no triangles then.
+  // True when a coordinate overflows; there are no triangles then.
   bool overflow = false;
 
   threemfJoinedMesh(const annMesh& source, const threemfNumberForm& form);
@@ -38,7 +38,7 @@ struct threemfJoinedMesh {
   std::vector<std::uint32_t> join_vertices(const annMesh& source, const threemfNumberForm& form);
 };
 
-// The meshes of all bodies, each joined once. The bodies must outlive this.
+// The meshes of all bodies, each joined once. The bodies must outlive this object.
 class threemfJoinedMeshes {
  public:
   threemfJoinedMeshes(const std::vector<vltPlacedMesh>& bodies, const threemfNumberForm& form);
@@ -47,7 +47,7 @@ class threemfJoinedMeshes {
 
   bool overflow() const { return overflow_; }
   std::size_t triangle_count() const { return triangles_; }
-  // Triangles that were left out.
+  // Skipped triangles.
   std::size_t collapsed_count() const { return collapsed_; }
 
  private:

@@ -5,7 +5,7 @@
 namespace {
 
 constexpr std::uint32_t no_look = threemfProperties::no_look;
-// Stands for the object's own, which is not known to be a face's look until the mesh is whole.
+// Placeholder for the object's material. Whether it becomes a face material is only known when the mesh is complete.
 constexpr std::uint32_t as_object = no_look - 1;
 
 }  // namespace
@@ -47,7 +47,7 @@ void threemfMeshBuilder::keep_corner_looks() {
 
 std::shared_ptr<const annMesh> threemfMeshBuilder::finish(std::optional<annColour>& colour) {
   const bool named = default_look_ != no_look && !properties_->looks()[default_look_].name.empty();
-  // A base material keeps its name as a look of faces; a plain colour is the object's.
+  // A base material has a name, so it becomes a face material; a plain colour becomes that of the object.
   if (named && face_looks_.empty() && triangle_count() > 0) keep_face_looks();
   const std::uint32_t shown = named || !corner_looks_.empty() ? default_look_ : no_look;
   for (auto* looks : {&face_looks_, &corner_looks_}) {

@@ -9,18 +9,18 @@
 #include "annMesh.h"
 #include "threemfProperties.h"
 
-// Collects the mesh of one object. Looks of faces become face materials. Where the corners of any face differ in colour
-// the whole mesh gets vertex colours: a vertex that faces show in several colours is there once for each, faces without
-// a look make theirs white, and only base materials, which have names, stay face materials as well.
+// Collects the mesh of one object. Materials of faces become face materials. If the corners of any face differ in
+// colour, the whole mesh gets vertex colours: a vertex is duplicated for each colour that faces give it, and faces
+// without a material make it white. Then only base materials, which have names, are face materials as well.
 class threemfMeshBuilder {
  public:
-  // Looks of a triangle's corners; numbers of `threemfProperties`.
+  // Materials of a triangle's corners, as indices of `threemfProperties`.
   using Looks = std::array<std::uint32_t, 3>;
 
-  // `default_look` is that of the object, for triangles that name none.
+  // `default_look` is the object's material, for triangles without one.
   void begin(std::uint32_t default_look, const threemfProperties& properties);
 
-  // Forgets a mesh that was begun.
+  // Discards the current mesh.
   void reset() { mesh_ = nullptr; }
   bool begun() const { return mesh_ != nullptr; }
 
@@ -30,7 +30,7 @@ class threemfMeshBuilder {
   void add_triangle(const std::array<std::uint32_t, 3>& corners);
   void add_triangle(const std::array<std::uint32_t, 3>& corners, const Looks& looks);
 
-  // The mesh, and the colour of the object as a whole when faces show it that have none of their own.
+  // Returns the mesh. `colour` receives the colour of the object if faces without a material use it.
   std::shared_ptr<const annMesh> finish(std::optional<annColour>& colour);
 
  private:
@@ -44,6 +44,6 @@ class threemfMeshBuilder {
   std::shared_ptr<annMesh> mesh_;
   std::uint32_t default_look_ = threemfProperties::no_look;
   bool default_used_ = false;
-  std::vector<std::uint32_t> face_looks_;    // empty until a face has a look of its own
+  std::vector<std::uint32_t> face_looks_;    // empty until a face has a material
   std::vector<std::uint32_t> corner_looks_;  // empty until the corners of a face differ
 };

@@ -1,4 +1,4 @@
-// The vertices and triangles of meshes.
+// Parsing of the vertices and triangles of meshes.
 
 #include <cmath>
 #include <cstring>
@@ -90,7 +90,7 @@ bool threemfModelParser::read_looks(std::uint32_t id, const std::uint32_t* indic
     return false;
   }
   if (group->left_out) return true;
-  // Base materials have no blends: the first one is the face's.
+  // Base materials cannot be blended: the first one is used for the face.
   for (std::size_t i = 0; i < looks.size(); ++i) {
     const std::uint32_t index = indices[group->colours && i < count ? i : 0];
     if (index >= group->looks.size()) {

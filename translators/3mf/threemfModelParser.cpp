@@ -20,7 +20,7 @@ bool is(const char* name, const char* full) {
   return std::strcmp(name, full) == 0;
 }
 
-// Attributes of other namespaces belong to extensions, which may add any.
+// Attributes of other namespaces belong to extensions and are allowed anywhere.
 bool is_foreign(std::string_view attribute) {
   return attribute.find('|') != attribute.npos;
 }
@@ -41,7 +41,7 @@ void threemfModelParser::start(const char* name, const char** attributes) {
     ++skipped_;
     return;
   }
-  // The two that make up nearly all of a part come first.
+  // Nearly all elements of a part are these two, so they come first.
   const Place place = places_.back();
   if (place == VERTICES && is(name, THREEMF_CORE "|vertex")) {
     start_vertex(attributes);
@@ -189,8 +189,8 @@ bool threemfModelParser::start_resource(std::string_view name, const char** attr
     enter(COLOURS);
     return start_group(attributes, true, false);
   }
-  // What faces may refer to, known here or not, has a number for an id. Extensions may hold other things, which call
-  // themselves as they like.
+  // Resources that faces may refer to have a numeric id, also in unknown extensions. Other resources of extensions may
+  // have any id.
   const bool of_3mf = name.starts_with(core) || name.starts_with(materials);
   std::uint32_t id = 0;
   for (const char** a = attributes; *a; a += 2) {

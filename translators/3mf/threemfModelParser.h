@@ -11,7 +11,7 @@
 #include "threemfReading.h"
 #include "threemfXml.h"
 
-// Reads one model part. The start part gives the unit, and only it may refer to others.
+// Parses one model part. The start part defines the unit, and only it may refer to other parts.
 class threemfModelParser : public threemfXml {
  public:
   threemfModelParser(threemfReading& reading, bool is_start, velabsOutput& output);
@@ -54,7 +54,7 @@ class threemfModelParser : public threemfXml {
   threemfModelPart part_;
   std::unordered_map<std::string, std::string> prefixes_;
   std::vector<Place> places_{OUTSIDE};
-  std::size_t skipped_ = 0;  // how deep in an element that is passed over
+  std::size_t skipped_ = 0;  // depth inside a skipped element
   threemfProperties properties_;
   threemfMeshBuilder builder_;
   std::uint32_t id_ = 0;

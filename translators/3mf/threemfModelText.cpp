@@ -10,7 +10,7 @@
 
 namespace {
 
-// Longer than any line of the text without its names.
+// The maximum length of a line without its names.
 constexpr std::uint64_t line_bound = 160;
 constexpr std::uint64_t placed_object_bound = 600;
 
@@ -31,7 +31,7 @@ char* put(char* to, std::uint32_t number) {
   return std::to_chars(to, to + threemf_number_room, number).ptr;
 }
 
-// The one material of all faces, when it has a name: it stands at the object then.
+// The material that all faces have, if it has a name. It is then written at the object.
 std::optional<std::uint32_t> only_material(const annMesh& mesh) {
   const std::uint32_t first = mesh.face_materials.front();
   if (first == annMesh::no_material || mesh.materials[first].name.empty()) return std::nullopt;
@@ -132,8 +132,7 @@ void threemfModelText::begin_mesh() {
   step_ = VERTICES;
 }
 
-// Where faces have looks of their own, the object needs one too, for faces without; when there are none of those, any
-// will do.
+// If faces have materials, the object needs one too, for faces without. If there are none, any material may be used.
 std::optional<threemfColours::Property> threemfModelText::property_of_object() {
   const annMesh& mesh = *mesh_->mesh;
   const bool faces_shown = colours_.shows_faces(mesh);

@@ -8,30 +8,30 @@
 
 #include "threemfObjects.h"
 
-// The XML of the model part, made piece by piece as it is asked for.
+// The XML of the model part, produced piece by piece on demand.
 class threemfModelText {
  public:
   struct Form {
     std::string_view unit;
-    double factor = 1;  // for the lengths of placements; meshes are in the unit of the file
+    double factor = 1;  // for the lengths of placements; meshes are already in the unit of the file
     int digits = 0;
   };
 
-  // Everything must outlive the text.
+  // All arguments must outlive the text.
   threemfModelText(const threemfObjects& objects, const threemfColours& colours, const Form& form);
 
-  // The next piece, some hundred kilobytes or less; empty at the end, and when `overflow()`.
+  // The next piece, of at most a few hundred kilobytes; empty at the end, and when `overflow()`.
   std::string_view next();
 
-  // The length of a placement became too large for a number.
+  // True when the length of a placement overflowed.
   bool overflow() const { return overflow_; }
-  // Names held characters that XML cannot hold.
+  // True when names had characters that XML cannot store.
   bool replaced_characters() const { return replaced_; }
 
-  // Vertices and triangles.
+  // The number of vertices and triangles.
   std::size_t work() const { return work_; }
   std::size_t work_done() const { return work_done_; }
-  // A size that the whole text stays below.
+  // An upper bound for the size of the text.
   std::uint64_t size_bound() const { return size_bound_; }
 
  private:
@@ -45,7 +45,7 @@ class threemfModelText {
   void vertices();
   void triangles();
   void triangle(std::size_t number);
-  // The index of its colour in the group of colours.
+  // The index of the vertex colour in the colour group.
   std::uint32_t vertex_colour(std::uint32_t vertex) const;
   void assemblies();
   void build();
@@ -68,8 +68,8 @@ class threemfModelText {
   std::size_t work_done_ = 0;
   std::uint64_t size_bound_ = 0;
 
-  // Of the current mesh.
+  // Data of the current mesh.
   const threemfMeshObject* mesh_ = nullptr;
-  std::vector<std::string> looks_;  // of its materials, as attributes
+  std::vector<std::string> looks_;  // its materials as attributes
   bool coloured_vertices_ = false;
 };

@@ -6,13 +6,13 @@
 
 #include "annVector.h"
 
-// Gives points within a tolerance of an earlier one the number of the nearest such point. Only points that got a number
-// of their own are compared with, so a row of near points does not move together. A grid of cells of twice the
-// tolerance holds them: at most eight cells are searched for each point.
+// Gives a point within the tolerance of earlier ones the index of the nearest. Points are only compared with points
+// that were added, so a chain of near points does not collapse. The points are in a grid whose cells are twice the
+// tolerance wide: at most eight cells are searched for each point.
 class threemfNearPoints {
  public:
-  // `points` receives each point that gets a number of its own, and must outlive this. The tolerance is above 0 and not
-  // below the precision of the coordinates.
+  // `points` receives each point that gets a new index, and must outlive this object. The tolerance must be greater
+  // than 0 and not below the precision of the coordinates.
   threemfNearPoints(std::vector<annVector>& points, double tolerance) : points_(points), tolerance_(tolerance) {}
 
   std::uint32_t number_of(const annVector& point);
@@ -28,6 +28,6 @@ class threemfNearPoints {
 
   std::vector<annVector>& points_;
   double tolerance_;
-  std::unordered_map<annVector, std::uint32_t, CellHash> cells_;  // the last point of each
-  std::vector<std::uint32_t> next_;                               // in the same cell
+  std::unordered_map<annVector, std::uint32_t, CellHash> cells_;  // the last point of each cell
+  std::vector<std::uint32_t> next_;                               // the next point in the same cell
 };

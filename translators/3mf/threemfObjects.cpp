@@ -7,7 +7,7 @@ namespace {
 constexpr std::size_t none = static_cast<std::size_t>(-1);
 const utString no_name("");
 
-// The mirror image in x of a placement's parent, and of what is placed.
+// Mirrors x in the parent of a placement, or in the placed object.
 annTransform turned_outside(annTransform t) {
   for (std::size_t i = 0; i < 4; ++i) t.m[i] = 0 - t.m[i];
   return t;
@@ -25,16 +25,16 @@ bool flattens(const annTransform& t) {
 
 }  // namespace
 
-// A node of the tree, the root among them. Parents stand before their children.
+// A node of the tree, including the root. Parents come before their children.
 struct threemfObjects::Entry {
   const annNode* node;
   std::size_t parent;
   annTransform transform;
   bool turned = false;
   const vltPlacedMesh* body = nullptr;
-  bool shown = false;       // it or something below it has faces
-  bool has_parts = false;   // something below it has
-  std::size_t mesh = none;  // among the mesh objects
+  bool shown = false;       // it or a descendant has faces
+  bool has_parts = false;   // a descendant has faces
+  std::size_t mesh = none;  // index of the mesh object
   std::uint32_t id = 0;
   std::vector<threemfPlacedObject> components;
 };
@@ -72,7 +72,7 @@ void threemfObjects::list(const annNode& root, const annTransform& placement, co
     const Open next = open.back();
     open.pop_back();
     Entry entry{.node = next.node, .parent = next.parent, .transform = next.node->transform, .components = {}};
-    // The root's own placement goes into that of the items: what it holds itself is one of them.
+    // The placement of the root is combined with those of the items; the root's own body is an item too.
     if (next.parent == none) entry.transform = placement;
     if (next.parent == 0) entry.transform = placement * entry.transform;
     if (next.parent != none && next.parent != 0 && entries[next.parent].turned) {
@@ -116,7 +116,7 @@ void threemfObjects::number(std::vector<Entry>& entries) {
   for (Entry& entry : entries) {
     if (entry.mesh != none) name_mesh(entry);
   }
-  // What stands below comes first; it is numbered from the last to the first.
+  // Descendants come first; they are numbered from the last to the first.
   for (std::size_t i = entries.size(); i-- > 1;) {
     Entry& entry = entries[i];
     if (!entry.shown) continue;
@@ -136,7 +136,7 @@ void threemfObjects::number(std::vector<Entry>& entries) {
   items_.insert(items_.end(), root.components.rbegin(), root.components.rend());
 }
 
-// The object that stands for the mesh under the node's name.
+// Sets the object that shows the mesh under the node's name.
 void threemfObjects::name_mesh(Entry& entry) {
   const threemfMeshObject& mesh = meshes_[entry.mesh];
   entry.id = mesh.id;

@@ -13,7 +13,7 @@
 #include "threemfJoinedMesh.h"
 #include "vltPlacedMesh.h"
 
-// An instance of an object: its id, its placement and its own name, which may be empty.
+// An instance of an object: its id, its placement and its name, which may be empty.
 struct threemfPlacedObject {
   std::uint32_t id;
   annTransform transform;
@@ -24,7 +24,7 @@ struct threemfMeshObject {
   std::uint32_t id;
   const annMesh* mesh;
   const threemfJoinedMesh* joined;  // as it is written
-  bool turned;                      // every x changes its sign, and the corners run the other way round
+  bool turned;                      // every x changes its sign, and the corners are in reverse order
   std::optional<annColour> colour;
   const utString* name;
 };
@@ -35,10 +35,10 @@ struct threemfAssemblyObject {
   std::vector<threemfPlacedObject> components;
 };
 
-// The objects that stand for a document's tree, and the build. A mesh is an object once for each colour that its places
-// give it. Nodes with children become objects with components; so do the names of nodes that show one mesh under
-// several names. A placement that mirrors is none that 3MF likes: the mesh below it is turned instead, so that every
-// placement written keeps the hand. What has no triangles, or stands flattened, is left out and counted.
+// The objects and the build that represent a document's tree. A mesh becomes one object for each colour of its
+// instances. Nodes with children become objects with components; so do the names of nodes that share a mesh under
+// different names. 3MF should not contain mirrored placements, so the mesh is mirrored instead and no written
+// placement mirrors. Nodes without triangles and flattened nodes are skipped and counted.
 class threemfObjects {
  public:
   // `whole` is the placement of the document.
@@ -46,7 +46,7 @@ class threemfObjects {
                  const threemfJoinedMeshes& joined, threemfColours& colours);
 
   const std::vector<threemfMeshObject>& meshes() const { return meshes_; }
-  // Each behind the objects that it is made of.
+  // Each after the objects that it is made of.
   const std::vector<threemfAssemblyObject>& assemblies() const { return assemblies_; }
   const std::vector<threemfPlacedObject>& items() const { return items_; }
 
@@ -67,7 +67,7 @@ class threemfObjects {
   const threemfJoinedMeshes& joined_;
   std::vector<threemfMeshObject> meshes_;
   std::vector<bool> several_names_;
-  std::map<std::pair<const annMesh*, std::uint64_t>, std::size_t> mesh_numbers_;  // looked up, never listed
+  std::map<std::pair<const annMesh*, std::uint64_t>, std::size_t> mesh_numbers_;  // never iterated
   std::map<std::pair<std::size_t, std::string_view>, std::uint32_t> names_of_meshes_;
   std::vector<threemfAssemblyObject> assemblies_;
   std::vector<threemfPlacedObject> items_;

@@ -11,12 +11,12 @@
 
 namespace {
 
-// The first level that looks for better matches: those below save no time, those above little room.
+// The first level with lazy matching: lower levels save no time, higher ones little space.
 constexpr zip_uint32_t deflate_level = 4;
 constexpr std::size_t progress_step = std::size_t{1} << 14;
-// Up to here an archive needs no wide numbers, which some programs do not read.
+// Up to this size an archive does not need ZIP64, which some programs cannot read.
 constexpr std::uint64_t most_bytes_in_narrow_form = 4'200'000'000;
-// The first day that an archive can name.
+// The first date that an archive can store.
 constexpr zip_uint16_t first_date = 1 << 5 | 1;
 
 constexpr std::string_view content_types =
@@ -34,7 +34,7 @@ constexpr std::string_view relationships =
     "\"/>\n"
     "</Relationships>\n";
 
-// The model's text as the archive asks for it.
+// Gives the model's text to the archive on demand.
 class ModelSource {
  public:
   ModelSource(threemfModelText& model, velabsOutput& output)
@@ -87,7 +87,7 @@ class ModelSource {
     return static_cast<zip_int64_t>(count);
   }
 
-  // A bound is all that is asked for before the text is there: it decides on the form of the numbers.
+  // Only an upper bound is known before the text is made; it selects between ZIP and ZIP64.
   zip_int64_t tell_size(void* data, zip_uint64_t size) {
     if (size < sizeof(zip_stat_t)) return -1;
     auto* stat = static_cast<zip_stat_t*>(data);

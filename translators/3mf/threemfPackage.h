@@ -5,6 +5,6 @@
 #include "velabsOutput.h"
 #include "velabsResult.h"
 
-// Writes a package with one model part. The same model gives the same bytes at any time and place. The packed bytes are
-// held until all are there, because an archive is not written from front to back.
+// Writes a package with one model part. The same model always gives the same bytes. The compressed bytes are kept in
+// memory until all are complete, because an archive is not written sequentially.
 velabsResult threemf_write_package(threemfModelText& model, velabsOfStream& stream, velabsOutput& output);

@@ -8,7 +8,7 @@ int hex_digit(char c) {
   return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
-// Takes one character, escaped or not, from the front; false where a part's name cannot have it.
+// Reads one character, escaped or not; false when it is not allowed in part names.
 bool take_character(std::string_view& name, char& c) {
   c = name.front();
   name.remove_prefix(1);

@@ -21,7 +21,7 @@ void threemfProperties::add_look(annMaterial look) {
 }
 
 const threemfProperties::Group* threemfProperties::group(std::uint32_t id) {
-  // Face after face asks for the same one.
+  // Consecutive faces often use the same group.
   if (last_asked_ && last_id_ == id) return last_asked_;
   const auto group = groups_.find(id);
   if (group == groups_.end()) return nullptr;

@@ -7,7 +7,7 @@
 
 #include "annMaterial.h"
 
-// The groups of looks that the resources of a model part define, and the distinct looks in them, numbered. A look with
+// The property groups in the resources of a model part, and the distinct materials in them, numbered. A material with
 // a name is a base material, one without is a plain colour.
 class threemfProperties {
  public:
@@ -16,15 +16,15 @@ class threemfProperties {
   struct Group {
     std::vector<std::uint32_t> looks;
     bool colours = false;   // each corner of a face may have one
-    bool left_out = false;  // textures and the like, whose faces get no look
+    bool left_out = false;  // not supported, for example textures; faces get no material from it
   };
 
-  // False when the id is taken.
+  // False when the id is already used.
   bool add_group(std::uint32_t id, bool colours, bool left_out);
-  // Into the group that was added last.
+  // Adds to the group that was added last.
   void add_look(annMaterial look);
 
-  // Null when there is none of this id.
+  // Null when there is no group with this id.
   const Group* group(std::uint32_t id);
   const std::vector<annMaterial>& looks() const { return looks_; }
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t progress_step = std::size_t{1} << 18;
 
-// A package, from its start part on.
+// Reads a package, beginning with its start part.
 class PackageReader {
  public:
   PackageReader(threemfArchive& archive, threemfReading& reading, velabsOutput& output)
@@ -28,7 +28,7 @@ class PackageReader {
     std::uint64_t size = archive_.size(start_);
     for (const std::string& part : further_) size += archive_.size(part);
     vltProgress progress(output_, std::max<std::size_t>(size, 1), progress_step);
-    // The start part first: it says which of the others are needed.
+    // The start part comes first, because it refers to the other parts.
     velabsResult result = parse(start_, progress);
     for (std::size_t i = 0; result == velabsDONE && i < parts_.front().paths.size(); ++i) {
       const std::string part = parts_.front().paths[i];
@@ -77,7 +77,7 @@ class PackageReader {
     return result;
   }
 
-  // Parts stand behind the first one in the order of its paths.
+  // The other parts follow the first one in the order of its paths.
   bool link() {
     for (std::size_t part = 0; part < parts_.size(); ++part) {
       for (threemfObject& object : parts_[part].objects) {

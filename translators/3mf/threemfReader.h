@@ -2,8 +2,8 @@
 
 #include "vltFormat.h"
 
-// Reads triangle meshes from 3MF packages, as the published core text with the materials and production extensions has
-// them. See threemfModelParser.h for a model part and threemfAssembly.h for the tree.
+// Reads triangle meshes from 3MF packages, as in the published core specification with the materials and production
+// extensions. See threemfModelParser.h for a model part and threemfAssembly.h for the tree.
 class threemfReader : public vltDescribed<velabsLibInput> {
  public:
   threemfReader();

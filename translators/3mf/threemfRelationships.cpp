@@ -23,7 +23,7 @@ class Parser : public threemfXml {
       if (attribute == "Target") target = a[1];
       if (attribute == "TargetMode") mode = a[1];
     }
-    // Keys and encrypted parts have relationships of several versions.
+    // The types of key stores and encrypted files exist in several versions.
     if (type.ends_with("/keystore") || type.ends_with("/encryptedfile")) {
       return fail("the package has encrypted parts (secure content), which cannot be read");
     }

@@ -6,12 +6,12 @@
 
 #include "threemfArchive.h"
 
-// What the relationships of a part, or of the package, lead to.
+// The targets of the relationships of a part or of the package.
 struct threemfRelationships {
   std::vector<std::string> models;  // keys of model parts, in the order of the file
 
-  // Nothing, and a message, when they cannot be read, lead out of the package or say that parts are encrypted. A part
-  // without relationships has none.
+  // Empty, with a message, when they cannot be read, point outside the package or declare encrypted parts. A part
+  // without a relationships part has no relationships.
   static std::optional<threemfRelationships> read(threemfArchive& archive, const std::string& source,
                                                   velabsOutput& output);
 };

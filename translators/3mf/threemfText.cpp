@@ -7,7 +7,7 @@
 
 namespace {
 
-// The length of the UTF-8 character in front, 0 when there is none or XML cannot hold it.
+// The length of the UTF-8 character at the start; 0 when it is invalid or XML cannot store it.
 std::size_t character_length(std::string_view text) {
   const char c = text.front();
   if (c >= 0 && c < 0x20) return c == '\t' || c == '\n' || c == '\r' ? 1 : 0;
@@ -32,7 +32,7 @@ std::string threemf_attribute_text(std::string_view text, bool& replaced) {
     } else if (c == '"') {
       result += "&quot;";
     } else if (length == 1 && static_cast<unsigned char>(c) < 0x20) {
-      // As it stands it would be read as a blank.
+      // Unescaped, it would be read as a blank.
       result += "&#" + std::to_string(static_cast<int>(c)) + ";";
     } else {
       result += text.substr(0, length);

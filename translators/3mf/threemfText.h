@@ -5,17 +5,19 @@
 
 #include "annTransform.h"
 
-// Values as attributes hold them.
+// Formatting of attribute values.
 
-// A text between quotes: escaped, and with U+FFFD for bytes that are no UTF-8 and characters that XML cannot hold;
-// `replaced` becomes true when there were such.
+// A text for a quoted attribute: escaped, with U+FFFD for bytes that are not UTF-8 and characters that XML cannot
+// store. Sets `replaced` when there are such.
 std::string threemf_attribute_text(std::string_view text, bool& replaced);
 
-// Room for the longest of them.
+// The buffer size for the longest number.
 inline constexpr std::size_t threemf_number_room = 40;
 
-// `digits` significant ones; 0 gives the shortest text that reads back as the same number. Returns the end.
+// `digits` is the number of significant digits; 0 gives the shortest text that reads back as the same number. Returns
+// the end.
 char* threemf_write_number(char* to, double value, int digits);
 
-// Twelve numbers as `threemf_transform` reads them, always the shortest text, lengths times `factor`.
+// Twelve numbers in the form that `threemf_transform` reads, always in the shortest text; lengths are multiplied by
+// `factor`.
 std::string threemf_transform_text(const annTransform& transform, double factor);

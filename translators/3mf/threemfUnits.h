@@ -5,13 +5,13 @@
 
 #include "velLengthUnit.h"
 
-// The length units that 3MF knows and how it spells them.
+// The length units of 3MF and their names in files.
 
 std::optional<velLengthUnit> threemf_unit(std::string_view text);
 
-// Empty for a unit that 3MF does not know.
+// Empty for a unit that 3MF does not have.
 std::string_view threemf_unit_text(velLengthUnit unit);
 
-// The one to write a model in whose unit is `unit`: itself where 3MF knows it, else inch for the small imperial units,
-// foot for the large ones, metre for kilometres, and millimetre for a model without a unit.
+// The unit in which a model is written: its own unit if 3MF has it, else inch for the small imperial units, foot for
+// the large ones, metre for kilometres, and millimetre for a model without a unit.
 velLengthUnit threemf_written_unit(velLengthUnit unit);

@@ -20,7 +20,7 @@ bool threemf_number(const char* text, double& value) {
 }
 
 bool threemf_index(const char* text, std::uint32_t& value) {
-  // Nearly all of them are a few digits and nothing else.
+  // Nearly all integers have only a few digits.
   std::uint32_t number = 0;
   int digits = 0;
   for (; digits < 9 && *text >= '0' && *text <= '9'; ++text, ++digits) {
@@ -31,7 +31,7 @@ bool threemf_index(const char* text, std::uint32_t& value) {
     return true;
   }
   long long whole = 0;
-  // The published limit, one below the signed range.
+  // The published limit: one less than the maximum of a signed integer.
   if (!ap_parse_int(text - digits, whole) || whole < 0 || whole > 2147483647) return false;
   value = static_cast<std::uint32_t>(whole);
   return true;

@@ -7,7 +7,7 @@
 #include "annColour.h"
 #include "annTransform.h"
 
-// The kinds of values that attributes hold, as text. False or nothing for a text that is none.
+// Parsing of attribute values. False or empty for an invalid text.
 
 bool threemf_number(const char* text, double& value);
 bool threemf_index(const char* text, std::uint32_t& value);
@@ -15,5 +15,5 @@ bool threemf_index(const char* text, std::uint32_t& value);
 // "#RRGGBB" or "#RRGGBBAA".
 std::optional<annColour> threemf_colour(std::string_view text);
 
-// Twelve numbers, those of a matrix that is multiplied with a row vector, the translation last.
+// Twelve numbers of a matrix for row vectors, with the translation last.
 std::optional<annTransform> threemf_transform(std::string_view text);

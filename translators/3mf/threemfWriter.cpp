@@ -52,7 +52,7 @@ void tell_collapsed(const threemfJoinedMeshes& joined, velabsOutput& output) {
                                       counted(joined.collapsed_count(), "triangle") + " left out"));
 }
 
-// Slicers take every object for a solid.
+// Slicers treat every object as a solid, so open edges are reported.
 void tell_open_edges(const std::vector<vltPlacedMesh>& bodies, const threemfJoinedMeshes& joined,
                      velabsOutput& output) {
   std::unordered_set<const annMesh*> seen;

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr int block_size = 1 << 18;
-// What one tag or comment may come to; the parser begins it anew with each block.
+// The maximum length of a tag or comment; the parser parses it again with each block.
 constexpr std::size_t longest_token = std::size_t{1} << 20;
 constexpr std::size_t deepest = 256;
 
@@ -17,7 +17,7 @@ threemfXml& xml(void* data) {
 
 }  // namespace
 
-// What the parser calls. It goes on for a while after it was told to stop.
+// The callbacks of the parser. It continues for a while after it was stopped.
 struct threemfXml::Handlers {
   static void start(void* data, const XML_Char* name, const XML_Char** attributes) {
     threemfXml& self = xml(data);

@@ -10,10 +10,9 @@
 
 struct XML_ParserStruct;
 
-// Reads a part of the package as XML, element after element, without ever holding the whole of it. Derived classes say
-// what the elements mean. Names of elements and attributes arrive as "URI|local", those without a namespace as they
-// are. UTF-8 and UTF-16 are the only encodings, and a document type declaration ends the reading, so that no entity can
-// expand.
+// Parses a part of the package as XML, element by element, without keeping all of it in memory. Derived classes
+// interpret the elements. Names of elements and attributes have the form "URI|local", or just the name if they have no
+// namespace. Only UTF-8 and UTF-16 are supported. A document type declaration is an error, so entities cannot expand.
 class threemfXml {
  public:
   explicit threemfXml(velabsOutput& output) : output_(output) {}
@@ -21,19 +20,19 @@ class threemfXml {
   threemfXml(const threemfXml&) = delete;
   threemfXml& operator=(const threemfXml&) = delete;
 
-  // Once for each object. A failure is told with part and line. `progress`, when there is one, hears of the bytes read,
-  // counted on from `done`.
+  // Call once for each object. An error is reported with part and line. `progress`, which may be null, receives the
+  // number of bytes read, added to `done`.
   velabsResult parse(threemfArchive& archive, const std::string& key, vltProgress* progress, std::size_t& done);
 
  protected:
-  // Attributes are pairs of name and value with a null pointer behind the last.
+  // Attributes are pairs of name and value; a null pointer follows the last.
   virtual void start(const char* name, const char** attributes) = 0;
   virtual void end() = 0;
-  // Comes before the element that makes it; the prefix is empty for the default namespace.
+  // Called before the element that declares the namespace; the prefix is empty for the default namespace.
   virtual void name_space(std::string_view /*prefix*/, std::string_view /*uri*/) {}
 
   std::size_t line() const;
-  // Tells the first failure and ends the reading.
+  // Reports the first error and stops the parser.
   void fail(std::string_view reason);
   bool failed() const { return failed_; }
 
