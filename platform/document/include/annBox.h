@@ -4,7 +4,7 @@
 
 #include "annVector.h"
 
-// A box along the axes, both corners included.
+// An axis-aligned box, including both corners.
 struct annBox {
   annVector min;
   annVector max;

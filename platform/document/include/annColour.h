@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// A colour as files of this trade give it: red, green, blue and opacity from 0 to 1.
+// A colour: red, green, blue and opacity from 0 to 1.
 struct annColour {
   float red = 0;
   float green = 0;

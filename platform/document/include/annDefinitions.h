@@ -7,12 +7,12 @@
 #include "annDocument.h"
 #include "apExport.h"
 
-// The distinct parts and assemblies of a document. Nodes of the same name, colour and bodies, whose children are the
-// same in the same places, are one definition, wherever they stand: what a document repeats is described once. Names of
-// instances belong to the uses. The document must outlive this.
+// The distinct parts and assemblies of a document, so that repeated ones are described once. Nodes with the same name,
+// colour and bodies, whose children are the same with the same placements, share one definition. Names of instances
+// belong to the uses. The document must outlive this object.
 class VELPLATFORM_API annDefinitions {
  public:
-  // A definition where it stands in another one, or in the document.
+  // An instance of a definition in another definition or in the document.
   struct Use {
     std::size_t definition;
     annTransform transform;
@@ -21,22 +21,22 @@ class VELPLATFORM_API annDefinitions {
     friend bool operator==(const Use&, const Use&) = default;
   };
   struct Definition {
-    const annNode* node;  // one of those that it stands for; its transform and children do not matter
+    const annNode* node;  // one of the nodes of this definition; ignore its transform and children
     std::vector<Use> uses;
   };
 
   explicit annDefinitions(const annDocument& document);
 
-  // What a definition uses comes before it.
+  // Each definition comes after those that it uses.
   const std::vector<Definition>& definitions() const { return definitions_; }
 
-  // What stands in the document itself; its root is none of them unless it has something of its own to show.
+  // The uses at the top of the document. The root is not included, unless it has a body, a transform or a colour.
   const std::vector<Use>& top() const { return top_; }
 
-  // How many uses there are in assemblies, each counted once for its definition.
+  // The number of uses in assemblies. The uses of a definition are counted once.
   std::size_t occurrences() const;
 
-  // How deep definitions stand in each other: 1 for parts alone, 0 for nothing.
+  // The maximum nesting depth of definitions: 1 for parts only, 0 for an empty document.
   std::size_t depth() const;
 
  private:

@@ -3,7 +3,7 @@
 #include "annColour.h"
 #include "utString.h"
 
-// What the faces of one look have in common.
+// The appearance of faces.
 struct annMaterial {
   utString name;
   annColour colour;

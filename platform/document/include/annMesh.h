@@ -10,29 +10,29 @@
 #include "annVertices.h"
 #include "apExport.h"
 
-// Faces of any corner count over vertices that other meshes of the document may share. The corners of a face run
-// counter-clockwise as seen from outside.
+// Faces with any number of corners over vertices that other meshes of the document may share. The corners of a face run
+// counter-clockwise seen from outside.
 struct VELPLATFORM_API annMesh {
   static constexpr std::uint32_t no_material = std::numeric_limits<std::uint32_t>::max();
   static constexpr std::uint32_t no_normal = std::numeric_limits<std::uint32_t>::max();
 
-  // Never null. A mesh need not use all of them.
+  // Never null. A mesh may use only some of them.
   std::shared_ptr<annVertices> vertices = std::make_shared<annVertices>();
 
-  // Vertex numbers, face after face.
+  // Vertex indices, face after face.
   std::vector<std::uint32_t> corners;
 
-  // Where in `corners` each face begins, and the end: one more than there are faces. Empty when all faces are
-  // triangles.
+  // The index in `corners` at which each face begins, followed by the end: one more than there are faces. Empty if all
+  // faces are triangles.
   std::vector<std::uint32_t> face_starts;
 
-  // For each corner the index of its normal in `vertices->normal_pool`, or `no_normal`; in step with `corners`. Empty
-  // when the corners have the normals of their vertices, `vertices->normals`, or none. So a point at a hard edge is one
-  // vertex with several normals, and faces that meet there stay joined.
+  // For each corner the index of its normal in `vertices->normal_pool`, or `no_normal`. If it is not empty its size is
+  // that of `corners`. If it is empty the corners have the normals of their vertices, `vertices->normals`, or none. A
+  // point at a hard edge is thus one vertex with several normals, and faces that meet there stay connected.
   std::vector<std::uint32_t> corner_normals;
 
-  // The looks that faces of this mesh may have, and for each face the number of its own or `no_material`; no numbers at
-  // all when no face has one. Where the vertices have colours, those are seen instead.
+  // The materials of this mesh, and for each face the index of its material or `no_material`. There are no indices if
+  // no face has a material. Colours of vertices take precedence.
   std::vector<annMaterial> materials;
   std::vector<std::uint32_t> face_materials;
 
@@ -47,21 +47,22 @@ struct VELPLATFORM_API annMesh {
   }
 
   bool has_normals() const { return !corner_normals.empty() || !vertices->normals.empty(); }
-  // The normal at a corner, an index into `corners`; null where it has none.
+  // The normal at a corner, an index into `corners`; null if it has none.
   const annVector* normal(std::size_t corner) const {
     if (corner_normals.empty()) return vertices->normals.empty() ? nullptr : &vertices->normals[corners[corner]];
     return corner_normals[corner] == no_normal ? nullptr : &vertices->normal_pool[corner_normals[corner]];
   }
 
-  // The direction in which a face looks, of length 1; the null vector for a face without area.
+  // The normal of a face, of length 1; the null vector for a face without area.
   annVector face_normal(std::size_t index) const;
 
-  // Triangles that the faces come to: corners less two for each face.
+  // The number of triangles after triangulation: corners minus two for each face.
   std::size_t triangle_count() const { return corners.size() - 2 * face_count(); }
 
-  // Adds a face of at least three corners, without a look; the first one that is no triangle makes `face_starts`.
+  // Adds a face of at least three corners, without a material. The first face that is not a triangle creates
+  // `face_starts`.
   void add_face(std::span<const std::uint32_t> face_corners);
 
-  // Gives a face that was added its look; the first one makes `face_materials`.
+  // Sets the material of an existing face. The first one creates `face_materials`.
   void set_face_material(std::size_t index, std::uint32_t material);
 };

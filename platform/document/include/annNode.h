@@ -11,7 +11,7 @@
 #include "apExport.h"
 #include "utString.h"
 
-// The geometry of a part: a mesh, an exact shape, or both. Nodes that show the same part share it.
+// The geometry of a part: a mesh, an exact shape, or both. Instances of the same part share it.
 struct annBody {
   std::shared_ptr<const annMesh> mesh;
   std::shared_ptr<const annExactShape> shape;
@@ -19,11 +19,11 @@ struct annBody {
   bool empty() const { return !mesh && !shape; }
 };
 
-// A part or an assembly of the model. The transform places it in its parent; the colour holds for everything below that
-// has none of its own.
+// A part or an assembly of the model. The transform places it in its parent. The colour applies to everything below
+// that has no other colour.
 //
-// `name` is that of the part or assembly, "nut", which all its instances share. `instance_name` is that of this one
-// instance, "nut_2"; null when the instance has no name of its own.
+// `name` is that of the part or assembly, "nut", which all its instances share. `instance_name` is that of this
+// instance, "nut_2"; null if it has none.
 struct VELPLATFORM_API annNode {
   annNode() = default;
   explicit annNode(utString node_name) : name(std::move(node_name)) {}
@@ -33,7 +33,7 @@ struct VELPLATFORM_API annNode {
 
   annNode& add_child(utString child_name);
 
-  // What a person calls this node where there is room for one name: that of the instance, else that of the part.
+  // The name to display where there is room for one: that of the instance, else that of the part.
   const utString& label() const { return instance_name.empty() ? name : instance_name; }
 
   utString name;

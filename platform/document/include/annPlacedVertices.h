@@ -9,8 +9,8 @@
 #include "annVertices.h"
 #include "apExport.h"
 
-// Numbers the distinct pairs of vertices and placement, so that vertices which several bodies of a model share in one
-// place are counted, or written, once. Holds on to nothing: the vertices must outlive it.
+// Numbers the distinct pairs of vertices and placement, so that vertices which several bodies share with the same
+// placement are counted, or written, once. The vertices are not owned and must outlive this object.
 class VELPLATFORM_API annPlacedVertices {
  public:
   // The number of a pair, counted from 0 in the order of the first call for each.

@@ -2,15 +2,14 @@
 
 #include "apExport.h"
 
-// Whom long work on a part of a document tells how far it is, and asks whether it is still wanted. Both may be called
-// from several threads at once.
+// Progress and cancellation callback for long operations. Thread-safe.
 class VELPLATFORM_API annProgress {
  public:
   virtual ~annProgress();
 
-  // How much of the work is done, from 0 to 1.
+  // Reports the completed share of the work, from 0 to 1.
   virtual void done(double share) = 0;
 
-  // True once somebody wants the work to stop.
+  // True once the work should stop.
   virtual bool cancelled() const = 0;
 };

@@ -2,19 +2,19 @@
 
 #include "annExactShape.h"
 
-// An exact shape as the bytes of its kind, for documents that come through without the library that understands them:
-// it gives back what it was made from and has no facets of its own, so a body holds a mesh beside it.
+// An exact shape as the bytes of its format, so that a document can be copied without the library for that format. It
+// returns the bytes unchanged and cannot create facets, so a body has a mesh beside it.
 class VELPLATFORM_API annStoredShape final : public annExactShape {
  public:
-  // `box` is the one around the shape as it stands in the bytes, where that is known.
+  // `box` is the one around the shape without a placement, if it is known.
   annStoredShape(utString kind, std::string bytes, annShapeContent content, std::optional<annBox> box);
 
-  // Always a failure: says that it takes the library for this kind.
+  // Always fails; the status names the library that is needed for this format.
   std::shared_ptr<const annMesh> facets(const annTolerance& tolerance, apStatus& status,
                                         annProgress* progress) const override;
 
   annShapeContent content() const override { return content_; }
-  // None too where the placement turns the axes into other directions.
+  // Also none if the placement turns the axes into other directions.
   std::optional<annBox> box(const annTransform& placement) const override;
 
   utString kind() const override { return kind_; }

@@ -13,17 +13,17 @@ struct VELPLATFORM_API annTransform {
   static annTransform scaling(double factor);
 
   bool is_identity() const { return *this == annTransform(); }
-  // True when it turns right-handed into left-handed, so that faces must be turned round.
+  // True if it turns right-handed into left-handed, so that faces must be reversed.
   bool mirrors() const;
 
   annVector point(annVector p) const {
     return {m[0] * p.x + m[1] * p.y + m[2] * p.z + m[3], m[4] * p.x + m[5] * p.y + m[6] * p.z + m[7],
             m[8] * p.x + m[9] * p.y + m[10] * p.z + m[11]};
   }
-  // A surface normal, of length 1 again; the null vector when the placement flattens it.
+  // A transformed surface normal, of length 1; the null vector if the placement flattens it.
   annVector normal(annVector n) const;
 
-  // First `inner`, then `outer`.
+  // Applies `inner` first, then `outer`.
   friend VELPLATFORM_API annTransform operator*(const annTransform& outer, const annTransform& inner);
   friend bool operator==(const annTransform&, const annTransform&) = default;
 };

@@ -6,8 +6,8 @@
 
 #include "annTriangulation.h"
 
-// Calls `use(face, a, b, c)` for every triangle that `ann_for_each_triangle` gives, with indices into `mesh.corners`:
-// for what differs between the corners of one vertex, as normals do.
+// Calls `use(face, a, b, c)` for every triangle of `ann_for_each_triangle`, with indices into `mesh.corners`. For data
+// that differs between the corners of one vertex, for example normals.
 template <typename Use>
 void ann_for_each_triangle_of_corners(const annMesh& mesh, Use use) {
   annTriangulator triangulator;

@@ -12,8 +12,8 @@
 
 class annEarCutter;
 
-// The normal of a face with twice its area for length, by Newell's method; right for faces that are not flat or not
-// convex too.
+// The normal of a face, scaled to twice its area, by Newell's method; also correct for faces that are not flat or not
+// convex.
 VELPLATFORM_API annVector ann_area_normal(std::span<const annVector> points, std::span<const std::uint32_t> face);
 
 // Splits one face into corners - 2 triangles that keep its winding, by cutting ears in the plane of the face's
@@ -23,7 +23,7 @@ class VELPLATFORM_API annTriangulator {
   annTriangulator();
   ~annTriangulator();
 
-  // The triangles as vertex numbers; valid until the next call.
+  // The triangles as vertex indices; valid until the next call.
   std::span<const std::array<std::uint32_t, 3>> triangles(std::span<const annVector> points,
                                                           std::span<const std::uint32_t> face);
 

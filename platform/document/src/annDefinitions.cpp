@@ -16,7 +16,7 @@ std::size_t hash_of(const annNode& node, const std::vector<annDefinitions::Use>&
   for (const annDefinitions::Use& use : uses) {
     hash = mixed(hash, use.definition);
     hash = mixed(hash, std::hash<std::string>()(use.instance_name.str()));
-    // 0 and -0 are equal and have one hash.
+    // 0 and -0 are equal and must have the same hash.
     for (double number : use.transform.m) hash = mixed(hash, std::hash<double>()(number));
   }
   return hash;
@@ -57,7 +57,7 @@ void annDefinitions::define(const annNode& root) {
     std::vector<Use> uses = std::move(current.uses);
     open.pop_back();
     if (open.empty()) {
-      // The root itself is always the last one.
+      // The root is always the last definition.
       definitions_.push_back({node, std::move(uses)});
       return;
     }

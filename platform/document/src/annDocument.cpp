@@ -13,7 +13,7 @@ void extend(std::optional<annBox>& box, annVector point) {
   box->include(point);
 }
 
-// Four points at a time, so that the comparisons become vector instructions and need not wait for each other.
+// Four points at a time, so that the comparisons are vectorised and do not wait for each other.
 annBox box_around(std::span<const annVector> points) {
   constexpr std::size_t points_at_once = 4;
   constexpr std::size_t lanes = 3 * points_at_once;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int most_forced_cuts = 64;
 
-// Ragged faces of a hundred thousand corners need some hundred.
+// Ragged faces of a hundred thousand corners need some hundred steps per corner.
 constexpr std::size_t most_steps_per_corner = 1000;
 
 }  // namespace
@@ -29,13 +29,13 @@ void annEarCutter::cut(std::span<const annVector> points, std::span<const std::u
     const Entry entry = queue_[queue_front_++];
     if (corners_[entry.corner].version == entry.version && !corners_[entry.corner].gone) look_at(entry.corner);
   }
-  // Every second corner, so that what nobody could split well at least does not become one thin fan.
+  // Cut every second corner, so that the rest does not become one thin fan.
   for (std::uint32_t corner = any_; left_ > 2; corner = corners_[corners_[corner].next].next) cut_off(corner);
 }
 
 bool annEarCutter::project(std::span<const annVector> points, std::span<const std::uint32_t> face, annVector normal) {
-  // Along the axis to which the normal is closest; relative to the first corner and of size 1 both ways, so that
-  // products of coordinates stay in range for narrow faces too.
+  // Projects along the axis closest to the normal. Coordinates are relative to the first corner and scaled to size 1 in
+  // both directions, so that products stay in range also for narrow faces.
   const double x = std::fabs(normal.x), y = std::fabs(normal.y), z = std::fabs(normal.z);
   const annVector origin = points[face[0]];
   points_.clear();
@@ -134,7 +134,7 @@ void annEarCutter::stop_blocking(std::uint32_t corner) {
 }
 
 void annEarCutter::force_one() {
-  // Straight corners first, all of them: their triangles cover nothing. Then any corner that is not reflex.
+  // Cut all straight corners first, because their triangles have no area. Otherwise cut any corner that is not reflex.
   bool found = false;
   std::uint32_t corner = any_, convex = any_;
   for (std::size_t rest = left_; rest > 0 && left_ > 3; --rest) {

@@ -8,13 +8,12 @@
 #include "annPointTree.h"
 #include "annVector.h"
 
-// Splits a face of any shape into triangles: cuts off one corner after the other, each time one whose triangle holds no
-// other corner. A corner that is blocked waits for the corner that blocks it, and is not looked at until that one goes
-// away, so that long and winding faces cost little more than simple ones.
+// Splits a face of any shape into triangles by ear cutting: it cuts off corners whose triangle contains no other
+// corner. A blocked corner waits for the corner that blocks it and is not tested again until that one no longer blocks.
+// Long and winding faces therefore cost little more than simple ones.
 //
-// A face that crosses itself runs out of such corners; then one is cut all the same, and after a number of those the
-// rest is cut without looking. So is that of a face where looking has taken too long for its corners. Buffers are kept
-// from one face to the next.
+// In a face that crosses itself there may be no such corner left; then any corner is cut. After a fixed number of these
+// cuts, or of search steps, the remaining corners are cut without a test. Buffers are kept from one face to the next.
 class annEarCutter {
  public:
   // Appends corners - 2 triangles to `triangles`. `normal` is the face's Newell normal, not the null vector.
@@ -24,9 +23,9 @@ class annEarCutter {
  private:
   struct Corner {
     std::uint32_t previous, next;
-    std::uint32_t version = 0;  // raised when a neighbour goes, which makes older queue entries worthless
+    std::uint32_t version = 0;  // increased when a neighbour is cut off, which invalidates older queue entries
     std::uint32_t first_waiting = annPointTree::none;
-    bool blocks = false;  // reflex or straight, so it may lie in the triangle of another
+    bool blocks = false;  // reflex or straight, so it may be inside the triangle of another corner
     bool gone = false;
   };
   struct Entry {
@@ -54,6 +53,6 @@ class annEarCutter {
   std::size_t queue_front_ = 0;
   std::vector<Waiting> waiting_;
   annPointTree tree_;
-  std::uint32_t any_ = 0;  // a corner that is still there
+  std::uint32_t any_ = 0;  // a corner that is not cut off yet
   std::size_t left_ = 0;
 };

@@ -1,7 +1,8 @@
 #include "annNode.h"
 
 annNode::~annNode() {
-  // A chain of millions of nodes must not become a chain of calls: descendants are moved out before they die.
+  // Deletes iteratively, because a chain of millions of nodes would overflow the stack: descendants are moved out
+  // before their parent is deleted.
   std::vector<std::unique_ptr<annNode>> doomed = std::move(children);
   while (!doomed.empty()) {
     std::unique_ptr<annNode> node = std::move(doomed.back());

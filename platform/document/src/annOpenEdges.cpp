@@ -20,7 +20,7 @@ void for_each_edge(const annMesh& mesh, NumberOf number_of, Use use) {
   }
 }
 
-// An edge in the list of the smaller of its two vertices.
+// An edge, stored in the list of the smaller of its two vertex indices.
 struct Edge {
   std::uint32_t larger;
   std::int32_t direction;  // 1 from the smaller to the larger, else -1
@@ -39,10 +39,10 @@ std::size_t open_in(Edge* first, Edge* last) {
   return open;
 }
 
-// With vertices told apart by `number_of`, which gives numbers below `count`.
+// Counts open edges after mapping vertices by `number_of`, which returns numbers below `count`.
 template <typename NumberOf>
 std::size_t open_edges(const annMesh& mesh, std::size_t count, NumberOf number_of) {
-  // Where the list of each vertex begins; one entry more than needed lets the same numbers serve as ends.
+  // The start of each vertex's list. One more entry than needed, so that the same array gives the ends.
   std::vector<std::size_t> starts(count + 2);
   for_each_edge(mesh, number_of, [&](std::uint32_t a, std::uint32_t b) { ++starts[std::min(a, b) + std::size_t{2}]; });
   for (std::size_t i = 2; i < starts.size(); ++i) starts[i] += starts[i - 1];
@@ -59,7 +59,7 @@ std::size_t open_edges(const annMesh& mesh, std::size_t count, NumberOf number_o
 
 std::size_t ann_open_edges(const annMesh& mesh) {
   const std::vector<annVector>& points = mesh.vertices->points;
-  // Edges that are joined by index are joined by position too, so most closed meshes need no more than this.
+  // Edges that match by index also match by position, so this is sufficient for most closed meshes.
   const std::size_t open = open_edges(mesh, points.size(), [](std::uint32_t vertex) { return vertex; });
   if (open == 0) return 0;
   std::vector<annVector> distinct;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t leaf_size = 8;
 
-// True when no point of the box lies on the left of, or on, the line from a to b.
+// True if the whole box is on the right of the line from a to b.
 bool right_of(annPlanePoint a, annPlanePoint b, annPlanePoint min, annPlanePoint max) {
   const annPlanePoint leftmost{b.y > a.y ? min.x : max.x, b.x > a.x ? max.y : min.y};
   return ann_plane_area(a, b, leftmost) < 0;
@@ -53,7 +53,7 @@ void annPointTree::arrange() {
 void annPointTree::make_boxes() {
   const std::size_t leaves = std::size_t{1} << levels_;
   for (std::size_t leaf = 0; leaf < leaves; ++leaf) {
-    // A leaf without points keeps a box that is never entered, because nothing in it can count.
+    // A leaf without points keeps a default box that is never visited, because it has no enabled points.
     const std::size_t begin = begin_of(levels_, leaf), end = begin_of(levels_, leaf + 1);
     Box& box = boxes_[leaves + leaf];
     if (begin < end) box.min = box.max = points_[members_[begin]];
@@ -94,7 +94,7 @@ std::uint32_t annPointTree::find_inside(annPlanePoint a, annPlanePoint b, annPla
   const annPlanePoint max{std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y})};
   auto is_corner = [&](annPlanePoint p) { return p == a || p == b || p == c; };
   const std::size_t leaves = std::size_t{1} << levels_;
-  std::array<std::size_t, 64> open;  // one waiting box for each level is the most that there can be
+  std::array<std::size_t, 64> open;  // at most one waiting box for each level
   std::size_t waiting = 0;
   open[waiting++] = 1;
   while (waiting > 0) {
@@ -105,7 +105,7 @@ std::uint32_t annPointTree::find_inside(annPlanePoint a, annPlanePoint b, annPla
     if (right_of(a, b, box.min, box.max) || right_of(b, c, box.min, box.max) || right_of(c, a, box.min, box.max)) {
       continue;
     }
-    // Points that all lie on one of the corners, such as those of a face that comes back to its middle again and again.
+    // Skip points that all coincide with a corner, as in a face that returns to its centre many times.
     if (box.min == box.max && is_corner(box.min)) continue;
     if (index < leaves) {
       open[waiting++] = 2 * index + 1;

@@ -19,25 +19,25 @@ inline double ann_plane_area(annPlanePoint a, annPlanePoint b, annPlanePoint c) 
   return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
-// Finds points inside a triangle among many of which some count and others do not. A balanced tree of boxes, so that
-// points which crowd in one corner do no harm; each change and each search looks at few of them.
+// A k-d tree of 2D points that can be enabled and disabled; finds an enabled point inside a triangle. The tree is
+// balanced for any distribution of points; each change and most searches visit few boxes.
 class annPointTree {
  public:
   static constexpr std::uint32_t none = 0xffffffff;
 
-  // No point counts at first. The points must stay where they are while the tree is in use.
+  // All points start disabled. The array of points must not move while the tree is in use.
   void build(std::span<const annPlanePoint> points);
 
-  // To be called only when the point did not, or did, count before.
+  // Enable or disable a point. Call only for a point that is disabled or enabled, respectively.
   void count_in(std::uint32_t point);
   void count_out(std::uint32_t point);
 
-  // A point that counts and lies inside or on the border of a counter-clockwise triangle, but not on one of its
-  // corners; `none` when there is none.
+  // An enabled point inside or on the border of a counter-clockwise triangle, but not at one of its corners; `none` if
+  // not found.
   std::uint32_t find_inside(annPlanePoint a, annPlanePoint b, annPlanePoint c);
 
-  // How many boxes all searches since `build` have looked at. Points that crowd in one place, or whose areas vanish
-  // between two numbers, make a search look at most of them.
+  // The number of boxes visited by all searches since `build`. A search visits most boxes if points are very close to
+  // each other or areas vanish in rounding.
   std::size_t steps() const { return steps_; }
 
  private:
@@ -52,9 +52,9 @@ class annPointTree {
   void move_in_leaf(std::uint32_t point, bool counts);
 
   std::span<const annPlanePoint> points_;
-  std::vector<std::uint32_t> members_;  // leaf after leaf; within a leaf those that count stand first
+  std::vector<std::uint32_t> members_;  // leaf after leaf; enabled points come first in each leaf
   std::vector<std::uint32_t> leaf_of_;  // for each point
-  std::vector<Box> boxes_;              // a heap: box i has the halves 2i and 2i + 1, box 1 is the whole
+  std::vector<Box> boxes_;              // a heap: box i has the halves 2i and 2i + 1, box 1 is the root
   std::size_t levels_ = 0;              // the leaves are level `levels_`
   std::size_t steps_ = 0;
 };

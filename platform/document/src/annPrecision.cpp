@@ -44,7 +44,7 @@ double ann_coordinate_step(const annDocument& document, const annBox& box) {
 
 double ann_rounded(double value, double step) {
   if (!(step > 0) || !std::isfinite(step) || !std::isfinite(value) || value == 0) return value;
-  // In decimals, so that the result is the number nearest to its short text.
+  // Rounds as decimal text, so that the result is the double nearest to its short decimal form.
   const int power = static_cast<int>(std::ceil(std::log10(step)));
   const int digits = static_cast<int>(std::floor(std::log10(std::fabs(value)))) - power + 1;
   if (digits < 0) return 0;

@@ -4,7 +4,7 @@
 
 namespace {
 
-// True when each coordinate of the result depends on one at most of the original.
+// True if each coordinate of the result depends on at most one coordinate of the original.
 bool keeps_boxes(const annTransform& placement) {
   for (int row = 0; row < 12; row += 4) {
     int used = 0;

@@ -4,7 +4,7 @@
 
 namespace {
 
-// The rows of the matrix that maps normals, but for its sign and length: the cofactors of the linear part.
+// The rows of the matrix that maps normals, apart from sign and length: the cofactors of the linear part.
 struct Cofactors {
   annVector x, y, z;
 };
@@ -35,7 +35,7 @@ annVector annTransform::normal(annVector n) const {
   annVector result{ann_dot(rows.x, n), ann_dot(rows.y, n), ann_dot(rows.z, n)};
   const double length = std::hypot(result.x, result.y, result.z);
   if (!(length > 0) || !std::isfinite(length)) return {};
-  return result * ((mirrors() ? -1 : 1) / length) + annVector{};  // the sum makes -0 to 0
+  return result * ((mirrors() ? -1 : 1) / length) + annVector{};  // the sum changes -0 to 0
 }
 
 annTransform operator*(const annTransform& outer, const annTransform& inner) {

@@ -12,13 +12,13 @@ namespace {
 constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
 constexpr annVector any_direction{0, 0, 1};
 
-// Equal for normals that differ by less than single precision and arithmetic on surfaces leave of them.
+// Equal for normals that differ only by rounding in single precision or in surface computations.
 annVector rounded(const annVector& normal) {
   constexpr double steps = 1 << 20;
   return {std::nearbyint(normal.x * steps), std::nearbyint(normal.y * steps), std::nearbyint(normal.z * steps)};
 }
 
-// The new vertices for those that some meshes share.
+// Splits the vertices shared by some meshes.
 class Splitting {
  public:
   explicit Splitting(const annVertices& from)
@@ -54,7 +54,7 @@ class Splitting {
     return result;
   }
 
-  // After all meshes.
+  // Call after all meshes are split.
   void finish() {
     for (std::size_t i = 0; i < from_.points.size(); ++i) {
       if (normal_of_point_[i] == none) made_->normals[i] = from_.normals.empty() ? any_direction : from_.normals[i];
@@ -62,7 +62,7 @@ class Splitting {
   }
 
  private:
-  // None for a null vector.
+  // None for the null vector.
   std::uint32_t number_of(const annVector& normal) {
     if (normal == annVector{}) return none;
     const std::uint32_t number = numbers_.number_of(rounded(normal));
@@ -99,11 +99,11 @@ class Splitting {
 
   const annVertices& from_;
   std::shared_ptr<annVertices> made_ = std::make_shared<annVertices>();
-  std::vector<annVector> normals_;              // the distinct ones
-  std::vector<std::uint32_t> normal_of_point_;  // the first of each point, by its number among them
+  std::vector<annVector> normals_;              // the distinct normals
+  std::vector<std::uint32_t> normal_of_point_;  // for each point the number of its first normal
   std::vector<std::uint32_t> number_in_pool_;
   std::vector<annVector> rounded_normals_, point_and_normal_;
-  annWelder numbers_, copies_;  // hash tables over the two
+  annWelder numbers_, copies_;  // hash tables over the two arrays above
 };
 
 }  // namespace

@@ -11,11 +11,11 @@ namespace {
 constexpr std::size_t smallest_table = 64;
 
 std::uint64_t bits(double value) {
-  return std::bit_cast<std::uint64_t>(value + 0.0);  // makes -0 to 0
+  return std::bit_cast<std::uint64_t>(value + 0.0);  // changes -0 to 0
 }
 
 std::size_t hash_of(const annVector& point) {
-  // Coordinates of a grid differ in few bits; the shift in the middle keeps them from falling into few slots.
+  // Coordinates of a grid differ in few bits; the shift in the middle avoids collisions.
   std::uint64_t hash =
       (bits(point.x) * 0x9e3779b97f4a7c15 + bits(point.y)) * 0xc2b2ae3d27d4eb4f + bits(point.z) * 0xd6e8feb86659fd93;
   hash ^= hash >> 32;
@@ -63,7 +63,7 @@ std::uint32_t annWelder::number_at(std::size_t hash, const annVector& point) {
 }
 
 void annWelder::resize(std::size_t slot_count) {
-  slots_ = {};  // the old table goes before the new one comes
+  slots_ = {};  // free the old table before the new one is allocated
   ap_reserve_large(slots_, slot_count);
   slots_.resize(slot_count);
   mask_ = slot_count - 1;

@@ -14,9 +14,9 @@ class apIStringEncoding;
 // path is invalid exactly when its text is empty. Two paths are equal if their texts are equal. Copies share the text,
 // which is immutable.
 //
-// On disk a name is bytes. A path has the encoding that converts its text to these bytes; characters that the encoding
-// cannot represent are written as UTF-8. Paths derived from a path, and the entries listed in a directory, have the
-// encoding of that path.
+// On disk a name is bytes. A path has the encoding that converts its text to these bytes. If the encoding cannot
+// represent the text, it is converted to UTF-8 instead. Paths derived from a path, and the entries listed in a
+// directory, have the encoding of that path.
 class VELPLATFORM_API apPathName {
  public:
   apPathName() = default;

@@ -6,7 +6,8 @@
 #include "apIStringEncoding.h"
 #include "utString.h"
 
-// What an application tells the suite about itself, and what the suite tells it about directories.
+// Information that an application gives to the suite about itself, and the directories that the suite gives to the
+// application.
 class VELPLATFORM_API velabsAppInfo {
  public:
   // The encoding is "UTF-8", "ISO-8859-1" or "ASCII"; anything else gives the default.
@@ -17,10 +18,10 @@ class VELPLATFORM_API velabsAppInfo {
   const utString& application() const { return application_; }
   const utString& user() const { return user_; }
 
-  // Lives as long as the process.
+  // Exists until the process ends.
   const apIStringEncoding* ut_encoding() const { return encoding_; }
 
-  // Directory lists with ";" between the directories; each call replaces what the last one said.
+  // Lists of directories separated by ";"; each call replaces the previous list.
   void schema_dir(const utString& directories) { schema_dir_ = directories; }
   void installation_dir(const utString& directories) { installation_dir_ = directories; }
   void user_dir(const utString& directory) { user_dir_ = directory; }
@@ -30,8 +31,8 @@ class VELPLATFORM_API velabsAppInfo {
   const utString& user_dir() const { return user_dir_; }
   const utString& fabrin_server_dir() const { return fabrin_server_dir_; }
 
-  // The installation's places of a named schema sub-directory: each installation directory, "/" and the name, joined by
-  // ";".
+  // The paths of a named schema sub-directory in the installation: each installation directory, "/" and the name,
+  // joined by ";".
   utString schema_path(const utString& name) const;
 
  private:

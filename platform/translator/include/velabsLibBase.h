@@ -5,18 +5,18 @@
 #include "utString.h"
 #include "velabsTranslatorCategory.h"
 
-// The number of this interface. A library built for another one is refused.
+// The version of this interface. A library built for another version is rejected.
 inline constexpr int velabs_interface = 1;
 
-// What every translator says of itself. Texts belong to the library and live as long as it does.
+// The description that every translator gives. Texts belong to the library and are valid as long as it is loaded.
 class VELPLATFORM_API velabsLibBase {
  public:
   virtual int interface_number() const { return velabs_interface; }
   virtual const char* library_version() const = 0;
-  // One sentence for people.
+  // One human-readable sentence.
   virtual const char* description() const = 0;
 
-  // A further text and number of the library's own, kept with its description and handed back unread.
+  // A further text and number that the suite stores with the description and does not interpret.
   virtual const char* further_text() const { return ""; }
   virtual int further_number() const { return 0; }
 

@@ -8,18 +8,18 @@
 
 class velabsAppInfo;
 
-// A translator that reads one format. One object serves one file; several objects may work at once.
+// A translator that reads one format. One object reads one file; several objects may be used in parallel.
 class VELPLATFORM_API velabsLibInput : public velabsLibBase {
  public:
-  // Reads `file` into an empty document. A failure is told through `output`, with the place and the reason; the
-  // document is then dropped. Unnamed nodes at the top are named after the file by the engine.
+  // Reads `file` into an empty document. A failure is reported through `output`, with the position and the reason; the
+  // document is then discarded. The engine names unnamed top nodes after the file.
   virtual velabsResult read(const utString& file, const velTableInstance& resources, annDocument& document,
                             velabsOutput& output) = 0;
 };
 
 using velabsReadWrapper = velabsLibInput* (*)(const velabsAppInfo*);
 
-// NOLINTBEGIN(bugprone-macro-parentheses): a type takes none.
+// NOLINTBEGIN(bugprone-macro-parentheses): a type cannot be in parentheses.
 
 // Exports the entry points of an input library.
 #define VELABS_INPUT_LIBRARY(type)                                                                              \

@@ -5,18 +5,18 @@
 
 enum velabsSeverity { velabsNOTE, velabsWARNING, velabsERROR };
 
-// Where a translator tells what happens. Every operation may be called from several threads at once.
+// The interface through which a translator reports messages and progress. Every operation is thread-safe.
 class VELPLATFORM_API velabsOutput {
  public:
   virtual ~velabsOutput();
 
-  // One line of text without its line break. The engine puts the file's name in front of what translators say, so they
-  // name the place (line or byte) and the reason.
+  // One line of text without its line break. The engine adds the file's name, so a translator gives only the position
+  // (line or byte) and the reason.
   virtual void message(velabsSeverity severity, const utString& text) = 0;
 
-  // How far the work has come, 0 to 100.
+  // The completed part of the work, 0 to 100.
   virtual void progress(int percent) = 0;
 
-  // True once somebody wants the work to stop; a translator then returns velabsCANCELLED soon.
+  // True once the work should stop; a translator then returns velabsCANCELLED soon.
   virtual bool cancelled() const = 0;
 };

@@ -2,5 +2,5 @@
 
 #include "apLanguage.h"
 
-// How the work of a translator ended. What failed was said through its output before.
+// The result of a translator's work. A failure was already reported through its output.
 enum velabsResult { velabsDONE, velabsFAILED, velabsCANCELLED };

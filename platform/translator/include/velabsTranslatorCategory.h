@@ -4,8 +4,8 @@
 #include "coPrf.h"
 #include "utString.h"
 
-// A group under which dialogs list translators. Categories may outlive the library that named them; they belong to the
-// platform.
+// A group under which dialogs list translators. Categories are owned by the platform and may outlive the library that
+// requested them.
 class VELPLATFORM_API velabsTranslatorCategory {
  public:
   velabsTranslatorCategory(utString name, int group_order) : name_(std::move(name)), group_order_(group_order) {}
@@ -14,8 +14,8 @@ class VELPLATFORM_API velabsTranslatorCategory {
   // Groups are listed in this order, the smallest first.
   int group_order() const { return group_order_; }
 
-  // "Mesh", "Exact", "Exchange", "Native" or "View"; any other name gives a neutral category of that name, ordered
-  // last. Never null.
+  // "Mesh", "Exact", "Exchange", "Native" or "View"; any other name gives a neutral category with that name, which is
+  // ordered last. Never null.
   static coPrf<velabsTranslatorCategory> find(const utString& name);
 
  private:

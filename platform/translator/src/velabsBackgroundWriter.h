@@ -10,8 +10,8 @@
 
 class velabsReplacementFile;
 
-// Writes one full buffer to a file while the next one is filled: a thread of its own, which begins with the first
-// buffer. Where no thread can be had the caller writes.
+// Writes one full buffer to a file while the caller fills the next one. Uses a separate thread, which starts with the
+// first buffer. If no thread can be created the caller writes.
 class velabsBackgroundWriter {
  public:
   // The file must outlive the writer.
@@ -20,11 +20,11 @@ class velabsBackgroundWriter {
   velabsBackgroundWriter(const velabsBackgroundWriter&) = delete;
   velabsBackgroundWriter& operator=(const velabsBackgroundWriter&) = delete;
 
-  // Takes `used` bytes of `buffer`, which is exchanged for one of `size` bytes to be filled next. Waits until the bytes
-  // handed over before are written; `failure` receives why they could not be.
+  // Writes `used` bytes of `buffer`, and replaces it by a buffer of `size` bytes to fill next. Waits until the previous
+  // bytes are written; if that failed `failure` is set.
   void write(std::unique_ptr<char[]>& buffer, std::size_t used, std::size_t size, utString& failure);
 
-  // Waits until everything is written.
+  // Waits until all bytes are written.
   void wait(utString& failure);
 
  private:
@@ -35,7 +35,7 @@ class velabsBackgroundWriter {
   std::mutex mutex_;
   std::condition_variable changed_;
   std::unique_ptr<char[]> buffer_;
-  std::size_t used_ = 0;  // bytes still to be written; 0 when the thread has nothing to do
+  std::size_t used_ = 0;  // bytes still to write; 0 while the thread is idle
   bool ending_ = false;
   utString failure_;
 };

@@ -10,13 +10,13 @@
 
 namespace {
 
-// Judges the files that stand where companions of one target and extension would.
+// Decides whether existing files, with the names of sidecar files of one target and extension, may be replaced.
 class Owner {
  public:
   Owner(const utString& target, const velabsNumberedNames& names, const std::vector<utString>& inputs)
       : target_(target), names_(names), inputs_(inputs) {}
 
-  // Whether the target alone has the file that stands at `path` and has this number.
+  // Whether the regular file at `path`, which has this number, is named by the target and not used by an input.
   bool owns(unsigned number, const std::string& path) {
     struct stat status;
     if (lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;

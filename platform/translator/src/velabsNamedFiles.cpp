@@ -14,10 +14,10 @@
 namespace {
 
 constexpr std::size_t piece_size = std::size_t{1} << 20;
-// More than the longest name takes when every character of it is written as six.
+// Longer than the longest file name with every character written as six.
 constexpr std::size_t overlap = 4096;
 
-// A part of a file. What touches an end of it that is no end of the file stands whole in the neighbouring piece.
+// A part of a file. A name that is cut by a border of the piece is complete in the neighbouring piece.
 struct Piece {
   std::string_view text;
   bool is_first;
@@ -33,7 +33,7 @@ std::size_t find(std::string_view text, const std::string& what, std::size_t fro
   return found ? static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) : text.npos;
 }
 
-// Takes "_12" away from the end; 0 when no number as we write them stands there.
+// Removes "_12" from the end and returns the number; 0 if the text does not end in a number in this form.
 unsigned take_number(std::string_view& text) {
   const std::size_t mark = text.find_last_not_of("0123456789");
   if (mark == text.npos || text[mark] != '_' || mark + 1 == text.size() || text[mark + 1] == '0') return 0;
@@ -78,7 +78,7 @@ void append_utf8(std::string& to, unsigned character) {
   }
 }
 
-// The text with the characters themselves in place of their codes.
+// The text with its character codes replaced by the characters.
 std::string decoded(std::string_view text) {
   std::string result;
   while (!text.empty()) {

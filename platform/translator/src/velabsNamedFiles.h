@@ -5,8 +5,8 @@
 
 #include "utString.h"
 
-// Files of one directory that differ by a number: stem "out" and ending ".mtl" stand for "out.mtl", which is number 0,
-// "out_1.mtl", "out_2.mtl" and so on.
+// The names of files in one directory that differ by a number. Stem "out" and ending ".mtl" give "out.mtl" for number
+// 0, "out_1.mtl", "out_2.mtl" and so on.
 struct velabsNumberedNames {
   std::string stem;
   std::string ending;
@@ -14,6 +14,6 @@ struct velabsNumberedNames {
   std::string name(unsigned number) const { return stem + (number > 0 ? "_" + std::to_string(number) : "") + ending; }
 };
 
-// The numbers of those that the bytes of a file name, as they stand or with characters written as "%20" or "\u0020".
-// None for a file that cannot be read.
+// The numbers of those names that the bytes of a file contain, unchanged or with characters written as "%20" or
+// "\u0020". Empty if the file cannot be read.
 std::set<unsigned> velabs_named_in(const utString& file, const velabsNumberedNames& names);

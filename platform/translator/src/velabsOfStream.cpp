@@ -36,7 +36,7 @@ void velabsOfStream::write(std::string_view bytes) {
   if (bytes.empty() || !good()) return;
   if (!buffer_) open();
   if (bytes.size() >= buffer_size) {
-    // Both go to the file as they stand.
+    // Write both directly, without copying.
     put({buffer_.get(), used_});
     used_ = 0;
     return put(bytes);
@@ -62,7 +62,7 @@ velabsOfStream& velabsOfStream::companion(const utString& extension) {
   companion.extension_ = extension;
   companion.wished_ = chosen.wished;
   if (chosen.name == target_) companion.failure_ = "a file beside the output would have its name";
-  // What goes to a device or a pipe has nothing beside it.
+  // A device or a pipe cannot have sidecar files.
   companion.discards_ = !has_room_beside();
   return companion;
 }
@@ -111,7 +111,7 @@ bool velabsOfStream::commit() {
   for (const auto& companion : companions_) all.push_back(companion.get());
   all.push_back(this);
 
-  // All that is likely to fail comes before the first target is touched.
+  // Do everything that is likely to fail before the first target is changed.
   auto fail = [&](const velabsOfStream& stream) {
     if (good()) failure_ = stream.target_ + ": " + stream.failure_;
     for (velabsOfStream* each : all) {
@@ -123,7 +123,7 @@ bool velabsOfStream::commit() {
   for (velabsOfStream* stream : all) {
     if (!stream->finish()) return fail(*stream);
   }
-  // Where one of them takes the place of an old file, that one may depend on all the others.
+  // If one of them replaces an old file, that file may depend on all the others.
   const bool on_disk = std::any_of(
       all.begin(), all.end(), [](const velabsOfStream* stream) { return stream->file_ && stream->file_->has_old(); });
   for (velabsOfStream* stream : all) {
@@ -131,7 +131,7 @@ bool velabsOfStream::commit() {
   }
   for (velabsOfStream* stream : all) {
     if (!stream->file_) continue;
-    // Behind the last one nothing can fail any more.
+    // After the last one there are no further steps that can fail.
     const bool done = stream == this ? file_->take(failure_) : stream->file_->replace(stream->failure_);
     if (!done) return fail(*stream);
   }

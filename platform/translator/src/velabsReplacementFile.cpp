@@ -22,8 +22,8 @@ utString reason_of(int error) {
   return std::generic_category().message(error);
 }
 
-// What the user's mask leaves of read and write for all. Asking the system call would change the mask for other threads
-// for a moment, so it comes last.
+// Read and write for all, as limited by the user's mask. The system call would change the mask for other threads for a
+// moment, so it is only the fallback.
 mode_t mode_of_new_files() {
   std::ifstream status("/proc/self/status");
   for (std::string line; std::getline(status, line);) {
@@ -43,7 +43,7 @@ std::string name_beside(const std::string& path) {
   return path.substr(0, path.rfind('/') + 1) + "." + vlu_random_text().str();
 }
 
-// Where a link leads, whether something is there or not.
+// The target of a link, whether it exists or not.
 std::string behind_links(std::string path) {
   for (int links = 0; links < 40; ++links) {
     char to[PATH_MAX];
@@ -57,9 +57,9 @@ std::string behind_links(std::string path) {
   return path;
 }
 
-// Whether the path is a link of another user in a directory where everybody may make files (the sticky bit is set and
-// others may write): whoever made it chose the file that is written. Links of the directory's owner are trusted, as
-// the system does where its protection of such links is on (fs.protected_symlinks of proc(5)).
+// Whether the path is a link of another user in a directory where everybody may create files (the sticky bit is set and
+// others may write). The creator of such a link chose the file that is written. Links of the directory's owner are
+// trusted, as in the system's own protection (fs.protected_symlinks of proc(5)).
 bool is_untrusted_link(const std::string& path) {
   struct stat link, directory;
   if (lstat(path.c_str(), &link) != 0 || !S_ISLNK(link.st_mode)) return false;
@@ -68,8 +68,8 @@ bool is_untrusted_link(const std::string& path) {
   return is_open_to_all && link.st_uid != geteuid() && link.st_uid != directory.st_uid;
 }
 
-// For a link of the directory in which the system shows a process's open descriptors, the number of the descriptor when
-// the process is this one, else -1; none when the path leads through no such link.
+// The descriptor number of a path that leads through a link in /proc/PID/fd, the directory of a process's open
+// descriptors; -1 if PID is not this process. None for other paths.
 std::optional<int> descriptor_behind(std::string path) {
   for (int links = 0; links < 40; ++links) {
     char directory[PATH_MAX];
@@ -92,7 +92,8 @@ std::string descriptor_path(int file) {
   return "/proc/self/fd/" + std::to_string(file);
 }
 
-// A file without a name in a directory; negative where the file system has none or could not name it later.
+// Opens an unnamed file in a directory. Negative if the file system does not support it or could not name the file
+// later.
 int open_nameless(const std::string& directory) {
   const int file = ::open(directory.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
   if (file < 0 || access(descriptor_path(file).c_str(), F_OK) == 0) return file;
@@ -100,8 +101,8 @@ int open_nameless(const std::string& directory) {
   return -1;
 }
 
-// Blocks, for this thread, the signals of a write to a pipe without a reader and beyond the limit of file sizes, so
-// that the write fails instead.
+// Blocks two signals in this thread so that a write fails instead: those for a pipe without a reader and for exceeding
+// the limit of file sizes.
 class WriteSignalsBlocked {
  public:
   WriteSignalsBlocked() {
@@ -153,7 +154,7 @@ bool velabsReplacementFile::is_written_directly(const utString& target) {
 
 std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open_directly(const std::string& target,
                                                                             utString& failure) {
-  // Of a common file the descriptor itself, so that what others write to it comes before and behind.
+  // For a regular file duplicate the descriptor itself, so that the output is in order with that of other writers.
   struct stat status;
   const bool is_common = stat(target.c_str(), &status) == 0 && S_ISREG(status.st_mode);
   const int own = is_common ? descriptor_behind(target).value_or(-1) : -1;
@@ -163,7 +164,7 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open_directly(cons
     failure = errno == ENXIO ? utString("nobody reads from it") : reason_of(errno);
     return nullptr;
   }
-  // Only the opening must not wait.
+  // Only opening must not block.
   if (own < 0) fcntl(file, F_SETFL, fcntl(file, F_GETFL) & ~O_NONBLOCK);
   return std::unique_ptr<velabsReplacementFile>(new velabsReplacementFile(file, "", "", 0, false));
 }
@@ -182,7 +183,7 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utStrin
   const std::string place = behind_links(target.str());
   struct stat status;
   const bool exists = stat(place.c_str(), &status) == 0;
-  // Links that lead in a circle are there and lead nowhere: what took their place would not be where they point.
+  // A circular link exists but has no target, so a file cannot be put there.
   if (!exists && errno == ELOOP) {
     failure = reason_of(ELOOP);
     return nullptr;
@@ -191,7 +192,7 @@ std::unique_ptr<velabsReplacementFile> velabsReplacementFile::open(const utStrin
     failure = reason_of(EISDIR);
     return nullptr;
   }
-  // Replacing a file needs no right to write to it, but its owner means what the permissions say.
+  // Replacing a file does not need the right to write to it, but its owner set the permissions for a reason.
   if (exists && faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) != 0) {
     failure = reason_of(errno);
     return nullptr;
@@ -217,7 +218,7 @@ velabsReplacementFile::~velabsReplacementFile() {
   close_file();
 }
 
-// An interrupted close is one.
+// A close that was interrupted has also closed the file.
 bool velabsReplacementFile::close_file() {
   const int file = std::exchange(file_, -1);
   return file < 0 || close(file) == 0 || errno == EINTR;
@@ -265,8 +266,8 @@ bool velabsReplacementFile::take(utString& failure) {
 
 bool velabsReplacementFile::replace(utString& failure) {
   if (target_.empty()) return true;
-  // An exchange keeps the old file until all is done, where there is one and the file system can do it. It would take a
-  // directory too.
+  // An exchange keeps the old file until all is done, if there is one and the file system supports it. It is not used
+  // on a directory, because it would exchange that too.
   auto move = [&](unsigned flags) { return renameat2(AT_FDCWD, name_.c_str(), AT_FDCWD, target_.c_str(), flags) == 0; };
   struct stat status;
   const bool over_file = stat(target_.c_str(), &status) == 0 && S_ISREG(status.st_mode);

@@ -8,18 +8,19 @@
 
 #include "utString.h"
 
-// A new file that takes the place of its target when it is whole. Until it has a name the file goes with the process;
-// a target that is a device, a pipe or an open descriptor (/dev/stdout) is written directly and has nothing to take the
-// place of. Every operation that fails says why.
+// A new file that replaces its target when it is complete. Until it has a name the file disappears with the process. A
+// target that is a device, a pipe or an open descriptor (/dev/stdout) is written directly and not replaced. Every
+// operation that fails gives the reason in `failure`.
 //
 // The steps, each at most once: write, settle, then take, or replace and keep or undo. Destroyed before `take` or
-// `keep`, it leaves the target as it was, where the file system can exchange two files, and nothing beside it.
+// `keep`, it leaves the target unchanged, if the file system can exchange two files, and removes the new file.
 class velabsReplacementFile {
  public:
-  // Null when the file cannot be made.
+  // Null if the file cannot be created.
   static std::unique_ptr<velabsReplacementFile> open(const utString& target, utString& failure);
 
-  // True for a device, a pipe, and what leads to an open descriptor even of a common file: others write there too.
+  // True for a device, a pipe, and a path to an open descriptor even of a regular file, because other code writes there
+  // too.
   static bool is_written_directly(const utString& target);
 
   ~velabsReplacementFile();
@@ -28,22 +29,22 @@ class velabsReplacementFile {
 
   bool write(std::string_view bytes, utString& failure);
 
-  // Whether there is an old file, so that something can be lost.
+  // Whether there is an old file, which a failure could lose.
   bool has_old() const { return has_old_; }
 
-  // Gives the file its permissions, its old owner where that is allowed, and a name beside the target, so that what may
-  // fail is behind us before the first target is touched. Closes the file, since some file systems find only then that
-  // there is no space. With `on_disk` it also waits until the bytes are safe there: an old file may only go for a new
-  // one that a loss of power leaves whole.
+  // Sets the permissions, the old owner if that is allowed, and a name beside the target, so that these steps cannot
+  // fail after the first target is changed. Closes the file, since some file systems report a full disk only then. With
+  // `on_disk` it also waits until the bytes are on the disk: an old file may only be replaced by a new one that
+  // survives a loss of power.
   bool settle(bool on_disk, utString& failure);
 
-  // Takes the place of the target for good, in one step: at every moment, even of a kill, one of the two is there.
+  // Replaces the target permanently, in one step: one of the two exists at every moment, even if the process is killed.
   bool take(utString& failure);
 
-  // Takes it so that it can be undone.
+  // Replaces the target so that it can be undone.
   bool replace(utString& failure);
   void undo();
-  // Lets the old content go.
+  // Removes the old content.
   void keep();
 
  private:
@@ -53,7 +54,7 @@ class velabsReplacementFile {
   static std::unique_ptr<velabsReplacementFile> open_directly(const std::string& target, utString& failure);
 
   int file_;            // negative once closed
-  std::string target_;  // behind links; empty for what is written directly
+  std::string target_;  // with links resolved; empty if the target is written directly
   std::string name_;    // beside the target; empty while the file has no name
   mode_t mode_;
   bool has_old_;

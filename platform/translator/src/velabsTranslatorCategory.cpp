@@ -6,7 +6,7 @@
 
 namespace {
 
-// Every category that was ever asked for. Never destroyed: descriptions hold references until the process ends.
+// Every category that was ever requested. Never destroyed: descriptions hold references until the process ends.
 struct Categories {
   std::mutex lock;
   std::vector<coPrf<velabsTranslatorCategory>> known{

@@ -2,8 +2,8 @@
 
 #include "apLanguage.h"
 
-// A service as the registry hands it out: a pointer that owns nothing, so that releasing it runs no code of the
-// service's library. What it points at is agreed between the service and its users, by key.
+// A service as returned by the registry: a non-owning pointer, so releasing it runs no code of the service's library.
+// The service and its users agree on the type by the key.
 class vluBaseServicePtr {
  public:
   vluBaseServicePtr() = default;

@@ -2,7 +2,7 @@
 
 #include "apLanguage.h"
 
-// What a file is, told by its content. Names and numbers are stable: they stand in cache files.
+// The type of a file, determined by its content. Names and numbers are stable, because cache files contain them.
 enum vluFileType : int {
   vluUNKNOWN = 0,
   vluSTL = 1,

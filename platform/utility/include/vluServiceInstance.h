@@ -4,11 +4,11 @@
 
 class velabsAppInfo;
 
-// What a service library makes when it is asked for an instance. The registry owns it and destroys it before the
-// library is unloaded. The order of the operations is part of the contract.
+// The object that a service library creates. The registry owns it and destroys it before the library is unloaded. The
+// order of the operations is part of the contract.
 class vluServiceInstance {
  public:
-  // Puts the service into the holder; the service must live as long as this object.
+  // Stores the service in the holder; the service must exist as long as this object.
   virtual void service(vluBaseServicePtr& holder) = 0;
   virtual ~vluServiceInstance() = default;
 };
@@ -16,7 +16,7 @@ class vluServiceInstance {
 // The entry point of a service library, exported as "get_instance".
 using vluGetInstance = vluServiceInstance* (*)(const velabsAppInfo*);
 
-// Exports the entry point; `type` is made from the application information.
+// Exports the entry point; the constructor of `type` takes the application information.
 #define VLU_SERVICE_LIBRARY(type)                                                                              \
   extern "C" __attribute__((visibility("default"))) vluServiceInstance* get_instance(const velabsAppInfo* i) { \
     return new type(i);                                                                                        \

@@ -2,7 +2,7 @@
 
 #include "utString.h"
 
-// The key under which a service is known: a name, ordered by its bytes.
+// The key of a service: a name, ordered by its bytes.
 class vluServiceKey {
  public:
   explicit vluServiceKey(utString name) : name_(std::move(name)) {}

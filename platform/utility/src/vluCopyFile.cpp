@@ -53,7 +53,7 @@ bool copy_content(int from, int to) {
   }
 }
 
-// Where a link leads, so that it keeps being a link; the path itself when nothing is there.
+// The target of a link, so that the link is kept; the path itself if the target does not exist.
 std::string behind_links(const utString& path) {
   const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
   return real ? real.get() : path.str();
@@ -75,7 +75,7 @@ vluFileError vlu_copy_file(const utString& from, const utString& to) {
     if (!S_ISREG(target_status.st_mode)) return vluFILE_NOT_COPIED;
   }
 
-  // Written beside the target and put in its place when whole.
+  // Written beside the target and renamed when complete.
   const std::string target = behind_links(to);
   const std::string beside = target.substr(0, target.rfind('/') + 1) + "." + vlu_random_text().str();
   Descriptor copy(open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));

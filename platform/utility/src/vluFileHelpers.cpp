@@ -39,7 +39,7 @@ vluFileError vlu_remove_file(const utString& path) {
 }
 
 utString vlu_make_temp_file_name(const utString& name) {
-  // Only an absolute directory: the name must mean the same wherever the process goes.
+  // Only an absolute directory: the name must stay valid if the process changes its directory.
   const char* chosen = std::getenv("TMPDIR");
   std::string path = chosen && *chosen == '/' ? chosen : "/tmp";
   if (path.back() != '/') path += '/';

@@ -15,8 +15,8 @@ constexpr Recogniser recognisers[] = {
     {vluIGES, vlu_sure_of_iges}, {vluGLTF, vlu_sure_of_gltf}, {vluOBJ, vlu_sure_of_obj},
 };
 
-// ASCII characters in UTF-16 are pairs of a null byte and another one. Nearly all characters of text files of CAD
-// programs are such.
+// In UTF-16 an ASCII character is a null byte and another byte. Nearly all characters in text files of CAD programs are
+// ASCII.
 bool is_mostly_wide_ascii(std::string_view bytes, std::size_t place_of_null) {
   const std::size_t pairs = bytes.size() / 2;
   std::size_t wide = 0;
@@ -45,7 +45,7 @@ vluFileType vluFileTypeFinder::find_file_type(const utString& path) {
   for (const Recogniser& recogniser : recognisers) {
     const vluSureness sureness = recogniser.sureness(*sample);
     if (sureness == vluUNMISTAKABLE) return recogniser.type;
-    // Two formats that are equally sure of one file are both wrong about it.
+    // Two formats with equal confidence: the file is ambiguous.
     if (sureness == best_sureness) best = vluUNKNOWN;
     if (sureness > best_sureness) {
       best = recogniser.type;

@@ -9,7 +9,7 @@
 
 namespace {
 
-// More than one text needs, nearly always; asking the system costs more than the bytes.
+// Nearly always enough for one text; a system call costs more than the bytes.
 using Bytes = std::array<unsigned char, 32>;
 
 Bytes random_bytes() {
@@ -28,7 +28,7 @@ utString vlu_random_text() {
   std::string text;
   while (text.size() < length) {
     for (const unsigned char byte : random_bytes()) {
-      // Numbers behind the end are thrown again, so that each character is equally likely.
+      // Skip values beyond the table, so that each character is equally likely.
       const std::size_t choice = byte & 0x3F;
       if (choice < characters.size() && text.size() < length) text += characters[choice];
     }

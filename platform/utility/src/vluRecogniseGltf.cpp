@@ -11,7 +11,7 @@ constexpr std::array<std::string_view, 12> other_keys{"accessors", "animations",
                                                       "cameras",   "images",     "materials", "meshes",
                                                       "nodes",     "scene",      "scenes",    "textures"};
 
-// Takes a string in quotes away, which may be cut off by the end of the text.
+// Removes a quoted string, which may be cut off by the end of the text.
 std::string_view take_string(std::string_view& text) {
   text.remove_prefix(1);
   std::size_t end = 0;
@@ -32,7 +32,7 @@ struct Keys {
   int others = 0;
 };
 
-// The keys of the outermost object, as far as the text goes.
+// The keys of the outermost object, up to the end of the text.
 Keys outer_keys(std::string_view text) {
   Keys keys;
   int depth = 0;
@@ -68,7 +68,7 @@ vluSureness vlu_sure_of_gltf(const vluFileSample& sample) {
   if (!text.starts_with('{')) return vluNO_MARK;
   const Keys keys = outer_keys(text);
   if (keys.asset) return vluKEYWORD;
-  // A long buffer in the text may push everything else behind the head.
+  // A long embedded buffer may push the other keys out of the head.
   if (!sample.head_is_all() && names_asset(sample.tail())) return vluCONSISTENT;
   return keys.others >= 2 ? vluRESEMBLES : vluNO_MARK;
 }

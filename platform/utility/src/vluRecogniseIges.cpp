@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t line_width = 80;
 constexpr std::size_t mark_width = 8;  // a letter and a number of seven places
 
-// The letter of the section and the number that end a line, when they do.
+// The section letter and the sequence number at the end of a line, if present.
 struct Mark {
   char section = 0;
   long long number = 0;
@@ -26,7 +26,7 @@ Mark mark_of(std::string_view line) {
   return {mark[0], number};
 }
 
-// The lines of the front; a file without line breaks has its lines end to end.
+// Removes one line; in a file without line breaks the lines follow each other directly.
 std::string_view take_record(std::string_view& text) {
   const std::size_t line_break = text.find_first_of("\r\n");
   if (line_break != text.npos && line_break <= 2 * line_width) return vlu_take_line(text);

@@ -1,4 +1,4 @@
-// The formats with a mark of their own at the front.
+// The formats with a signature at the start of the file.
 
 #include "vluRecognisers.h"
 #include "vluTextScan.h"
@@ -31,8 +31,8 @@ vluSureness vlu_sure_of_step(const vluFileSample& sample) {
 }
 
 vluSureness vlu_sure_of_brep(const vluFileSample& sample) {
-  // The text form may have a line of its drawing program above its version line; the binary form names itself with one
-  // word more in front.
+  // The text form may have a line of its drawing program before its version line. The signature of the binary form has
+  // one more word in front.
   const std::string_view front = sample.head().substr(0, 256);
   if (front.find("CASCADE Topology V") != front.npos) return vluUNMISTAKABLE;
   std::string_view text = sample.text();

@@ -30,20 +30,20 @@ bool is_one_of(const std::array<std::string_view, count>& words, std::string_vie
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-// Writers differ in how they spell numbers, so a digit where one belongs is enough.
+// Writers spell numbers differently, so a digit in the right position is enough.
 bool starts_as_number(std::string_view word) {
   double number;
   return ap_take_double(word, number);
 }
 
 struct Counts {
-  int shapes = 0;  // statements with the numbers that they need
+  int shapes = 0;  // statements with the required numbers
   int links = 0;   // names of material files and materials
   int others = 0;
-  int foreign = 0;  // lines that are no statements; those of a keyword that is not known here are not counted
+  int foreign = 0;  // lines that are not statements, except lines with an unknown keyword
 };
 
-// A word of letters and a number: many programs add statements of their own.
+// A word of letters and a number: many programs add their own statements.
 bool looks_like_statement(std::string_view keyword, std::string_view first) {
   auto is_letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
   return std::all_of(keyword.begin(), keyword.end(), is_letter) && starts_as_number(first);
@@ -68,7 +68,8 @@ void count_line(std::string_view line, Counts& counts) {
   }
 }
 
-// Statements of the text; a line that the sample cuts is left out, a line that a backslash continues counts once.
+// Counts the statements of the text. A line that is cut by the sample is skipped; a line continued by a backslash
+// counts once.
 Counts count_statements(std::string_view text, bool cut_at_front, bool cut_at_end) {
   Counts counts;
   if (cut_at_front) vlu_take_line(text);
@@ -76,7 +77,7 @@ Counts count_statements(std::string_view text, bool cut_at_front, bool cut_at_en
   while (!text.empty()) {
     const std::string_view line = vlu_take_line(text);
     const bool cut = cut_at_end && text.empty();
-    // A cut line still has its first words when it is long.
+    // The first words of a cut line are complete if the line is long.
     if (!continued && (!cut || line.size() > 256)) count_line(line, counts);
     continued = line.ends_with('\\');
   }

@@ -4,9 +4,9 @@
 
 namespace {
 
-// Takes the optional prefixes and the keyword itself away.
+// Removes the optional prefixes and the keyword.
 bool take_keyword(std::string_view& text) {
-  // Some writers put "N" in front of "C".
+  // Some writers put "N" before "C".
   for (std::string_view prefix : {"ST", "N", "C", "N", "4", "n"}) {
     if (text.starts_with(prefix)) text.remove_prefix(prefix.size());
   }
@@ -16,8 +16,8 @@ bool take_keyword(std::string_view& text) {
   return vlu_is_blank(next) || next == '\n' || next == '#' || (next >= '0' && next <= '9');
 }
 
-// How many numbers a line holds, none when anything else stands there but a comment; `first_whole` is the first of
-// them, -1 when it is no whole number.
+// The number of numbers on a line, ignoring a comment; 0 if it contains anything else. `first_whole` is the first
+// number, or -1 if that is not an integer.
 std::size_t numbers_on_line(std::string_view line, long long& first_whole) {
   line = line.substr(0, line.find('#'));
   std::size_t count = 0;
@@ -29,8 +29,8 @@ std::size_t numbers_on_line(std::string_view line, long long& first_whole) {
   return count;
 }
 
-// Some writers leave the keyword out. Counts, vertices and faces must then agree with each other as far as the head
-// goes, and a file that ends in it must hold all of them.
+// For files without the keyword. Counts, vertices and faces must be consistent within the head, and a file that ends
+// within the head must contain all of them.
 bool agrees_with_itself(const vluFileSample& sample) {
   std::string_view text = sample.text();
   std::string_view counts = vlu_take_line(text);
@@ -40,7 +40,7 @@ bool agrees_with_itself(const vluFileSample& sample) {
     return false;
   }
   if (vertices < 3 || faces < 1 || edges < 0) return false;
-  // The last line of a head that is cut off may be half of one.
+  // The last line of a truncated head may be incomplete.
   if (!sample.head_is_all()) text = text.substr(0, text.find_last_of("\r\n"));
   long long seen = 0;
   for (vlu_skip_comments(text); !text.empty() && seen < vertices + faces; vlu_skip_comments(text), ++seen) {
@@ -55,7 +55,7 @@ bool agrees_with_itself(const vluFileSample& sample) {
 }  // namespace
 
 vluSureness vlu_sure_of_off(const vluFileSample& sample) {
-  // The binary form has null bytes behind its first line, so the head is not asked to be text.
+  // The binary form has null bytes after its first line, so the head need not be text.
   std::string_view text = sample.head();
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   vlu_skip_comments(text);

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t header_size = 80;
 constexpr std::size_t prologue_size = header_size + 4;
 constexpr std::size_t triangle_size = 50;
-constexpr std::uint32_t most_triangles = std::uint32_t{1} << 28;  // where the size of the file does not confirm them
+constexpr std::uint32_t most_triangles = std::uint32_t{1} << 28;  // if the size of the file does not confirm them
 
 bool is_word(std::string_view word, std::string_view lower) {
   if (word.size() != lower.size()) return false;
@@ -35,7 +35,7 @@ vluSureness sure_of_text(const vluFileSample& sample) {
   std::string_view line = vlu_take_line(text);
   if (!is_word(vlu_take_word(line), "solid")) return vluNO_MARK;
 
-  // The name may run over several lines, so the first statement is looked for and not expected.
+  // The name may have several lines, so search for the first statement.
   bool cut_word = false;
   int lines = 0;
   for (vlu_skip_space(text); !text.empty(); vlu_skip_space(text), ++lines) {
@@ -44,12 +44,12 @@ vluSureness sure_of_text(const vluFileSample& sample) {
     if (is_word(word, "facet") || is_word(word, "endsolid")) return vluKEYWORD;
     cut_word = sample.head_is_all() && (is_start_of_word(word, "facet") || is_start_of_word(word, "endsolid"));
   }
-  // A file cut off before its first statement was complete.
+  // A file that is truncated before the end of its first statement.
   return sample.head_is_all() && (lines == 0 || (lines == 1 && cut_word)) ? vluFRAGMENT : vluNO_MARK;
 }
 
-// What speaks for a triangle at the front of `bytes`: 2 when its normal is that of its corners, 1 when the normal is
-// left out, 0 when a number is none that models have, the corners span nothing, or the normal is another one.
+// Rates the triangle at the start of `bytes`. 2: its normal matches its corners. 1: the normal is omitted. 0: a number
+// is outside the range of models, the corners have no area, or the normal does not match.
 int evidence_of_triangle(std::string_view bytes) {
   std::array<float, 12> numbers;
   std::memcpy(numbers.data(), bytes.data(), sizeof numbers);
@@ -72,7 +72,7 @@ int evidence_of_triangle(std::string_view bytes) {
   return std::fabs(cosine) > 0.9 ? 2 : 0;
 }
 
-// True when at least half of the triangles that lie in the head are what triangles look like.
+// True if at least half of the triangles in the head are plausible.
 bool holds_triangles(std::string_view head, std::uint64_t count) {
   std::uint64_t good = 0;
   std::uint64_t seen = 0;
@@ -96,13 +96,13 @@ vluSureness sure_of_binary(const vluFileSample& sample) {
   std::memcpy(&count, head.data() + header_size, sizeof count);
   const std::uint64_t expected = prologue_size + std::uint64_t{triangle_size} * count;
 
-  // The size says little without triangles: any file of 84 bytes that ends in zeros has it.
+  // The size alone is weak evidence: any file of 84 bytes that ends in zeros has it.
   if (count == 0) return sample.size() == expected ? vluRESEMBLES : vluNO_MARK;
   if (sample.size() == expected) return vluEXACT_SIZE;
   if (count > most_triangles) return vluNO_MARK;
   if (holds_triangles(head, count)) return vluCONSISTENT;
 
-  // Cut off within the first triangle.
+  // Truncated within the first triangle.
   const bool text_behind = !sample.text().empty();
   if (sample.size() < prologue_size + triangle_size && !text_behind && names_stl(head.substr(0, header_size))) {
     return vluFRAGMENT;

@@ -1,4 +1,4 @@
-// Packages: archives told by the names of what they hold.
+// Archives, recognised by the names of their entries.
 
 #include <algorithm>
 #include <string_view>
@@ -20,7 +20,7 @@ struct HeaderForm {
 constexpr HeaderForm local_header{{"PK\3\4", 4}, 26, 30};
 constexpr HeaderForm directory_header{{"PK\1\2", 4}, 28, 46};
 
-// Calls `use` with the name in every header of one form that lies in `bytes`.
+// Calls `use` with the name in every header of one form within `bytes`.
 template <typename Use>
 void for_each_name(std::string_view bytes, const HeaderForm& form, Use use) {
   for (std::size_t at = bytes.find(form.signature); at != bytes.npos; at = bytes.find(form.signature, at + 4)) {
@@ -33,7 +33,7 @@ bool same_but_case(char a, char b) {
   return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b;
 }
 
-// `front` in lower case.
+// Compares with the start of `name`, ignoring case; `front` is in lower case.
 bool begins_with(std::string_view name, std::string_view front) {
   return name.size() >= front.size() && std::equal(front.begin(), front.end(), name.begin(),
                                                    [](char lower, char any) { return same_but_case(any, lower); });

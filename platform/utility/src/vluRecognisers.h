@@ -2,19 +2,19 @@
 
 #include "vluFileSample.h"
 
-// How sure a recogniser is that a file is of its format: 0 when nothing speaks for it. The steps matter only against
-// each other: the surest recogniser wins.
+// The confidence of a recogniser that a file has its format; 0 if nothing indicates it. Only the order matters: the
+// highest confidence wins.
 enum vluSureness : int {
   vluNO_MARK = 0,
-  vluFRAGMENT = 20,     // so little is there that nothing speaks against it either
+  vluFRAGMENT = 20,     // too little content to exclude the format
   vluRESEMBLES = 40,    // damaged, or common words only
-  vluCONSISTENT = 60,   // its content agrees with itself as this format demands
-  vluKEYWORD = 80,      // a keyword of the format where it belongs, and what must follow it
+  vluCONSISTENT = 60,   // its content is consistent with this format
+  vluKEYWORD = 80,      // a keyword of the format at the right position, followed by what the format requires
   vluEXACT_SIZE = 90,   // a count in the file gives exactly the file's size
-  vluUNMISTAKABLE = 99  // a mark made to tell the format from all others
+  vluUNMISTAKABLE = 99  // a signature that identifies only this format
 };
 
-// One for each format. Each looks at the sample alone and takes time in proportion to it.
+// One for each format. Each reads only the sample, in linear time.
 vluSureness vlu_sure_of_stl(const vluFileSample& sample);
 vluSureness vlu_sure_of_obj(const vluFileSample& sample);
 vluSureness vlu_sure_of_ply(const vluFileSample& sample);

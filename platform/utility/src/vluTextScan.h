@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-// Small steps over text that may end anywhere.
+// Scanning functions for text that may end anywhere.
 
 inline bool vlu_is_blank(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
@@ -17,7 +17,7 @@ inline void vlu_skip_space(std::string_view& text) {
   while (!text.empty() && (vlu_is_blank(text.front()) || text.front() == '\n')) text.remove_prefix(1);
 }
 
-// Takes one line and its break away: LF, CR LF or a lone CR. The line comes without the break.
+// Removes one line with its break (LF, CR LF or a lone CR). Returns the line without the break.
 inline std::string_view vlu_take_line(std::string_view& text) {
   const std::size_t end = text.find_first_of("\r\n");
   const std::string_view line = text.substr(0, end);
@@ -30,7 +30,7 @@ inline std::string_view vlu_take_line(std::string_view& text) {
   return line;
 }
 
-// Takes the word at the front of a line away, with the blanks before it; empty at the end of the line.
+// Removes the first word of a line and the blanks before it; empty at the end of the line.
 inline std::string_view vlu_take_word(std::string_view& line) {
   vlu_skip_blanks(line);
   std::size_t end = 0;
