@@ -9,7 +9,7 @@
 
 static_assert(std::endian::native == std::endian::little, "words are summed as they lie in memory");
 
-// What `hpfChecksum` comes to.
+// The result of `hpfChecksum`.
 struct hpfSum {
   std::uint64_t first = 0;
   std::uint64_t second = 0;
@@ -17,16 +17,16 @@ struct hpfSum {
   friend bool operator==(const hpfSum&, const hpfSum&) = default;
 };
 
-// The checksum of the HPF format, about as fast as memory is read. A word of 8 bytes goes into one of eight lanes,
-// which take turns, by a bijection of the lane, and so do the lanes into the first sum: two inputs of one length that
-// differ in a single word never have the same. The second sum tells what several words could do to the first.
+// The checksum of the HPF format; its speed is close to that of reading memory. Each word of 8 bytes changes one of
+// eight lanes in turn by a bijection, and each lane changes the first sum by a bijection. So two inputs of the same
+// length that differ in one word always have different first sums. The second sum detects changes of several words.
 class hpfChecksum {
  public:
   static constexpr std::size_t stripe = 64;
 
-  // `size` is a multiple of `stripe`.
+  // `size` must be a multiple of `stripe`.
   void add(const char* bytes, std::size_t size) {
-    // Kept in registers for the time of the loop.
+    // Local copies stay in registers during the loop.
     auto [a0, a1, a2, a3, a4, a5, a6, a7] = first_;
     auto [b0, b1, b2, b3] = second_;
     for (const char* const end = bytes + size; bytes != end; bytes += stripe) {
@@ -44,7 +44,7 @@ class hpfChecksum {
     size_ += size;
   }
 
-  // The sum of all that was added.
+  // The checksum of all added bytes.
   hpfSum value() const { return {folded(first_), folded(second_)}; }
 
   static hpfSum of(std::string_view bytes) {

@@ -123,7 +123,7 @@ bool hpfInput::fail(const std::string& reason) {
   hpfSum sum;
   if (!good_ || !end_chunk(sum)) return false;
   const std::string chunk = "chunk " + vlt_quoted(name());
-  // Only the next head knows what the sum should be.
+  // The expected checksum is in the next header.
   if (bytes_.size() - end_ >= sizeof(hpfChunkHead)) {
     const auto head = head_at<hpfChunkHead>(bytes_, end_);
     if (head.sum == hpf_sum_of_head(head) && head.before != sum) {

@@ -16,37 +16,37 @@
 #include "velabsOutput.h"
 #include "vltProgress.h"
 
-// The chunks of a file, from front to back. What is taken out of a chunk is summed block by block just before, while it
-// is copied, so that the file goes through the processor's caches once; the head of the next chunk then tells whether
-// it was sound. The first failure is told with its place and ends the reading: what is called later fails in silence.
+// Reads the chunks of a file in order. Data is added to the checksum block by block just before it is copied, so that
+// the file passes the processor's caches once; it is then compared with the checksum in the next chunk's header. The
+// first error is reported with its position and ends the reading: later calls fail without a message.
 class hpfInput {
  public:
   hpfInput(apMappedFile& file, velabsOutput& output);
 
-  // Checks the head of the file.
+  // Checks the file header.
   bool begin();
 
-  // Passes over what is left of the current chunk, checks it and goes to the next one. False behind the last one and
-  // after a failure.
+  // Skips the rest of the current chunk, checks it and goes to the next one. False after the last one and after an
+  // error.
   bool next();
 
   std::string_view name() const { return {head_.name.data(), head_.name.size()}; }
   bool is_critical() const { return (head_.flags & hpf_critical) != 0; }
   std::uint32_t minor() const { return minor_; }
 
-  // Bytes of the current chunk that were not taken.
+  // Bytes of the current chunk that are not read yet.
   std::uint64_t left() const { return end_ - at_; }
 
-  // Takes the next record of the current chunk, or `count` elements of an array; what fills the last 64 bytes is passed
-  // over. `check` is called with the elements in blocks and says whether they are sound.
+  // Reads the next record of the current chunk, or `count` elements of an array; padding to 64 bytes is skipped.
+  // `check` is called with blocks of elements and returns false for invalid ones.
   template <typename Record>
   bool record(Record& record);
   template <typename Element, typename Check>
   bool array(std::vector<Element>& elements, std::uint64_t count, Check check);
   bool text(std::string& text, std::uint64_t length);
 
-  // A failure of the current chunk. Says that the file is damaged if its sum does not fit either, else the reason.
-  // Returns false.
+  // Reports an error in the current chunk: that the file is damaged if the checksum is wrong too, else the reason.
+  // Always false.
   bool fail(const std::string& reason);
 
   bool good() const { return good_; }
@@ -57,7 +57,7 @@ class hpfInput {
 
   bool tell(std::uint64_t place, const std::string& reason);
   bool end_chunk(hpfSum& sum);
-  // Makes sure that at least `wanted` of the bytes from `at_` on are summed. They are there.
+  // Adds at least `wanted` bytes after `at_` to the checksum. They must exist.
   bool sum_up(std::size_t wanted);
   bool has(std::uint64_t count, std::size_t element_size);
   void pass_over(std::uint64_t place) { at_ = std::min<std::uint64_t>(hpf_aligned(place), end_); }
@@ -67,10 +67,10 @@ class hpfInput {
   vltProgress progress_;
   hpfChunkHead head_{};
   hpfChecksum checksum_;
-  std::uint64_t begin_ = sizeof(hpfFileHead);   // of the current chunk's content
-  std::uint64_t end_ = sizeof(hpfFileHead);     // the same
-  std::uint64_t at_ = sizeof(hpfFileHead);      // what is not taken yet
-  std::uint64_t summed_ = sizeof(hpfFileHead);  // and not summed yet
+  std::uint64_t begin_ = sizeof(hpfFileHead);   // content of the current chunk
+  std::uint64_t end_ = sizeof(hpfFileHead);     // end of the content
+  std::uint64_t at_ = sizeof(hpfFileHead);      // start of the bytes that are not read yet
+  std::uint64_t summed_ = sizeof(hpfFileHead);  // start of the bytes that are not in the checksum yet
   std::uint32_t minor_ = 0;
   bool first_ = true;
   bool good_ = true;

@@ -9,8 +9,8 @@
 
 #include "hpfChecksum.h"
 
-// An HPF file as it lies on disk; docs/hpf.md describes it for people. Everything is little-endian, every record and
-// every array begins at a multiple of 64 bytes, what is left before the next one is zero.
+// The layout of an HPF file; see docs/hpf.md. Everything is little-endian. Records and arrays start at multiples of 64
+// bytes, with zeros as padding.
 
 static_assert(std::endian::native == std::endian::little, "records are read as they lie in memory");
 static_assert(sizeof(double) == 8 && sizeof(float) == 4);
@@ -24,7 +24,7 @@ constexpr std::uint64_t hpf_aligned(std::uint64_t size) {
   return (size + hpf_alignment - 1) / hpf_alignment * hpf_alignment;
 }
 
-// At the front of the file, in every version. `sum` is that of these 64 bytes with zeros in its own place.
+// The start of the file in every version. `sum` is the checksum of these 64 bytes with zeros in place of itself.
 struct hpfFileHead {
   std::array<char, 8> mark;
   std::uint32_t major;
@@ -34,18 +34,18 @@ struct hpfFileHead {
   hpfSum sum;
 };
 
-// Before each chunk; `before` is the sum of what lies between this head and the one before it.
+// Before each chunk; `before` is the checksum of the bytes between the previous header and this one.
 struct hpfChunkHead {
   std::array<char, 4> name;
   std::uint32_t flags;
-  std::uint64_t length;  // of what follows, a multiple of 64
-  std::uint64_t place;   // of this head in the file
+  std::uint64_t length;  // of the content, a multiple of 64
+  std::uint64_t place;   // offset of this header in the file
   std::uint64_t spare;
   hpfSum before;
   hpfSum sum;
 };
 
-// A reader that does not know the chunk cannot read the file.
+// A reader that does not know a chunk with this flag cannot read the file.
 inline constexpr std::uint32_t hpf_critical = 1;
 
 inline constexpr std::array<char, 4> hpf_vertices_chunk{'V', 'E', 'R', 'T'};
@@ -60,7 +60,7 @@ inline constexpr std::array<char, 4> hpf_corner_normals_chunk{'C', 'N', 'R', 'M'
 inline constexpr std::array<char, 4> hpf_instance_names_chunk{'I', 'N', 'S', 'T'};
 inline constexpr std::array<char, 4> hpf_up_chunk{'U', 'P', 'A', 'X'};
 
-// Points, normals, colours follow.
+// Followed by points, normals and colours.
 struct hpfVerticesHead {
   std::uint64_t points;
   std::uint64_t normals;
@@ -68,7 +68,7 @@ struct hpfVerticesHead {
   std::uint64_t spare[5];
 };
 
-// Corners, face starts, materials of faces, materials, names of materials follow.
+// Followed by corners, face starts, materials of faces, materials, and names of materials.
 struct hpfMeshHead {
   std::uint64_t vertices;
   std::uint64_t corners;
@@ -87,7 +87,7 @@ struct hpfMaterial {
   std::array<float, 4> colour;
 };
 
-// The kind and the bytes of the shape follow.
+// Followed by the kind and the bytes of the shape.
 struct hpfShapeHead {
   std::uint64_t kind_length;
   std::uint64_t bytes;
@@ -98,7 +98,7 @@ struct hpfShapeHead {
   std::uint64_t spare[5];
 };
 
-// The nodes and their names follow.
+// Followed by the nodes and their names.
 struct hpfTreeHead {
   std::uint64_t nodes;
   std::uint64_t name_bytes;
@@ -106,21 +106,21 @@ struct hpfTreeHead {
   std::uint64_t spare[5];
 };
 
-// The normals follow.
+// Followed by the normals.
 struct hpfPoolHead {
   std::uint64_t vertices;
   std::uint64_t normals;
   std::uint64_t spare[6];
 };
 
-// For each corner the index of its normal follows.
+// Followed by the normal index of each corner.
 struct hpfCornerNormalsHead {
   std::uint64_t mesh;
   std::uint64_t corners;
   std::uint64_t spare[6];
 };
 
-// The records and the names follow.
+// Followed by the records and the names.
 struct hpfInstanceNamesHead {
   std::uint64_t records;
   std::uint64_t name_bytes;
@@ -138,7 +138,7 @@ struct hpfUpHead {
   std::uint64_t spare[7];
 };
 
-// Stands for no parent, no mesh, no shape.
+// No parent, no mesh or no shape.
 inline constexpr std::uint32_t hpf_none = ~std::uint32_t{0};
 inline constexpr std::uint32_t hpf_has_colour = 1;
 
@@ -158,7 +158,7 @@ static_assert(sizeof(hpfTreeHead) == 64 && sizeof(hpfNode) == 136);
 static_assert(sizeof(hpfPoolHead) == 64 && sizeof(hpfCornerNormalsHead) == 64 && sizeof(hpfUpHead) == 64);
 static_assert(sizeof(hpfInstanceNamesHead) == 64 && sizeof(hpfInstanceName) == 16);
 
-// The sum that belongs into a head.
+// The checksum to store in a header.
 template <typename Head>
 hpfSum hpf_sum_of_head(Head head) {
   head.sum = {};

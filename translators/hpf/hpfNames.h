@@ -6,12 +6,12 @@
 #include "hpfLayout.h"
 #include "utString.h"
 
-// The names of a chunk, one behind the other, to be taken in their order.
+// Reads the names of a chunk, which are stored without separators, in order.
 class hpfNames {
  public:
   explicit hpfNames(std::string_view text) : rest_(text) {}
 
-  // False when there is not so much left.
+  // False when fewer bytes are left.
   bool take(std::uint64_t length, utString& name) {
     if (length == hpf_no_name) return true;
     if (length > rest_.size()) return false;

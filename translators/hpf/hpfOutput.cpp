@@ -7,8 +7,8 @@
 
 namespace {
 
-// Large enough that the stream passes it on without a copy, small enough that it is still in the processor's cache when
-// it has been summed.
+// Large enough that the stream writes it without a copy, small enough to stay in the processor's cache after it was
+// added to the checksum.
 constexpr std::size_t block_size = velabsOfStream::buffer_size;
 
 class ChunkWriter {
@@ -20,7 +20,7 @@ class ChunkWriter {
     put_head(head);
   }
 
-  // False when the stream has failed or the work is cancelled.
+  // False when the stream fails or the work is cancelled.
   bool write(const hpfChunk& chunk) {
     begin(chunk);
     for (std::string_view piece : chunk.pieces) {

@@ -5,5 +5,5 @@
 #include "velabsOutput.h"
 #include "velabsResult.h"
 
-// Writes a whole file: its head, the chunks, each summed while it is written, and the end.
+// Writes a whole file: its header, the chunks with their checksums, and the end.
 velabsResult hpf_write_chunks(const hpfPlan& plan, velabsOfStream& stream, velabsOutput& output);

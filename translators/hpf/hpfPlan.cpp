@@ -15,7 +15,7 @@ void append(std::string& bytes, const Record& record) {
   bytes.append(reinterpret_cast<const char*>(&record), sizeof record);
 }
 
-// Adds a name to the others; its length as records give it.
+// Appends a name and returns its length for a record.
 std::uint64_t append_name(std::string& names, const utString& name) {
   if (name.is_null()) return hpf_no_name;
   names += name.view();

@@ -13,7 +13,7 @@
 #include "annDocument.h"
 #include "hpfLayout.h"
 
-// A chunk about to be written: its records and arrays, each of which begins at a multiple of 64 bytes.
+// A chunk to write: its records and arrays, each of which starts at a multiple of 64 bytes.
 struct hpfChunk {
   std::array<char, 4> name;
   std::uint32_t flags;
@@ -26,19 +26,19 @@ struct hpfChunk {
   }
 };
 
-// The chunks of a document: what its nodes show, in the order of its first use, each thing behind what it refers to,
-// then the nodes themselves. Arrays stay where they are in the document, which must outlive the plan.
+// The chunks of a document: vertices, meshes and shapes in the order of their first use, each after the objects that
+// it refers to, then the nodes. Arrays are not copied from the document, which must outlive the plan.
 class hpfPlan {
  public:
   // The mesh of a node; null for none.
   using MeshOf = std::function<std::shared_ptr<const annMesh>(const annNode&)>;
 
-  // False, and why, when a shape cannot be saved.
+  // False, with the reason in `failure`, when a shape cannot be saved.
   bool make(const annDocument& document, const MeshOf& mesh_of, std::string& failure);
 
   const std::vector<hpfChunk>& chunks() const { return chunks_; }
 
-  // The minor version that has all chunks.
+  // The lowest minor version that has all chunks of the plan.
   std::uint32_t minor() const { return minor_; }
 
  private:
@@ -49,10 +49,10 @@ class hpfPlan {
   bool number_of(const annExactShape& shape, std::uint32_t& number, std::string& failure);
 
   hpfChunk& add_chunk(const std::array<char, 4>& name);
-  // One that version 1.0 does not have, and that its readers pass over.
+  // Adds a chunk that version 1.0 does not have and its readers skip.
   hpfChunk& add_newer_chunk(const std::array<char, 4>& name);
   void add_instance_names(const std::vector<const annNode*>& nodes);
-  // Keeps bytes that are not the document's own.
+  // Stores bytes that are not part of the document.
   std::string_view keep(std::string bytes);
   template <typename Record>
   std::string_view keep_record(const Record& record);

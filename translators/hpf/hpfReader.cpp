@@ -11,7 +11,7 @@ VELABS_INPUT_LIBRARY(hpfReader)
 
 namespace {
 
-// The chunks of one file, each to whom it concerns.
+// Reads the chunks of a file and passes each to the class for its type.
 class ChunkReader {
  public:
   ChunkReader(hpfInput& input, annDocument& document, velabsOutput& output)

@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Reads HPF, which holds a whole document. Exact shapes come as the bytes of their kind.
+// Reads HPF, which stores a whole document. Exact shapes are read as the bytes of their kind.
 class hpfReader : public vltDescribed<velabsLibInput> {
  public:
   hpfReader();

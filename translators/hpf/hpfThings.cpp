@@ -25,7 +25,7 @@ bool take_finite(hpfInput& input, std::vector<Element>& elements, std::uint64_t 
   });
 }
 
-// Numbers of which each is below `bound`.
+// Reads indices that must be less than `bound`.
 bool take_numbers(hpfInput& input, std::vector<std::uint32_t>& numbers, std::uint64_t count, std::uint64_t bound,
                   const char* what) {
   if (count > 0 && bound == 0) return input.fail(std::string(what) + " that is not there");
@@ -88,7 +88,7 @@ bool take_materials(hpfInput& input, annMesh& mesh, const hpfMeshHead& head) {
   return rest.empty() || input.fail("there is text behind its names");
 }
 
-// Of the things that the chunks before this one made, the one of a number; null after a failure.
+// The object with this index from earlier chunks; null with an error.
 template <typename Thing>
 Thing* find(hpfInput& input, const std::vector<std::shared_ptr<Thing>>& things, std::uint64_t number,
             const char* what) {

@@ -7,9 +7,9 @@
 #include "annMesh.h"
 #include "hpfInput.h"
 
-// What the nodes of a file show, by number: each was one chunk, with further ones for the normals of corners, and
-// stands behind what it refers to. The operations read the chunk that `input` has come to; false after a failure, which
-// was told.
+// The vertices, meshes and shapes of a file, by index. Each has one chunk, after those that it refers to, and optional
+// chunks for the normals of corners. The functions read the current chunk of `input`; false after an error, which was
+// reported.
 class hpfThings {
  public:
   bool read_vertices(hpfInput& input);

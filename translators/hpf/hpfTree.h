@@ -6,8 +6,8 @@
 #include "hpfInput.h"
 #include "hpfThings.h"
 
-// The nodes of a file, by number. The operations read the chunk that `input` has come to; false after a failure, which
-// was told.
+// The nodes of a file, by index. The functions read the current chunk of `input`; false after an error, which was
+// reported.
 class hpfTree {
  public:
   explicit hpfTree(annDocument& document) : document_(document) {}

@@ -12,7 +12,7 @@ VELABS_OUTPUT_LIBRARY(hpfWriter)
 
 namespace {
 
-// A shape is kept without facets when it has none to give, so what is an error elsewhere is no more than worth knowing.
+// A shape whose facets cannot be made is written without them, so errors about facets become notes.
 class MissingFacets : public velabsOutput {
  public:
   explicit MissingFacets(velabsOutput& output) : output_(output) {}

@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes HPF, which holds a whole document.
+// Writes HPF, which stores a whole document.
 class hpfWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit hpfWriter(velabsOfStream* stream);
