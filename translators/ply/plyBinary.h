@@ -7,13 +7,13 @@
 
 #include "plyTypes.h"
 
-// The entries of the binary forms; the same operations as plyText.
+// Reads the entries of the binary forms; same interface as plyText.
 template <bool swap>
 class plyBinary {
  public:
   static constexpr bool swapped = swap;
 
-  // `at` is where the body begins in the file.
+  // `at` is the offset of the body in the file.
   plyBinary(std::string_view file, std::size_t at) : file_(file), at_(at) {}
 
   bool begin_entry() { return true; }
@@ -25,7 +25,7 @@ class plyBinary {
     at_ += ply_size_of(type);
     return true;
   }
-  // Real numbers that are not whole become one that nothing accepts.
+  // Real numbers that are not integers become a value that no caller accepts.
   bool whole(plyType type, long long& value) {
     double number = 0;
     if (!this->number(type, number)) return false;
@@ -58,7 +58,7 @@ class plyBinary {
   std::size_t offset() const { return at_; }
   bool at_end() const { return left() == 0; }
 
-  // For those who take whole entries at once.
+  // For readers of several entries at once.
   std::string_view rest() const { return file_.substr(at_); }
   void advance(std::size_t bytes) { at_ += bytes; }
 

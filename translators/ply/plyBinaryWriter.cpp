@@ -40,7 +40,7 @@ class BinaryWriter {
   }
 
  private:
-  // The make-up of an entry becomes part of the loop, so that its size is known there.
+  // The layout of an entry is a template argument, so that its size is a constant in the loop.
   bool vertices(const vltVertexList& list) {
     return content_.doubles ? with_coordinates<double>(list) : with_coordinates<float>(list);
   }

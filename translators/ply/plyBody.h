@@ -9,11 +9,11 @@
 #include "velabsResult.h"
 #include "vltProgress.h"
 
-// Reads the elements of a file, in the order in which they stand there, into one mesh: "vertex" with its coordinates,
-// "face" and "tristrips" with their lists of vertices. What has no place in a mesh is passed over and named in a note.
+// Reads the elements of a file, in file order, into one mesh: "vertex" with its coordinates, "face" and "tristrips"
+// with their lists of vertices. Everything else is skipped and named in a note.
 //
-// A face of fewer than three corners is left out with a warning; one that names a vertex which is not there is an
-// error. Vertices without faces are a mesh without faces, with a warning.
+// A face with fewer than three corners is skipped with a warning; one with an undefined vertex is an error. Vertices
+// without faces become a mesh without faces, with a warning.
 class plyBody {
  public:
   plyBody(apMappedFile& file, const plyHead& head, bool materials, double factor, velabsOutput& output);

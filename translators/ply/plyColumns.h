@@ -5,16 +5,16 @@
 #include "annVertices.h"
 #include "plyPlan.h"
 
-// Takes many vertices at once from the binary forms, one property after another: entries of one size make each property
-// a column with a fixed distance between its numbers. For elements without lists.
+// Reads many vertices at once from the binary forms, one property at a time: if entries have a fixed size, the values
+// of a property have a fixed distance. For elements without lists.
 class plyColumns {
  public:
   explicit plyColumns(const plyPlan& plan);
 
   std::size_t entry_size() const { return entry_size_; }
 
-  // Appends `count` vertices that stand at `at`, colours as they are in the file. Gives the number of the first one
-  // among them with a coordinate that is not finite, `count` when there is none.
+  // Appends `count` vertices from `at`, with colours as in the file. Returns the index among them of the first one
+  // with a coordinate that is not finite; `count` when there is none.
   template <bool swapped>
   std::size_t append(const char* at, std::size_t count, double factor, annVertices& vertices) const;
 

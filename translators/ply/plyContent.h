@@ -9,11 +9,11 @@
 #include "vltOneMesh.h"
 #include "vltProgress.h"
 
-// What an entry of the two elements of a written file holds: "vertex", then "face".
+// The layout of the two elements of a written file: "vertex", then "face".
 //
-// Coordinates are floats when that changes none of them. Normals are floats. Vertex colours are bytes when that changes
-// none of them, else floats. Colours of faces are bytes; the format gives them to all faces or none, so that faces
-// without one beside others are light grey. Lists are counted in a byte unless a face has more than 255 corners.
+// Coordinates are floats if that is exact, else doubles. Normals are floats. Vertex colours are bytes if that is
+// exact, else floats. Face colours are bytes; the format stores them for all faces or none, so faces without one are
+// light grey when others have one. List counts are bytes unless a face has more than 255 corners.
 struct plyContent {
   enum class Colours { none, bytes, floats };
 
@@ -25,7 +25,7 @@ struct plyContent {
   bool face_colours;
   bool wide_lists;
 
-  // `form` is the word for it in the head.
+  // `form` is the name of the form in the header.
   std::string head(std::string_view form) const;
 };
 
@@ -46,13 +46,13 @@ class plyFaceColours {
   std::vector<Bytes> materials_;
 };
 
-// Says how far the writing has come and whether it shall go on.
+// Reports progress and checks whether to continue.
 class plyPace {
  public:
   plyPace(const plyContent& content, velabsOfStream& stream, velabsOutput& output)
       : stream_(stream), progress_(output, content.mesh.lists().vertex_count() + content.mesh.face_count(), step) {}
 
-  // False once the work is cancelled or the stream failed.
+  // False when the work is cancelled or the stream fails.
   bool go_on(std::size_t entries) {
     cancelled_ = !progress_.reached(done_ += entries);
     return !cancelled_ && stream_.good();

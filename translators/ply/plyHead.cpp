@@ -112,7 +112,7 @@ class HeadReader {
     head_.size = at_;
     head_.body_line = line_ + 1;
     std::uint64_t room = file_.size() - at_;
-    if (head_.form == plyForm::ascii) ++room;  // the last number needs no blank behind it
+    if (head_.form == plyForm::ascii) ++room;  // the last number needs no blank after it
     for (const plyElement& element : head_.elements) {
       const std::uint64_t least = head_.form == plyForm::ascii ? element.least_text() : element.least_size();
       if (least == 0) continue;

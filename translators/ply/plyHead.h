@@ -8,28 +8,28 @@
 #include "plyTypes.h"
 #include "velabsOutput.h"
 
-// What the head of a file says of its body: kinds of elements, each with a number of entries and what an entry is made
-// of. PLY format 1.0 as published in 1994.
+// The header of a file describes its body: kinds of elements, each with a number of entries and the layout of an
+// entry. PLY format 1.0 as published in 1994.
 
 enum class plyForm { ascii, little_endian, big_endian };
 
 struct plyProperty {
   std::string name;
-  plyType type = plyType::float32;  // of the number, or of each in the list
+  plyType type = plyType::float32;  // of the number, or of the items of the list
   bool is_list = false;
-  plyType count_type = plyType::uint8;  // of the number of items in front of a list
+  plyType count_type = plyType::uint8;  // of the count before a list
 };
 
 struct plyElement {
   std::string name;
   std::uint64_t count = 0;
   std::size_t line = 0;
-  bool is_first = true;  // of its name
+  bool is_first = true;  // with this name
   std::vector<plyProperty> properties;
 
-  // The bytes that an entry takes in the binary forms when its lists are empty, which is all when it has none.
+  // The size of an entry in the binary forms with empty lists; the exact size without lists.
   std::size_t least_size() const;
-  // The same for text, where a number takes a digit and a blank, and lists may be left out at the end of a line.
+  // The minimum size as text: a digit and a blank for each number; lists at the end of a line may be missing.
   std::size_t least_text() const;
   bool has_lists() const;
 };
@@ -37,13 +37,13 @@ struct plyElement {
 struct plyHead {
   plyForm form = plyForm::ascii;
   std::vector<plyElement> elements;
-  std::size_t size = 0;       // bytes up to the body
-  std::size_t body_line = 1;  // where the body begins
+  std::size_t size = 0;       // offset of the body
+  std::size_t body_line = 1;  // line number of the body
 
-  // False, and a message, when it cannot be understood, or counts more entries than the file has room for.
+  // False, with a message, when the header is invalid, or has more entries than fit in the file.
   //
-  // Lines end with LF or CR LF, or all with CR: the first line tells. The body begins right behind the break of the
-  // last line, so that a body whose first byte is a line feed is safe.
+  // Lines end with LF or CR LF, or all with CR, as in the first line. The body begins directly after the last line
+  // end, so its first byte may be a line feed.
   bool read(std::string_view file, velabsOutput& output);
 
   const plyElement* find(std::string_view name) const;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view odd_colour = "a colour that is no number is taken as 0";
 
-// Real components count to 1 or 255, as the greatest of a file tells.
+// Real components are on a scale of 1 or 255, selected by their maximum in the file.
 template <typename Colours, typename ColourOf>
 void bring_into_range(Colours& colours, std::array<float, 4> full, bool has_opacity, ColourOf colour_of) {
   float most = 0, most_opacity = 0;
@@ -54,7 +54,7 @@ void plyMesh::begin(const plyPlan& plan, std::size_t bytes) {
     face_colours_ = plan.has(plyRED);
     full_face_ = plan.full_colour();
     face_opacity_ = plan.has(plyOPACITY);
-    // No more than the file can hold: a corner takes a byte at least.
+    // Limited by the file size: a corner takes at least one byte.
     mesh_->corners.reserve(std::min<std::size_t>(3 * element.count, bytes));
     if (face_colours_) {
       looks_.reserve(mesh_->face_count() + std::min<std::size_t>(element.count, bytes));
@@ -123,7 +123,7 @@ bool plyMesh::take_corners(const plyEntry& entry) {
 
 bool plyMesh::is_vertex(long long number) {
   if (number >= 0 && static_cast<unsigned long long>(number) < vertex_count_) return true;
-  // A number that is no whole one has this place-holder.
+  // Placeholder for a number that is not an integer.
   if (number == std::numeric_limits<long long>::min()) {
     reason_ = "a corner is no whole number";
   } else {
@@ -161,7 +161,7 @@ void plyMesh::finish() {
   }
 }
 
-// Vertices that are read in blocks bring their colours unseen.
+// Colours of vertices that were read in blocks are not checked yet.
 void plyMesh::drop_odd_components() {
   for (annColour& colour : mesh_->vertices->colours) {
     for (float* component : {&colour.red, &colour.green, &colour.blue, &colour.opacity}) {

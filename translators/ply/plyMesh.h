@@ -8,11 +8,11 @@
 #include "plyPlan.h"
 #include "vltPalette.h"
 
-// The mesh that the entries of a file make. Colours are taken as they stand in the file and brought into the range from
-// 0 to 1 at the end, because real numbers up to 255 are in use too.
+// Builds the mesh from the entries of a file. Colours are stored as in the file and converted to the range 0 to 1 at
+// the end, because real numbers may be on a scale of 1 or 255.
 class plyMesh {
  public:
-  // `vertex_count` is what the head says: faces may come first.
+  // `vertex_count` comes from the header: faces may come first.
   plyMesh(std::size_t vertex_count, double factor, vltOnce& findings)
       : vertex_count_(vertex_count), factor_(factor), findings_(findings), palette_(*mesh_) {}
 
@@ -21,23 +21,23 @@ class plyMesh {
   std::size_t faces_left_out() const { return faces_left_out_; }
   double factor() const { return factor_; }
 
-  // To be called before the entries of an element; `bytes` is how much of the file is left at most.
+  // Call before the entries of an element; `bytes` is the maximum number of bytes left in the file.
   void begin(const plyPlan& plan, std::size_t bytes);
 
-  // False when the entry cannot be; the reason is then in `reason`.
+  // False when the entry is invalid; `reason` then has the reason.
   bool vertex(const plyEntry& entry);
   bool face(const plyEntry& entry);
-  // A strip of triangles, -1 beginning a new one. Triangles with two equal corners join strips and are dropped.
+  // A strip of triangles; -1 starts a new one. Triangles with two equal corners connect strips and are skipped.
   bool strip(const plyEntry& entry);
   const std::string& reason() const { return reason_; }
 
-  // The colour of the next face that has none yet.
+  // Sets the colour of the next face without one.
   void add_face_colour(const std::array<double, 4>& components) {
     looks_.push_back(palette_.number_of(raw_colour(components.data())));
   }
   bool has_face_colours() const { return face_colours_; }
 
-  // After the last entry.
+  // Call after the last entry.
   void finish();
 
  private:
@@ -58,7 +58,7 @@ class plyMesh {
   bool vertex_opacity_ = false, face_opacity_ = false;
   std::array<float, 4> full_vertex_{}, full_face_{};
   std::vector<std::uint32_t> corners_;  // of one face
-  std::vector<std::uint32_t> looks_;    // of the faces so far, or less
+  std::vector<std::uint32_t> looks_;    // of the first faces, or of all
   std::size_t faces_left_out_ = 0;
   std::string reason_;
 };

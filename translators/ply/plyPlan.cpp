@@ -32,7 +32,7 @@ plyRole role_of(std::string_view name) {
   return plyNO_ROLE;
 }
 
-// How many properties a note names; scans may have dozens.
+// The maximum number of properties in a note; scans may have dozens.
 constexpr std::size_t most_names = 8;
 
 bool is_colour(plyRole role) {

@@ -8,7 +8,7 @@
 #include "plyHead.h"
 #include "vltOnce.h"
 
-// What the properties of an element are for.
+// The meaning of an element's properties.
 enum plyRole : std::int8_t {
   plyX,
   plyY,
@@ -26,8 +26,8 @@ enum plyRole : std::int8_t {
 
 enum class plyKind { vertices, faces, strips, other };
 
-// The roles of an element's properties, found once by their names. Roles that make sense only together are given
-// together or not at all; of two properties with one name the first counts.
+// The roles of an element's properties, found once by name. Roles that only make sense together are assigned together
+// or not at all. Of two properties with the same name, the first is used.
 class plyPlan {
  public:
   plyPlan(const plyElement& element, plyKind kind, bool colours);
@@ -35,18 +35,18 @@ class plyPlan {
   plyKind kind() const { return kind_; }
   const plyElement& element() const { return *element_; }
   plyRole role(std::size_t property) const { return roles_[property]; }
-  // The property that lists the vertices of a face or strip.
+  // True for the property that lists the vertices of a face or strip.
   bool is_corners(std::size_t property) const { return static_cast<int>(property) == corners_; }
   bool has_corners() const { return corners_ >= 0; }
 
-  // The property of a role, -1 when none has it.
+  // The property with a role; -1 when there is none.
   int property_of(plyRole role) const { return properties_[static_cast<std::size_t>(role)]; }
   bool has(plyRole role) const { return property_of(role) >= 0; }
 
-  // What the components of a colour count to: 255 or 65535, and 0 for real numbers, which tell by their size.
+  // The full value of each colour component: 255 or 65535; 0 for real numbers, whose scale depends on their maximum.
   std::array<float, 4> full_colour() const;
 
-  // Names what has no role, in one note.
+  // Reports the properties without a role in one note.
   void tell_left_out(vltOnce& findings) const;
 
  private:

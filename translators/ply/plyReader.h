@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Reads meshes of polygons from PLY files, ASCII and binary in both orders of bytes. See plyBody.h.
+// Reads polygon meshes from PLY files, ASCII and binary in both byte orders. See plyBody.h.
 class plyReader : public vltDescribed<velabsLibInput> {
  public:
   plyReader();

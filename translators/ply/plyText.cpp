@@ -49,7 +49,7 @@ bool plyText::count(plyType, plyType, std::size_t& value) {
   } else if (!lines_.take(number)) {
     return fail_at_word();
   }
-  // Each item takes a digit and a blank.
+  // Each item takes at least a digit and a blank.
   if (number < 0 || static_cast<unsigned long long>(number) > (size_ - lines_.offset() + 1) / 2) {
     reason_ = "a list of " + std::to_string(number) + " items does not fit into the file";
     return false;

@@ -7,18 +7,18 @@
 #include "vltNumberLines.h"
 #include "vltOnce.h"
 
-// The entries of the ASCII form: one on each line. Comments may stand between the lines. An entry goes on over line
-// ends as long as it lacks numbers; a list that is missing altogether at the end of a line is empty.
+// Reads the entries of the ASCII form, one on each line. Comments may be between the lines. An entry continues on the
+// next line until it is complete; a list that is missing at the end of a line is empty.
 //
-// Operations that return false leave the reason in `reason`.
+// Functions that return false set `reason`.
 class plyText {
  public:
   plyText(std::string_view body, std::size_t first_line, vltOnce& findings)
       : lines_(body, first_line), size_(body.size()), findings_(findings) {}
 
-  // To the front of an entry; false at the end of the file.
+  // Goes to the start of an entry; false at the end of the file.
   bool begin_entry();
-  // Passes over what a line holds too much, with a warning.
+  // Skips extra numbers on the line, with a warning.
   void end_entry();
 
   bool number(plyType type, double& value) {

@@ -6,17 +6,17 @@
 #include "plyMesh.h"
 #include "plyPlan.h"
 
-// Takes runs of triangles at once from the binary forms, for faces that are one list of 32-bit numbers behind a count
-// of one byte, with numbers of fixed size before and behind it. Whatever is no plain triangle ends a run and is left to
-// those who take one entry at a time.
+// Reads many triangles at once from the binary forms. Faces must be one list of 32-bit numbers with a count of one
+// byte, with numbers of fixed size before and after it. An entry that is not a simple triangle ends the run and is
+// left to the reader of single entries.
 class plyTriangles {
  public:
-  // None when the element is made otherwise.
+  // Empty when the element has another layout.
   static std::optional<plyTriangles> make(const plyPlan& plan);
 
   std::size_t entry_size() const { return lead_ + 13 + trail_; }
 
-  // Adds the triangles at the front of `bytes`, at most `most`, to a mesh of nothing but triangles. Gives their number.
+  // Adds the triangles at the start of `bytes`, at most `most`, to a mesh of triangles. Returns their number.
   template <bool swapped>
   std::size_t take(std::string_view bytes, std::size_t most, plyMesh& mesh) const;
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-// The types of the numbers in a file, under their names of 1994 and the later ones with a size.
+// The number types of a file, with their names of 1994 and the later names with sizes.
 enum class plyType : std::uint8_t { int8, uint8, int16, uint16, int32, uint32, float32, float64 };
 
 std::optional<plyType> ply_type_of(std::string_view name);
@@ -16,13 +16,13 @@ inline bool ply_is_real(plyType type) {
   return type >= plyType::float32;
 }
 
-// Bytes that a number takes in the binary forms.
+// The size of a number in the binary forms, in bytes.
 inline std::size_t ply_size_of(plyType type) {
   constexpr std::uint8_t sizes[] = {1, 1, 2, 2, 4, 4, 4, 8};
   return sizes[static_cast<std::size_t>(type)];
 }
 
-// The number of type T that stands at `at`; `swapped` when the file's order of bytes is not the machine's.
+// Loads a number of type T; `swapped` when the file has the other byte order.
 template <typename T, bool swapped>
 T ply_load(const char* at) {
   T value;
@@ -44,7 +44,7 @@ T ply_load(const char* at) {
   return value;
 }
 
-// Calls `use` with a value of the type that stands behind a plyType: use(float{}) for float32.
+// Calls `use` with a value of the C++ type of a plyType: use(float{}) for float32.
 template <typename Use>
 decltype(auto) ply_with_type(plyType type, Use use) {
   switch (type) {
@@ -68,7 +68,7 @@ decltype(auto) ply_with_type(plyType type, Use use) {
   return use(double{});
 }
 
-// A number of any type as a double, which holds each of them exactly.
+// A number of any type as a double, which is exact for all types.
 template <bool swapped>
 double ply_load_any(plyType type, const char* at) {
   return ply_with_type(type, [&](auto zero) { return static_cast<double>(ply_load<decltype(zero), swapped>(at)); });

@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes all bodies as one mesh of polygons to PLY files, binary or ASCII; FILE_FORMAT chooses. See plyContent.h.
+// Writes all bodies as one mesh of polygons to PLY files, binary or ASCII as FILE_FORMAT selects. See plyContent.h.
 class plyWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit plyWriter(velabsOfStream* stream);
