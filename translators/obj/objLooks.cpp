@@ -31,10 +31,10 @@ std::string one_word(const annMaterial& material) {
   return name.empty() ? name_of_colour(material.colour) : name;
 }
 
-// Both in one text; a name is one line.
+// Name and colour as one key; a name has no line break.
 std::string key_of(const std::string& name, const annColour& colour) {
   std::array<float, 4> parts{colour.red, colour.green, colour.blue, colour.opacity};
-  for (float& part : parts) part += 0.0F;  // equal numbers get equal bytes: there is a negative zero
+  for (float& part : parts) part += 0.0F;  // turns -0 into 0, so that equal numbers have equal bytes
   std::string key = name + '\n';
   return key.append(reinterpret_cast<const char*>(parts.data()), sizeof parts);
 }
@@ -47,7 +47,7 @@ objLooks::objLooks(const std::vector<vltPlacedMesh>& bodies) : plain_(none) {
     for (std::size_t face = 0; face < body.mesh->face_count(); ++face) {
       const bool without = number_of(body, face) == none;
       any_without = any_without || (without && !looks_.empty());
-      if (body.mesh->face_materials.empty()) break;  // all faces alike
+      if (body.mesh->face_materials.empty()) break;  // all faces have the same material
     }
   }
   if (!any_without) return;

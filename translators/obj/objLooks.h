@@ -9,20 +9,20 @@
 #include "vltNames.h"
 #include "vltPlacedMesh.h"
 
-// The materials of the companion file: one for each distinct pair of name and colour in the document, under a name that
-// is one word, because many programs read no other, and unique.
+// The materials of the sidecar file: one for each distinct pair of name and colour in the document. Names are unique
+// and a single word, because many programs read only one.
 class objLooks {
  public:
-  // Collects them from all faces, in the order of their first use.
+  // Collects the materials of all faces, in the order of their first use.
   explicit objLooks(const std::vector<vltPlacedMesh>& bodies);
 
   bool empty() const { return looks_.empty(); }
 
-  // Says in one note which names of materials are others in the file.
+  // Reports, in one note, which materials are renamed in the file.
   void tell_renamed(velabsOutput& output) const;
 
-  // The name for a face; empty for one without a look when nothing before it had one. Behind others such a face gets a
-  // plain look of its own, because a file cannot take a material back. To be asked in the order of writing.
+  // The material name for a face; empty for a face without a material if no face before it had one. After others, such
+  // a face gets a plain material, because a file cannot reset the material. Call it in the order of writing.
   const std::string& name_for(const vltPlacedMesh& body, std::size_t face);
 
   void write(velabsOfStream& stream) const;
@@ -31,7 +31,7 @@ class objLooks {
   struct Look {
     std::string name;
     annColour colour;
-    utString own_name;  // in the document, if it has one there
+    utString own_name;  // in the document; may be empty
   };
 
   std::size_t look_of(const annMaterial& material);

@@ -18,7 +18,7 @@ constexpr std::size_t most_names = 1000;
 constexpr std::size_t cancel_step = 4096;
 constexpr annColour undefined_colour{0.8F, 0.8F, 0.8F, 1};
 
-// The file that a name means. Of a name that leads elsewhere, as those of other machines do, the last component is
+// The path of a file name. For a path that does not exist, for example from another computer, the last component is
 // tried.
 std::string companion_path(const std::string& directory, std::string_view name) {
   std::string relative(name);
@@ -59,7 +59,7 @@ bool objMaterials::load(std::string_view names, std::size_t line) {
       missing.push_back(word);
     }
   }
-  // When none of the words is a file, the whole was one name.
+  // If none of the words is a file, the whole text was one name.
   if (loaded == 0) missing.assign(1, whole);
   for (std::string_view name : missing) {
     findings_.count(velabsWARNING, "the material file " + vlt_quoted(name) + " is not there or cannot be read", line);
@@ -102,7 +102,7 @@ void objMaterials::statement(std::string_view line, Material*& current) {
   if (keyword.empty() || keyword.starts_with('#')) return;
   if (keyword == "newmtl") {
     current = &material(vlt_name_on_line(line));
-    // The first definition of a name holds.
+    // Later definitions of the same name are ignored.
     if (current->defined) current = nullptr;
     if (current) current->defined = true;
   } else if (!current) {
@@ -123,7 +123,7 @@ void objMaterials::diffuse(std::string_view rest, Material& material) {
                                        " is not given as red, green, blue and is left out");
     return;
   }
-  // One number alone stands for all three.
+  // A single number is used for all three components.
   c[1] = c[2] = c[0];
   if (take_number(rest, c[1])) take_number(rest, c[2]);
   annColour& colour = material.look.colour;
@@ -131,7 +131,7 @@ void objMaterials::diffuse(std::string_view rest, Material& material) {
 }
 
 void objMaterials::opacity(std::string_view keyword, std::string_view rest, Material& material) {
-  // "d" is the standard's word; "Tr", its opposite, only counts where there is no "d".
+  // "d" is the standard keyword; "Tr", its opposite, is only used if there is no "d".
   const bool by_d = keyword == "d";
   if (!by_d && material.opacity_by_d) return;
   double value = 0;

@@ -10,22 +10,23 @@
 #include "annMaterial.h"
 #include "vltOnce.h"
 
-// The materials that a file names and the companion files that define them. Names are numbered as they come up, because
-// the definition may come later than the use.
+// The materials that a file uses and the sidecar files that define them. Names are numbered in the order of first use,
+// because a definition may come after the use.
 class objMaterials {
  public:
-  // `file` is the OBJ file: companions are looked for in its directory and nowhere else.
+  // `file` is the OBJ file: sidecar files are only read from its directory.
   objMaterials(const utString& file, vltOnce& findings, const velabsOutput& output);
 
-  // The statement "mtllib": one name, or several when no file has the whole as its name. A file named again is not read
-  // again, the OBJ file itself is none, and behind a thousand names no more are looked for. False once the work is
-  // cancelled.
+  // The statement "mtllib": one name, or several if no file has the whole text as its name. A file is read once, the
+  // OBJ file itself is never read as a material file, and after a thousand names the rest are ignored. False when the
+  // work is cancelled.
   bool load(std::string_view names, std::size_t line);
 
   // The number of the material that "usemtl" names.
   std::uint32_t number_of(std::string_view name, std::size_t line);
 
-  // The material behind a number; one that no companion defines is grey. A warning counts those under the first's name.
+  // The material with this number; an undefined one is grey. Undefined ones are counted in one warning with the first
+  // name.
   const annMaterial& use(std::uint32_t number);
 
  private:
@@ -48,10 +49,10 @@ class objMaterials {
   std::string directory_;
   vltOnce& findings_;
   const velabsOutput& output_;
-  std::unordered_map<std::string, bool> tried_;  // names as they stand in the file, and whether they led to a file
+  std::unordered_map<std::string, bool> tried_;  // names in the file, and whether a file was found
   std::unordered_set<std::string> paths_read_;
   std::string own_path_;
-  std::string undefined_;  // what is said of undefined materials
+  std::string undefined_;  // the warning about undefined materials
   std::vector<Material> materials_;
   std::unordered_map<std::string, std::uint32_t> numbers_;
 };

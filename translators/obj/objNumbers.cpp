@@ -9,12 +9,12 @@
 
 namespace {
 
-// A word that only begins with a number: that much of it counts.
+// Reads the number at the start of a word that has other characters after it.
 bool take_odd_number(std::string_view& rest, double& number, std::size_t line, vltOnce& findings,
                      std::string_view& wrong) {
   const std::string_view word = vlt_take_word(rest);
   std::string_view behind = word;
-  // "1.#QNAN" is how some programs write what is no number, "0,5" what a decimal comma makes of one.
+  // Some programs write "1.#QNAN" for NaN, and a decimal comma gives "0,5".
   if (!ap_take_double(behind, number) || behind.starts_with('#') || behind.starts_with(',')) {
     wrong = word;
     return false;

@@ -99,8 +99,8 @@ bool objParser::face(std::string_view rest) {
   return true;
 }
 
-// Corners that are nothing but the number of a vertex, up to the first one of another form. Nearly all of a file is
-// read here, hence the bare pointers: to cut views piece by piece takes twice the time.
+// Reads corners that are only a vertex number, up to the first one of another form. Most of a file is read here, so it
+// uses plain pointers: string views take twice the time.
 void objParser::take_plain_corners(std::string_view& rest) {
   constexpr std::ptrdiff_t few = 9;
   const char* at = rest.data();
@@ -121,7 +121,7 @@ void objParser::take_plain_corners(std::string_view& rest) {
   rest = {taken, static_cast<std::size_t>(end - taken)};
 }
 
-// "7", "7/1", "7//3" or "7/1/3". The number in the middle is not looked at: texture coordinates are not kept.
+// Reads "7", "7/1", "7//3" or "7/1/3". The texture coordinate in the middle is ignored.
 bool objParser::corner(std::string_view word, Corner& corner) {
   const std::string_view whole = word;
   bool exists = false;
@@ -148,8 +148,8 @@ bool objParser::corner(std::string_view word, Corner& corner) {
   return word.empty() || fail("the corner " + vlt_quoted(whole) + " is not of the form \"vertex/texture/normal\"");
 }
 
-// False when no whole number stands there. What it refers to exists for sure when it counts back from the end, else
-// when the rest of the file reaches it.
+// False when there is no integer. `exists` is known for an index relative to the end; for others it is checked at the
+// end of the file.
 bool objParser::take_reference(std::string_view& word, std::size_t known, Reach& so_far, std::uint32_t& number,
                                bool& exists) {
   long long index = 0;
@@ -167,7 +167,7 @@ void objParser::add_face() {
   ++faces_;
   objPart& part = parts_.current();
   annMesh& mesh = *part.mesh;
-  // Corners that came before the first normal have none.
+  // Corners before the first normal have none.
   if (!face_normals_.empty()) {
     mesh.corner_normals.resize(mesh.corners.size(), annMesh::no_normal);
     mesh.corner_normals.insert(mesh.corner_normals.end(), face_normals_.begin(), face_normals_.end());
@@ -199,7 +199,7 @@ bool objParser::finish() {
     return false;
   }
   if (faces_ == 0 && vertices_.positions() > 0) {
-    // Lines and points alone: the vertices are all that there is to keep.
+    // The file has only lines or points: keep the vertices.
     parts_.object(parts_.first_name());
     parts_.current();
     findings_.count(velabsWARNING, "the file holds no faces");
@@ -232,7 +232,7 @@ void objParser::finish_normals() {
     has_normals = has_normals || !normals.empty();
   }
   if (has_normals && !give_normals_to_vertices()) return;
-  // Each vertex has its own, or no corner has any.
+  // Either each vertex has one normal, or no corner has any.
   vertices_.shared()->normal_pool = {};
   for (const objPart& part : parts_.all()) part.mesh->corner_normals = {};
 }

@@ -10,11 +10,12 @@
 #include "velabsResult.h"
 #include "vltLines.h"
 
-// Reads the statements of one file, from front to back, into a document.
+// Parses the statements of one file into a document.
 //
-// What is no polygon mesh is left out and told once for each kind. A face of fewer than three corners is left out with
-// a warning; a corner that names a vertex which the file does not have is an error. One that names such a normal has
-// none. Normals stay with the corners, in the pool of the vertices, unless every vertex has one at all its corners.
+// Statements that do not belong to polygon meshes are skipped and reported once for each kind. A face with fewer than
+// three corners is skipped with a warning. A corner with an undefined vertex is an error; one with an undefined normal
+// has no normal. Normals belong to corners, in the normal pool of the vertices, unless each vertex has the same normal
+// at all its corners.
 class objParser {
  public:
   objParser(const utString& name, apMappedFile& file, const velTableInstance& resources, annDocument& document,
@@ -23,7 +24,7 @@ class objParser {
   velabsResult read();
 
  private:
-  // How far the corners of faces reach into one of the lists: vertices may follow the faces that use them.
+  // The highest index that corners refer to in a list: vertices may follow the faces that use them.
   struct Reach {
     std::size_t needed = 0;
     std::size_t line = 0;
@@ -38,7 +39,7 @@ class objParser {
   bool face(std::string_view rest);
   void take_plain_corners(std::string_view& rest);
   bool corner(std::string_view word, Corner& corner);
-  // Notes the highest number that the file refers to.
+  // Records the highest index that the file refers to.
   void reach(Reach& so_far, std::size_t needed) const {
     if (needed > so_far.needed) so_far = {needed, lines_.line()};
   }
@@ -48,8 +49,8 @@ class objParser {
   bool finish();
   void finish_materials();
   void finish_normals();
-  // False, and nothing done, when a corner has no normal or two corners of one vertex differ. A vertex that no face
-  // uses gets some direction.
+  // False, without a change, when a corner has no normal or two corners of one vertex differ. An unused vertex gets an
+  // arbitrary normal.
   bool give_normals_to_vertices();
 
   apMappedFile& file_;

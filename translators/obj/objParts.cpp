@@ -14,7 +14,7 @@ void objParts::group(std::string_view name) {
 }
 
 objPart& objParts::find_current() {
-  // A line break stands in neither name.
+  // Neither name has a line break.
   objPart*& known = by_names_[object_ + '\n' + group_];
   if (!known) {
     known = &parts_.emplace_back();

@@ -9,29 +9,28 @@
 
 #include "annDocument.h"
 
-// What the faces of one object and group make.
+// The mesh of the faces of one object and group.
 struct objPart {
   std::shared_ptr<annMesh> mesh;
-  std::unordered_map<std::uint32_t, std::uint32_t> local_material_of;  // file's number to the mesh's
-  std::vector<std::uint32_t> materials;                                // the mesh's number to the file's
+  std::unordered_map<std::uint32_t, std::uint32_t> local_material_of;  // from the file's number to the mesh's
+  std::vector<std::uint32_t> materials;                                // from the mesh's number to the file's
 };
 
-// The nodes that the statements "o" and "g" ask for: one for each object, and below it one for each of its groups.
-// Groups outside objects stand at the top. A node comes into being with its first face; a name that comes again means
-// the same node.
+// The nodes for the statements "o" and "g": one for each object, and below it one for each of its groups. Groups
+// outside objects are top nodes. A node is created with its first face; a repeated name refers to the same node.
 class objParts {
  public:
   objParts(annDocument& document, std::shared_ptr<annVertices> vertices)
       : document_(document), vertices_(std::move(vertices)) {}
 
-  // A new object is in no group.
+  // Starts an object; its first faces are in no group.
   void object(std::string_view name);
   void group(std::string_view name);
 
-  // Where the next face belongs.
+  // The part that gets the next face.
   objPart& current() { return current_ ? *current_ : find_current(); }
 
-  // The name of the first object or group, whether it has faces or not.
+  // The name of the first object or group, with or without faces.
   const std::string& first_name() const { return first_name_; }
 
   std::deque<objPart>& all() { return parts_; }

@@ -2,8 +2,8 @@
 
 #include "vltFormat.h"
 
-// Reads polygon meshes from OBJ files: objects and groups become nodes, materials come from the companion files that
-// stand beside the file. See objParser.h.
+// Reads polygon meshes from OBJ files: objects and groups become nodes, materials come from sidecar files in the same
+// directory. See objParser.h.
 class objReader : public vltDescribed<velabsLibInput> {
  public:
   objReader();

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Until the whole file was read.
+// Placeholder until the whole file is read.
 constexpr annColour no_colour{-1, -1, -1, 1};
 
 }  // namespace
@@ -59,7 +59,7 @@ void objVertices::finish_colours() {
   const float full = vlt_full_component(greatest_component_);
   auto level = [full](float component) { return std::min(component / full, 1.0F); };
   for (annColour& c : shared_->colours) {
-    // Vertices without a colour beside others that have one are white.
+    // If other vertices have a colour, vertices without one become white.
     c = c == no_colour ? annColour{1, 1, 1, 1} : annColour{level(c.red), level(c.green), level(c.blue), 1};
   }
 }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t progress_step = std::size_t{1} << 15;
 
-// Whether a reader would take the companion's name from its line as it is.
+// True when a reader would parse the sidecar's name from its line unchanged.
 bool can_be_referred_to(const velabsOfStream& stream) {
   const std::string name = std::filesystem::path(stream.target().str()).stem().string() + ".mtl";
   return name == vlt_one_line(name) && name.front() != '#' && name.find(" #") == name.npos &&

@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes polygon meshes to OBJ files, each body as an object, and their materials to a companion file beside it.
+// Writes polygon meshes to OBJ files, each body as an object, and their materials to a sidecar file.
 class objWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit objWriter(velabsOfStream* stream);
