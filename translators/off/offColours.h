@@ -6,21 +6,21 @@
 
 #include "annColour.h"
 
-// The colours of the vertices, or of the faces, of one file. Whether their components count to 255 or to 1 is the
-// same for all of them, and known when the last one was seen:
+// The colours of the vertices, or of the faces, of one file. Their components are on a scale of 1 or 255, the same for
+// all colours, which is known after the last one:
 //
-// - components without a decimal point or exponent count to 255, but opacities to 1 when none is greater; and if all
-//   colours have an opacity and no component is above 1, everything counts to 1.
-// - with one that has a point or exponent they count to 1, but to 255 when one is clearly greater.
+//- Components without a decimal point or exponent are on a scale of 255, but opacities on a scale of 1 when none is
+//  greater. If all colours have an opacity and no component is greater than 1, all are on a scale of 1.
+//- With any point or exponent, components are on a scale of 1, or of 255 when one is clearly greater than 1.
 class offColours {
  public:
-  // A colour as it stands in the file: three or four components and their text.
+  // Records a colour from the file: three or four components and their text.
   annColour take(std::span<const double> components, std::string_view text);
 
-  // Brings a colour that `take` gave into the range from 0 to 1.
+  // Converts a colour returned by `take` to the range 0 to 1.
   annColour settled(const annColour& raw) const;
 
-  // A component was no finite number, and taken as 0.
+  // True when a component was not finite and became 0.
   bool any_odd() const { return any_odd_; }
 
  private:

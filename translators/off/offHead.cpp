@@ -26,7 +26,7 @@ bool offHead::read(vltNumberLines& lines, std::size_t size, velabsOutput& output
   if (!read_keyword(lines, output) || !read_counts(lines, output)) return false;
 
   constexpr std::size_t least_vertex = 6, least_face = 2;  // "0 0 0" and "0" with their line ends
-  const std::size_t room = size - lines.offset() + 1;      // the last line needs none
+  const std::size_t room = size - lines.offset() + 1;      // the last line needs no line end
   const bool fit = vertices <= room / least_vertex && faces <= (room - vertices * least_vertex) / least_face;
   if (!fit) {
     return vlt_fail_at_line(output, lines.line(),
@@ -42,7 +42,7 @@ bool offHead::read_keyword(vltNumberLines& lines, velabsOutput& output) {
   const std::size_t before = text.size();
   if (is_digit(text.front()) && !text.starts_with("4OFF") && !text.starts_with("4n")) return true;
   textures = take(text, "ST");
-  // Some writers put the letter for normals in front of that for colours.
+  // Some writers put the letter for normals before that for colours.
   normals = take(text, "N");
   colours = take(text, "C");
   normals = take(text, "N") || normals;

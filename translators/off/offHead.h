@@ -3,11 +3,11 @@
 #include "velabsOutput.h"
 #include "vltNumberLines.h"
 
-// The front of a file: the keyword, which says what stands on the lines of vertices, and the counts. The Object File
-// Format as the manual of the geometry viewer that introduced it describes it.
+// The header of a file: the keyword, which defines the content of vertex lines, and the counts. The Object File Format
+// is described in the manual of the geometry viewer that introduced it.
 //
-// The keyword is "OFF" behind letters for what vertices have beside x, y and z. It may be missing; the counts may stand
-// behind it or on the next line; the count of edges, which nothing depends on, may be missing.
+// The keyword is "OFF" after letters for the attributes of vertices. It may be missing. The counts may follow it or be
+// on the next line. The count of edges is not used and may be missing.
 struct offHead {
   bool textures = false;  // ST
   bool colours = false;   // C
@@ -15,8 +15,8 @@ struct offHead {
   std::size_t vertices = 0;
   std::size_t faces = 0;
 
-  // Leaves `lines` at the end of the line of the counts. False, and a message, when the front cannot be understood,
-  // announces what is not read, or counts more than a file of `size` bytes holds.
+  // Leaves `lines` at the end of the line with the counts. False, with a message, when the header is invalid, declares
+  // unsupported content, or has counts that do not fit a file of `size` bytes.
   bool read(vltNumberLines& lines, std::size_t size, velabsOutput& output);
 
  private:

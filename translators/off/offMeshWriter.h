@@ -6,10 +6,10 @@
 #include "vltTextOutput.h"
 
 // Writes the text of a file. The keyword is OFF, COFF, NOFF or CNOFF: with "N" a normal and with "C" a colour of four
-// components stand behind the coordinates of each vertex. Colours of faces stand behind their corners, on those faces
-// alone that have one: three components when all are opaque, else four. Components are whole numbers up to 255 when
-// that changes none of them, else fractions of 1: programs tell the two apart by the decimal points. The count of edges
-// is 0, which readers do not look at.
+// components follow the coordinates of each vertex. A face colour follows the corners of each face that has one, with
+// three components when all are opaque, else four. Components are integers up to 255 when that is exact, else
+// fractions of 1: programs distinguish the two by the decimal point. The count of edges is 0, because readers ignore
+// it.
 class offMeshWriter {
  public:
   offMeshWriter(const vltOneMesh& mesh, int digits, velabsOfStream& stream, velabsOutput& output);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t progress_step = std::size_t{1} << 20;
 
-// Of a vertex beside others that have one, until the end.
+// Placeholder for a vertex without a colour when others have one.
 constexpr annColour no_colour{-1, -1, -1, -1};
 
 }  // namespace
@@ -102,7 +102,7 @@ bool offParser::take_numbers(std::span<double> room, std::size_t& count) {
     double number = 0;
     if (!lines_.take(number)) return fail(vlt_quoted(lines_.take_word()) + " is no number");
     if (count == room.size()) {
-      // Only as many as fit mean something; one more says that these do not.
+      // Too many numbers have no meaning. Skip the rest; the maximum count shows this to the caller.
       while (!lines_.at_line_end()) lines_.take_word();
       --count;
     } else {

@@ -8,13 +8,12 @@
 #include "vltPalette.h"
 #include "vltProgress.h"
 
-// Reads the lines of one file into a mesh. How many numbers stand on the line of a vertex says what they are, because
-// many files have colours behind a plain "OFF": a normal if the keyword announces it, a colour of three or four
-// components, texture coordinates, which are left out. The same holds for what stands behind the corners of a face:
-// a colour, or one index into a table of colours, which is left out.
+// Parses the lines of one file into a mesh. The count of numbers on a vertex line defines their meaning, because many
+// files have colours after a plain "OFF": a normal if the keyword declares it, a colour of three or four components,
+// and texture coordinates, which are skipped. After the corners of a face there may be a colour, or one index into a
+// table of colours, which is skipped.
 //
-// A face of fewer than three corners is left out with a warning; one that names a vertex which is not there is an
-// error.
+// A face with fewer than three corners is skipped with a warning; one with an undefined vertex is an error.
 class offParser {
  public:
   offParser(apMappedFile& file, bool materials, double factor, velabsOutput& output);
