@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t progress_step = std::size_t{1} << 20;
 
-// Takes no text that is not meant for eyes.
+// Returns nothing if the text has control characters.
 utString name_in_remarks(std::string_view remarks) {
   remarks = remarks.substr(0, remarks.find('\0'));
   if (!vlt_same_word(vlt_take_word(remarks), "solid")) return {};

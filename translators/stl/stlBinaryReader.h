@@ -6,11 +6,11 @@
 #include "velabsOutput.h"
 #include "velabsResult.h"
 
-// Reads the binary form into one node. Text in the remarks becomes its name when it has the form "solid NAME": other
-// remarks are what programs say of themselves.
+// Reads the binary form into one node. The header becomes its name when it has the form "solid NAME"; other headers
+// only describe the program that wrote the file.
 //
-// More triangles promised than there are bytes is an error. Bytes behind the last triangle are passed over with a
-// warning, except that a count of 0 before whole triangles counts as one that was never filled in: they are read.
+// A count of more triangles than there are bytes is an error. Bytes after the last triangle are skipped with a
+// warning. A count of 0 before complete triangles was probably never filled in: they are read.
 class stlBinaryReader {
  public:
   stlBinaryReader(apMappedFile& file, const velTableInstance& resources, annDocument& document, velabsOutput& output)

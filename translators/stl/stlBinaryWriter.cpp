@@ -21,7 +21,7 @@ namespace {
 std::string head(const utString& name, std::uint32_t count, velabsOutput& output) {
   std::string remarks = name.empty() ? "binary STL" : vlt_one_line(name);
   if (remarks.size() >= 5 && vlt_same_word(std::string_view(remarks).substr(0, 5), "solid")) remarks = "STL " + remarks;
-  // No name may look like the colour of the whole.
+  // A name must not look like the colour of the whole model.
   for (std::size_t at = 0; (at = remarks.find("COLOR=", at)) != remarks.npos;) remarks[remarks.find('=', at)] = ' ';
   if (remarks.size() > stl_remark_size) {
     remarks = vlt_utf8_front(remarks, stl_remark_size);
@@ -33,8 +33,8 @@ std::string head(const utString& name, std::uint32_t count, velabsOutput& output
   return remarks.append(reinterpret_cast<const char*>(&count), sizeof count);
 }
 
-// Puts numbers one behind another. Each is stored by itself: what is stored in pieces and loaded as a whole right
-// afterwards makes the processor wait.
+// Writes consecutive floats. Each is stored separately: loading a value just after it was stored in pieces stalls the
+// processor.
 class FloatRecord {
  public:
   explicit FloatRecord(char* to) : to_(to) {}
@@ -44,7 +44,7 @@ class FloatRecord {
       const auto number = static_cast<float>(value);
       std::memcpy(to_, &number, sizeof number);
       to_ += sizeof number;
-      sum_ += 0 * number;  // infinity gives no number
+      sum_ += 0 * number;  // 0 times infinity is NaN
     }
   }
   bool all_fit() const { return sum_ == 0; }
@@ -54,7 +54,7 @@ class FloatRecord {
   float sum_ = 0;
 };
 
-// Points behind the normal; false when a coordinate is too large for a float.
+// Writes the normal, then the points; false when a coordinate is too large for a float.
 bool fill(char* record, const annVector& a, const annVector& b, const annVector& c) {
   FloatRecord numbers(record);
   numbers.put(stl_normal(a, b, c));
@@ -64,7 +64,7 @@ bool fill(char* record, const annVector& a, const annVector& b, const annVector&
   return numbers.all_fit();
 }
 
-// Records of triangles, handed to the stream in blocks.
+// Writes triangle records to the stream in blocks.
 class TriangleWriter {
  public:
   TriangleWriter(velabsOfStream& stream, velabsOutput& output, std::size_t count, bool colours)
@@ -100,7 +100,7 @@ class TriangleWriter {
     free_ = records_in_block;
   }
 
-  // False when the writing has to stop.
+  // False when the writing must stop.
   bool end_block() {
     stream_.advance(static_cast<std::size_t>(record_ - block_));
     done_ += static_cast<std::size_t>(record_ - block_) / stl_record_size;

@@ -18,7 +18,7 @@ stlCorners::stlCorners(annMesh& mesh, bool weld, std::size_t expected_triangles)
 bool stlCorners::flush() {
   std::vector<annVector>& points = mesh_.vertices->points;
   if (points.size() + count_ >= annMesh::no_material) return false;
-  // An open surface gets its room at once instead of in steps that hold everything twice.
+  // Reserve everything for an open surface at once; growing in steps would need twice the memory.
   if (points.capacity() - points.size() < count_ && points.capacity() < expected_corners_) {
     ap_reserve_large(points, expected_corners_);
   }

@@ -5,21 +5,21 @@
 #include "annMesh.h"
 #include "annWelder.h"
 
-// Collects the corners of triangles into a mesh, welded or each with a point of its own. They reach the mesh in blocks;
-// the last one by `finish`.
+// Collects the corners of triangles into a mesh, welded or each with a separate point. They are added in blocks;
+// `finish` adds the last one.
 class stlCorners {
  public:
-  // A closed surface of that many triangles fits without growing.
+  // Reserves memory for a closed surface of this many triangles.
   stlCorners(annMesh& mesh, bool weld, std::size_t expected_triangles = 0);
 
-  // False when the mesh can number no more.
+  // False when the mesh has too many points.
   bool add(const annVector& point) {
     pending_[count_++] = point;
     return count_ < pending_.size() || flush();
   }
   bool finish() { return flush(); }
 
-  // Corners taken so far.
+  // The number of corners so far.
   std::size_t count() const { return mesh_.corners.size() + count_; }
 
  private:

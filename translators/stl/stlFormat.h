@@ -6,8 +6,8 @@
 
 extern const vltFormat stl_format;
 
-// The binary form: 80 bytes of remarks, the number of triangles, then for each a normal and three points of three
-// floats each and two attribute bytes; everything little-endian.
+// The binary form: a header of 80 bytes, the number of triangles, then for each triangle a normal and three points of
+// three floats each and two attribute bytes; all little-endian.
 inline constexpr std::size_t stl_remark_size = 80;
 inline constexpr std::size_t stl_head_size = stl_remark_size + 4;
 inline constexpr std::size_t stl_record_size = 50;

@@ -22,7 +22,7 @@ bool has_size_of_binary(std::string_view bytes) {
   return bytes.size() - stl_head_size == std::size_t{count} * stl_record_size;
 }
 
-// Text begins with "solid" (comments aside) and has no bytes that only binary numbers have.
+// Text begins with "solid", after optional comments, and has no zero bytes.
 bool looks_like_text(std::string_view bytes) {
   constexpr std::size_t looked_at = 4096;
   if (!vlt_same_word(vltWords(bytes).next(), "solid")) return false;
@@ -39,7 +39,7 @@ velabsResult stlReader::read(const utString& file, const velTableInstance& resou
   if (!factor || !vlt_read_up(annUP_Z, resources, document, output)) return velabsFAILED;
   const std::unique_ptr<apMappedFile> mapped = vlt_open(file, output);
   if (!mapped) return velabsFAILED;
-  // The remarks of a binary file may begin with any bytes, so its exact size decides first.
+  // The header of a binary file may have any bytes, so its exact size is checked first.
   if (!has_size_of_binary(mapped->bytes())) {
     if (!vlt_is_byte_text(mapped->bytes(), output)) return velabsFAILED;
     if (looks_like_text(mapped->bytes())) return stlTextReader(*mapped, resources, document, output).read(*factor);

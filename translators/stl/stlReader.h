@@ -2,8 +2,8 @@
 
 #include "vltFormat.h"
 
-// Reads both forms of STL. Which one a file has is told by its size first, because the remarks of many binary files
-// begin with "solid" as text does: a file that is exactly as long as its count of triangles asks for is binary.
+// Reads both forms of STL. The size is checked first, because the header of many binary files begins with "solid" like
+// text: a file whose size matches its count of triangles is binary.
 class stlReader : public vltDescribed<velabsLibInput> {
  public:
   stlReader();

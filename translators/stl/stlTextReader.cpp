@@ -73,7 +73,7 @@ bool stlTextReader::read_facet(stlCorners& corners) {
 }
 
 bool stlTextReader::skip_normal() {
-  // Up to three numbers, however written: those of a facet without area often are "nan" in one spelling or another.
+  // Up to three words: normals of facets without area are often some spelling of "nan".
   const bool has_normal = words_.next_is("normal");
   for (int i = 0; i < 3 && has_normal; ++i) {
     if (words_.next_is("outer")) return true;

@@ -11,11 +11,11 @@
 #include "vltProgress.h"
 #include "vltWords.h"
 
-// Reads the text form. Each solid becomes a node of its name. A solid without facets stays as a node without a body
-// beside others that have some; when none has any, they get empty meshes and a warning says so.
+// Reads the text form. Each solid becomes a node with its name. A solid without facets becomes a node without a body
+// if others have facets; if none has any, they get empty meshes and a warning is reported.
 //
-// Keywords may be in any case and lines broken anywhere; "#" begins a comment. Normals are not looked at: they follow
-// from the points, and files are full of wrong ones. Anything else that does not fit is an error with its line.
+// Keywords may be in any case, and line breaks anywhere; "#" starts a comment. Normals are ignored: they follow from
+// the points, and are wrong in many files. Any other deviation is an error with its line.
 class stlTextReader {
  public:
   stlTextReader(apMappedFile& file, const velTableInstance& resources, annDocument& document, velabsOutput& output);

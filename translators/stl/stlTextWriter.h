@@ -7,7 +7,7 @@
 #include "velabsResult.h"
 #include "vltPlacedMesh.h"
 
-// Writes one solid for each body, named as its node; with SOLID_NAME, all in one solid of that name. DIGITS says how
-// many significant digits coordinates get.
+// Writes one solid for each body, with the name of its node; with SOLID_NAME, one solid of that name for all. DIGITS
+// is the number of significant digits of coordinates.
 velabsResult stl_write_text(const std::vector<vltPlacedMesh>& bodies, const velTableInstance& resources,
                             velabsOfStream& stream, velabsOutput& output);

@@ -6,17 +6,17 @@
 #include "annTriangulation.h"
 #include "vltPlacedMesh.h"
 
-// What both forms do alike with the triangles of a body.
+// Shared by both forms: the triangles of a body.
 
-// The unit normal, the null vector when the triangle has no area.
+// The unit normal; zero when the triangle has no area.
 inline annVector stl_normal(const annVector& a, const annVector& b, const annVector& c) {
   const annVector n = ann_cross(b - a, c - a);
   const double length = std::sqrt(ann_dot(n, n));
   return length > 0 && std::isfinite(length) ? n * (1 / length) : annVector{};
 }
 
-// Calls `use(face, a, b, c)` with the corners of each triangle of a body where it is placed, counter-clockwise from
-// outside also when the placement mirrors. Stops, with false, when `use` returns false.
+// Calls `use(face, a, b, c)` with the placed corners of each triangle of a body, counter-clockwise from outside even if
+// the placement mirrors. Stops and returns false when `use` returns false.
 template <typename Use>
 bool stl_for_each_triangle(const vltPlacedMesh& body, Use use) {
   const std::vector<annVector>& points = body.mesh->vertices->points;

@@ -2,7 +2,7 @@
 
 #include "vltFormat.h"
 
-// Writes both forms of STL; FILE_FORMAT chooses.
+// Writes both forms of STL; FILE_FORMAT selects one.
 class stlWriter : public vltDescribed<velabsLibOutput> {
  public:
   explicit stlWriter(velabsOfStream* stream);
