@@ -1,4 +1,4 @@
-# Options of the 3MF translators. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the 3MF translators. Each line "KEY = value" sets a default, which a request can override.
 
 # Unit of the numbers in the file (writing): micrometre, millimetre, centimetre, metre, inch or foot.
 # "unspecified": the model's own; millimetre for a model without a unit. Units that 3MF does not know become metre (for

@@ -1,5 +1,5 @@
-# Options for writing binary glTF; those for reading it are GLTF's. A line "KEY = value" gives a key its value where a
-# request says nothing else.
+# Options for writing binary glTF; GLTF.rsc has those for reading it. Each line "KEY = value" sets a default, which a
+# request can override.
 
 # Factor for all coordinates, greater than 0 (writing). The unit of glTF is the metre.
 SCALE = 1

@@ -1,4 +1,4 @@
-# Options of the glTF translators. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the glTF translators. Each line "KEY = value" sets a default, which a request can override.
 
 # Factor for all coordinates, greater than 0 (reading and writing). The unit of glTF is the metre.
 SCALE = 1

@@ -1,4 +1,4 @@
-# Options of the HPF translators. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the HPF translators. Each line "KEY = value" sets a default, which a request can override.
 
 # Exact shapes: keep facets beside each one that has none, so that it is shown and translated everywhere (writing).
 WRITE_FACETS = 1

@@ -1,4 +1,4 @@
-# Options of the IGES translators. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the IGES translators. Each line "KEY = value" sets a default, which a request can override.
 
 # Unit of the numbers in the file (writing; reading takes it from the file).
 # Numbers are converted from the model's unit; "unspecified" keeps the model's, millimetre for a model without one.

@@ -1,4 +1,4 @@
-# Options of the PLY translators. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the PLY translators. Each line "KEY = value" sets a default, which a request can override.
 
 # Unit of the numbers in the file (reading and writing).
 # PLY files hold no unit: "unspecified" is millimetre in both directions.

@@ -1,4 +1,4 @@
-# Options of the pictures of models. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the pictures of models. Each line "KEY = value" sets a default, which a request can override.
 
 # Width of the picture in pixels, 1 to 16384 (writing).
 WIDTH = 800

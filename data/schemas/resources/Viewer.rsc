@@ -1,4 +1,4 @@
-# Options of the page that shows a model. A line "KEY = value" gives a key its value where a request says nothing else.
+# Options of the page that shows a model. Each line "KEY = value" sets a default, which a request can override.
 
 # What stands at the top of the page (writing). When empty, the name of the model or of the page.
 TITLE =
