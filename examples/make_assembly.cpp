@@ -1,5 +1,5 @@
 // Makes the sample file assembly.step: a bracket with two bolts in its holes, in millimetres, with names and colours.
-// The bolts are one part that stands in two places. The file comes out the same on every machine.
+// The bolts are two instances of one part. The file is identical on every machine.
 //
 //   make_assembly FILE
 
@@ -41,7 +41,7 @@ class Complaints : public velabsOutput {
   bool cancelled() const override { return false; }
 };
 
-// The edges for which `wanted` says so of their two ends.
+// Adds the edges for whose two ends `wanted` returns true.
 template <typename Tool>
 void add_edges(Tool& tool, const TopoDS_Shape& shape, double size,
                const std::function<bool(const gp_Pnt&, const gp_Pnt&)>& wanted) {
@@ -68,7 +68,7 @@ TopoDS_Shape bracket() {
   unify.Build();
   shape = unify.Shape();
 
-  // The inner corner is round, and so are the four outer ones of the plates.
+  // Rounds the inner corner and the four outer corners of the plates.
   BRepFilletAPI_MakeFillet fillet(shape);
   add_edges(fillet, shape, 8, [](const gp_Pnt& a, const gp_Pnt& b) {
     return is_near(a.X(), thickness) && is_near(a.Z(), thickness) && is_near(b.X(), thickness) &&
@@ -88,7 +88,7 @@ TopoDS_Shape bracket() {
   return BRepAlgoAPI_Cut(shape, BRepPrimAPI_MakeCylinder(along, hole_radius, thickness + 2).Shape()).Shape();
 }
 
-// Its head stands on the plane z = 0, its shank reaches down.
+// The bottom of the head is in the plane z = 0; the shank points down.
 TopoDS_Shape bolt() {
   constexpr double head_height = 5.3, across_corners = 15, shank_radius = 4, shank_length = 16;
   BRepBuilderAPI_MakePolygon hexagon;
@@ -109,7 +109,7 @@ TopoDS_Shape bolt() {
   return chamfer.Shape();
 }
 
-// The walls of the holes shine.
+// The walls of the holes have another colour than the plates.
 exaFaceColours colours_of_bracket(const TopoDS_Shape& shape) {
   constexpr annColour bore{0.85F, 0.55F, 0.15F};
   exaFaceColours colours;
@@ -155,7 +155,7 @@ bool write(const annDocument& document, const char* file) {
   velabsOfStream stream{utString(file)};
   Complaints complaints;
   const std::unique_ptr<velabsLibOutput> writer(wrapper(&stream, nullptr));
-  // Without curves in the parameters of surfaces the file is half as big.
+  // Without curves in the parameters of surfaces, the file has half the size.
   velTableInstance resources;
   resources.add_resource("TRIM", "model space");
   return writer->write(document, resources, complaints) == velabsDONE && stream.commit();

@@ -1,6 +1,6 @@
-// Makes the sample files bracket.obj, bracket.mtl and bracket.stl: an angle of two plates, 60 x 40 x 60 millimetres and
-// 5 thick, with a round hole through each. Closed: every edge belongs to two faces. The files come out the same on
-// every machine.
+// Makes the sample files bracket.obj, bracket.mtl and bracket.stl: an angle of two plates, 60 x 40 x 60 millimetres
+// and 5 thick, with a round hole through each. The mesh is closed: every edge belongs to two faces. The files are
+// identical on every machine.
 //
 //   make_bracket DIRECTORY
 
@@ -76,7 +76,7 @@ class Bracket {
     part.mesh.add_face(corners);
   }
 
-  // One plate in its own coordinates: the two large faces, the far end and the wall of the hole. `turned` says that
+  // One plate in local coordinates: the two large faces, the far end and the wall of the hole. `turned` is true when
   // `place` mirrors.
   void plate(const std::string& name, const Place& place, bool turned) {
     Part& plate = part(name, "steel");
@@ -104,7 +104,7 @@ class Bracket {
     }
   }
 
-  // From a corner of the hole to the border of the square around it; counter-clockwise as seen from above.
+  // From a corner of the hole to the border of the square around it; counter-clockwise seen from above.
   static std::pair<annVector, annVector> spoke(int i) {
     constexpr int side = corners_of_hole / 4;
     const double along = i % side * step;
@@ -117,7 +117,7 @@ class Bracket {
     return {inner, border[static_cast<std::size_t>(i / side)]};
   }
 
-  // The two angles, with a corner wherever the plates have one on their edges.
+  // The two L-shaped side faces, with a corner at each corner that the plates have on their edges.
   void sides() {
     std::vector<double> stops;
     for (double at = patch_start; at <= length; at += step) stops.push_back(at);
@@ -134,7 +134,7 @@ class Bracket {
 
   std::shared_ptr<annVertices> vertices_ = std::make_shared<annVertices>();
   std::map<std::array<double, 3>, std::uint32_t> numbers_;
-  std::deque<Part> parts_;  // a new part must not move the others
+  std::deque<Part> parts_;  // adding a part must not move the others
 };
 
 void Bracket::write_obj(const std::string& directory) const {

@@ -2,10 +2,10 @@
 
 #include "velabsLibBase.h"
 
-// What the reader and the writer say of the format alike; `Base` is velabsLibInput or velabsLibOutput. A file holds
-// bare triangles as text: nine numbers on each line, the coordinates of three corners that run counter-clockwise as
-// seen from outside. Blank lines and lines that begin with "#" mean nothing. There are no parts, no colours and no
-// unit.
+// The description of the format that the reader and the writer share; `Base` is velabsLibInput or velabsLibOutput. A
+// file is a list of triangles as text: nine numbers on each line, the coordinates of three corners in
+// counter-clockwise order seen from outside. Blank lines and lines that begin with "#" are ignored. The format has
+// neither parts nor colours nor a unit.
 template <typename Base>
 class triFormat : public Base {
  public:

@@ -63,7 +63,7 @@ velabsResult read_triangles(std::string_view text, annMesh& mesh, velabsOutput& 
 }  // namespace
 
 void triReader::file_types(intcoSet& types) const {
-  // Nothing in such a file tells what it is, so this reader is asked for every file that nobody recognises.
+  // Such a file has no magic number, so this reader handles all files of unknown type.
   types.add(vluUNKNOWN);
 }
 
@@ -85,7 +85,7 @@ velabsResult triReader::read(const utString& file, const velTableInstance& resou
   if (const velabsResult result = read_triangles(mapped->bytes(), *mesh, output); result != velabsDONE) return result;
 
   document.unit = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
-  annNode& part = document.root.add_child("");  // named after the file
+  annNode& part = document.root.add_child("");  // gets the name of the file
   part.transform = annTransform::scaling(scale);
   part.body.mesh = std::move(mesh);
   return velabsDONE;

@@ -14,11 +14,11 @@ VELABS_OUTPUT_LIBRARY(triWriter)
 
 namespace {
 
-// Asking for progress and cancellation at every triangle would cost more than writing it.
+// Checking progress and cancellation for every triangle would take longer than writing it.
 constexpr std::size_t triangles_between_reports = std::size_t{1} << 14;
 
 annTolerance tolerance_of(const velTableInstance& resources) {
-  // 0 leaves it to the size of the shape.
+  // 0 derives the tolerance from the size of the shape.
   return {resources.value<double>("CHORD_TOLERANCE"),
           resources.value<double>("ANGLE_TOLERANCE") * std::numbers::pi / 180};
 }
@@ -65,7 +65,7 @@ bool triWriter::collect_parts(const annDocument& document, const velTableInstanc
 
   const annTransform to_file = annTransform::scaling(scale * vel_length_ratio(document.unit, unit));
   const annTolerance tolerance = tolerance_of(resources);
-  // A shape that is shown in several places is turned into facets once.
+  // A shape with several instances is converted to facets once.
   std::unordered_map<const annExactShape*, std::shared_ptr<const annMesh>> facets;
   for (const annPlacedBody& body : bodies) {
     std::shared_ptr<const annMesh> mesh = body.node->body.mesh;

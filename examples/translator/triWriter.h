@@ -7,17 +7,17 @@
 #include "triFormat.h"
 #include "velabsLibOutput.h"
 
-// Writes every part of a model where it is placed, one after another.
+// Writes every part of a model in its place, one after another.
 class triWriter : public triFormat<velabsLibOutput> {
  public:
   explicit triWriter(velabsOfStream* stream) : stream_(*stream) {}
 
   const char* description() const override { return "Writes triangles as text, nine numbers on each line."; }
-  void file_types(intcoSet&) const override {}  // what a file is matters for reading only
+  void file_types(intcoSet&) const override {}  // file types are only used for reading
   velabsResult write(const annDocument& document, const velTableInstance& resources, velabsOutput& output) override;
 
  private:
-  // A body as facets, and where they stand.
+  // The facets of a body and their placement.
   struct Part {
     std::shared_ptr<const annMesh> mesh;
     annTransform placement;

@@ -9,9 +9,9 @@
 // The colours of the vertices, or of the faces, of one file. Their components are on a scale of 1 or 255, the same for
 // all colours, which is known after the last one:
 //
-//- Components without a decimal point or exponent are on a scale of 255, but opacities on a scale of 1 when none is
-//  greater. If all colours have an opacity and no component is greater than 1, all are on a scale of 1.
-//- With any point or exponent, components are on a scale of 1, or of 255 when one is clearly greater than 1.
+// - Components without a decimal point or exponent are on a scale of 255, but opacities on a scale of 1 when none is
+//   greater. If all colours have an opacity and no component is greater than 1, all are on a scale of 1.
+// - With any point or exponent, components are on a scale of 1, or of 255 when one is clearly greater than 1.
 class offColours {
  public:
   // Records a colour from the file: three or four components and their text.

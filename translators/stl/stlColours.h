@@ -11,11 +11,11 @@
 // The colours in the two attribute bytes of each triangle of binary files. The format does not define them; two
 // conventions are in use, described in encyclopedia articles on the format ("colour in binary STL"):
 //
-//- Bit 15 set: the triangle has a colour, red in bits 10 to 14, green in 5 to 9, blue in 0 to 4, each 0 to 31. With
-//  bit 15 clear it has none.
-//- The header has "COLOR=" and four bytes red, green, blue, opacity: the colour of the whole model. A triangle with bit
-//  15 clear has a separate colour, red in bits 0 to 4, green in 5 to 9, blue in 10 to 14; with bit 15 set it has the
-//  colour of the whole.
+// - Bit 15 set: the triangle has a colour, red in bits 10 to 14, green in 5 to 9, blue in 0 to 4, each 0 to 31. With
+//   bit 15 clear it has none.
+// - The header has "COLOR=" and four bytes red, green, blue, opacity: the colour of the whole model. A triangle with
+//   bit 15 clear has a separate colour, red in bits 0 to 4, green in 5 to 9, blue in 10 to 14; with bit 15 set it has
+//   the colour of the model.
 //
 // If all attribute bytes are 0, there are no colours in either convention. Other values without any colour are private
 // data of the writer.
