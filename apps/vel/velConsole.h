@@ -16,7 +16,7 @@ const char* vel_severity_name(velabsSeverity severity);
 
 // The output of the program. Results go to the standard output, messages to the standard error as "vel: warning: ...".
 // Progress also goes to the standard error if that is a terminal. A log gets every message and no progress. All
-// messages are kept for output as data. Thread-safe.
+// messages are kept for output as data. Thread-safe, except `be_quiet`, `open_log` and `finish`.
 class velConsole {
  public:
   struct Message {
@@ -34,7 +34,8 @@ class velConsole {
   // From now on also appends messages to this file. Returns false and reports an error when the file cannot be opened.
   bool open_log(const std::string& file);
 
-  // Each prints one line, and no line twice. Control characters are escaped, see `vel_printable`.
+  // Each prints one line. A message that was already printed is not repeated. Control characters are escaped, see
+  // `vel_printable`.
   void note(std::string_view text) { message(velabsNOTE, text); }
   void warning(std::string_view text) { message(velabsWARNING, text); }
   void error(std::string_view text) { message(velabsERROR, text); }

@@ -4,8 +4,8 @@
 
 namespace {
 
-// How many bytes at the front of UTF-8 text are one character that a terminal obeys instead of showing it: the control
-// characters (C0, DEL, C1) and those that change the direction of text or its lines (U+061C, U+200E, U+200F,
+// The length in bytes of the first character of UTF-8 text if it would control the terminal, else 0. These are control
+// characters (C0, DEL, C1) and characters that change the direction of text or break lines (U+061C, U+200E, U+200F,
 // U+2028 to U+202E, U+2066 to U+2069).
 std::size_t control_length(std::string_view text) {
   const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; };
@@ -53,7 +53,7 @@ std::string vel_sentence(std::string text) {
 
 namespace {
 
-// Characters of UTF-8 text: every byte but those that continue a character.
+// The number of characters of UTF-8 text: counts the bytes that do not continue a character.
 std::size_t width_of(std::string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xc0) != 0x80; }));

@@ -7,8 +7,8 @@
 
 // Text for terminals.
 
-// Escapes each byte of a control character, or of one that changes the direction of text, as \xNN, so that a file name
-// can neither break a line nor control a terminal. All other bytes stay, also those that are not UTF-8.
+// Escapes control characters and characters that change the direction of text: each of their bytes becomes \xNN. So a
+// file name can neither break a line nor control the terminal. All other bytes are unchanged, even invalid UTF-8.
 std::string vel_printable(std::string_view text);
 
 std::string vel_joined(const std::vector<std::string>& texts, std::string_view separator = ", ");
