@@ -23,7 +23,7 @@ class Parser : public threemfXml {
       if (attribute == "Target") target = a[1];
       if (attribute == "TargetMode") mode = a[1];
     }
-    // The types of key stores and encrypted files exist in several versions.
+    // These types exist in several versions, so only their ends are compared.
     if (type.ends_with("/keystore") || type.ends_with("/encryptedfile")) {
       return fail("the package has encrypted parts (secure content), which cannot be read");
     }

@@ -88,7 +88,7 @@ class exaBrepText final : public exaBrepValues {
 
  private:
   std::string place() const override;
-  // At least a digit and a blank each.
+  // Each takes at least a digit and a blank.
   std::size_t room(std::size_t integers, std::size_t reals) const override { return 2 * (integers + reals); }
   void end_head() override {}
 };

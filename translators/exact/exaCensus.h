@@ -16,7 +16,7 @@ class VELEXACT_API exaCensus {
     double faces = 0;
     double all = 1;  // down to the vertices, including the shape itself
   };
-  // Shapes must not contain themselves (the kernel has none that do). Check deep ones with exaNesting first.
+  // The kernel makes no shapes that contain themselves. Deeply nested ones must be rejected before (see exaNesting).
   Count of(const TopoDS_Shape& shape);
 
   // The error about parts whose shapes amount to `all`, as the end of a sentence that begins with "it"; empty when

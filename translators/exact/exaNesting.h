@@ -9,9 +9,9 @@
 
 #include "exaExport.h"
 
-// Which objects contain which others. It is checked before a tree is traversed: in a file of a few lines, repeated
-// references can make a tree that exceeds any memory, or one so deep that recursion crashes the process. Objects are
-// identified by address.
+// Which objects contain which others. It is checked before a tree is traversed, because a file of a few lines can
+// repeat references very often. The tree then exceeds any memory, or is so deep that recursion crashes the process.
+// Objects are identified by address.
 class VELEXACT_API exaNesting {
  public:
   static constexpr double most_occurrences = 2'000'000;

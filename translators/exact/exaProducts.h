@@ -41,7 +41,8 @@ class VELEXACT_API exaProducts {
  public:
   exaProducts(const annDocument& document, const velTableInstance& resources, double factor, velabsOutput& output);
 
-  // False, with a message, when there is nothing to write or a part cannot be made. False without one when cancelled.
+  // False, with a message, when there is nothing to write or a part cannot be made. False without a message when
+  // cancelled.
   bool make();
 
   // A product comes after the products that it uses.

@@ -24,7 +24,8 @@ class VELEXACT_API exaSession {
   // only counted.
   void tell_complaints();
 
-  // The kernel's first serious error as the end of a sentence, ": ..." ; empty when there is none.
+  // The kernel's first serious error, else its first message, as the end of a sentence: ": ...". Empty without
+  // messages.
   std::string reason() const;
 
  private:

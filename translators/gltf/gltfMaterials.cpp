@@ -53,7 +53,7 @@ std::optional<gltfMaterial> gltfMaterials::read(std::size_t index) const {
   std::optional<gltfValue> metallic, extensions, specular;
   gltfBase base{.alpha = *alpha};
   std::array<double, 3> emission{};
-  double metal = 0, roughness = 1;  // values at which nothing is reported as lost
+  double metal = 0, roughness = 1;  // a material without them loses nothing
   bool double_sided = false;
   if (!value.read("name", name) || !value.read("emissiveFactor", emission) ||
       !value.read("doubleSided", double_sided) || !value.read("pbrMetallicRoughness", metallic) ||

@@ -7,7 +7,7 @@
 #include "gltfMeshes.h"
 
 // Makes the tree of a document from the nodes of a file: those of the default scene, else all. A node with two parents
-// or below itself is an error. In a document with +Y up, a root node that our writers added to rotate +Z to +Y is
+// or below itself is an error. Our writers add a root node to rotate +Z to +Y. In a document with +Y up, this node is
 // removed, and the document gets +Z up.
 class gltfScene {
  public:

@@ -8,8 +8,8 @@
 #include "plyPlan.h"
 #include "vltPalette.h"
 
-// Builds the mesh from the entries of a file. Colours are stored as in the file and converted to the range 0 to 1 at
-// the end, because real numbers may be on a scale of 1 or 255.
+// Builds the mesh from the entries of a file. Colours are first stored as in the file, because real numbers may be on
+// a scale of 1 or 255. They are converted to the range 0 to 1 at the end.
 class plyMesh {
  public:
   // `vertex_count` comes from the header: faces may come first.

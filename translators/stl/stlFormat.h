@@ -6,8 +6,8 @@
 
 extern const vltFormat stl_format;
 
-// The binary form: a header of 80 bytes, the number of triangles, then for each triangle a normal and three points of
-// three floats each and two attribute bytes; all little-endian.
+// The binary form, little-endian: a header of 80 bytes, the number of triangles, then the triangles. Each has a normal
+// and three points, of three floats each, and two attribute bytes.
 inline constexpr std::size_t stl_remark_size = 80;
 inline constexpr std::size_t stl_head_size = stl_remark_size + 4;
 inline constexpr std::size_t stl_record_size = 50;
