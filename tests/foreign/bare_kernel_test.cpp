@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 
 #include "../translators/Corpus.h"
+#include "../translators/Solids.h"
 #include "../translators/Translator.h"
 #include "TemporaryDirectory.h"
+#include "annVertexSplitting.h"
 
 // What our writers make of exact shapes, measured by a program on the bare kernel: other programs must find the shapes
 // of the source again, in every unit.
@@ -52,11 +52,6 @@ struct Unit {
 constexpr Unit units[] = {{"millimetre", 1}, {"inch", 25.4}, {"metre", 1000}};
 constexpr const char* formats[] = {"step", "iges", "brep"};
 
-const Translator& translator(const std::string& name) {
-  static std::map<std::string, Translator> opened;
-  return opened.try_emplace(name, name).first->second;
-}
-
 class BareKernel : public testing::Test {
  protected:
   // The document in each format and unit measures the same; a BREP file states no unit, so its numbers are in that.
@@ -66,11 +61,8 @@ class BareKernel : public testing::Test {
       for (const Unit& unit : units) {
         files.push_back(directory_ / (std::to_string(files.size()) + "." + format));
         names.push_back(where + " to " + format + " in " + unit.name);
-        Messages messages;
-        ASSERT_EQ(translator(format + std::string("writer"))
-                      .write(document, files.back(), messages, {{"LENGTH_UNIT", unit.name}, {"FILE_FORMAT", "ascii"}}),
-                  velabsDONE)
-            << names.back() << messages.errors;
+        translator(format + std::string("writer"))
+            .must_write(document, files.back(), {{"LENGTH_UNIT", unit.name}, {"FILE_FORMAT", "ascii"}});
       }
     }
     const std::vector<Measured> results = measured(files);
@@ -87,8 +79,8 @@ class BareKernel : public testing::Test {
 
   void expect_kept(const std::string& file, const std::string& format) {
     const Translator& reader = translator(format + "reader");
-    const Reading reading = format == "brep" ? reader.read(file, {{"LENGTH_UNIT", "millimetre"}}) : reader.read(file);
-    ASSERT_EQ(reading.result, velabsDONE) << file << reading.messages.errors;
+    const Reading reading =
+        format == "brep" ? reader.must_read(file, {{"LENGTH_UNIT", "millimetre"}}) : reader.must_read(file);
     expect_kept(reading.document, measured({file})[0], file);
   }
 
@@ -105,20 +97,10 @@ TEST_F(BareKernel, FindsTheExampleInEveryFormatAndUnit) {
 
 // Every face of the cube has four vertices of its own, as in files that have a normal for each vertex.
 TEST_F(BareKernel, FindsOneSolidInACubeThatIsSplitByItsNormals) {
-  auto mesh = std::make_shared<annMesh>();
-  constexpr int faces[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
-  for (const auto& face : faces) {
-    std::array<std::uint32_t, 4> corners;
-    for (std::size_t i = 0; i < 4; ++i) {
-      corners[i] = mesh->vertices->count();
-      mesh->vertices->points.push_back({(face[i] & 1) * 0.01, (face[i] >> 1 & 1) * 0.01, (face[i] >> 2) * 0.01});
-      mesh->vertices->normals.push_back({0, 0, 1});
-    }
-    mesh->add_face(corners);
-  }
-  annDocument document;
+  std::vector<std::shared_ptr<const annMesh>> meshes{with_face_normals(*cube(0.01))};
+  ann_split_vertices(meshes);
+  annDocument document = document_of(meshes[0]);
   document.unit = velLENGTH_METRE;
-  document.root.add_child("cube").body.mesh = mesh;
   expect_kept(document, {6, 1, 1, 600, 1000}, "cube");
 }
 

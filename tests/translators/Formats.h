@@ -1,21 +1,6 @@
 #pragma once
 
-#include <filesystem>
-#include <map>
-#include <string>
-#include <vector>
-
 #include "Translator.h"
-
-inline bool is_installed(const char* library) {
-  return std::filesystem::exists(std::string(VEL_TRANSLATORS) + "/" + library + ".dll");
-}
-
-// Each library is opened once.
-inline const Translator& translator(const std::string& library) {
-  static std::map<std::string, Translator> opened;
-  return opened.try_emplace(library, library).first->second;
-}
 
 // The mesh formats of the suite and what a file of each keeps of a document, for tests that go through all of them.
 struct Format {

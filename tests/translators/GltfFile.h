@@ -67,14 +67,15 @@ struct File {
   std::string glb() const { return ::glb(json, binary); }
 };
 
-inline Reading read(const std::string& content, std::pair<const char*, const char*> option = {"WELD_POINTS", "0"}) {
+inline Reading must_read(const std::string& content,
+                         std::pair<const char*, const char*> option = {"WELD_POINTS", "0"}) {
   TemporaryDirectory directory;
-  return reader.read(directory.write("a.glb", content), {{"WELD_POINTS", "0"}, option});
+  return reader.must_read(directory.write("a.glb", content), {{"WELD_POINTS", "0"}, option});
 }
 
-inline std::vector<std::uint32_t> corners(const Reading& reading) {
-  EXPECT_EQ(reading.result, velabsDONE) << reading.messages.errors;
-  return reading.result == velabsDONE ? reading.mesh().corners : std::vector<std::uint32_t>();
+inline void must_not_read(const std::string& content, const std::string& reason) {
+  TemporaryDirectory directory;
+  reader.must_not_read(directory.write("a.glb", content), reason);
 }
 
 using Corners = std::vector<std::uint32_t>;

@@ -8,6 +8,8 @@
 #include <functional>
 #include <vector>
 
+#include "Translator.h"
+
 // Work on damaged files, done in processes beside the test: what breaks down there takes nothing with it.
 enum class OtherResult : char {
   DIED,  // or ran out of time
@@ -45,4 +47,11 @@ inline std::vector<std::size_t> bad_ends(std::size_t count, unsigned seconds,
   }
   munmap(shared, count);
   return bad;
+}
+
+// Of a reading that ended with geometry or a reason. A kernel that broke down is used no more in one process.
+inline OtherResult result_of(const Reading& reading) {
+  if (reading.fault()) return OtherResult::BAD;
+  const bool over = reading.messages.errors.find("broke down") != std::string::npos;
+  return over ? OtherResult::GOOD_FOR_THE_LAST_TIME : OtherResult::GOOD;
 }

@@ -4,11 +4,22 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
+#include "Boxes.h"
 #include "annDocument.h"
 #include "annTriangulation.h"
 
 // Bodies that tests put into documents, and what is measured of them.
+
+// A mesh of points and faces; a face is a list of numbers of points.
+inline std::shared_ptr<annMesh> mesh_of(std::vector<annVector> points,
+                                        const std::vector<std::vector<std::uint32_t>>& faces) {
+  auto mesh = std::make_shared<annMesh>();
+  mesh->vertices->points = std::move(points);
+  for (const auto& face : faces) mesh->add_face(face);
+  return mesh;
+}
 
 // A cube of quads, from 0 to `size`, its second face red; open without its last face, and then without colour.
 inline std::shared_ptr<annMesh> cube(double size, bool open = false) {
@@ -37,23 +48,32 @@ inline std::shared_ptr<annMesh> with_face_normals(const annMesh& mesh) {
   return result;
 }
 
-inline annDocument document_of(std::shared_ptr<const annMesh> mesh) {
+inline annDocument document_of(std::shared_ptr<const annMesh> mesh, const char* name = "cube") {
   annDocument document;
   document.unit = velLENGTH_MILLIMETRE;
-  document.root.add_child("cube").body.mesh = std::move(mesh);
+  document.root.add_child(name).body.mesh = std::move(mesh);
   return document;
+}
+
+// The mesh of a body, or the facets of its exact shape.
+inline std::shared_ptr<const annMesh> facets_of(const annBody& body, const annTolerance& tolerance = {}) {
+  apStatus status;
+  auto mesh = body.mesh ? body.mesh : body.shape->facets(tolerance, status);
+  EXPECT_TRUE(mesh) << status.failure().str();
+  return mesh;
+}
+
+// What a face shows: a colour of its own or that of its part.
+inline std::optional<annColour> face_colour(const annMesh& mesh, std::size_t face,
+                                            const std::optional<annColour>& of_part) {
+  const std::uint32_t material = mesh.face_material(face);
+  return material == annMesh::no_material ? of_part : mesh.materials[material].colour;
 }
 
 inline void expect_box(const annStatistics& statistics, const annStatistics& expected, double factor = 1) {
   ASSERT_TRUE(statistics.box && expected.box);
-  const double size = expected.box->max.x - expected.box->min.x;
-  auto near = [&](annVector a, annVector b) {
-    EXPECT_NEAR(a.x, b.x * factor, 1e-5 * size * factor);
-    EXPECT_NEAR(a.y, b.y * factor, 1e-5 * size * factor);
-    EXPECT_NEAR(a.z, b.z * factor, 1e-5 * size * factor);
-  };
-  near(statistics.box->min, expected.box->min);
-  near(statistics.box->max, expected.box->max);
+  const double size = factor * (expected.box->max.x - expected.box->min.x);
+  expect_same_box(*statistics.box, *expected.box * factor, 1e-5 * size, "");
 }
 
 // Six times the volume inside, and how many edges have not one neighbour on each side.

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -18,11 +23,12 @@ class Messages : public velabsOutput {
   void message(velabsSeverity severity, const utString& text) override {
     (severity == velabsERROR ? errors : severity == velabsWARNING ? warnings : notes) += text.str() + "\n";
   }
-  void progress(int percent) override { last_percent = percent; }
+  void progress(int) override {}
   bool cancelled() const override { return cancel; }
 
+  std::string notes_and_warnings() const { return notes + warnings; }
+
   std::string notes, warnings, errors;
-  int last_percent = -1;
   bool cancel = false;
 };
 
@@ -69,6 +75,33 @@ class Translator {
     return result;
   }
 
+  // For files and documents in which nothing is wrong: the test fails when they cannot be read or written.
+  Reading must_read(const std::string& file, Options options = {}) const {
+    Reading reading = read(file, options);
+    EXPECT_EQ(reading.result, velabsDONE) << file << ": " << reading.messages.errors;
+    return reading;
+  }
+  Messages must_write(const annDocument& document, const std::string& file, Options options = {}) const {
+    Messages messages;
+    EXPECT_EQ(write(document, file, messages, options), velabsDONE) << file << ": " << messages.errors;
+    return messages;
+  }
+
+  // For files and documents that must be refused, which leaves no file; `reason` is a part of the error.
+  void must_not_read(const std::string& file, const std::string& reason, Options options = {}) const {
+    const Reading reading = read(file, options);
+    EXPECT_EQ(reading.result, velabsFAILED) << file << ": no \"" << reason << '"';
+    EXPECT_NE(reading.messages.errors.find(reason), std::string::npos) << reason << ": " << reading.messages.errors;
+    EXPECT_EQ(std::count(reading.messages.errors.begin(), reading.messages.errors.end(), '\n'), 1) << reason;
+  }
+  void must_not_write(const annDocument& document, const std::string& file, const std::string& reason,
+                      Options options = {}) const {
+    Messages messages;
+    EXPECT_EQ(write(document, file, messages, options), velabsFAILED) << file << ": no \"" << reason << '"';
+    EXPECT_NE(messages.errors.find(reason), std::string::npos) << reason << ": " << messages.errors;
+    EXPECT_FALSE(std::filesystem::exists(file)) << file;
+  }
+
  private:
   static velTableInstance table(Options options) {
     velTableInstance result;
@@ -86,3 +119,13 @@ class Translator {
 
   std::unique_ptr<apDynamicLibrary> library_;
 };
+
+inline bool is_installed(const std::string& library) {
+  return std::filesystem::exists(std::string(VEL_TRANSLATORS) + "/" + library + ".dll");
+}
+
+// Each library is opened once, and stays open, as what it reads needs it.
+inline const Translator& translator(const std::string& library) {
+  static std::map<std::string, Translator> opened;
+  return opened.try_emplace(library, library).first->second;
+}

@@ -10,11 +10,7 @@ constexpr annColour red{1, 0, 0}, green{0, 1, 0}, blue{0, 0, 1};
 annDocument twice(std::optional<annColour> part, const std::vector<annColour>& faces) {
   annDocument document;
   document.unit = velLENGTH_MILLIMETRE;
-  auto mesh = std::make_shared<annMesh>();
-  mesh->vertices->points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-  for (const auto& corners : {std::array<std::uint32_t, 3>{0, 2, 1}, {0, 1, 3}, {1, 2, 3}, {0, 3, 2}}) {
-    mesh->add_face(corners);
-  }
+  const auto mesh = mesh_of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}}, {{0, 2, 1}, {0, 1, 3}, {1, 2, 3}, {0, 3, 2}});
   for (std::size_t face = 0; face < faces.size(); ++face) {
     mesh->materials.push_back({"", faces[face]});
     mesh->set_face_material(face, static_cast<std::uint32_t>(face));
@@ -57,12 +53,9 @@ std::string with_occurrence_in(const std::string& file, annColour colour) {
 std::vector<std::optional<annColour>> face_colours(const annDocument& document) {
   std::vector<std::optional<annColour>> result;
   for (const annPlacedBody& placed : ann_placed_bodies(document)) {
-    apStatus status;
-    const auto mesh = placed.node->body.shape->facets({}, status);
-    for (std::size_t face = 0; mesh && face < mesh->face_count(); ++face) {
-      const std::uint32_t material = mesh->face_material(face);
-      const bool own = material != annMesh::no_material;
-      result.push_back(own ? std::optional(mesh->materials[material].colour) : placed.colour);
+    const auto mesh = facets_of(placed.node->body);
+    for (std::size_t face = 0; face < mesh->face_count(); ++face) {
+      result.push_back(face_colour(*mesh, face, placed.colour));
     }
   }
   return result;
@@ -93,8 +86,6 @@ TEST_F(ExactColours, FacesKeepTheirOwnAndTheOthersTakeThatOfTheOccurrence) {
     in_pieces = replaced(in_pieces, "OCCURRENCE('2','part',", "OCCURRENCE('2','=>[]',");
     in_pieces = replaced(in_pieces, "PRODUCT('part','part',", "PRODUCT('SOLID','SOLID',");
     const Reading named = read(file, "step"), pieces = read(in_pieces, "step");
-    ASSERT_EQ(named.result, velabsDONE) << named.messages.errors;
-    ASSERT_EQ(pieces.result, velabsDONE) << pieces.messages.errors;
     EXPECT_EQ(named.statistics().parts, 2U);
     EXPECT_EQ(pieces.statistics().parts, 1U);
     EXPECT_EQ(face_colours(named.document), it.expected) << number;

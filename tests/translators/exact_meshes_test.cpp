@@ -1,7 +1,6 @@
 #include <filesystem>
 
 #include "ExactFiles.h"
-#include "Solids.h"
 
 // Meshes that become exact shapes, and exact shapes that become meshes.
 using ExactMeshes = ExactFiles;
@@ -20,38 +19,38 @@ TEST_F(ExactMeshes, MeshesBecomePlanarFaces) {
       EXPECT_NEAR(reading.statistics().box->max.z, 10, 1e-12);
     }
   }
-  Messages messages;
-  EXPECT_EQ(writer("step").write(document_of(cube(1)), path("limit.step"), messages, {{"FACET_LIMIT", "5"}}),
-            velabsFAILED);
-  EXPECT_NE(messages.errors.find("facet-limit=6"), std::string::npos) << messages.errors;
+  writer("step").must_not_write(document_of(cube(1)), path("exact.step"), "has no exact shape",
+                                {{"REPRESENTATION", "exact"}});
+}
 
-  // The limit counts the meshes of all parts, one of two sizes twice.
-  annDocument two = document_of(cube(1));
-  annNode& larger = two.root.add_child("larger");
-  larger.body.mesh = two.root.children.front()->body.mesh;
-  larger.transform = annTransform::scaling(2);
-  for (const bool same_mesh : {true, false}) {
-    if (!same_mesh) larger.body.mesh = cube(3);
-    messages = {};
-    EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "11"}}), velabsFAILED);
-    EXPECT_NE(messages.errors.find("facet-limit=12"), std::string::npos) << messages.errors;
-    EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "12"}}), velabsDONE);
+TEST_F(ExactMeshes, TheLimitOfFacetsCountsWhatIsWritten) {
+  const auto two = [](double scale, double distance, bool same_mesh) {
+    annDocument document = document_of(cube(1));
+    annNode& second = document.root.add_child("second");
+    second.body.mesh = same_mesh ? document.root.children.front()->body.mesh : cube(3);
+    second.transform = annTransform::scaling(scale);
+    second.transform.m[3] = distance;
+    return document;
+  };
+  const struct {
+    const char* what;
+    annDocument document;
+    const char* format;
+    std::size_t facets;
+    const char* files = "one file";
+  } cases[] = {{"one mesh", document_of(cube(1)), "step", 6},
+               {"a mesh in two sizes", two(2, 0, true), "step", 12},
+               {"two meshes", two(1, 0, false), "step", 12},
+               {"a mesh twice", two(1, 5, true), "step", 6},
+               {"a mesh twice in IGES, which writes it as often", two(1, 5, true), "iges", 12},
+               {"a mesh twice in a file of its own", two(1, 5, true), "iges", 6, "file per part"}};
+  for (const auto& c : cases) {
+    const std::string enough = std::to_string(c.facets), too_small = std::to_string(c.facets - 1);
+    const std::string file = path(std::string(c.what) + "." + c.format);
+    writer(c.format).must_not_write(c.document, file, "facet-limit=" + enough,
+                                    {{"FACET_LIMIT", too_small.c_str()}, {"MULTIPLE_FILES", c.files}});
+    writer(c.format).must_write(c.document, file, {{"FACET_LIMIT", enough.c_str()}, {"MULTIPLE_FILES", c.files}});
   }
-
-  // IGES writes a mesh as often as it occurs.
-  larger.body.mesh = two.root.children.front()->body.mesh;
-  larger.transform = {{1, 0, 0, 5, 0, 1, 0, 0, 0, 0, 1, 0}};
-  messages = {};
-  EXPECT_EQ(writer("iges").write(two, path("two.iges"), messages, {{"FACET_LIMIT", "11"}}), velabsFAILED);
-  EXPECT_NE(messages.errors.find("facet-limit=12"), std::string::npos) << messages.errors;
-  EXPECT_EQ(writer("step").write(two, path("two.step"), messages, {{"FACET_LIMIT", "11"}}), velabsDONE);
-  EXPECT_EQ(writer("iges").write(two, path("two.iges"), messages,
-                                 {{"FACET_LIMIT", "11"}, {"MULTIPLE_FILES", "file per part"}}),
-            velabsDONE);
-
-  messages = {};
-  EXPECT_EQ(writer("step").write(document_of(cube(1)), path("exact.step"), messages, {{"REPRESENTATION", "exact"}}),
-            velabsFAILED);
 }
 
 TEST_F(ExactMeshes, MeshesThatHaveNoExactShapeAreSaidToHaveNone) {
@@ -61,18 +60,13 @@ TEST_F(ExactMeshes, MeshesThatHaveNoExactShapeAreSaidToHaveNone) {
                                                        {document_of(cube(0)), "no face that has an area"},
                                                        {std::move(far), "stands too far away"}};
   for (const auto& [document, reason] : cases) {
-    Messages messages;
-    EXPECT_EQ(writer("step").write(document, path("none.step"), messages), velabsFAILED);
-    EXPECT_NE(messages.errors.find(reason), std::string::npos) << messages.errors;
+    writer("step").must_not_write(document, path("none.step"), reason);
   }
 }
 
 // A plane at right angles to the edges that bound a face on it.
 TEST_F(ExactMeshes, AFaceThatCannotBeMeshedIsLeftOutOnlyWhenAskedFor) {
-  Messages messages;
-  ASSERT_EQ(writer("brep").write(document_of(cube(10)), path("cube.brep"), messages, {{"FILE_FORMAT", "ascii"}}),
-            velabsDONE);
-  std::string text = TemporaryDirectory::read(path("cube.brep"));
+  std::string text = written(document_of(cube(10)), "brep");
   const std::string plane = "1 0 0 0 0 0 -1 -1 0 -0 0 1 0 ", turned = "1 0 0 0 1 0 0 0 1 0 0 0 1 ";
   const std::size_t at = text.find(plane);
   ASSERT_NE(at, std::string::npos);
@@ -80,15 +74,12 @@ TEST_F(ExactMeshes, AFaceThatCannotBeMeshedIsLeftOutOnlyWhenAskedFor) {
   const std::string file = directory_.write("gap.brep", text);
 
   for (const char* format : {"glb", "stl", "viewer"}) {
-    Messages refused, allowed;
     const std::string target = path(std::string("gap.") + format);
-    EXPECT_EQ(writer(format).write(reader("brep").read(file).document, target, refused), velabsFAILED) << format;
-    EXPECT_NE(refused.errors.find("1 of its 6 faces cannot be meshed; to leave them out"), std::string::npos)
-        << refused.errors;
-    EXPECT_NE(refused.errors.find("allow-gaps=1"), std::string::npos) << refused.errors;
-    EXPECT_FALSE(std::filesystem::exists(target));
+    writer(format).must_not_write(
+        reader("brep").read(file).document, target,
+        "1 of its 6 faces cannot be meshed; to leave them out, read the file with --in allow-gaps=1");
     const Reading going_on = reader("brep").read(file, {{"ALLOW_GAPS", "1"}});
-    EXPECT_EQ(writer(format).write(going_on.document, target, allowed), velabsDONE) << format << allowed.errors;
+    const Messages allowed = writer(format).must_write(going_on.document, target);
     EXPECT_NE(allowed.warnings.find("1 of its 6 faces"), std::string::npos) << allowed.warnings;
   }
   EXPECT_EQ(reader("stl").read(path("gap.stl")).statistics().triangles, 10U);
@@ -97,27 +88,18 @@ TEST_F(ExactMeshes, AFaceThatCannotBeMeshedIsLeftOutOnlyWhenAskedFor) {
 // A cube with an edge whose one face has further corners on it, which triangles without a width tie to the other face.
 TEST_F(ExactMeshes, ClosedMeshesStayClosedWhereTrianglesHaveNoWidth) {
   for (const double apart : {0.0, 5e-8, 2.0}) {
-    auto mesh = cube(10);
-    auto closed = std::make_shared<annMesh>();
-    closed->vertices = mesh->vertices;
+    const auto mesh = cube(10);
+    // The side at y = 0 as four triangles, and two without a width above it.
+    const auto closed = mesh_of({}, {{0, 1, 5}, {0, 5, 9}, {0, 9, 8}, {0, 8, 4}, {4, 8, 9}, {4, 9, 5}});
     for (std::size_t face : {0, 1, 3, 4, 5}) closed->add_face(mesh->face(face));
-    mesh->vertices->points.insert(mesh->vertices->points.end(), {{4, 0, 10}, {4 + apart, 0, 10}});
-    for (const auto& corners : {std::array<std::uint32_t, 3>{0, 1, 5},
-                                {0, 5, 9},
-                                {0, 9, 8},
-                                {0, 8, 4},  // the side
-                                std::array<std::uint32_t, 3>{4, 8, 9},
-                                {4, 9, 5}}) {
-      closed->add_face(corners);
-    }
+    closed->vertices = mesh->vertices;
+    closed->vertices->points.insert(closed->vertices->points.end(), {{4, 0, 10}, {4 + apart, 0, 10}});
     for (const char* format : {"step", "brep"}) {
       const Reading reading = through(document_of(closed), format);
       EXPECT_EQ(reading.statistics().solids, 1U) << apart;
-      apStatus status;
-      const auto facets = reading.node(0).body.shape->facets({}, status);
-      ASSERT_TRUE(facets) << status.failure().str();
-      EXPECT_EQ(closedness_of(*facets).open_edges, 0U) << apart;
-      EXPECT_NEAR(closedness_of(*facets).volume, 6000, 1e-3);
+      const Closedness facets = closedness_of(*facets_of(reading.node(0).body));
+      EXPECT_EQ(facets.open_edges, 0U) << apart;
+      EXPECT_NEAR(facets.volume, 6000, 1e-3);
     }
   }
 }

@@ -14,9 +14,7 @@ class ExactNesting : public ExactFiles {
  protected:
   void expect_refused(const std::string& format, const std::string& bytes, const std::string& why) const {
     const KeptByKernel circles;
-    const Reading reading = read(bytes, format);
-    EXPECT_EQ(reading.result, velabsFAILED);
-    EXPECT_NE(reading.messages.errors.find(why), std::string::npos) << reading.messages.errors;
+    reader(format).must_not_read(directory_.write("changed." + format, bytes), why);
   }
 };
 
@@ -37,20 +35,16 @@ std::string with_products(std::string file, int count, int times, bool in_circle
   return file.insert(file.rfind("ENDSEC;"), lines);
 }
 
-std::string brep_head(const std::string& ground, std::size_t shapes) {
-  return ground.substr(0, ground.find("Locations")) +
-         "Locations 0\nCurve2ds 0\nCurves 0\nPolygon3D 0\nPolygonOnTriangulations 0\n"
-         "Surfaces 1\n1 0 0 0 0 0 1 1 0 -0 -0 1 0\nTriangulations 0\n\nTShapes " +
-         std::to_string(shapes) + "\n";
-}
-
 // Shapes, the innermost one first, that hold the one before them so many times.
 struct BrepShape {
   std::string kind;
   int times;
 };
 std::string of_shapes(const std::string& ground, const std::vector<BrepShape>& shapes) {
-  std::string file = brep_head(ground, shapes.size());
+  std::string file = ground.substr(0, ground.find("Locations")) +
+                     "Locations 0\nCurve2ds 0\nCurves 0\nPolygon3D 0\nPolygonOnTriangulations 0\n"
+                     "Surfaces 1\n1 0 0 0 0 0 1 1 0 -0 -0 1 0\nTriangulations 0\n\nTShapes " +
+                     std::to_string(shapes.size()) + "\n";
   std::size_t below = shapes.size() + 1;
   for (const BrepShape& shape : shapes) {
     file += shape.kind + "\n";
@@ -65,14 +59,10 @@ std::string of_shapes(const std::string& ground, const std::vector<BrepShape>& s
 }
 
 // Compounds that hold the one before them so many times, around an empty one.
-std::string of_compounds(const std::string& ground, int count, int times) {
-  std::string file = brep_head(ground, static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) {
-    file += "Co\n\n1100000\n";
-    for (int k = 0; i > 0 && k < times; ++k) file += "+" + std::to_string(count - i + 1) + " 0 ";
-    file += "*\n";
-  }
-  return file + "\n+1 0 \n";
+std::string of_compounds(const std::string& ground, std::size_t count, int times) {
+  std::vector<BrepShape> shapes(count, {"Co", times});
+  shapes.front().times = 0;
+  return of_shapes(ground, shapes);
 }
 
 // An IGES file of entities that name others by their numbers from 1.
@@ -165,7 +155,7 @@ TEST_F(ExactNesting, AssembliesThatFillTheMemoryOrEndNowhereAreRefused) {
 
   const std::string brep = written(triangle("part"), "brep");
   expect_refused("brep", of_compounds(brep, enough_to_fill_memory, 2), "more than 2000000 times");
-  expect_refused("brep", of_compounds(brep, too_deep, 1), "more than 1000 deep");
+  expect_refused("brep", of_compounds(brep, 100'000, 1), "more than 1000 deep");
 }
 
 TEST_F(ExactNesting, PartsThatRepeatTheirFacesOrEdgesWithoutEndAreRefused) {
@@ -176,8 +166,7 @@ TEST_F(ExactNesting, PartsThatRepeatTheirFacesOrEdgesWithoutEndAreRefused) {
   expect_refused("brep", of_shapes(brep, {{"Ed", 0}, {"Wi", 2000}, {"Fa", 2000}, {"Co", 1}}), why);
 
   // A part may well stand there often.
-  const Reading reading = read(of_shapes(brep, {{"Fa", 0}, {"Sh", 2000}, {"So", 1}, {"Co", 2000}}), "brep");
-  EXPECT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+  read(of_shapes(brep, {{"Fa", 0}, {"Sh", 2000}, {"So", 1}, {"Co", 2000}}), "brep");
 }
 
 TEST_F(ExactNesting, GroupsSubfiguresAndAssembliesOfIgesAreHeldToTheSame) {
@@ -196,7 +185,7 @@ TEST_F(ExactNesting, CurvesAndSurfacesThatStandInEachOtherAreRefused) {
   expect_refused("step", on_surfaces(step, 3, 1'000'002), "it holds #100000");
   expect_refused("step", on_surfaces(step, too_deep, 1'000'000), "more than 1000 deep");
   expect_refused("step", of_shells(step, too_deep), "repeats the same curves and faces too often");
-  EXPECT_EQ(read(of_shells(step, 3), "step").result, velabsDONE);
+  read(of_shells(step, 3), "step");
   expect_refused("step",
                  std::string(step).insert(step.rfind("ENDSEC;"),
                                           "#1000001=COMPOSITE_CURVE('',(#1000002),.F.);\n"

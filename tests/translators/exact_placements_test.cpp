@@ -1,5 +1,4 @@
 #include "ExactFiles.h"
-#include "Solids.h"
 #include "annDefinitions.h"
 
 // Where parts stand, and how often, after a document became a file of exact shapes.
@@ -32,11 +31,9 @@ TEST_F(ExactPlacements, PlacementsThatScaleAndMirrorChangeTheShapes) {
     expect_box(reading.statistics(), expected);
     EXPECT_EQ(reading.statistics().solids, 2U);
     for (const annPlacedBody& placed : ann_placed_bodies(reading.document)) {
-      apStatus status;
-      const auto mesh = placed.node->body.shape->facets({}, status);
-      ASSERT_TRUE(mesh);
-      EXPECT_EQ(closedness_of(*mesh).open_edges, 0U);
-      EXPECT_GT(closedness_of(*mesh).volume, 0);
+      const Closedness facets = closedness_of(*facets_of(placed.node->body));
+      EXPECT_EQ(facets.open_edges, 0U);
+      EXPECT_GT(facets.volume, 0);
     }
   }
 }

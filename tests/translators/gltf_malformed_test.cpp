@@ -65,10 +65,7 @@ TEST(GltfReader, NamesWhatIsWrongInTheJson) {
   for (const auto& c : cases) {
     File file;
     file.json[Json::json_pointer(c.place)] = Json::parse(c.value);
-    const Reading reading = read(file.glb());
-    EXPECT_EQ(reading.result, velabsFAILED) << c.place << c.value;
-    EXPECT_NE(reading.messages.errors.find(c.message), std::string::npos) << c.message << reading.messages.errors;
-    EXPECT_EQ(std::count(reading.messages.errors.begin(), reading.messages.errors.end(), '\n'), 1) << c.message;
+    must_not_read(file.glb(), c.message);
   }
 }
 
@@ -96,17 +93,8 @@ TEST(GltfReader, NamesWhatIsWrongInTheBytes) {
       {"{\"asset\":{\"version\":\"2.0\"}", "byte 26: the JSON ends too early"},
       {"{\"asset\":{\"version\":\"2.0\"},\"x\":1e999}", "no valid JSON"},
       {"[]", "no object"}};
-  for (const auto& [content, message] : cases) {
-    const Reading reading = read(content);
-    EXPECT_EQ(reading.result, velabsFAILED) << message;
-    EXPECT_NE(reading.messages.errors.find(message), std::string::npos) << message << ": " << reading.messages.errors;
-  }
-  for (std::size_t tenth = 0; tenth < 10; ++tenth) {
-    const Reading reading = read(whole.substr(0, whole.size() * tenth / 10));
-    EXPECT_EQ(reading.result, velabsFAILED) << tenth;
-    EXPECT_FALSE(reading.fault()) << tenth;
-  }
-  EXPECT_NE(read(whole + "tail").messages.warnings.find("4 bytes behind"), std::string::npos);
+  for (const auto& [content, message] : cases) must_not_read(content, message);
+  EXPECT_NE(must_read(whole + "tail").messages.warnings.find("4 bytes behind"), std::string::npos);
 }
 
 TEST(GltfReader, KeepsToTheDirectoryOfTheFile) {
@@ -118,10 +106,10 @@ TEST(GltfReader, KeepsToTheDirectoryOfTheFile) {
   const std::string text = directory.write("sub/a.gltf", Json(file.json).dump());
   std::filesystem::create_directory(directory / "sub/sub");
   std::filesystem::create_symlink(outside, directory / "sub/sub/a b.bin");
-  EXPECT_NE(reader.read(text).messages.errors.find("a link that leads elsewhere"), std::string::npos);
+  reader.must_not_read(text, "a link that leads elsewhere");
   std::filesystem::remove(directory / "sub/sub/a b.bin");
   directory.write("sub/sub/a b.bin", file.binary);
-  EXPECT_EQ(reader.read(text).result, velabsDONE);
+  reader.must_read(text);
 }
 
 }  // namespace

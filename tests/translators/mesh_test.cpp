@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <ctime>
-#include <functional>
 #include <numbers>
 
 #include "Solids.h"
@@ -33,16 +32,15 @@ std::shared_ptr<annMesh> fan(std::size_t count) {
 }
 
 TEST(OpenEdges, AreThoseWithoutAPartnerInTheOtherDirection) {
-  auto changed = [](const std::function<void(annMesh&)>& change) {
-    auto mesh = cube(1);
-    change(*mesh);
+  using Faces = std::vector<std::vector<std::uint32_t>>;
+  const auto with = [](std::shared_ptr<annMesh> mesh, const Faces& faces) {
+    for (const auto& face : faces) mesh->add_face(face);
     return mesh;
   };
-  auto without_its_last_face = [](annMesh& mesh) {
-    mesh.corners.resize(20);
-    mesh.face_starts.pop_back();
-    mesh.face_materials.clear();
-  };
+  const auto turned = cube(1), beside = cube(1);
+  std::reverse(turned->corners.begin(), turned->corners.begin() + 4);
+  beside->vertices->points.push_back({std::nextafter(1, 2), 0, 0});
+  std::replace(beside->corners.begin() + 20, beside->corners.end(), 1U, 8U);
   const struct {
     const char* what;
     std::shared_ptr<const annMesh> mesh;
@@ -52,31 +50,12 @@ TEST(OpenEdges, AreThoseWithoutAPartnerInTheOtherDirection) {
                {"no faces", std::make_shared<annMesh>(), 0},
                {"a face missing", cube(1, true), 4},
                {"a face missing, split", split(with_face_normals(*cube(1, true))), 4},
-               {"a face turned",
-                changed([](annMesh& mesh) { std::reverse(mesh.corners.begin(), mesh.corners.begin() + 4); }), 8},
-               {"a face twice", changed([](annMesh& mesh) {
-                  mesh.add_face(std::array{0U, 2U, 3U, 1U});
-                }),
-                4},
-               {"a wall inside", changed([](annMesh& mesh) {
-                  mesh.add_face(std::array{0U, 1U, 7U, 6U});
-                }),
-                4},
-               {"a face without area", changed([](annMesh& mesh) {
-                  mesh.add_face(std::array{0U, 0U, 7U});
-                }),
-                0},
-               {"the gap closed by two triangles", changed([&](annMesh& mesh) {
-                  without_its_last_face(mesh);
-                  mesh.add_face(std::array{1U, 3U, 7U});
-                  mesh.add_face(std::array{1U, 7U, 5U});
-                }),
-                0},
-               {"points that differ in the last digit", changed([&](annMesh& mesh) {
-                  mesh.vertices->points.push_back({std::nextafter(1, 2), 0, 0});
-                  std::replace(mesh.corners.begin() + 20, mesh.corners.end(), 1U, 8U);
-                }),
-                4}};
+               {"a face turned", turned, 8},
+               {"a face twice", with(cube(1), {{0, 2, 3, 1}}), 4},
+               {"a wall inside", with(cube(1), {{0, 1, 7, 6}}), 4},
+               {"a face without area", with(cube(1), {{0, 0, 7}}), 0},
+               {"the gap closed by two triangles", with(cube(1, true), {{1, 3, 7}, {1, 7, 5}}), 0},
+               {"points that differ in the last digit", beside, 4}};
   for (const auto& c : cases) EXPECT_EQ(ann_open_edges(*c.mesh), c.open) << c.what;
 }
 

@@ -43,8 +43,8 @@ Split split(const Points& points, std::vector<std::uint32_t> face = {}) {
 
 double area_of(const Points& points) {
   annVector sum;
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    sum = sum + ann_cross(points[i], points[(i + 1) % points.size()]);
+  for (std::size_t i = 2; i < points.size(); ++i) {
+    sum = sum + ann_cross(points[i - 1] - points[0], points[i] - points[0]);
   }
   return std::sqrt(ann_dot(sum, sum)) / 2;
 }
@@ -76,8 +76,6 @@ Points ragged_circle(std::size_t corners) {
 }
 
 TEST(Triangulation, KeepsAreaAndWindingOfSimpleFaces) {
-  const Points square_spiral{{0, 0, 0}, {9, 0, 0}, {9, 9, 0}, {0, 9, 0}, {0, 3, 0}, {6, 3, 0}, {6, 6, 0}, {3, 6, 0},
-                             {3, 5, 0}, {5, 5, 0}, {5, 4, 0}, {1, 4, 0}, {1, 8, 0}, {8, 8, 0}, {8, 1, 0}, {0, 1, 0}};
   const struct {
     const char* what;
     Points points;
@@ -89,15 +87,12 @@ TEST(Triangulation, KeepsAreaAndWindingOfSimpleFaces) {
                {"L the other way", {{0, 0, 3}, {0, 1, 3}, {0, 1, 1}, {0, 3, 1}, {0, 3, 0}, {0, 0, 0}}},
                {"far from the origin",
                 {{1e7, 1e7, 0}, {1e7 + 3, 1e7, 0}, {1e7 + 1, 1e7 + 1, 0}, {1e7 + 3, 1e7 + 3, 0}, {1e7, 1e7 + 3, 0}}},
-               {"square spiral", square_spiral},
                {"spiral", spiral(2000)},
                {"ragged circle", ragged_circle(3000)}};
   for (const auto& c : cases) {
     const Split result = split(c.points);
     EXPECT_EQ(result.triangles, c.points.size() - 2) << c.what;
-    Points from_origin = c.points;
-    for (annVector& p : from_origin) p = p - c.points[0];
-    const double area = area_of(from_origin);
+    const double area = area_of(c.points);
     EXPECT_NEAR(result.area, area, 1e-9 * area) << c.what;
     EXPECT_LE(result.turned, 1e-9 * area) << c.what;
   }

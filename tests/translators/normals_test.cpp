@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <optional>
-
 #include "Solids.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
@@ -27,62 +24,51 @@ annDocument hard_cubes(bool with_bare) {
   return document;
 }
 
-struct Format {
-  const char *reader, *writer, *extension;
-  std::size_t meshes, vertices;  // read of the two hard cubes; the vertices that their first mesh refers to
-  bool fills_bare;
-  Options options = {};
-};
-
 // Every normal in a model of cubes is that of its face.
-void expect_normals_of_faces(const annMesh& mesh, bool expect_all, const char* what) {
+void expect_normals_of_faces(const annMesh& mesh, bool expect_all) {
   std::size_t corner = 0, missing = 0;
   for (std::size_t face = 0; face < mesh.face_count(); ++face) {
     const annVector expected = mesh.face_normal(face);
     for (std::size_t i = 0; i < mesh.face(face).size(); ++i, ++corner) {
       const annVector* const normal = mesh.normal(corner);
-      if (!normal) {
-        ++missing;
-      } else {
-        EXPECT_NEAR(ann_dot(*normal, expected), 1, 1e-6) << what << " face " << face;
-      }
+      missing += normal == nullptr;
+      EXPECT_NEAR(normal ? ann_dot(*normal, expected) : 1, 1, 1e-6) << "face " << face;
     }
   }
-  EXPECT_EQ(missing, expect_all ? 0 : mesh.corners.size()) << what;
+  EXPECT_EQ(missing, expect_all ? 0 : mesh.corners.size());
 }
 
 TEST(Normals, OfHardEdgesComeThroughEveryFormat) {
   TemporaryDirectory directory;
-  const Format formats[] = {{"objreader", "objwriter", "obj", 2, 16, false},
-                            {"plyreader", "plywriter", "ply", 1, 48, true, {{"FILE_FORMAT", "ascii"}}},
-                            {"plyreader", "plywriter", "ply", 1, 48, true},
-                            {"offreader", "offwriter", "off", 1, 48, true},
-                            {"gltfreader", "glbwriter", "glb", 2, 24, false, {{"WELD_POINTS", "0"}}},
-                            {"gltfreader", "glbwriter", "glb", 2, 8, false, {{"WELD_POINTS", "1"}}}};
-  for (const Format& format : formats) {
-    if (!std::filesystem::exists(std::string(VEL_TRANSLATORS) + "/" + format.writer + ".dll")) continue;
-    const Translator reader(format.reader), writer(format.writer);
-    const std::string file = directory / ("a." + std::string(format.extension));
+  const struct {
+    const char *reader, *writer, *extension;
+    std::size_t meshes, vertices;  // read of the two hard cubes; the vertices that their first mesh refers to
+    bool fills_bare;
+    Options options = {};
+  } cases[] = {{"objreader", "objwriter", "obj", 2, 16, false},
+               {"plyreader", "plywriter", "ply", 1, 48, true, {{"FILE_FORMAT", "ascii"}}},
+               {"plyreader", "plywriter", "ply", 1, 48, true},
+               {"offreader", "offwriter", "off", 1, 48, true},
+               {"gltfreader", "glbwriter", "glb", 2, 24, false, {{"WELD_POINTS", "0"}}},
+               {"gltfreader", "glbwriter", "glb", 2, 8, false, {{"WELD_POINTS", "1"}}}};
+  for (const auto& c : cases) {
+    if (!is_installed(c.writer)) continue;
+    SCOPED_TRACE(c.extension);
+    const std::string file = directory / ("a." + std::string(c.extension));
     for (bool with_bare : {false, true}) {
-      Messages messages;
-      ASSERT_EQ(writer.write(hard_cubes(with_bare), file, messages, format.options), velabsDONE) << messages.errors;
-      EXPECT_EQ(messages.notes.find("normals") != std::string::npos, with_bare && format.fills_bare) << messages.notes;
-      const Reading reading = reader.read(file, format.options);
-      ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
-      ASSERT_EQ(reading.document.root.children.size(), format.meshes + (with_bare && format.meshes > 1 ? 1 : 0));
-      for (std::size_t i = 0; i < format.meshes; ++i) {
-        expect_normals_of_faces(reading.mesh(i), true, format.extension);
-        EXPECT_EQ(ann_open_edges(reading.mesh(i)), 0U) << format.extension;
+      const Messages messages = translator(c.writer).must_write(hard_cubes(with_bare), file, c.options);
+      EXPECT_EQ(messages.notes.find("normals") != std::string::npos, with_bare && c.fills_bare) << messages.notes;
+      const Reading reading = translator(c.reader).must_read(file, c.options);
+      ASSERT_EQ(reading.document.root.children.size(), c.meshes + (with_bare && c.meshes > 1 ? 1 : 0));
+      for (std::size_t i = 0; i < c.meshes; ++i) {
+        expect_normals_of_faces(reading.mesh(i), true);
+        EXPECT_EQ(ann_open_edges(reading.mesh(i)), 0U);
       }
-      if (with_bare && format.meshes > 1) expect_normals_of_faces(reading.mesh(2), false, format.extension);
-      if (with_bare) continue;
-      EXPECT_EQ(reading.mesh().vertices->points.size(), format.vertices) << format.extension;
+      if (with_bare && c.meshes > 1) expect_normals_of_faces(reading.mesh(2), false);
+      EXPECT_TRUE(with_bare || reading.mesh().vertices->points.size() == c.vertices);
     }
-    Messages messages;
-    const Options without{{"WRITE_NORMALS", "0"}};
-    ASSERT_EQ(writer.write(hard_cubes(true), file, messages, without), velabsDONE) << messages.errors;
-    const Reading bare = reader.read(file);
-    EXPECT_FALSE(bare.mesh().has_normals()) << format.extension;
+    const Messages messages = translator(c.writer).must_write(hard_cubes(true), file, {{"WRITE_NORMALS", "0"}});
+    EXPECT_FALSE(translator(c.reader).must_read(file).mesh().has_normals());
     EXPECT_EQ(messages.notes.find("normals"), std::string::npos) << messages.notes;
   }
 }
@@ -90,22 +76,17 @@ TEST(Normals, OfHardEdgesComeThroughEveryFormat) {
 TEST(Normals, AreNotMadeUpForPointsAlone) {
   TemporaryDirectory directory;
   annDocument document = hard_cubes(false);
-  auto points = std::make_shared<annMesh>();
-  points->vertices->points = {{0, 0, 0}};
-  document.root.add_child("points").body.mesh = points;
-  for (const char* format : {"ply", "off"}) {
-    const std::string file = directory / ("a." + std::string(format));
-    Messages messages;
-    ASSERT_EQ(Translator(format + std::string("writer")).write(document, file, messages), velabsDONE);
+  document.root.add_child("points").body.mesh = mesh_of({{0, 0, 0}}, {});
+  for (const std::string format : {"ply", "off"}) {
+    const Messages messages = translator(format + "writer").must_write(document, directory / format);
     EXPECT_NE(messages.notes.find("no normals are written"), std::string::npos) << messages.notes;
-    EXPECT_FALSE(Translator(format + std::string("reader")).read(file).mesh().has_normals());
+    EXPECT_FALSE(translator(format + "reader").must_read(directory / format).mesh().has_normals());
   }
 }
 
 TEST(Normals, AreCountedAsLostOfCornersToo) {
   TemporaryDirectory directory;
-  Messages messages;
-  ASSERT_EQ(Translator("stlwriter").write(hard_cubes(false), directory / "a.stl", messages), velabsDONE);
+  const Messages messages = translator("stlwriter").must_write(hard_cubes(false), directory / "a.stl");
   EXPECT_NE(messages.notes.find("holds no vertex normals"), std::string::npos) << messages.notes;
 }
 

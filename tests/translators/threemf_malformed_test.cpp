@@ -78,13 +78,8 @@ TEST(ThreemfReader, RefusesWhatCannotBeMeant) {
        "!only the start part may refer"}};
   for (const Case& c : cases) check(c, directory);
 
-  EXPECT_NE(reader.read(pack(directory, only(model(a, built)), true)).messages.errors.find("encrypted"),
-            std::string::npos);
+  reader.must_not_read(pack(directory, only(model(a, built)), true), "encrypted");
   const std::string whole = TemporaryDirectory::read(pack(directory, only(model(a, built))));
-  for (std::size_t tenth = 0; tenth < 10; ++tenth) {
-    const Reading cut = reader.read(directory.write("cut.3mf", whole.substr(0, whole.size() * tenth / 10)));
-    EXPECT_TRUE(cut.result == velabsFAILED && !cut.fault()) << tenth;
-  }
   for (std::size_t at = 0; at < whole.size(); at += 3) {
     std::string damaged = whole;
     damaged[at] = static_cast<char>(damaged[at] ^ 0x55);

@@ -118,8 +118,7 @@ TEST(ThreemfReader, TakesColoursOfObjectsFacesAndCorners) {
   for (const auto& c : cases) {
     const std::string file =
         pack(directory, only(model(groups + mesh("1", c.object, one + c.first + two + c.second + "/>"), item("1"))));
-    const Reading reading = reader.read(file);
-    ASSERT_EQ(reading.result, velabsDONE) << c.what << reading.messages.errors;
+    const Reading reading = reader.must_read(file);
     EXPECT_EQ(reading.node(0).colour, c.whole) << c.what;
     EXPECT_EQ(reading.mesh().vertices->colours, c.of_vertices) << c.what;
     ASSERT_EQ(reading.mesh().face_materials.size(), c.of_faces.size()) << c.what;
@@ -130,17 +129,6 @@ TEST(ThreemfReader, TakesColoursOfObjectsFacesAndCorners) {
     const Reading plain = reader.read(file, {{"READ_MATERIALS", "0"}});
     EXPECT_FALSE(plain.node(0).colour || !plain.mesh().materials.empty() || !plain.mesh().vertices->colours.empty());
   }
-}
-
-TEST(ThreemfReader, StopsWhenCancelled) {
-  TemporaryDirectory directory;
-  std::string many;
-  for (int i = 0; i < 20000; ++i) many += faces;
-  const std::string file = pack(directory, only(model(mesh("1", "", many), item("1"))));
-  EXPECT_EQ(reader.read(file, {}, true).result, velabsCANCELLED);
-  Messages messages;
-  messages.cancel = true;
-  EXPECT_EQ(writer.write(reader.read(file).document, directory / "b.3mf", messages), velabsCANCELLED);
 }
 
 }  // namespace

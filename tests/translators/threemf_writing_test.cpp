@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <limits>
-
+#include "Solids.h"
 #include "ThreemfFile.h"
+#include "annVertexSplitting.h"
 
 namespace {
 
 std::shared_ptr<annMesh> square() {
-  auto result = std::make_shared<annMesh>();
-  result->vertices->points = {{0, 0, 0}, {0.1, 0, 0}, {0.1, 1, 0}, {0, 1, 0}, {9, 9, 9}};
-  result->add_face(std::vector<std::uint32_t>{0, 1, 2, 3});
-  return result;
+  return mesh_of({{0, 0, 0}, {0.1, 0, 0}, {0.1, 1, 0}, {0, 1, 0}, {9, 9, 9}}, {{0, 1, 2, 3}});
 }
 
 TEST(ThreemfWriter, KeepsTheTree) {
@@ -33,13 +30,11 @@ TEST(ThreemfWriter, KeepsTheTree) {
   flat.body.mesh = shared;
   document.root.add_child("c\x01\xFF").body.mesh = square();
 
-  Messages messages;
-  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE) << messages.errors;
+  const Messages messages = writer.must_write(document, directory / "a.3mf");
   EXPECT_NE(messages.notes.find("2 nodes are left out"), std::string::npos) << messages.notes;
   EXPECT_NE(messages.warnings.find("flattens: 1 node is left out"), std::string::npos) << messages.warnings;
   EXPECT_NE(messages.warnings.find("marks in their place"), std::string::npos);
-  const Reading reading = reader.read(directory / "a.3mf");
-  ASSERT_EQ(reading.result, velabsDONE) << reading.messages.errors;
+  const Reading reading = reader.must_read(directory / "a.3mf");
   EXPECT_EQ(outline(reading.document.root),
             "t & \"<\n\xC3\xA9,5,0,0(* inner=inner & 1(a* b* b=b_2*)) c\xEF\xBF\xBD\xEF\xBF\xBD*");
   EXPECT_EQ(reading.document.unit, velLENGTH_INCH);
@@ -48,8 +43,8 @@ TEST(ThreemfWriter, KeepsTheTree) {
   EXPECT_EQ(parts.at(0)->body.mesh, reading.node(0).children.at(0)->body.mesh);
   EXPECT_EQ(parts.at(0)->body.mesh->vertices->points, shared->vertices->points);
 
-  ASSERT_EQ(writer.write(reading.document, directory / "b.3mf", messages), velabsDONE);
-  ASSERT_EQ(writer.write(reader.read(directory / "b.3mf").document, directory / "c.3mf", messages), velabsDONE);
+  writer.must_write(reading.document, directory / "b.3mf");
+  writer.must_write(reader.read(directory / "b.3mf").document, directory / "c.3mf");
   EXPECT_EQ(TemporaryDirectory::read(directory / "b.3mf"), TemporaryDirectory::read(directory / "c.3mf"));
 }
 
@@ -63,8 +58,7 @@ TEST(ThreemfWriter, TurnsMeshesInsteadOfMirroringPlaces) {
   part.transform.m = {0, -3, 0, 7, -1, 0, 0, 0, 0, 0, 1, 0};
   part.body.mesh = outer.add_child("other").body.mesh = square();
 
-  Messages messages;
-  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE) << messages.errors;
+  writer.must_write(document, directory / "a.3mf");
   const Reading reading = reader.read(directory / "a.3mf");
   const auto before = ann_placed_bodies(document), after = ann_placed_bodies(reading.document);
   ASSERT_EQ(after.size(), before.size());
@@ -90,25 +84,19 @@ TEST(ThreemfWriter, SpellsTheModelExactly) {
   first->add_face(std::vector<std::uint32_t>{0, 1, 4});
   first->materials = {{"unused", {}}, {"hidden", {0, 0, 1, 1}}};
   first->set_face_material(1, 1);
-  auto second = std::make_shared<annMesh>();  // some of the vertices of the first
+  const auto second = mesh_of({}, {{4, 1, 0}, {0, 1, 4}});  // some of the vertices of the first
   second->vertices = first->vertices;
-  second->add_face(std::vector<std::uint32_t>{4, 1, 0});
-  second->materials = {{"steel", {0, 1, 0, 1}}};
-  second->set_face_material(0, 0);
+  second->materials = {{"steel", {0, 1, 0, 1}}, {"glass", {1, 0, 0, 0.5F}}};
+  second->face_materials = {0, 1};
   document.root.add_child("a").body.mesh = first;
-  annNode& b = document.root.add_child("b");
-  b.body.mesh = second;
-  b.transform.m[3] = 2;
-  second->add_face(std::vector<std::uint32_t>{0, 1, 4});
-  second->materials.push_back({"glass", {1, 0, 0, 0.5F}});
-  second->set_face_material(1, 1);
+  document.root.add_child("b").body.mesh = second;
+  document.root.children[1]->transform.m[3] = 2;
   auto third = square();
   third->vertices->points.pop_back();
   document.root.add_child("c").body.mesh = third;
   document.root.children[2]->colour = annColour{0, 0, 1, 1};
-  Messages messages;
-  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages, {{"LENGTH_UNIT", "centimetre"}, {"DIGITS", "3"}}),
-            velabsDONE);
+  const Messages messages =
+      writer.must_write(document, directory / "a.3mf", {{"LENGTH_UNIT", "centimetre"}, {"DIGITS", "3"}});
   EXPECT_NE(messages.notes.find("other colours than its material"), std::string::npos);
   const std::string text = unpack(directory / "a.3mf", "3D/3dmodel.model");
   const std::string a = "<vertex x=\"0\" y=\"0\" z=\"0\"/>\n<vertex x=\"0.01\" y=\"0\" z=\"0\"/>\n",
@@ -148,8 +136,7 @@ TEST(ThreemfWriter, KeepsColoursApart) {
   annNode& other = group.add_child("x");
   other.body.mesh = shared;
   other.colour = blue;
-  Messages messages;
-  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE);
+  const Messages messages = writer.must_write(document, directory / "a.3mf");
   EXPECT_NE(messages.notes.find("its numbers count as millimetres"), std::string::npos) << messages.notes;
   const Reading reading = reader.read(directory / "a.3mf");
   EXPECT_EQ(reading.node(0).children.at(0)->colour, red);
@@ -160,13 +147,11 @@ TEST(ThreemfWriter, KeepsColoursApart) {
   partly->add_face(std::vector<std::uint32_t>{0, 1, 4});
   partly->materials = {{"", blue}};
   partly->set_face_material(0, 0);
-  annDocument mixed;
-  mixed.root.add_child("partly").body.mesh = partly;
-  ASSERT_EQ(writer.write(mixed, directory / "b.3mf", messages), velabsDONE);
+  writer.must_write(document_of(partly, "partly"), directory / "b.3mf");
   const std::string text = unpack(directory / "b.3mf", "3D/3dmodel.model");
   EXPECT_NE(text.find("<m:color color=\"#FFFFFF\"/>"), std::string::npos) << text;
   EXPECT_NE(text.find("name=\"partly\" pid=\"2\""), std::string::npos) << text;
-  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages, {{"WRITE_MATERIALS", "0"}}), velabsDONE);
+  writer.must_write(document, directory / "a.3mf", {{"WRITE_MATERIALS", "0"}});
   EXPECT_EQ(unpack(directory / "a.3mf", "3D/3dmodel.model").find("pid"), std::string::npos);
 }
 
@@ -176,14 +161,10 @@ TEST(ThreemfWriter, ConvertsUnitsThatTheFormatDoesNotKnow) {
                                               {velLENGTH_MIL, velLENGTH_INCH, 0.001},
                                               {velLENGTH_YARD, velLENGTH_FOOT, 3.0},
                                               {velLENGTH_UNSPECIFIED, velLENGTH_MILLIMETRE, 1.0}}) {
-    annDocument document;
+    annDocument document = document_of(square());
     document.unit = unit;
-    annNode& part = document.root.add_child("a");
-    part.body.mesh = square();
-    part.transform.m[3] = 4;
-    Messages messages;
-    ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE);
-    EXPECT_FALSE(messages.notes.empty());
+    document.root.children[0]->transform.m[3] = 4;
+    EXPECT_NE(writer.must_write(document, directory / "a.3mf").notes, "");
     const Reading reading = reader.read(directory / "a.3mf");
     EXPECT_EQ(reading.document.unit, written);
     EXPECT_EQ(reading.mesh().vertices->points[4].x, 9 * factor);
@@ -193,44 +174,26 @@ TEST(ThreemfWriter, ConvertsUnitsThatTheFormatDoesNotKnow) {
 
 TEST(ThreemfWriter, SaysWhyItCannotWrite) {
   TemporaryDirectory directory;
-  annDocument document;
-  Messages messages;
-  EXPECT_EQ(writer.write(document, directory / "a.3mf", messages), velabsFAILED);
-  EXPECT_NE(messages.errors.find("no shape"), std::string::npos) << messages.errors;
-  document.root.add_child("").body.mesh = square();
-  EXPECT_EQ(writer.write(document, directory / "a.3mf", messages, {{"SCALE", "1.7e308"}}), velabsFAILED);
-  EXPECT_NE(messages.errors.find("too large"), std::string::npos) << messages.errors;
-  auto points = std::make_shared<annMesh>(), flat = std::make_shared<annMesh>();
-  points->vertices->points = {{0, 0, 0}};
-  flat->vertices->points = {{0, 0, 0}, {1, 0, 0}, {0, 0, 0}};
-  flat->add_face(std::vector<std::uint32_t>{0, 1, 2});
-  document.root.children[0]->body.mesh = points;
-  EXPECT_EQ(writer.write(document, directory / "a.3mf", messages), velabsFAILED);
-  EXPECT_NE(messages.errors.find("no faces, only vertices, and 3MF"), std::string::npos) << messages.errors;
-  document.root.children[0]->body.mesh = flat;
-  EXPECT_EQ(writer.write(document, directory / "a.3mf", messages), velabsFAILED);
-  EXPECT_NE(messages.errors.find("have equal corners"), std::string::npos) << messages.errors;
-  EXPECT_FALSE(std::filesystem::exists(directory / "a.3mf"));
+  const struct {
+    std::shared_ptr<annMesh> mesh;
+    const char *scale, *reason;
+  } cases[] = {{square(), "1.7e308", "too large"},
+               {mesh_of({{0, 0, 0}}, {}), "1", "no faces, only vertices, and 3MF"},
+               {mesh_of({{0, 0, 0}, {1, 0, 0}, {0, 0, 0}}, {{0, 1, 2}}), "1", "have equal corners"}};
+  for (const auto& c : cases) {
+    writer.must_not_write(document_of(c.mesh), directory / "a.3mf", c.reason, {{"SCALE", c.scale}});
+  }
 }
 
-// A unit cube whose six sides have corners of their own, each side in a colour of its own.
+// A unit cube whose six sides have vertices of their own, each side in a colour of its own.
 std::shared_ptr<annMesh> split_cube() {
-  auto cube = std::make_shared<annMesh>();
-  for (int side = 0; side < 6; ++side) {
-    const auto first = cube->vertices->count();
-    const double level = side % 2;
-    // Along the two other axes; the lower sides run the other way round.
-    const double square[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
-    for (int corner = 0; corner < 4; ++corner) {
-      const double* place = square[side % 2 ? corner : 3 - corner];
-      const double values[3] = {level, place[0], place[1]};
-      const int axis = side / 2;
-      cube->vertices->points.push_back({values[(3 - axis) % 3], values[(4 - axis) % 3], values[(5 - axis) % 3]});
-      cube->vertices->colours.push_back({static_cast<float>(side) / 5, 0, 0, 1});
-    }
-    cube->add_face(std::vector<std::uint32_t>{first, first + 1, first + 2, first + 3});
-  }
-  return cube;
+  std::vector<std::shared_ptr<const annMesh>> meshes{with_face_normals(*cube(1))};
+  ann_split_vertices(meshes);
+  const auto split = std::make_shared<annMesh>(*meshes[0]);
+  split->face_materials.clear();
+  split->vertices->colours.resize(24);
+  for (std::size_t i = 0; i < 24; ++i) split->vertices->colours[split->corners[i]].red = static_cast<float>(i / 4) / 5;
+  return split;
 }
 
 TEST(ThreemfWriter, JoinsVerticesByPosition) {
@@ -247,19 +210,14 @@ TEST(ThreemfWriter, JoinsVerticesByPosition) {
                {"beyond it", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}}, 9, 4},
                {"in the unit of the file", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}, {"LENGTH_UNIT", "metre"}}, 8, 0}};
   for (const Case& c : cases) {
-    annDocument document;
-    document.unit = velLENGTH_MILLIMETRE;
     const auto cube = split_cube();
     for (std::size_t i = 0; i < 24 && c.moved > 0; ++i) {
       if (!(cube->vertices->points[i] == annVector{1, 1, 1})) continue;
       cube->vertices->points[i].x += c.moved;
       break;
     }
-    document.root.add_child("cube").body.mesh = cube;
-    Messages messages;
-    ASSERT_EQ(writer.write(document, directory / "a.3mf", messages, c.options), velabsDONE) << c.what;
+    const Messages messages = writer.must_write(document_of(cube), directory / "a.3mf", c.options);
     const std::string open = std::to_string(c.open_edges) + " open edges";
-    EXPECT_EQ(messages.notes.find("not closed") != std::string::npos, c.open_edges > 0) << c.what << messages.notes;
     EXPECT_EQ(messages.notes.find(open) != std::string::npos, c.open_edges > 0) << c.what << messages.notes;
     const std::string text = unpack(directory / "a.3mf", "3D/3dmodel.model");
     std::size_t vertices = 0;
@@ -272,21 +230,20 @@ TEST(ThreemfWriter, JoinsVerticesByPosition) {
     ASSERT_EQ(mesh.face_count(), 12u) << c.what;
     ASSERT_EQ(mesh.face_materials.size(), 12u) << c.what;
     for (std::size_t face = 0; face < mesh.face_count(); ++face) {
-      EXPECT_EQ(mesh.materials.at(mesh.face_materials[face]).colour, cube->vertices->colours[face / 2 * 4]) << c.what;
+      EXPECT_EQ(mesh.materials.at(mesh.face_materials[face]).colour,
+                cube->vertices->colours[cube->corners[face / 2 * 4]])
+          << c.what;
     }
   }
 }
 
 TEST(ThreemfWriter, LeavesOutTrianglesWithEqualCorners) {
   TemporaryDirectory directory;
-  annDocument document;
   const auto mesh = square();
   mesh->vertices->points[4] = {0.1, 0, 0};
   mesh->add_face(std::vector<std::uint32_t>{0, 1, 4});
   mesh->add_face(std::vector<std::uint32_t>{2, 3, 2});
-  document.root.add_child("a").body.mesh = mesh;
-  Messages messages;
-  ASSERT_EQ(writer.write(document, directory / "a.3mf", messages), velabsDONE);
+  const Messages messages = writer.must_write(document_of(mesh), directory / "a.3mf");
   EXPECT_NE(messages.notes.find("equal corners: 2 triangles are left out"), std::string::npos) << messages.notes;
   EXPECT_EQ(reader.read(directory / "a.3mf").mesh().corners, (std::vector<std::uint32_t>{0, 1, 2, 0, 2, 3}));
 }

@@ -34,11 +34,8 @@ class UnitsAndUp : public testing::Test {
  protected:
   Reading through(const Format& format, const annDocument& document, Options out = {}, Options in = {}) {
     const std::string file = directory_ / format.file;
-    messages_ = {};
-    EXPECT_EQ(translator(format.writer).write(document, file, messages_, out), velabsDONE) << messages_.errors;
-    Reading reading = translator(format.reader).read(file, in);
-    EXPECT_EQ(reading.result, velabsDONE) << format.name << reading.messages.errors;
-    return reading;
+    messages_ = translator(format.writer).must_write(document, file, out);
+    return translator(format.reader).must_read(file, in);
   }
 
   static const Format& format(std::string_view name) {

@@ -8,6 +8,7 @@
 #include <numbers>
 
 #include "Rail.h"
+#include "Solids.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 
@@ -17,15 +18,10 @@ const Translator writer("viewerwriter");
 
 using Corners = std::vector<std::uint32_t>;
 
-std::shared_ptr<annMesh> cube(double size = 1) {
-  auto mesh = std::make_shared<annMesh>();
-  for (unsigned i = 0; i < 8; ++i) {
-    mesh->vertices->points.push_back({i & 1 ? size : 0, i & 2 ? size : 0, i & 4 ? size : 0});
-  }
-  for (const Corners& face : {Corners{0, 2, 3, 1}, Corners{4, 5, 7, 6}, Corners{0, 1, 5, 4}, Corners{2, 6, 7, 3},
-                              Corners{0, 4, 6, 2}, Corners{1, 3, 7, 5}}) {
-    mesh->add_face(face);
-  }
+std::shared_ptr<annMesh> bare_cube(double size = 1) {
+  auto mesh = cube(size);
+  mesh->materials.clear();
+  mesh->face_materials.clear();
   return mesh;
 }
 
@@ -61,17 +57,9 @@ std::shared_ptr<annMesh> taken_apart(const annMesh& mesh) {
   return apart;
 }
 
-annDocument document_of(std::shared_ptr<const annMesh> mesh, const char* name = "part") {
-  annDocument document;
-  document.unit = velLENGTH_MILLIMETRE;
-  document.root.add_child(name).body.mesh = std::move(mesh);
-  return document;
-}
-
 std::string page_of(const annDocument& document, Options options = {}) {
   TemporaryDirectory directory;
-  Messages messages;
-  EXPECT_EQ(writer.write(document, directory / "page.html", messages, options), velabsDONE) << messages.errors;
+  writer.must_write(document, directory / "page.html", options);
   return TemporaryDirectory::read(directory / "page.html");
 }
 
@@ -135,44 +123,41 @@ Vertex vertex_of(const std::string& data, std::size_t count, std::size_t index) 
 }
 
 TEST(Viewer, PageNeedsNothingThatLiesElsewhere) {
-  const std::string page = page_of(document_of(cube()));
+  const std::string page = page_of(document_of(bare_cube()));
   for (const char* outside : {"http:", "https:", "src=", "url(", "@import", "fetch(", "XMLHttpRequest", "WebSocket",
                               "import(", "@STYLE@", "@SCRIPT@"}) {
     EXPECT_EQ(page.find(outside), page.npos) << outside;
   }
   EXPECT_NE(page.find("Content-Security-Policy\" content=\"default-src 'none';"), page.npos);
-  EXPECT_EQ(page, page_of(document_of(cube())));
+  EXPECT_EQ(page, page_of(document_of(bare_cube())));
 }
 
 TEST(Viewer, NamesStayNames) {
-  const std::string harmless = page_of(document_of(cube()), {{"TITLE", "plain"}});
+  const std::string harmless = page_of(document_of(bare_cube()), {{"TITLE", "plain"}});
   for (const char* name : {"</script><script>alert(1)</script>", "<img src=x onerror=alert(1)>", "<!--<script>",
                            "\"]],\\\"\n", "\xFF\xC0\x80\xED\xA0\x80 cut \xE6\x9C", "&lt;script&gt;"}) {
-    const std::string page = page_of(document_of(cube(), name), {{"TITLE", name}});
+    const std::string page = page_of(document_of(bare_cube(), name), {{"TITLE", name}});
     EXPECT_EQ(count(page, "<script"), count(harmless, "<script")) << name;
     EXPECT_EQ(count(page, "</script"), count(harmless, "</script")) << name;
     EXPECT_EQ(page.find("<img"), page.npos) << name;
     const std::string scene = scene_of(page);
     for (const char* raw : {"<", ">", "&", "\xFF", "\xC0", "\xED\xA0"}) EXPECT_EQ(scene.find(raw), scene.npos) << name;
   }
-  const std::string scene = scene_of(page_of(document_of(cube(), "M\xC3\xBC<\"\xE6\x9C\x88")));
+  const std::string scene = scene_of(page_of(document_of(bare_cube(), "M\xC3\xBC<\"\xE6\x9C\x88")));
   EXPECT_NE(scene.find("\"M\xC3\xBC\\u003c\\u0022\xE6\x9C\x88\""), scene.npos) << scene;
 }
 
 TEST(Viewer, SplitsAtCreasesAndDrawsThem) {
-  const auto sheet = std::make_shared<annMesh>();
-  sheet->vertices->points = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {5, 5, 5}};
-  sheet->add_face(Corners{0, 1, 2, 3});
-  sheet->add_face(Corners{0, 0, 1});
-  auto inside_out = cube();
+  const auto sheet = mesh_of({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {5, 5, 5}}, {{0, 1, 2, 3}, {0, 0, 1}});
+  auto inside_out = bare_cube();
   for (std::size_t face = 0; face < 6; ++face) {
     std::reverse(inside_out->corners.begin() + 4 * face, inside_out->corners.begin() + 4 * face + 4);
   }
-  auto with_normals = cube();
+  auto with_normals = bare_cube();
   with_normals->vertices->normals.assign(8, {0, 0, 1});
-  auto without_any = cube();
+  auto without_any = bare_cube();
   without_any->corner_normals.assign(24, annMesh::no_normal);
-  auto half_without = cube();
+  auto half_without = bare_cube();
   half_without->vertices->normal_pool = {{0, 0, -1}};
   half_without->corner_normals.assign(24, annMesh::no_normal);
   std::fill_n(half_without->corner_normals.begin(), 4, 0U);
@@ -188,8 +173,8 @@ TEST(Viewer, SplitsAtCreasesAndDrawsThem) {
     std::shared_ptr<const annMesh> mesh;
     long vertices, triangles, lines, solid;
   } cases[] = {
-      {"cube", cube(), 24, 12, 12, 1},
-      {"cube in pieces", taken_apart(*cube()), 24, 12, 12, 1},
+      {"cube", bare_cube(), 24, 12, 12, 1},
+      {"cube in pieces", taken_apart(*bare_cube()), 24, 12, 12, 1},
       {"cube that faces inwards", inside_out, 24, 12, 12, 0},
       {"cube with normals", with_normals, 8, 12, 12, 1},
       {"cube whose corners have no normals", without_any, 24, 12, 12, 1},
@@ -229,7 +214,7 @@ TEST(Viewer, NormalsOfCornersAreShown) {
 }
 
 TEST(Viewer, InstancesHaveTheirNameAndThatOfTheirPart) {
-  annDocument document = document_of(cube(), "nut");
+  annDocument document = document_of(bare_cube(), "nut");
   annNode& instance = *document.root.children.front();
   instance.instance_name = "nut_1";
   EXPECT_NE(scene_of(page_of(document)).find("[-1,[\"nut_1\",\"nut\"],0,"), std::string::npos);
@@ -238,7 +223,7 @@ TEST(Viewer, InstancesHaveTheirNameAndThatOfTheirPart) {
 }
 
 TEST(Viewer, DataHoldsEachMeshOnce) {
-  annDocument document = document_of(cube(2));
+  annDocument document = document_of(bare_cube(2));
   annNode& twin = document.root.add_child("twin");
   twin.body = document.root.children.front()->body;
   twin.transform.m = {0, -1, 0, 10, 1, 0, 0, 0, 0, 0, 1, 0};
@@ -270,50 +255,39 @@ TEST(Viewer, DataHoldsEachMeshOnce) {
   EXPECT_EQ(next, 24u);
 }
 
-TEST(Viewer, UnitAndScaleAreThoseOfTheShownLengths) {
-  const std::string scene = scene_of(page_of(document_of(cube(254)), {{"LENGTH_UNIT", "inch"}, {"SCALE", "2"}}));
-  EXPECT_NE(scene.find("\"unit\":\"in\",\"up\":\"z\""), scene.npos);
-  EXPECT_NE(scene.find(",[0,0,0,20,20,20]]"), scene.npos) << scene;
-}
+TEST(Viewer, NamesTheUnitAndTheUpAxisOfTheLengthsShown) {
+  const std::string inches = scene_of(page_of(document_of(bare_cube(254)), {{"LENGTH_UNIT", "inch"}, {"SCALE", "2"}}));
+  EXPECT_NE(inches.find("\"unit\":\"in\",\"up\":\"z\""), inches.npos);
+  EXPECT_NE(inches.find(",[0,0,0,20,20,20]]"), inches.npos) << inches;
 
-TEST(Viewer, NamesTheUpAxisAndKeepsTheNumbers) {
-  annDocument document = document_of(cube(1));
+  annDocument document = document_of(bare_cube());
   document.root.children[0]->transform.m[11] = 5;
   document.up = annUP_Y;
-  const std::string scene = scene_of(page_of(document));
-  EXPECT_NE(scene.find("\"up\":\"y\""), scene.npos);
-  EXPECT_NE(scene.find(",[0,0,5,1,1,6]]"), scene.npos) << scene;
+  const std::string y_up = scene_of(page_of(document));
+  EXPECT_NE(y_up.find("\"up\":\"y\""), y_up.npos);
+  EXPECT_NE(y_up.find(",[0,0,5,1,1,6]]"), y_up.npos) << y_up;
 }
 
 TEST(Viewer, SaysWhyThereIsNoPage) {
   TemporaryDirectory directory;
-  auto flat = std::make_shared<annMesh>();
-  flat->vertices->points = {{0, 0, 0}, {1, 0, 0}};
-  flat->add_face(Corners{0, 1, 0});
-  annDocument distant = document_of(cube());
+  annDocument distant = document_of(bare_cube()), nowhere = document_of(bare_cube());
   distant.root.children.front()->transform = annTransform::scaling(1e300);
-  annDocument nowhere = document_of(cube());
   nowhere.root.children.front()->transform.m[3] = std::numeric_limits<double>::infinity();
-  const auto refused = [&](const annDocument& document, const char* why) {
-    Messages messages;
-    EXPECT_EQ(writer.write(document, directory / "page.html", messages), velabsFAILED) << why;
-    EXPECT_NE(messages.errors.find(why), std::string::npos) << messages.errors;
-    EXPECT_FALSE(std::filesystem::exists(directory / "page.html"));
-  };
-  refused({}, "no shape");
-  refused(document_of(flat), "nothing to show");
-  refused(distant, "cannot be shown");
-  refused(nowhere, "too far away");
+  const std::string file = directory / "page.html";
+  writer.must_not_write({}, file, "no shape");
+  writer.must_not_write(document_of(mesh_of({{0, 0, 0}, {1, 0, 0}}, {{0, 1, 0}})), file, "nothing to show");
+  writer.must_not_write(distant, file, "cannot be shown");
+  writer.must_not_write(nowhere, file, "too far away");
   Messages cancelled;
   cancelled.cancel = true;
-  EXPECT_EQ(writer.write(document_of(cube()), directory / "page.html", cancelled), velabsCANCELLED);
+  EXPECT_EQ(writer.write(document_of(bare_cube()), file, cancelled), velabsCANCELLED);
 }
 
 // Deeper than any stack, and wide.
 TEST(Viewer, TreesOfAnyShapeAreWritten) {
   annDocument document;
   annNode* node = &document.root;
-  const auto mesh = cube();
+  const auto mesh = bare_cube();
   for (int i = 0; i < 100000; ++i) {
     node = &node->add_child("level");
     if (i % 1000 == 0) node->body.mesh = mesh;
