@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <regex>
 #include <sstream>
 
@@ -137,10 +136,4 @@ annBox box_of(const json& info) {
   const json& box = info["bounding_box"];
   const auto corner = [&](const char* name) -> annVector { return {box[name][0], box[name][1], box[name][2]}; };
   return {corner("min"), corner("max")};
-}
-
-void expect_same_box(const annBox& actual, const annBox& expected, double difference, const std::string& where) {
-  const double one[] = {actual.min.x, actual.min.y, actual.min.z, actual.max.x, actual.max.y, actual.max.z};
-  const double two[] = {expected.min.x, expected.min.y, expected.min.z, expected.max.x, expected.max.y, expected.max.z};
-  for (int i = 0; i < 6; ++i) EXPECT_NEAR(one[i], two[i], difference) << where << ", side " << i;
 }

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "Boxes.h"
 #include "Running.h"
 #include "TemporaryDirectory.h"
-#include "annBox.h"
 
 // Programs that are not ours. Tests hold what `vel` writes against them, because our own readers share our own
 // mistakes.
@@ -64,6 +64,3 @@ class Vel {
 
 // The box of a `vel info`.
 annBox box_of(const nlohmann::json& info);
-
-// `difference` is how far the corners may be apart.
-void expect_same_box(const annBox& actual, const annBox& expected, double difference, const std::string& where);

@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <functional>
 #include <optional>
 #include <set>
 #include <sstream>
 
-#include "Sources.h"
+#include "../translators/Corpus.h"
+#include "Judges.h"
 
 using nlohmann::json;
 
@@ -13,11 +14,45 @@ using nlohmann::json;
 
 namespace {
 
-#define VEL_NEEDS(name) \
-  if (judges::program(name).empty()) GTEST_SKIP() << name " is not installed (VEL_FOREIGN=1 ./check installs it)"
+#define VEL_NEEDS(name, program) \
+  if ((program).empty()) GTEST_SKIP() << name " is not installed (VEL_FOREIGN=1 ./check installs it)"
 
 // admesh refuses files of fewer triangles.
 constexpr int admesh_needs = 4;
+
+// A file that foreign programs see in other formats.
+struct Source {
+  std::string path;
+  std::string format;  // "stl", "step"
+
+  bool is_exact() const { return format == "step" || format == "iges" || format == "brep"; }
+};
+
+bool is_closed_by_admesh(const std::string& stl) {
+  const std::optional<judges::Mesh> mesh = judges::read_by_admesh(stl);
+  return mesh && mesh->open == 0;
+}
+
+// False where there is no program to ask, too.
+bool is_closed(const Source& source) {
+  if (source.is_exact()) return !judges::program("gmsh").empty() && judges::is_closed_by_gmsh(source.path);
+  if (judges::program("admesh").empty()) return false;
+  if (source.format == "stl") return is_closed_by_admesh(source.path);
+  const TemporaryDirectory directory;
+  const std::string stl = directory / "placed.stl";
+  return !judges::program("assimp").empty() && judges::place_by_assimp(source.path, stl) && is_closed_by_admesh(stl);
+}
+
+// The examples and all whole files of the corpus that `vel` reads.
+std::vector<Source> foreign_sources() {
+  const std::string examples = VEL_EXAMPLES;
+  std::vector<Source> sources{
+      {examples + "/bracket.stl", "stl"}, {examples + "/bracket.obj", "obj"}, {examples + "/assembly.step", "step"}};
+  for (const CorpusFile& file : corpus_files()) {
+    if (file.folder != "malformed") sources.push_back({file.path.string(), file.folder});
+  }
+  return sources;
+}
 
 class Foreign : public testing::Test {
  protected:
@@ -34,10 +69,14 @@ class Foreign : public testing::Test {
     return {};
   }
 
-  // Text of a file of data made by us, written as glTF.
-  json gltf_of(const std::string& name) {
-    const std::string file = written({VEL_TEST_DATA "/" + name, ""}, "gltf");
-    return file.empty() ? json() : json::parse(TemporaryDirectory::read(file));
+  // Writes every source with faces, and calls `check` with what `vel` finds in the source and with the file.
+  void for_each_written(const std::string& extension,
+                        const std::function<void(const Source&, const json& before, const std::string& file)>& check) {
+    for (const Source& source : foreign_sources()) {
+      const json before = vel_.info(source.path);
+      const std::string file = written(source, extension);
+      if (!file.empty() && has_faces(before)) check(source, before, file);
+    }
   }
 
   static bool has_faces(const json& info) { return !info.is_null() && info["faces"] != 0; }
@@ -58,11 +97,6 @@ class Foreign : public testing::Test {
     return true;
   }
 
-  static double size_of(const annBox& box) {
-    const annVector diagonal = box.max - box.min;
-    return std::sqrt(ann_dot(diagonal, diagonal));
-  }
-
   // What a program found in a mesh file, against what `vel` finds in it and against the box of its source.
   void expect_same_mesh(const judges::Mesh& found, const std::string& file, const annBox& before, bool is_exact,
                         const std::string& where) {
@@ -81,9 +115,7 @@ class Foreign : public testing::Test {
 };
 
 TEST_F(Foreign, EveryGltfIsValid) {
-  if (judges::gltf_validator().empty()) {
-    GTEST_SKIP() << "the Khronos glTF validator is not installed (VEL_FOREIGN=1 ./check installs it)";
-  }
+  VEL_NEEDS("the Khronos glTF validator", judges::gltf_validator());
   std::vector<std::string> files, names;
   for (const Source& source : foreign_sources()) {
     for (const char* format : {"glb", "gltf"}) {
@@ -104,94 +136,78 @@ TEST_F(Foreign, EveryGltfIsValid) {
 }
 
 TEST_F(Foreign, EveryThreemfIsValidAndClosedWhereItsSourceIs) {
-  if (judges::lib3mf().empty()) GTEST_SKIP() << "lib3mf is not installed (VEL_FOREIGN=1 ./check installs it)";
-  for (const Source& source : foreign_sources()) {
-    const json before = vel_.info(source.path);
-    const std::string file = written(source, "3mf");
+  VEL_NEEDS("lib3mf", judges::lib3mf());
+  for_each_written("3mf", [&](const Source& source, const json& before, const std::string& file) {
     // lib3mf takes no coordinates above 1e9.
-    if (file.empty() || !has_faces(before) || size_of(box_of(before)) > 1e9) continue;
+    if (size_of(box_of(before)) > 1e9) return;
     const json report = judges::read_by_lib3mf(file), info = vel_.info(file);
-    if (report.contains("error") || info.is_null()) {
-      ADD_FAILURE() << source.path << report << info;
-      continue;
-    }
+    ASSERT_FALSE(report.contains("error") || info.is_null()) << source.path << report << info;
     EXPECT_TRUE(report["warnings"].empty()) << source.path << report["warnings"];
-    EXPECT_EQ(report["placed"]["triangles"], info["triangles"]) << source.path;
+    EXPECT_EQ(report["triangles"], info["triangles"]) << source.path;
     // The groups of an OBJ file may be closed together and open one by one.
-    const bool closed = (source.is_exact() || report["objects"].size() == 1) && source.is_closed();
-    for (const json& object : report["objects"]) {
-      EXPECT_TRUE(object["manifold"] || !closed) << source.path << object;
-    }
-  }
+    const bool closed = (source.is_exact() || report["manifold"].size() == 1) && is_closed(source);
+    for (const json& manifold : report["manifold"]) EXPECT_TRUE(manifold || !closed) << source.path;
+  });
 }
 
 TEST_F(Foreign, EveryStlIsInMillimetresAndClosedWhereItsSourceIs) {
-  VEL_NEEDS("admesh");
-  VEL_NEEDS("gmsh");
-  for (const Source& source : foreign_sources()) {
-    const json before = vel_.info(source.path);
-    const std::string file = written(source, "stl");
-    if (file.empty() || !has_faces(before)) continue;
+  VEL_NEEDS("admesh", judges::program("admesh"));
+  VEL_NEEDS("gmsh", judges::program("gmsh"));
+  for_each_written("stl", [&](const Source& source, const json& before, const std::string& file) {
     annBox box = box_of(before);
     if (source.format == "gltf") box = {{box.min.x, -box.max.z, box.min.y}, {box.max.x, -box.min.z, box.max.y}};
     // gmsh joins triangles in one place, so its count says nothing; it cuts numbers of ten digits.
     const double size = size_of(box);
-    if (size > 1e9) continue;
+    if (size > 1e9) return;
     expect_same_box(judges::read_by_gmsh(file).box, box, size * (source.is_exact() ? 0.02 : 1e-6) + 1e-5,
                     source.path + " in gmsh");
     const std::optional<judges::Mesh> mesh = judges::read_by_admesh(file);
     if (!mesh) {
       EXPECT_LT(vel_.info(file)["triangles"], admesh_needs) << source.path;
-      continue;
+      return;
     }
     expect_same_mesh(*mesh, file, box, source.is_exact(), source.path + " in admesh");
-    EXPECT_TRUE(mesh->open == 0 || !source.is_closed()) << source.path << ": " << mesh->open;
-  }
+    EXPECT_TRUE(mesh->open == 0 || !is_closed(source)) << source.path << ": " << mesh->open;
+  });
 }
 
 TEST_F(Foreign, EveryObjPlyAndOffIsInMillimetres) {
-  VEL_NEEDS("assimp");
-  for (const Source& source : foreign_sources()) {
-    const json before = vel_.info(source.path);
-    for (const std::string format : {"obj", "ply", "off"}) {
-      const std::string file = written(source, format);
-      if (file.empty() || !has_faces(before) || !assimp_reads_all(file, format, before)) continue;
+  VEL_NEEDS("assimp", judges::program("assimp"));
+  for (const std::string format : {"obj", "ply", "off"}) {
+    for_each_written(format, [&](const Source& source, const json& before, const std::string& file) {
+      if (!assimp_reads_all(file, format, before)) return;
       expect_same_mesh(judges::read_by_assimp(file), file, box_of(before), source.is_exact(),
                        source.path + " to " + format);
-    }
+    });
   }
 }
 
 // Models of formats with +Z up are turned; others are kept.
 TEST_F(Foreign, EveryGlbIsInMetresWithYUp) {
-  VEL_NEEDS("assimp");
-  VEL_NEEDS("admesh");
+  VEL_NEEDS("assimp", judges::program("assimp"));
+  VEL_NEEDS("admesh", judges::program("admesh"));
   const std::set<std::string> z_up{"step", "iges", "brep", "3mf", "stl"};
-  for (const Source& source : foreign_sources()) {
-    const json before = vel_.info(source.path);
-    const std::string glb = written(source, "glb"), stl = directory_ / "placed.stl";
-    if (glb.empty() || !has_faces(before)) continue;
+  const std::string stl = directory_ / "placed.stl";
+  for_each_written("glb", [&](const Source& source, const json& before, const std::string& glb) {
     ASSERT_TRUE(judges::place_by_assimp(glb, stl)) << source.path;
     const json info = vel_.info(glb);
     ASSERT_FALSE(info.is_null()) << source.path;
     const std::optional<judges::Mesh> mesh = judges::read_by_admesh(stl);
     if (!mesh) {
       EXPECT_LT(info["triangles"], admesh_needs) << source.path;
-      continue;
+      return;
     }
     EXPECT_EQ(mesh->faces, info["triangles"]) << source.path;
     annBox box = box_of(before);
     for (annVector* corner : {&box.min, &box.max}) *corner = {corner->x / 1e3, corner->y / 1e3, corner->z / 1e3};
     if (z_up.contains(source.format)) box = {{box.min.x, box.min.z, -box.max.y}, {box.max.x, box.max.z, -box.min.y}};
     expect_same_box(mesh->box, box, size_of(box) * (source.is_exact() ? 0.02 : 1e-5) + 1e-6, source.path);
-  }
+  });
 }
 
 // Each shape once: a cube with hard edges has three vertices at each of its points.
 TEST_F(Foreign, GltfHasANormalForEachCorner) {
-  if (judges::gltf_validator().empty()) {
-    GTEST_SKIP() << "the Khronos glTF validator is not installed (VEL_FOREIGN=1 ./check installs it)";
-  }
+  VEL_NEEDS("the Khronos glTF validator", judges::gltf_validator());
   const struct {
     const char *file, *format;
     int vertices;  // 0 for any number
@@ -202,30 +218,6 @@ TEST_F(Foreign, GltfHasANormalForEachCorner) {
     EXPECT_EQ(info["maxAttributes"], 2) << c.file << info;
     EXPECT_TRUE(c.vertices == 0 || vel_.info(file)["vertices"] == c.vertices) << c.file << info;
   }
-}
-
-TEST_F(Foreign, GltfMaterialsOfOpenBodiesAreDoubleSided) {
-  const std::pair<const char*, bool> cases[] = {{"step/cup_open.step", true},
-                                                {"step/set_inch.step", false},
-                                                {"ply/open_face_colours.ply", true},
-                                                {"obj/cube_normals.obj", false},
-                                                {"iges/cup_open.igs", true}};
-  for (const auto& [name, open] : cases) {
-    const json gltf = gltf_of(name);
-    ASSERT_TRUE(gltf.contains("materials")) << name << gltf;
-    for (const json& material : gltf["materials"]) EXPECT_EQ(material.value("doubleSided", false), open) << name;
-  }
-}
-
-TEST_F(Foreign, GltfHasTheNamesOfInstancesAndOfParts) {
-  const json gltf = gltf_of("step/set_inch.step");
-  std::multiset<std::string> nodes, meshes;
-  for (const json& node : gltf["nodes"]) {
-    if (node.contains("mesh")) nodes.insert(node.value("name", ""));
-  }
-  for (const json& mesh : gltf["meshes"]) meshes.insert(mesh.value("name", ""));
-  EXPECT_EQ(nodes, (std::multiset<std::string>{"pin_1", "pin_2", "plate_1"}));
-  EXPECT_EQ(meshes, (std::multiset<std::string>{"pin", "plate"}));
 }
 
 }  // namespace
