@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -32,6 +34,13 @@ class TemporaryDirectory {
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
     return file.string();
+  }
+
+  // Makes a named pipe and gives its full name.
+  std::string make_pipe(std::string_view name) const {
+    const std::string pipe = *this / name;
+    if (mkfifo(pipe.c_str(), 0600) != 0) throw std::runtime_error("no pipe");
+    return pipe;
   }
 
   static std::string read(const std::string& file) {
