@@ -1,11 +1,10 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <mutex>
-#include <stdexcept>
 
+#include "RecordingOutput.h"
 #include "TemporaryDirectory.h"
 #include "v2vVel2vel.h"
 
@@ -14,30 +13,6 @@ namespace {
 std::string fixture(const std::string& name) {
   return std::string(VEL_FIXTURES) + "/" + name + ".dll";
 }
-
-class RecordingOutput : public velabsOutput {
- public:
-  void message(velabsSeverity, const utString& text) override {
-    std::lock_guard guard(lock_);
-    messages.push_back(text.str());
-    if (throws) throw std::runtime_error("a host that fails");
-  }
-  void progress(int percent) override {
-    std::lock_guard guard(lock_);
-    steps.push_back(percent);
-    if (percent >= cancel_at) cancel = true;
-  }
-  bool cancelled() const override { return cancel; }
-
-  std::vector<std::string> messages;
-  std::vector<int> steps;
-  std::atomic<bool> cancel{false};
-  int cancel_at = 101;
-  bool throws = false;
-
- private:
-  std::mutex lock_;
-};
 
 class Engine : public testing::Test {
  protected:
@@ -89,11 +64,10 @@ TEST_F(Engine, SeveralInputsStandInTheirOrderInOneUnit) {
   EXPECT_EQ(counts(), std::pair(3, 0));
   EXPECT_EQ(last_message(), directory_ / "a.script: it has no length unit: its numbers count as millimetres");
   EXPECT_EQ(output_.messages.size(), 1u);
-  output_.messages.clear();
 
   // Where no file has a unit, nothing is taken for another. The old output does not name what stands beside it.
   EXPECT_EQ(translate({"node\n", "node\n"}), 1);
-  EXPECT_EQ(output_.messages.size(), 1u);
+  EXPECT_EQ(output_.messages.size(), 2u);
   EXPECT_TRUE(last_message().ends_with("out_1.side is written instead")) << last_message();
   EXPECT_EQ(TemporaryDirectory::read(directory_ / "out.side"), "a");
 }
@@ -121,20 +95,19 @@ TEST_F(Engine, ASingleInputKeepsItsTop) {
 
 TEST_F(Engine, AnInputThatFailsLeavesTheOldOutput) {
   const std::string file = directory_ / "b.script: ";
-  struct Case {
-    const char *script, *message;
-  } cases[] = {{"fail line 3: no", "line 3: no"},
-               {"fail_silently", "it could not be read"},
-               {"throw over the wall", "it stopped on an error of its own: over the wall"},
-               {"throw_number", "it stopped on an error of its own"},
-               {"no_memory", "there is not enough memory"},
-               {"note nothing here", "the model is empty: it has no vertices, faces or shapes"},
-               {"bare nothing here", "the model is empty: it has no vertices, faces or shapes"},
-               {"bad_corner", "the reader gave an invalid mesh: a face names a vertex that is not there"},
-               {"bad_point", "the reader gave an invalid mesh: a coordinate is not a finite number"}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(translate({"node", c.script, "node"}), 0) << c.script;
-    EXPECT_EQ(last_message(), file + c.message);
+  const std::pair<const char*, const char*> cases[] = {
+      {"fail line 3: no", "line 3: no"},
+      {"fail_silently", "it could not be read"},
+      {"throw over the wall", "it stopped on an error of its own: over the wall"},
+      {"throw_number", "it stopped on an error of its own"},
+      {"no_memory", "there is not enough memory"},
+      {"note nothing here", "the model is empty: it has no vertices, faces or shapes"},
+      {"bare nothing here", "the model is empty: it has no vertices, faces or shapes"},
+      {"bad_corner", "the reader gave an invalid mesh: a face names a vertex that is not there"},
+      {"bad_point", "the reader gave an invalid mesh: a coordinate is not a finite number"}};
+  for (const auto& [script, message] : cases) {
+    EXPECT_EQ(translate({"node", script, "node"}), 0) << script;
+    EXPECT_EQ(last_message(), file + message);
     EXPECT_EQ(counts(), std::pair(3, 1));
     expect_untouched(3);
   }
@@ -161,17 +134,16 @@ TEST_F(Engine, MessagesComeInTheOrderOfTheInputs) {
 TEST_F(Engine, ProgressOnlyRisesAndEndsWithTheFile) {
   EXPECT_EQ(translate({"progress 50\nprogress 20\nprogress 1000\nnode\n", "node\nprogress -4\nprogress 50"}), 1);
   EXPECT_TRUE(std::is_sorted(output_.steps.begin(), output_.steps.end()));
-  EXPECT_NE(std::find(output_.steps.begin(), output_.steps.end(), 50), output_.steps.end());
-  EXPECT_NE(std::find(output_.steps.begin(), output_.steps.end(), 70), output_.steps.end());
-  EXPECT_EQ(std::count(output_.steps.begin(), output_.steps.end(), 100), 1);
+  for (const int step : {50, 70, 100}) {
+    EXPECT_EQ(std::count(output_.steps.begin(), output_.steps.end(), step), 1) << step;
+  }
 }
 
 TEST_F(Engine, CancellingLeavesNothingAndCountsAll) {
   output_.cancel_at = 10;
   const std::vector<std::string> scripts(9, "progress 95\nuntil_cancelled\n");
   EXPECT_EQ(translate(scripts), 0);
-  EXPECT_EQ(output_.messages,
-            (std::vector<std::string>{target_ + ": the translation was cancelled; nothing was written"}));
+  EXPECT_EQ(output_.messages, std::vector{target_ + ": the translation was cancelled; nothing was written"});
   EXPECT_EQ(counts(), std::pair(9, 9));
   expect_untouched(9);
 
@@ -184,12 +156,11 @@ TEST_F(Engine, CancellingLeavesNothingAndCountsAll) {
 }
 
 TEST_F(Engine, AWriterThatFailsLeavesTheOldOutput) {
-  struct Case {
-    const char *node, *reason;
-  } cases[] = {{"write_throw", "it stopped on an error of its own: thrown"}, {"write_fail", "its translator gave up"}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(translate({std::string("node ") + c.node}), 0);
-    EXPECT_EQ(last_message(), "cannot write " + target_ + ": " + c.reason);
+  const std::pair<const char*, const char*> cases[] = {{"write_throw", "it stopped on an error of its own: thrown"},
+                                                       {"write_fail", "its translator gave up"}};
+  for (const auto& [node, reason] : cases) {
+    EXPECT_EQ(translate({std::string("node ") + node}), 0);
+    EXPECT_EQ(last_message(), "cannot write " + target_ + ": " + reason);
     EXPECT_EQ(counts(), std::pair(1, 0));
     expect_untouched(1);
   }
@@ -206,20 +177,18 @@ TEST_F(Engine, RequestsThatCannotWorkAreRefusedBeforeAnythingIsRead) {
   v2vTranslatorElementscoPageArr inputs;
   inputs.append({input, nullptr, reader_, 0, "Script"});
   inputs.append({directory_ / "other_name", nullptr, reader_, 0, "Script"});
-  struct Case {
-    std::string target, part;
-  } cases[] = {{target_, "it is an input too"},
-               {directory_ / "d/../a.script", "it is an input too"},
-               {directory_ / "d", "it is a directory"},
-               {directory_ / "circle", "leads back to itself"},
-               {directory_ / "new/", "it is a directory"},
-               {directory_ / "no/out", "its directory does not exist"},
-               {directory_ / "a.script/out", "does not exist"},
-               {"", "has no name"}};
-  for (const Case& c : cases) {
-    target_ = c.target;
+  const std::pair<std::string, std::string> cases[] = {{target_, "it is an input too"},
+                                                       {directory_ / "d/../a.script", "it is an input too"},
+                                                       {directory_ / "d", "it is a directory"},
+                                                       {directory_ / "circle", "leads back to itself"},
+                                                       {directory_ / "new/", "it is a directory"},
+                                                       {directory_ / "no/out", "its directory does not exist"},
+                                                       {directory_ / "a.script/out", "does not exist"},
+                                                       {"", "has no name"}};
+  for (const auto& [target, part] : cases) {
+    target_ = target;
     EXPECT_EQ(run(inputs), 0);
-    EXPECT_NE(last_message().find(c.part), std::string::npos) << last_message();
+    EXPECT_NE(last_message().find(part), std::string::npos) << last_message();
     EXPECT_EQ(last_message().find("was read"), std::string::npos);
     EXPECT_EQ(counts(), std::pair(2, 2));
   }
@@ -258,13 +227,11 @@ TEST_F(Engine, OutputsOfTheHostMayFailOrBeTheSame) {
 }
 
 TEST_F(Engine, APipeIsWrittenDirectly) {
-  int ends[2];
-  ASSERT_EQ(pipe(ends), 0);
-  target_ = "/proc/self/fd/" + std::to_string(ends[1]);
+  target_ = directory_.make_pipe("pipe");
+  const int reader = open(target_.c_str(), O_RDONLY | O_NONBLOCK);
   EXPECT_EQ(translate({"node"}), 1);
-  char read_back[64];
-  const ssize_t count = read(ends[0], read_back, sizeof read_back);
-  EXPECT_EQ(std::string(read_back, static_cast<std::size_t>(count)), "unspecified( 1.000(a 1.000))end");
-  close(ends[0]);
-  close(ends[1]);
+  char text[64];
+  const ssize_t count = read(reader, text, sizeof text);
+  EXPECT_EQ(std::string(text, static_cast<std::size_t>(count)), "unspecified( 1.000(a 1.000))end");
+  close(reader);
 }

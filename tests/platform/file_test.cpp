@@ -91,8 +91,7 @@ TEST(FileHelpers, TemporaryNamesAreAbsoluteAndNeverTheSame) {
 
 TEST(MappedFile, OnlyRegularFilesAndNeverBlocking) {
   TemporaryDirectory directory;
-  const std::string pipe = directory / "pipe";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string pipe = directory.make_pipe("pipe");
   for (const std::string& bad : {pipe, directory.path().string(), directory / "missing", std::string("/dev/zero")}) {
     apStatus status;
     EXPECT_EQ(apMappedFile::open(bad, status), nullptr) << bad;

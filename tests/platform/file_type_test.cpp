@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cstdint>
 #include <cstring>
@@ -110,26 +109,20 @@ TEST(FileTypes, TextInUtf16IsOfNoType) {
     little += {c, '\0'};
     big += {'\0', c};
   }
-  const std::pair<std::string, bool> cases[] = {{"\xFF\xFE" + little, true},
-                                                {"\xFE\xFF" + big, true},
-                                                {little, true},
-                                                {big, true},
-                                                {text, false},
-                                                {std::string(40, '\0'), false},
-                                                {"\xFF\xFE", false},
-                                                {binary_stl("", 3, 9), false}};
   TemporaryDirectory directory;
-  for (const auto& [content, is_utf16] : cases) {
-    const std::string file = directory.write("file.stl", content);
-    EXPECT_EQ(vluFileTypeFinder::is_utf16_text(file), is_utf16) << content;
-    EXPECT_TRUE(!is_utf16 || vluFileTypeFinder::find_file_type(file) == vluUNKNOWN) << content;
+  for (const std::string& wide : {"\xFF\xFE" + little, "\xFE\xFF" + big, little, big}) {
+    const std::string file = directory.write("file.stl", wide);
+    EXPECT_TRUE(vluFileTypeFinder::is_utf16_text(file)) << wide;
+    EXPECT_EQ(vluFileTypeFinder::find_file_type(file), vluUNKNOWN) << wide;
+  }
+  for (const std::string& other : {text, std::string(40, '\0'), std::string("\xFF\xFE"), binary_stl("", 3, 9)}) {
+    EXPECT_FALSE(vluFileTypeFinder::is_utf16_text(directory.write("file.stl", other))) << other;
   }
 }
 
 TEST(FileTypes, WhatIsNoFileIsUnknownAtOnce) {
   TemporaryDirectory directory;
-  const std::string pipe = directory / "pipe";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string pipe = directory.make_pipe("pipe");
   for (const std::string& path : {pipe, directory.path().string(), directory / "missing", std::string("/dev/zero"),
                                   std::string(), std::string("/dev/null\0x", 11)}) {
     EXPECT_EQ(vluFileTypeFinder::find_file_type(path), vluUNKNOWN) << path;

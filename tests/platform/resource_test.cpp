@@ -95,18 +95,15 @@ TEST(TableInstance, ValuesThenParentThenDefaults) {
   EXPECT_EQ(table.problems().size(), 1u);
 }
 
-class LocaleNumbers : public testing::Test {
- protected:
-  static bool reads(const char* text) {
-    double value = 0;
-    return co_value_from_text(utString(text), value) && value == 2.5;
-  }
-  static bool holds(const char* right, const char* wrong) {
-    return reads(right) && !reads(wrong) && co_value_to_text(2.5) == right;
-  }
-};
+static bool reads(const char* text) {
+  double value = 0;
+  return co_value_from_text(utString(text), value) && value == 2.5;
+}
+static bool holds(const char* right, const char* wrong) {
+  return reads(right) && !reads(wrong) && co_value_to_text(2.5) == right;
+}
 
-TEST_F(LocaleNumbers, HoldForTheirLifetimeAndNest) {
+TEST(LocaleNumbers, HoldForTheirLifetimeAndNest) {
   const CommaLocale locale;
   if (!locale.made()) GTEST_SKIP() << "the C library has no UTF-8 locale to copy";
   const locale_t before = uselocale(nullptr);
@@ -126,7 +123,7 @@ TEST_F(LocaleNumbers, HoldForTheirLifetimeAndNest) {
   setlocale(LC_ALL, "C");
 }
 
-TEST_F(LocaleNumbers, AnUnknownLocaleChangesNothing) {
+TEST(LocaleNumbers, AnUnknownLocaleChangesNothing) {
   setenv("LC_ALL", "no_SUCH.locale", 1);
   const locale_t before = uselocale(nullptr);
   velnlsLocaleNumbers numbers;

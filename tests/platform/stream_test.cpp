@@ -26,24 +26,15 @@ mode_t mode_of(const std::string& path) {
 
 }  // namespace
 
-TEST(OfStream, NothingIsThereUntilItIsCommitted) {
+TEST(OfStream, EveryByteArrivesOnceItIsCommittedWhateverThePieces) {
   TemporaryDirectory directory;
-  const std::string target = directory.write("out.stl", "old");
-  {
-    velabsOfStream stream(target);
-    EXPECT_EQ(entries(directory), 1u);
-    stream.write(std::string(3 * velabsOfStream::buffer_size, 'x'));
-    stream.companion("mtl").write("never seen");
-    EXPECT_EQ(TemporaryDirectory::read(target), "old");
-  }
-  EXPECT_EQ(TemporaryDirectory::read(target), "old");
-  EXPECT_EQ(entries(directory), 1u);
-}
-
-TEST(OfStream, EveryByteArrivesWhateverThePieces) {
-  TemporaryDirectory directory;
-  const std::string target = directory / "out";
+  const std::string target = directory.write("out", "old");
   std::string expected;
+  {
+    velabsOfStream dropped(target);
+    dropped.write(std::string(3 * velabsOfStream::buffer_size, 'x'));
+    dropped.companion("mtl").write("never seen");
+  }
   velabsOfStream stream(target);
   for (std::size_t size : {std::size_t{1}, velabsOfStream::buffer_size, std::size_t{7}, velabsOfStream::buffer_size - 7,
                            velabsOfStream::buffer_size - 1, std::size_t{0}, 3 * velabsOfStream::buffer_size}) {
@@ -53,6 +44,7 @@ TEST(OfStream, EveryByteArrivesWhateverThePieces) {
     stream.advance(3);
     expected += piece + "123";
   }
+  EXPECT_EQ(TemporaryDirectory::read(target), "old");
   EXPECT_TRUE(stream.commit());
   EXPECT_TRUE(stream.commit());
   EXPECT_EQ(TemporaryDirectory::read(target), expected);
@@ -103,29 +95,25 @@ TEST(OfStream, WhatLeadsToADescriptorIsWrittenWhereItStands) {
 
 TEST(OfStream, FailuresAreToldOnceAndForAll) {
   TemporaryDirectory directory;
-  const std::string pipe = directory / "pipe";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string pipe = directory.make_pipe("pipe");
   fs::create_symlink("circle", directory / "circle");
-  struct Case {
-    std::string target;
-    const char* failure;
-  } cases[] = {{"/dev/full", "No space left on device"},
-               {directory / "circle", "Too many levels of symbolic links"},
-               {directory.path().string(), "Is a directory"},
-               {directory / "missing/out", "No such file or directory"},
-               {directory / "missing/", "Is a directory"},
-               {pipe, "nobody reads from it"},
-               {"", "No such file or directory"}};
-  for (const Case& c : cases) {
-    velabsOfStream stream(c.target);
+  const std::pair<std::string, const char*> cases[] = {{"/dev/full", "No space left on device"},
+                                                       {directory / "circle", "Too many levels of symbolic links"},
+                                                       {directory.path().string(), "Is a directory"},
+                                                       {directory / "missing/out", "No such file or directory"},
+                                                       {directory / "missing/", "Is a directory"},
+                                                       {pipe, "nobody reads from it"},
+                                                       {"", "No such file or directory"}};
+  for (const auto& [target, failure] : cases) {
+    velabsOfStream stream(target);
     for (int i = 0; i < 3; ++i) {
       stream.write(std::string(velabsOfStream::buffer_size, 'x'));
       std::memset(stream.reserve(100), 'y', 100);
       stream.advance(100);
     }
-    EXPECT_FALSE(stream.good()) << c.target;
-    EXPECT_FALSE(stream.commit()) << c.target;
-    EXPECT_EQ(stream.failure(), c.failure) << c.target;
+    EXPECT_FALSE(stream.good()) << target;
+    EXPECT_FALSE(stream.commit()) << target;
+    EXPECT_EQ(stream.failure(), failure) << target;
   }
   EXPECT_TRUE(fs::is_symlink(directory / "circle"));
 }
@@ -162,8 +150,7 @@ TEST(OfStream, AFileBeyondTheLimitOfSizesIsAFailureAndNoSignal) {
 
 TEST(OfStream, APipeWhoseReaderGoesIsAFailureAndNoSignal) {
   TemporaryDirectory directory;
-  const std::string pipe = directory / "pipe";
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string pipe = directory.make_pipe("pipe");
   const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
   velabsOfStream stream(pipe);
   stream.companion("mtl").write("lost");

@@ -28,31 +28,29 @@ std::string encoded(const std::wstring& text) {
 }  // namespace
 
 TEST(Utf8, EveryByteSequenceComesBackAndOnlyValidOnesAreCharacters) {
-  struct Case {
-    std::string bytes;
-    std::wstring text;
-  } cases[] = {{"", L""},
-               {std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
-               {"eight ASCII bytes and \xC3\xA9 more than eight", L"eight ASCII bytes and \u00E9 more than eight"},
-               {"\xE2\x82\xAC\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF", L"\u20AC\U0001F600\U0010FFFF"},
-               {"\xEF\xBF\xBF\xED\x9F\xBF\xEE\x80\x80", L"\uFFFF\uD7FF\uE000"},
-               {"\x80", L"\xDC80"},
-               {"\xFF\xFE", L"\xDCFF\xDCFE"},
-               {"\xC3", L"\xDCC3"},  // cut off
-               {"\xE2\x82"
-                "a",
-                L"\xDCE2\xDC82"
-                L"a"},                                             // cut off by another character
-               {"\xC0\xAF", L"\xDCC0\xDCAF"},                      // overlong
-               {"\xE0\x80\xAF", L"\xDCE0\xDC80\xDCAF"},            // overlong
-               {"\xF0\x80\x80\xAF", L"\xDCF0\xDC80\xDC80\xDCAF"},  // overlong
-               {"\xED\xA0\x80", L"\xDCED\xDCA0\xDC80"},            // a surrogate
-               {"\xED\xB2\x80", L"\xDCED\xDCB2\xDC80"},            // the very code point that stands for a byte
-               {"\xF4\x90\x80\x80", L"\xDCF4\xDC90\xDC80\xDC80"},  // beyond Unicode
-               {"\xF8\x88\x80\x80\x80", L"\xDCF8\xDC88\xDC80\xDC80\xDC80"}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(decoded(c.bytes), c.text);
-    EXPECT_EQ(encoded(decoded(c.bytes)), c.bytes);
+  const std::pair<std::string, std::wstring> cases[] = {
+      {"", L""},
+      {std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
+      {"eight ASCII bytes and \xC3\xA9 more than eight", L"eight ASCII bytes and \u00E9 more than eight"},
+      {"\xE2\x82\xAC\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF", L"\u20AC\U0001F600\U0010FFFF"},
+      {"\xEF\xBF\xBF\xED\x9F\xBF\xEE\x80\x80", L"\uFFFF\uD7FF\uE000"},
+      {"\x80", L"\xDC80"},
+      {"\xFF\xFE", L"\xDCFF\xDCFE"},
+      {"\xC3", L"\xDCC3"},  // cut off
+      {"\xE2\x82"
+       "a",
+       L"\xDCE2\xDC82"
+       L"a"},                                             // cut off by another character
+      {"\xC0\xAF", L"\xDCC0\xDCAF"},                      // overlong
+      {"\xE0\x80\xAF", L"\xDCE0\xDC80\xDCAF"},            // overlong
+      {"\xF0\x80\x80\xAF", L"\xDCF0\xDC80\xDC80\xDCAF"},  // overlong
+      {"\xED\xA0\x80", L"\xDCED\xDCA0\xDC80"},            // a surrogate
+      {"\xED\xB2\x80", L"\xDCED\xDCB2\xDC80"},            // the very code point that stands for a byte
+      {"\xF4\x90\x80\x80", L"\xDCF4\xDC90\xDC80\xDC80"},  // beyond Unicode
+      {"\xF8\x88\x80\x80\x80", L"\xDCF8\xDC88\xDC80\xDC80\xDC80"}};
+  for (const auto& [bytes, text] : cases) {
+    EXPECT_EQ(decoded(bytes), text);
+    EXPECT_EQ(encoded(decoded(bytes)), bytes);
   }
   // Two halves of a name, decoded apart and joined.
   EXPECT_EQ(encoded(decoded("\xC3") + decoded("\xA9")), "\xC3\xA9");

@@ -3,9 +3,9 @@
 #include <memory>
 #include <vector>
 
+#include "CountingLibraries.h"
 #include "TemporaryDirectory.h"
 #include "apFrustrumChooser.h"
-#include "apILibraryLoaderOperations.h"
 #include "apStringCompareInsensitive.h"
 #include "apStringEncodingChooser.h"
 #include "v2vTranslatorLoader.h"
@@ -15,20 +15,6 @@
 #include "vlnTranslatorDllsFactory.h"
 #include "vlnTranslatorDllsIT.h"
 #include "vlnTranslatorSearchPath.h"
-
-// The operating system's library operations, with a count of the libraries that were opened.
-class CountingLibraries : public apILibraryLoaderOperations {
- public:
-  Handle open(const apPathName& path, Lifetime lifetime, apStatus& status) const override {
-    ++opened;
-    return system()->open(path, lifetime, status);
-  }
-  void* symbol(void* library, const char* name, apStatus& status) const override {
-    return system()->symbol(library, name, status);
-  }
-
-  mutable int opened = 0;
-};
 
 // A description whose fields a test may set.
 class OpenInfo : public vlnSecureTranslatorInfo {
@@ -61,6 +47,8 @@ struct Registry {
   vlnFindFileByExtension lister{apFrustrumChooser().file_operations(), &compare};
 
   apPathName path(const std::string& text) const { return apPathName(encoding->to_apString(text)); }
+  std::string text(const apString& string) const { return encoding->to_utString(string).str(); }
+  std::string text(const apPathName& path) const { return text(path.string()); }
   vlnTranslatorSearchPath search_path(const std::string& directories) const {
     return {vlnSearchPath(encoding->to_apString(directories)), &lister};
   }
@@ -76,10 +64,10 @@ struct Registry {
 
   std::unique_ptr<OpenInfo> info(const std::string& format_name, vlnTranslatorType type,
                                  const std::string& file = "/lib/x.dll") const {
-    auto made = std::make_unique<OpenInfo>(&loader, encoding, &compare);
+    auto made = unloaded(file);
+    made->set_from_cache(0);
     made->set_format_name(format(format_name));
     made->set_type(type);
-    made->set_file(path(file));
     made->set_loaded();
     return made;
   }

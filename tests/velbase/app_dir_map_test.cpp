@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <map>
 #include <stdexcept>
@@ -37,6 +36,12 @@ class AppDirMapTest : public testing::Test {
   std::string at(int value) const {
     return map.get_dir(static_cast<vlnQRMDirectory>(value)).ut_path_string(registry.encoding).str();
   }
+  std::string found(vlnQRMDirectory directory, const wchar_t* name) {
+    return registry.text(map.find_file(directory, apFileName(name)));
+  }
+  void put(const wchar_t* name, const std::string& value) {
+    environment.put(name, registry.encoding->to_apString(value));
+  }
 
   TemporaryDirectory dir;
   Registry registry;
@@ -44,28 +49,29 @@ class AppDirMapTest : public testing::Test {
   OpenMap map{&environment};
 };
 
+class SchemaDirTest : public AppDirMapTest {
+ protected:
+  SchemaDirTest() { initialise(dir / "i/sys/exec"); }
+};
+
 }  // namespace
 
 TEST_F(AppDirMapTest, DerivesTheInstallationFromTheExecutable) {
-  const struct {
-    const char *directory, *root;
-  } cases[] = {{"/A/B/sys/exec", "/A/B"}, {"/A/B/sys/exec/", "/A/B"}, {"\\A\\B\\sys/exec\\", "\\A\\B"},
-               {"/sys/exec", "/sys"},     {"exec", "exec"},           {"", ""}};
-  for (const auto& c : cases) {
-    initialise(c.directory);
-    const std::string root = c.root;
-    const std::string exec = c.directory;
-    EXPECT_EQ(at(vlnDIRECTORY_SYSTEM), root.empty() ? "sys" : root + "/sys") << c.directory;
-    EXPECT_EQ(at(6), exec);
+  const std::pair<const char*, const char*> cases[] = {
+      {"/A/B/sys/exec", "/A/B/sys"}, {"/A/B/sys/exec/", "/A/B/sys"}, {"\\A\\B\\sys/exec\\", "\\A\\B/sys"},
+      {"/sys/exec", "/sys/sys"},     {"exec", "exec/sys"},           {"", "sys"}};
+  for (const auto& [directory, system] : cases) {
+    initialise(directory);
+    EXPECT_EQ(at(vlnDIRECTORY_SYSTEM), system) << directory;
+    EXPECT_EQ(at(vlnDIRECTORY_EXECUTABLE_PATH), directory);
   }
   initialise("/A/B/sys/exec");
-  const char* expected[] = {"/A/B/sys",     "/A/B/sys/exec/lib", "/A/B/sys/exec/services", "/A/B/lib/locale",
-                            nullptr,        "/A/B/file/help",    "/A/B/sys/exec",          "/A/B/file/examples",
-                            nullptr,        "/A/B/sys/misc",     "/A/B/sys/exec",          "/A/B/sys/exec",
-                            "/A/B/sys/exec"};
+  const char* expected[] = {"sys",       "sys/exec/lib", "sys/exec/services", "lib/locale", nullptr,
+                            "file/help", "sys/exec",     "file/examples",     nullptr,      "sys/misc",
+                            "sys/exec",  "sys/exec",     "sys/exec"};
   for (int value = 0; value <= 12; ++value) {
     if (!expected[value]) continue;
-    EXPECT_EQ(at(value), expected[value]) << value;
+    EXPECT_EQ(at(value), std::string("/A/B/") + expected[value]) << value;
   }
   EXPECT_EQ(at(-1), "/A/B/sys/exec") << "an unknown value gives a usable directory";
   EXPECT_EQ(registry.app_info.fabrin_server_dir(), "/A/B/sys/exec");
@@ -74,21 +80,15 @@ TEST_F(AppDirMapTest, DerivesTheInstallationFromTheExecutable) {
   map.initialise("c:", "\\i\\sys\\exec", apPathName(L"app"), &registry.app_info, apPathName(), apPathName());
   EXPECT_EQ(at(vlnDIRECTORY_HELP), "c:\\i/file/help");
   EXPECT_EQ(at(vlnDIRECTORY_LIBRARY), "c:\\i\\sys\\exec/lib");
-}
-
-TEST_F(AppDirMapTest, SeveralExecutableDirectoriesAreASearchPathButNoDirectory) {
   initialise("/a/sys/exec;/b/sys/exec");
   EXPECT_EQ(at(vlnDIRECTORY_EXECUTABLE_PATH), "/a/sys/exec;/b/sys/exec");
-  EXPECT_EQ(at(vlnDIRECTORY_EXECUTABLE), "");
+  EXPECT_EQ(at(vlnDIRECTORY_EXECUTABLE), "") << "a search path is no directory";
 }
 
 TEST_F(AppDirMapTest, FindsAFileInTheDirectoriesOfAKind) {
   const std::string installed = dir.write("i/sys/schemas/x", "");
   const std::string misc = dir.write("i/sys/misc/x", "");
   initialise(dir / "i/sys/exec");
-  const auto found = [&](vlnQRMDirectory directory, const wchar_t* name) {
-    return registry.encoding->to_utString(map.find_file(directory, apFileName(name)).string()).str();
-  };
   EXPECT_EQ(found(vlnDIRECTORY_SCHEMAS, L"x"), installed);
   EXPECT_EQ(found(vlnDIRECTORY_MISC, L"X"), misc);
   EXPECT_EQ(found(vlnDIRECTORY_HELP, L"x"), "");
@@ -137,7 +137,7 @@ TEST_F(AppDirMapTest, PathsAreTheirTextInTheEncodingOfTheApplication) {
     EXPECT_TRUE(std::filesystem::is_directory(fresh / (letter + "/config/own"))) << name;
 
     // A variable of the process is decoded as UTF-8, whatever its bytes are.
-    environment.put(L"QRM_HOME", registry.encoding->to_apString(fresh / letter));
+    put(L"QRM_HOME", fresh / letter);
     map.initialise("", "/i/sys/exec", apPathName(L"app"), &app_info, apPathName(), apPathName());
     EXPECT_EQ(map.get_schema_dir(vlnSchemaFonts).user_dir(), fonts.user_dir());
   }
@@ -156,13 +156,13 @@ TEST_F(AppDirMapTest, WithoutAnApplicationNothingIsSet) {
 TEST_F(AppDirMapTest, TheFirstUsableBaseHoldsTheApplicationData) {
   std::filesystem::create_directories(dir.path() / "home");
   std::filesystem::create_directories(dir.path() / "temp");
-  environment.put(L"QRM_HOME", registry.encoding->to_apString(dir / "home"));
+  put(L"QRM_HOME", dir / "home");
   EXPECT_EQ(initialise("/i/sys/exec"), vlnAppMapInitOk);
   EXPECT_EQ(at(vlnDIRECTORY_APP_DATA), dir / "home/app");
   EXPECT_EQ(at(vlnDIRECTORY_SCHEMAS), dir / "home/app" + ";/i/sys/schemas");
   EXPECT_EQ(std::filesystem::status(dir / "home/app").permissions(), std::filesystem::perms::owner_all);
 
-  environment.put(L"QRM_HOME", registry.encoding->to_apString(dir / "no such"));
+  put(L"QRM_HOME", dir / "no such");
   EXPECT_EQ(initialise("/i/sys/exec"), vlnAppMapInitOk);
   EXPECT_EQ(at(vlnDIRECTORY_APP_DATA), dir / "config/app") << "made, unlike a QRM_HOME that does not exist";
   EXPECT_FALSE(std::filesystem::exists(dir / "no such"));
@@ -206,10 +206,76 @@ TEST_F(AppDirMapTest, ReadsSearchPathsFromTheEnvironment) {
   vlnSearchPath path;
   map.path_from_env_var(L"P", path, apPathName(L"/e"));
   EXPECT_TRUE(path.invalid());
-  environment.put(L"P", L"<exe_dir>/a;/b");
-  map.path_from_env_var(L"P", path, apPathName(L"/e"));
-  EXPECT_EQ(path.ut_path_string(registry.encoding), "/e/a;/b");
-  environment.put(L"P", L"");
-  map.path_from_env_var(L"P", path, apPathName(L"/e"));
-  EXPECT_EQ(path.ut_path_string(registry.encoding), "/e/a;/b") << "an empty variable leaves it alone";
+  for (const wchar_t* value : {L"<exe_dir>/a;/b", L""}) {
+    environment.put(L"P", value);
+    map.path_from_env_var(L"P", path, apPathName(L"/e"));
+    EXPECT_EQ(path.ut_path_string(registry.encoding), "/e/a;/b") << "an empty variable leaves it alone";
+  }
+}
+
+TEST_F(SchemaDirTest, TheUsersCopyWins) {
+  const std::string installed = dir.write("i/sys/schemas/resources/STL.rsc", "");
+  dir.write("i/sys/schemas/resources/sub/x", "");
+  vlnSchemaDir resources = map.get_schema_dir(vlnSchemaResources);
+  EXPECT_EQ(resources.user_dir(), dir / "config/app/resources");
+  EXPECT_EQ(resources.find_file("STL.rsc"), installed);
+  EXPECT_EQ(resources.find_user_file("STL.rsc"), "");
+  EXPECT_EQ(resources.find_file("none"), "");
+  EXPECT_EQ(resources.find_dir("sub"), dir / "i/sys/schemas/resources/sub");
+  EXPECT_EQ(resources.find_dir("STL.rsc"), "") << "a file is no directory";
+
+  const std::string users = dir.write("config/app/resources/STL.rsc", "");
+  EXPECT_EQ(resources.find_file("STL.rsc"), users);
+  EXPECT_EQ(resources.find_installation_file("STL.rsc"), installed);
+  dir.write("config/app/resources/sub/y", "");
+  EXPECT_EQ(resources.find_dir("sub"), dir / "config/app/resources/sub");
+}
+
+TEST_F(SchemaDirTest, EachSubDirectoryHasItsName) {
+  const char* names[] = {
+      "lintor",    "colourschemes", "export_options", "fonts", "graphics", "lights", "parasolid", "release",
+      "resources", "step",          "translators",    "xrc",   "kpq",      "wx",     "navblock",  "UPI"};
+  ASSERT_EQ(std::size(names), std::size_t{vlnNUM_SCHEMA_SUB_DIRECTORIES});
+  for (int value = 0; value < vlnNUM_SCHEMA_SUB_DIRECTORIES; ++value) {
+    const vlnSchemaDir schema = map.get_schema_dir(static_cast<vlnSchemaSubDirectory>(value));
+    EXPECT_EQ(schema.user_dir(), dir / "config/app/" + names[value]);
+    EXPECT_EQ(schema.installation_path(), dir / "i/sys/schemas/" + names[value]);
+  }
+  const vlnSchemaDir unknown = map.get_schema_dir(static_cast<vlnSchemaSubDirectory>(16));
+  EXPECT_EQ(unknown.user_dir(), dir / "config/app");
+  EXPECT_TRUE(unknown.installation_path().empty());
+}
+
+TEST_F(SchemaDirTest, ACopyDoesWhatTheOriginalDoes) {
+  dir.write("i/sys/schemas/fonts/a.fnt", "font");
+  const vlnSchemaDir fonts = map.get_schema_dir(vlnSchemaFonts);
+  const vlnSchemaDir copy(fonts);
+  vlnSchemaDir assigned = map.get_schema_dir(vlnSchemaLights);
+  assigned = fonts;
+  for (const vlnSchemaDir* each : {&fonts, &copy, static_cast<const vlnSchemaDir*>(&assigned)}) {
+    EXPECT_EQ(each->installation_path(), fonts.installation_path());
+    EXPECT_EQ(each->user_dir(), fonts.user_dir());
+    EXPECT_EQ(each->copy_files("fnt"), 1);
+    EXPECT_EQ(TemporaryDirectory::read(dir / "config/app/fonts/a.fnt"), "font");
+    EXPECT_TRUE(std::filesystem::remove(dir / "config/app/fonts/a.fnt"));
+  }
+  EXPECT_EQ(vlnSchemaDir(fonts.installation_path(), fonts.user_dir(), nullptr).copy_files("fnt"), 0);
+}
+
+TEST_F(SchemaDirTest, LaterSchemaDirectoriesStandBehindTheUsersAndBeforeEarlierOnes) {
+  EXPECT_EQ(map.add_schema_dir("/a"), 1);
+  EXPECT_EQ(map.add_schema_dir("/b;/c"), 1);
+  const std::string installation = dir / "i/sys/schemas";
+  EXPECT_EQ(map.get_dir(vlnDIRECTORY_SCHEMAS).ut_path_string(registry.encoding),
+            dir / "config/app" + ";/b;/c;/a;" + installation);
+  EXPECT_EQ(registry.app_info.schema_dir(), dir / "config/app" + ";/b;/c;/a;" + installation);
+  EXPECT_EQ(registry.app_info.installation_dir(), "/b;/c;/a;" + installation);
+  EXPECT_EQ(registry.app_info.user_dir(), dir / "config/app");
+  EXPECT_EQ(map.get_schema_dir(vlnSchemaUpi).installation_path(), "/b/UPI;/c/UPI;/a/UPI;" + installation + "/UPI");
+}
+
+TEST_F(SchemaDirTest, AFileInTheWayIsNoDirectory) {
+  dir.write("config/app/lights", "");
+  EXPECT_EQ(map.get_schema_dir(vlnSchemaLights).create_user_dir(), 0);
+  EXPECT_EQ(map.get_schema_dir(vlnSchemaLights).copy_files("fnt"), 0);
 }

@@ -1,7 +1,6 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <map>
 
@@ -21,11 +20,12 @@ namespace {
 
 class DiscoveryTest : public testing::Test {
  protected:
-  vlnTranslatorLoadStatus discover(const std::string& directories, const std::string& cache = "") {
+  vlnTranslatorLoadStatus discover(const std::string& directories, const std::string& cache = "",
+                                   const utString& preferred_format = "") {
     const apPathName cache_path = cache.empty() ? apPathName() : registry.path(cache);
     registry.libraries.opened = 0;
-    return registry.sets.create_translator_dlls(cache_path, registry.search_path(directories), "", &registry.app_info,
-                                                inputs, outputs);
+    return registry.sets.create_translator_dlls(cache_path, registry.search_path(directories), preferred_format,
+                                                &registry.app_info, inputs, outputs);
   }
 
   std::string write_cache() {
@@ -120,7 +120,7 @@ TEST_F(DiscoveryTest, EqualNamesInTwoDirectoriesAreBothAdded) {
   copy_fixture("good_input", dir.path() / "one", "same.dll");
   copy_fixture("good_input", dir.path() / "two", "same.dll");
   std::filesystem::create_directories(dir.path() / "one/directory.dll");
-  ASSERT_EQ(mkfifo((dir / "one/pipe.dll").c_str(), 0600), 0) << "and it does not wait for somebody to write";
+  dir.make_pipe("one/pipe.dll");
   const vlnTranslatorLoadStatus status = discover(dir / "one" + ";" + (dir / "two"));
   EXPECT_EQ(inputs->count(), 2U);
   EXPECT_EQ(inputs->translator_for_format("A / B X")->file_ut(), dir / "one/same.dll");
@@ -140,14 +140,11 @@ TEST_F(DiscoveryTest, TheEarlierOfTwoLibrariesOfOneFormatIsOpenedAgain) {
 }
 
 TEST_F(DiscoveryTest, APreferredFormatReachesTheOutputSet) {
-  copy_fixture("good_output", dir.path() / "lib");
-  copy_fixture("viewer", dir.path() / "lib");
-  copy_fixture("reflecting", dir.path() / "lib");
+  for (const char* name : {"good_output", "viewer", "reflecting"}) copy_fixture(name, dir.path() / "lib");
   setenv("FIXTURE_FORMAT", "iges", 1);
   discover(dir / "lib");
   unsetenv("FIXTURE_FORMAT");
   EXPECT_EQ(outputs->default_output_format(nullptr)->format_name().ut_string(), "iges") << "no preference";
-  registry.sets.create_translator_dlls(apPathName(), registry.search_path(dir / "lib"), "viewer", &registry.app_info,
-                                       inputs, outputs);
+  discover(dir / "lib", "", "viewer");
   EXPECT_TRUE(outputs->default_output_format(nullptr)->is_viewer());
 }

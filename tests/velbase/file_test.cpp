@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -16,14 +15,11 @@ namespace {
 // File operations that take every relative path from one directory.
 class Rooted : public apIFileOperations {
  public:
-  bool file_exists(const apPathName& path) const override { return real_->file_exists(path); }
-  bool directory_exists(const apPathName& path) const override { return real_->directory_exists(path); }
+  bool file_exists(const apPathName&) const override { return false; }
+  bool directory_exists(const apPathName&) const override { return false; }
   bool delete_file(const apPathName&) const override { return false; }
   bool create_directory(const apPathName&) const override { return false; }
   apPathName full_path(const apPathName& path) const override { return apPathName(L"/root").combine(path); }
-
- private:
-  const apIFileOperations* real_ = apFrustrumChooser().file_operations();
 };
 
 const vlnFileFactory factory(nullptr, nullptr);
@@ -74,7 +70,7 @@ TEST(File, CreatingAppendsOrTruncatesAndSaysWhatIsThere) {
   EXPECT_EQ(directory.read(path), "");
 
   fs::create_directory(directory / "d");
-  ASSERT_EQ(mkfifo((directory / "pipe").c_str(), 0600), 0);
+  directory.make_pipe("pipe");
   for (const char* name : {"d", "pipe"}) {
     const vlnFile other = factory.file(directory / name);
     EXPECT_EQ(other.file_type(), vlnFileTypeOther);

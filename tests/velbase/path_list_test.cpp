@@ -54,25 +54,20 @@ TEST(PathList, DropsEmptyAndRepeatedEntriesAndExpandsHome) {
 TEST(PathList, TellsWhatAPathIs) {
   const TemporaryDirectory dir;
   const std::string file = dir.write("f", "");
-  ASSERT_EQ(mkfifo((dir / "pipe").c_str(), 0600), 0);
+  dir.make_pipe("pipe");
   ASSERT_EQ(symlink("loop", (dir / "loop").c_str()), 0);
-  const struct {
-    std::string path;
-    vlnPathListError expected;
-  } cases[] = {{file, vlnPathIsFile},
-               {"/dev/null", vlnPathIsFile},
-               {dir.path().string(), vlnPathIsDirectory},
-               {dir.path().string() + "/", vlnPathIsDirectory},
-               {dir.path().string() + "\\", vlnPathIsDirectory},
-               {file + "/", vlnPathIsFile},
-               {dir / "pipe", vlnPathNotFileOrDir},
-               {dir / "none", vlnPathNotFound},
-               {file + "/below", vlnPathNotFound},
-               {dir / "loop", vlnPathTooManyLinks},
-               {"/" + std::string(5000, 'x'), vlnPathNameTooLong},
-               {"/", vlnPathNotFound}};
+  const std::string directory = dir.path().string();
+  const std::pair<vlnPathListError, std::vector<std::string>> cases[] = {
+      {vlnPathIsFile, {file, file + "/", "/dev/null"}},
+      {vlnPathIsDirectory, {directory, directory + "/", directory + "\\"}},
+      {vlnPathNotFileOrDir, {dir / "pipe"}},
+      {vlnPathNotFound, {dir / "none", file + "/below", "/"}},
+      {vlnPathTooManyLinks, {dir / "loop"}},
+      {vlnPathNameTooLong, {"/" + std::string(5000, 'x')}}};
   PathList list("");
-  for (const auto& c : cases) EXPECT_EQ(list.check_access(c.path.c_str()), c.expected) << c.path;
+  for (const auto& [expected, paths] : cases) {
+    for (const std::string& path : paths) EXPECT_EQ(list.check_access(path.c_str()), expected) << path;
+  }
 }
 
 TEST(PathList, ReportsAPathThatMayNotBeSeen) {
@@ -116,11 +111,8 @@ TEST(PathList, SearchesRelativeNamesThroughTheListAndAbsoluteOnesAsTheyStand) {
   EXPECT_EQ(local.directory("lib"), "lib") << "in the current directory the name alone";
   EXPECT_EQ(PathList("./lib").file("name"), "./lib/name");
   std::filesystem::current_path(here);
-  const struct {
-    const char* path;
-    int absolute;
-  } cases[] = {{"/a", 1}, {"\\a", 1}, {"~a", 1}, {"c:/a", 1}, {"c:~", 1}, {"c:a", 0}, {"a/b", 0}, {"", 0}, {"1:/", 0}};
-  for (const auto& c : cases) EXPECT_EQ(list.absolute_path(c.path), c.absolute) << c.path;
+  for (const char* path : {"/a", "\\a", "~a", "c:/a", "c:~"}) EXPECT_TRUE(list.absolute_path(path)) << path;
+  for (const char* path : {"c:a", "a/b", "", "1:/"}) EXPECT_FALSE(list.absolute_path(path)) << path;
 }
 
 TEST(PathList, GathersOneExtensionAndEarlierDirectoriesHideLaterOnes) {
@@ -128,7 +120,7 @@ TEST(PathList, GathersOneExtensionAndEarlierDirectoriesHideLaterOnes) {
   for (const char* name : {"a/a.txt", "a/b.txt.bak", "a/plain", "b/a.txt", "b/c.txt", "b/sub.txt/x", "b/.txt"}) {
     dir.write(name, "");
   }
-  ASSERT_EQ(mkfifo((dir / "a/pipe.txt").c_str(), 0600), 0);
+  dir.make_pipe("a/pipe.txt");
   PathList list((dir / "a" + ";" + (dir / "none") + ";" + (dir / "b")).c_str());
   EXPECT_EQ(list.with_extension("txt"), (std::vector<std::string>{dir / "a/a.txt", dir / "b/.txt", dir / "b/c.txt"}));
   EXPECT_EQ(list.with_extension(""), std::vector<std::string>{dir / "a/plain"});
@@ -138,29 +130,27 @@ TEST(PathList, ExtensionsAreMatchedWithoutCaseAndWithWildcards) {
   const TemporaryDirectory dir;
   for (const char* name : {"A.TXT", "b.tar.gz", "c.t1", "d.t[1", "txt", "e.\xc3\x89", "f.a-b-c"}) dir.write(name, "");
   PathList list(dir.path().c_str());
-  const struct {
-    const char* extension;
-    std::vector<std::string> names;
-  } cases[] = {{"txt", {"A.TXT"}},
-               {"Txt", {"A.TXT"}},
-               {"\xc3\xa9", {"e.\xc3\x89"}},
-               {"gz", {"b.tar.gz"}},
-               {"t?", {"c.t1"}},
-               {"t??", {"A.TXT", "d.t[1"}},
-               {"t*", {"A.TXT", "b.tar.gz", "c.t1", "d.t[1"}},
-               {"*", {"A.TXT", "b.tar.gz", "c.t1", "d.t[1", "e.\xc3\x89", "f.a-b-c"}},
-               {"t*1", {"c.t1", "d.t[1"}},
-               {"?*x*t*", {"A.TXT"}},
-               {"a*-c", {"f.a-b-c"}},
-               {"t[1", {"d.t[1"}},
-               {"*.gz", {"b.tar.gz"}},
-               {"tx", {}},
-               {"?txt", {}},
-               {"txt?", {}}};
-  for (const auto& c : cases) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"txt", {"A.TXT"}},
+      {"Txt", {"A.TXT"}},
+      {"\xc3\xa9", {"e.\xc3\x89"}},
+      {"gz", {"b.tar.gz"}},
+      {"t?", {"c.t1"}},
+      {"t??", {"A.TXT", "d.t[1"}},
+      {"t*", {"A.TXT", "b.tar.gz", "c.t1", "d.t[1"}},
+      {"*", {"A.TXT", "b.tar.gz", "c.t1", "d.t[1", "e.\xc3\x89", "f.a-b-c"}},
+      {"t*1", {"c.t1", "d.t[1"}},
+      {"?*x*t*", {"A.TXT"}},
+      {"a*-c", {"f.a-b-c"}},
+      {"t[1", {"d.t[1"}},
+      {"*.gz", {"b.tar.gz"}},
+      {"tx", {}},
+      {"?txt", {}},
+      {"txt?", {}}};
+  for (const auto& [extension, names] : cases) {
     std::vector<std::string> paths;
-    for (const std::string& name : c.names) paths.push_back(dir / name);
-    EXPECT_EQ(list.with_extension(c.extension), paths) << c.extension;
+    for (const std::string& name : names) paths.push_back(dir / name);
+    EXPECT_EQ(list.with_extension(extension), paths) << extension;
   }
 }
 
@@ -183,9 +173,6 @@ TEST(PathList, TextHelpers) {
   PathList list("");
   std::string text = "a/b/c";
   EXPECT_STREQ(list.path_verify(text.data(), 2), "a\\b/c");
-  const struct {
-    const char* list;
-    int valid;
-  } cases[] = {{"c:/a;d:/b", 1}, {"/a;/b", 1}, {":a", 0}, {"/a:/b", 0}, {"ab:c", 0}, {"a;b:", 1}};
-  for (const auto& c : cases) EXPECT_EQ(list.valid_colon_check(c.list), c.valid) << c.list;
+  for (const char* valid : {"c:/a;d:/b", "/a;/b", "a;b:"}) EXPECT_TRUE(list.valid_colon_check(valid)) << valid;
+  for (const char* bad : {":a", "/a:/b", "ab:c"}) EXPECT_FALSE(list.valid_colon_check(bad)) << bad;
 }

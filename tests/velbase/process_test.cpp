@@ -4,8 +4,14 @@
 
 #include "apAssertionReporter.h"
 #include "apEnvironmentVariables.h"
+#include "vlnFileFactory.h"
+#include "vlnHtmlRequest.h"
+#include "vlnSchemaSubDirectory.h"
 #include "vln_exception_handler.h"
+#include "vln_get_product_attribute.h"
 #include "vln_putenv.h"
+#include "vln_shared_library_extension.h"
+#include "vln_sprintf.h"
 
 TEST(Process, PutenvSetsBothViewsOfTheEnvironment) {
   std::string assignment = "VEL_TEST_VARIABLE=one=two";
@@ -50,4 +56,15 @@ TEST(Process, TheExceptionHandlerReportsOnlyToDevelopers) {
   apAssertionReporter::set_sink(before);
   ASSERT_EQ(reports.size(), 2u);
   EXPECT_EQ(reports[0], "vln_exception_handler 66 Exception handler has been executed vln_exception_handler utFALSE");
+}
+
+TEST(Process, SmallHelpersAndNamesAreExported) {
+  char text[8];
+  EXPECT_EQ(vln::sprintf(text, "%d", 12), 2);
+  EXPECT_EQ(vln_get_product_attribute("A B  C\t"), "ABC\t");
+  EXPECT_EQ(vln_shared_library_extension(), apString(L"dll"));
+  EXPECT_EQ(vln_schema_name(vlnSchemaTranslators), "translators");
+  EXPECT_EQ(vlnVLNFILEFACTORY, "vlnFile_factory");
+  EXPECT_EQ(vlnINTERNET_UTEST_SECURITY_FAILURE, "INTERNET_UTEST_SECURITY_FAILURE");
+  EXPECT_EQ(vlnINTERNET_UTEST_CONNECTION_FAILURE, "INTERNET_UTEST_CONNECTION_FAILURE");
 }

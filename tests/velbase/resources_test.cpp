@@ -37,37 +37,20 @@ std::vector<std::string> valid_strings(const char* key) {
 
 }  // namespace
 
-TEST(ResourceTypes, EveryKeyOfTheSuiteHasOne) {
-  const coResourceTable& table = vel_resource_table_inquire();
-  ASSERT_GT(table.count(), 17U);
-  for (std::size_t i = 0; i < table.count(); ++i) {
-    const vlnResourceType* type = vlnResourceType::look_up_type(table.at(i).key());
-    ASSERT_TRUE(type) << table.at(i).key().c_str();
-    EXPECT_TRUE(type->matching_type(&table.at(i)));
-  }
-  EXPECT_EQ(vlnResourceType::look_up_type("NO_SUCH_KEY"), nullptr);
-}
-
-TEST(ResourceTypes, KeysThatAreAddedLaterAreFound) {
+TEST(ResourceTypes, KeysThatAreAddedLaterAreFoundAndTypesSeenAgainWithTheNextUnknownKey) {
   EXPECT_EQ(vlnResourceType::look_up_type("ADDED_LATER"), nullptr);
   vel_resource_table_inquire().put(std::make_unique<coResource<utBool>>("ADDED_LATER", utTRUE));
   const vlnResourceType* type = vlnResourceType::look_up_type("ADDED_LATER");
   ASSERT_TRUE(dynamic_cast<const vlnResourceType_utBool*>(type));
-  const coResource<utBool> off("ADDED_LATER", utFALSE);
-  EXPECT_EQ(type->as_string(&off), "False");
-  EXPECT_EQ(type->display(&off), "False");
-  const coResource<utBool> on("ADDED_LATER", utTRUE);
-  EXPECT_EQ(type->as_string(&on), "True");
-}
-
-TEST(ResourceTypes, AResourceThatChangesItsTypeIsSeenWithTheNextUnknownKey) {
-  vel_resource_table_inquire().put(std::make_unique<coResource<int>>("CHANGES", 1));
-  const vlnResourceType* type = vlnResourceType::look_up_type("CHANGES");
-  EXPECT_TRUE(dynamic_cast<const vlnResourceType_int*>(type));
-  vel_resource_table_inquire().put(std::make_unique<coResource<double>>("CHANGES", 1));
-  EXPECT_EQ(vlnResourceType::look_up_type("CHANGES"), type);
+  for (const auto& [value, shown] : {std::pair(utFALSE, "False"), {utTRUE, "True"}}) {
+    const coResource<utBool> resource("ADDED_LATER", value);
+    EXPECT_EQ(type->as_string(&resource), shown);
+    EXPECT_EQ(type->display(&resource), shown);
+  }
+  vel_resource_table_inquire().put(std::make_unique<coResource<double>>("ADDED_LATER", 1));
+  EXPECT_EQ(vlnResourceType::look_up_type("ADDED_LATER"), type);
   EXPECT_EQ(vlnResourceType::look_up_type("NO_SUCH_KEY"), nullptr);
-  EXPECT_TRUE(dynamic_cast<const vlnResourceType_double*>(vlnResourceType::look_up_type("CHANGES")));
+  EXPECT_TRUE(dynamic_cast<const vlnResourceType_double*>(vlnResourceType::look_up_type("ADDED_LATER")));
 }
 
 TEST(ResourceTypes, AnUnknownTypeIsText) {
@@ -101,6 +84,8 @@ TEST(ResourceHandler, ChecksByTypeWithoutRegardToCase) {
 TEST(ResourceHandler, StoresTheValueAsGiven) {
   Validator validator;
   velTableInstance table;
+  EXPECT_EQ(vlnResourceHandler(&validator, "SCALE").insert("no number", table), 1);
+  EXPECT_TRUE(table.keys().empty()) << "a table that refuses a value does not count";
   EXPECT_TRUE(vlnResourceHandler(&validator, "SOLID_NAME").insert("Mixed Case", table));
   EXPECT_EQ(table.value<utString>("SOLID_NAME"), "Mixed Case");
   EXPECT_TRUE(vlnResourceHandler(&validator, "LENGTH_UNIT").insert("INCH", table));
@@ -110,7 +95,7 @@ TEST(ResourceHandler, StoresTheValueAsGiven) {
   EXPECT_EQ(table.value<double>("SCALE"), 2.5);
 }
 
-TEST(ResourceHandler, ListsTheTextsOfItsType) {
+TEST(ResourceHandler, EveryKeyHasATypeThatListsItsTexts) {
   EXPECT_EQ(valid_strings("WELD_POINTS"), (std::vector<std::string>{"False", "True"}));
   EXPECT_EQ(valid_strings("SOLID_NAME"), std::vector<std::string>{});
   EXPECT_EQ(valid_strings("NO_SUCH_KEY"), std::vector<std::string>{});
@@ -119,6 +104,8 @@ TEST(ResourceHandler, ListsTheTextsOfItsType) {
   for (std::size_t i = 0; i < table.count(); ++i) {
     const char* key = table.at(i).key().c_str();
     const vlnResourceHandler handler(nullptr, key);
+    ASSERT_TRUE(handler.type()) << key;
+    EXPECT_TRUE(handler.type()->matching_type(&table.at(i))) << key;
     const std::vector<std::string> texts = valid_strings(key);
     for (const std::string& text : texts) EXPECT_TRUE(handler.validate(text)) << key << "=" << text;
     EXPECT_EQ(!texts.empty(), dynamic_cast<const vlnFiniteResourceType*>(handler.type()) != nullptr) << key;
@@ -127,23 +114,16 @@ TEST(ResourceHandler, ListsTheTextsOfItsType) {
   EXPECT_GE(finite, 14u);
 }
 
-TEST(ResourceHandler, ATableThatRefusesAValueDoesNotCount) {
-  Validator validator;
-  velTableInstance table;
-  EXPECT_EQ(vlnResourceHandler(&validator, "SCALE").insert("no number", table), 1);
-  EXPECT_TRUE(table.keys().empty());
-}
-
 TEST(ResourceHandler, NumbersMayHaveTheFormOfTheLocale) {
   const CommaLocale locale;
   if (!locale.made()) GTEST_SKIP() << "the C library has no UTF-8 locale to copy";
   Validator validator;
   const vlnResourceHandler handler(&validator, "SCALE");
   velTableInstance table;
-  EXPECT_EQ(handler.insert("2,5", table), 1);
-  EXPECT_EQ(table.value<double>("SCALE"), 2.5);
-  EXPECT_EQ(handler.insert("1.5", table), 1);
-  EXPECT_EQ(table.value<double>("SCALE"), 1.5);
+  for (const auto& [text, value] : {std::pair("2,5", 2.5), {"1.5", 1.5}}) {
+    EXPECT_EQ(handler.insert(text, table), 1);
+    EXPECT_EQ(table.value<double>("SCALE"), value);
+  }
   const coResource<double> scale("SCALE", 2.5);
   EXPECT_EQ(handler.display(&scale), "2,5");
   EXPECT_EQ(handler.type()->as_string(&scale), "2.5");

@@ -48,11 +48,7 @@ struct OpenRequest : vlnHtmlRequest {
 
 TEST(Ostream, ProgressBreaksItsRows) {
   const std::string row(77, '.');
-  struct Case {
-    std::function<void(vlnOstream&)> work;
-    std::string text;
-  };
-  const std::vector<Case> cases{
+  const std::pair<std::function<void(vlnOstream&)>, std::string> cases[] = {
       {[](vlnOstream& s) { dots(s, 76); }, row.substr(1)},
       {[](vlnOstream& s) { dots(s, 77); }, row + "\n"},
       {[](vlnOstream& s) { dots(s, 78); }, row + "\n."},
@@ -67,7 +63,7 @@ TEST(Ostream, ProgressBreaksItsRows) {
       // A row that a percentage fills is full without a line break.
       {[](vlnOstream& s) { dots(s, 73), s.print_percent(50), s.print("x"); }, row.substr(4) + "%50%x"},
       {[](vlnOstream& s) { dots(s, 73), s.print_percent(100); }, row.substr(4) + "\n%100%"}};
-  for (const Case& c : cases) EXPECT_EQ(written(c.work), c.text);
+  for (const auto& [work, text] : cases) EXPECT_EQ(written(work), text);
 }
 
 TEST(Ostream, EveryStreamGetsEverythingFromThenOn) {
@@ -119,11 +115,10 @@ TEST(OstreamThreads, LinesAndDotsNeverMix) {
   stream.add_ostream(&first);
   {
     std::vector<std::jthread> workers;
-    for (int thread = 0; thread < threads; ++thread) {
-      workers.emplace_back([&stream, thread] {
-        const std::string line(40, static_cast<char>('a' + thread));
+    for (char letter = 'a'; letter < 'a' + threads; ++letter) {
+      workers.emplace_back([&stream, letter] {
         for (int i = 0; i < lines; ++i) {
-          stream.print((line + "\n").c_str());
+          stream.print((std::string(40, letter) + "\n").c_str());
           stream.print_dot();
           stream.print_percent(i % 100);
         }
@@ -135,12 +130,9 @@ TEST(OstreamThreads, LinesAndDotsNeverMix) {
   std::size_t progress = 0, whole = 0;
   for (std::string line; std::getline(text, line);) {
     EXPECT_LE(line.size(), 77u);
-    if (line.find_first_not_of(".%0123456789") == line.npos) {
-      progress += line.size();
-      continue;
-    }
-    EXPECT_EQ(line, std::string(40, line[0]));
-    ++whole;
+    const bool is_progress = line.find_first_not_of(".%0123456789") == line.npos;
+    (is_progress ? progress : whole) += is_progress ? line.size() : 1;
+    EXPECT_TRUE(is_progress || line == std::string(40, line[0])) << line;
   }
   EXPECT_EQ(whole, std::size_t{threads * lines});
   EXPECT_EQ(progress, threads * lines * std::size_t{5});

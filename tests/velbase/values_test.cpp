@@ -17,7 +17,7 @@ TEST(LoadStatus, OnlyTypeOneIsOkAndOnlyTypeZeroInvalid) {
   }
 }
 
-TEST(LoadStatus, MergingCollectsFailuresAndNeverChangesInvalid) {
+TEST(LoadStatus, MergingCollectsTypesAndFilesAndNeverChangesInvalid) {
   vlnTranslatorLoadStatus good(vlnLOAD_OK);
   good.merge_status(vlnTranslatorLoadStatus(vlnLOAD_DIRECTORY_MISSING));
   good.merge_status(vlnTranslatorLoadStatus());
@@ -29,9 +29,7 @@ TEST(LoadStatus, MergingCollectsFailuresAndNeverChangesInvalid) {
   unset.merge_status(vlnTranslatorLoadStatus(vlnLOAD_OK));
   EXPECT_FALSE(unset.ok());
   EXPECT_TRUE(unset.invalid());
-}
 
-TEST(LoadStatus, FailedFilesKeepOrderAndDuplicates) {
   const apPathName a(L"/a.dll"), b(L"/b.dll");
   vlnTranslatorLoadStatus status(b);
   status.merge_status(vlnTranslatorLoadStatus(a));
