@@ -1,5 +1,7 @@
 #include "Program.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 namespace fs = std::filesystem;
@@ -18,10 +20,10 @@ const char* const tetrahedron_obj =
 
 Installation::Installation(bool with_translators) {
   const fs::path built = VEL_BUILT_ROOT;
-  fs::create_directories(root_ / "sys/exec/lib");
+  fs::create_directories(root / "sys/exec/lib");
   fs::copy_file(built / "sys/exec/vel", program());
-  fs::create_directory_symlink(built / VEL_LIBRARY_DIR, root_ / VEL_LIBRARY_DIR);
-  fs::copy(built / "sys/schemas", root_ / "sys/schemas", fs::copy_options::recursive);
+  fs::create_directory_symlink(built / VEL_LIBRARY_DIR, root / VEL_LIBRARY_DIR);
+  fs::copy(built / "sys/schemas", root / "sys/schemas", fs::copy_options::recursive);
   if (!with_translators) return;
   for (const char* name : {"stlreader", "stlwriter", "objreader", "objwriter"}) {
     add_library((built / "sys/exec/lib" / name).string() + ".dll");
@@ -39,28 +41,45 @@ void Installation::add_units() const {
 }
 
 void Installation::add_fixture(const std::string& name) const {
-  for (const std::string& file : {std::string(VEL_FIXTURES "/") + name, std::string(VEL_OWN_FIXTURES "/") + name}) {
-    if (fs::exists(file)) return add_library(file);
-  }
-  throw std::runtime_error("no fixture " + name);
+  add_library(std::string(VEL_FIXTURES "/") + name);
 }
 
 std::vector<std::string> Installation::variables() const {
-  return {"QRM_HOME=" + home_.path().string(), "HOME=" + home_.path().string(), "PATH=/usr/bin:/bin", "TERM=xterm"};
+  const std::string data = home.path();
+  return {"QRM_HOME=" + data, "HOME=" + data, "TMPDIR=" + temporary.path().string(), "PATH=/usr/bin:/bin",
+          "TERM=xterm"};
 }
 
 Running Installation::start(std::vector<std::string> words, const std::string& out_file, bool terminal) const {
   words.insert(words.begin(), program());
-  return Running(words, variables(), work_.path(), out_file, terminal);
+  return Running(words, variables(), work.path(), out_file, terminal);
 }
 
 Outcome Installation::run(std::vector<std::string> words, const std::string& out_file) const {
   return start(std::move(words), out_file).finish();
 }
 
+Outcome Installation::expect(const std::vector<std::string>& words, int code,
+                             const std::vector<std::string>& texts) const {
+  std::string line;
+  for (const std::string& word : words) line += word + " ";
+  const Outcome outcome = run(words);
+  const std::string printed = outcome.out + outcome.err;
+  EXPECT_EQ(outcome.code, code) << line << printed;
+  for (const auto& text : texts) EXPECT_NE(printed.find(text), std::string::npos) << line << printed;
+  return outcome;
+}
+
+void Installation::expect_error(const std::vector<std::string>& words, int code,
+                                const std::vector<std::string>& texts) const {
+  const Outcome outcome = expect(words, code, texts);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_TRUE(outcome.err.starts_with("vel: error: ")) << outcome.err;
+}
+
 std::vector<std::string> Installation::files() const {
   std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(work_.path())) names.push_back(entry.path().filename());
+  for (const auto& entry : fs::directory_iterator(work.path())) names.push_back(entry.path().filename());
   std::sort(names.begin(), names.end());
   return names;
 }

@@ -10,13 +10,13 @@ using nlohmann::json;
 
 TEST(Directories, AreFoundThroughALinkToo) {
   const Installation installation;
-  const std::string link = installation.work() / "vel";
+  const std::string link = installation.work / "vel";
   fs::create_symlink(installation.program(), link);
   const Outcome outcome = Running({link, "dirs", "--json"}, installation.variables(), "/").finish();
   ASSERT_EQ(outcome.code, 0) << outcome.err;
   const json dirs = json::parse(outcome.out);
-  const std::string root = installation.root().path();
-  const std::string data = installation.home() / "velbase";
+  const std::string root = installation.root.path();
+  const std::string data = installation.home / "velbase";
   EXPECT_EQ(dirs["directories"]["system"], root + "/sys");
   EXPECT_EQ(dirs["directories"]["library"], root + "/sys/exec/lib");
   EXPECT_EQ(dirs["directories"]["application data"], data);
@@ -27,8 +27,8 @@ TEST(Directories, AreFoundThroughALinkToo) {
 
 TEST(Directories, ApplicationDataIsLookedForInOrder) {
   const Installation installation;
-  const std::string home = installation.home().path();
-  installation.home().write("file", "");
+  const std::string home = installation.home.path();
+  installation.home.write("file", "");
   struct Case {
     std::vector<std::string> variables;
     std::string data;  // empty: none can be had
@@ -36,10 +36,10 @@ TEST(Directories, ApplicationDataIsLookedForInOrder) {
   };
   const std::string nowhere = "HOME=" + home + "/file";
   const std::string private_name = "velbase-" + std::to_string(geteuid());
-  installation.home().write("open/x", "");
-  fs::create_directory(installation.home() / ("open/" + private_name));
-  fs::permissions(installation.home() / ("open/" + private_name), fs::perms::all);
-  installation.home().write("tmp/x", "");
+  installation.home.write("open/x", "");
+  fs::create_directory(installation.home / ("open/" + private_name));
+  fs::permissions(installation.home / ("open/" + private_name), fs::perms::all);
+  installation.home.write("tmp/x", "");
   const std::vector<Case> cases{
       {{"QRM_HOME=" + home}, home + "/velbase", false},
       {{"HOME=" + home}, home + "/.config/velbase", false},
@@ -54,7 +54,7 @@ TEST(Directories, ApplicationDataIsLookedForInOrder) {
   for (const Case& c : cases) {
     const auto run = [&](std::vector<std::string> words) {
       words.insert(words.begin(), installation.program());
-      return Running(words, c.variables, installation.work().path()).finish();
+      return Running(words, c.variables, installation.work.path()).finish();
     };
     const Outcome outcome = run({"dirs", "--json"});
     ASSERT_EQ(outcome.code, 0) << outcome.err;

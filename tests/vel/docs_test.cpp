@@ -3,8 +3,6 @@
 
 #include <chrono>
 #include <fstream>
-#include <functional>
-#include <map>
 #include <regex>
 #include <sstream>
 
@@ -20,29 +18,6 @@ struct Example {
   std::vector<std::string> lines;
 };
 
-std::vector<Example> examples_in(const std::string& file) {
-  std::vector<Example> examples;
-  std::ifstream page(file);
-  bool in_example = false;
-  for (std::string line; std::getline(page, line);) {
-    const bool is_code = line.starts_with("    ");
-    if (is_code) line.erase(0, 4);
-    if (is_code && line.starts_with("$ ")) {
-      const std::string command = line.starts_with("$ ./") ? line.substr(4) : line.substr(2);
-      in_example = command.starts_with("vel ");
-      if (in_example) examples.push_back({command.substr(4), {}});
-    } else if (!is_code && !line.empty()) {
-      in_example = false;
-    } else if (in_example) {
-      examples.back().lines.push_back(line);
-    }
-  }
-  for (Example& example : examples) {
-    while (!example.lines.empty() && example.lines.back().empty()) example.lines.pop_back();
-  }
-  return examples;
-}
-
 std::vector<std::string> lines_of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream stream(text);
@@ -50,9 +25,17 @@ std::vector<std::string> lines_of(const std::string& text) {
   return lines;
 }
 
-std::vector<std::string> words_of(const std::string& text) {
-  std::istringstream stream(text);
-  return {std::istream_iterator<std::string>(stream), std::istream_iterator<std::string>()};
+std::vector<Example> examples_in(const std::string& file) {
+  const std::string page = TemporaryDirectory::read(file);
+  const std::regex example("\n    \\$ (?:\\./)?vel (.*)((?:\n    (?!\\$ ).*|\n(?=\n))*)");
+  std::vector<Example> examples;
+  for (std::sregex_iterator found(page.begin(), page.end(), example), end; found != end; ++found) {
+    examples.push_back({(*found)[1], lines_of(std::regex_replace((*found)[2].str(), std::regex("\n    "), "\n"))});
+    std::vector<std::string>& lines = examples.back().lines;
+    if (!lines.empty()) lines.erase(lines.begin());
+    while (!lines.empty() && lines.back().empty()) lines.pop_back();
+  }
+  return examples;
 }
 
 // "..." alone on a line is any number of lines.
@@ -79,31 +62,27 @@ class Pages : public Installation {
     const fs::path built = VEL_BUILT_ROOT;
     for (const auto& entry : fs::directory_iterator(built / "sys/exec/lib")) add_library(entry.path());
     add_units();
-    root().write("sys/exec/lib/old.dll", "");
+    root.write("sys/exec/lib/old.dll", "");
     const fs::path samples = built / "file/examples";
-    fs::copy(samples, work().path());
-    fs::copy(samples, work() / "examples");
-    fs::copy(samples / "assembly.step", work() / "part.step");
+    fs::copy(samples, work.path());
+    fs::copy(samples, work / "examples");
+    fs::copy(samples / "assembly.step", work / "part.step");
     const std::string stl = TemporaryDirectory::read(samples / "bracket.stl");
-    work().write("cut.stl", stl.substr(0, 84 + 98 * 50));
-    fs::create_directory(work() / "tmp");
+    work.write("cut.stl", stl.substr(0, 84 + 98 * 50));
     output_of("translate part.step -o inches.step --out length-unit=inch");
   }
 
   std::vector<std::string> output_of(const std::string& command) const {
-    std::vector<std::string> words = words_of(without_places(command));
-    words.insert(words.begin(), program());
-    std::vector<std::string> all = variables();
-    all.push_back("TMPDIR=" + (work() / "tmp"));
-    const Outcome outcome = Running(words, all, work().path()).finish();
+    std::istringstream words(without_places(command));
+    const Outcome outcome = run({std::istream_iterator<std::string>(words), {}});
     return lines_of(without_places(outcome.err + outcome.out));
   }
 
   // With the names of temporary places that pages and this installation have replaced by the same ones.
   std::string without_places(std::string text) const {
-    replace_all(text, home().path().string(), "/home/ann/.config");
-    replace_all(text, root().path().string(), "/opt/velbase");
-    replace_all(text, work() / "tmp", "/tmp");
+    replace_all(text, home.path().string(), "/home/ann/.config");
+    replace_all(text, root.path().string(), "/opt/velbase");
+    replace_all(text, temporary.path().string(), "/tmp");
     text = std::regex_replace(text, std::regex("/tmp/vel-view-\\w{6}/"), "VIEW/");
     replace_all(text, "/tmp/", "");
     return text;
@@ -119,15 +98,13 @@ TEST(Docs, ExamplesPrintWhatThePagesShow) {
     }
   }
   const Pages pages;
-  // What the text around an example says was done before.
-  const std::map<std::string, std::function<void()>> before{
-      {"list", [&] {
-         fs::last_write_time(pages.library("stepwriter.dll"), fs::file_time_type::clock::now() + std::chrono::hours(1));
-       }}};
   std::size_t compared = 0;
   for (const char* page : {"README.md", "docs/using-vel.md"}) {
     for (const Example& example : examples_in(std::string(VEL_SOURCES "/") + page)) {
-      if (const auto found = before.find(example.command); found != before.end()) found->second();
+      if (example.command == "list") {
+        // The text around it says that a library was replaced before.
+        fs::last_write_time(pages.library("stepwriter.dll"), fs::file_time_type::clock::now() + std::chrono::hours(1));
+      }
       std::vector<std::string> shown;
       for (const std::string& line : example.lines) {
         if (!line.starts_with("vel: building")) shown.push_back(pages.without_places(line));

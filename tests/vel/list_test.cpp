@@ -11,12 +11,10 @@ TEST(List, SaysWhatFailedAndWhy) {
   for (const char* name : {"throws.dll", "no_entry.dll", "no_object.dll", "wrong_interface.dll"}) {
     installation.add_fixture(name);
   }
-  installation.root().write("sys/exec/lib/text.dll", "no library\n");
+  installation.root.write("sys/exec/lib/text.dll", "no library\n");
   std::filesystem::create_directory(installation.library("directory.dll"));
 
-  const Outcome outcome = installation.run({"list", "--json"});
-  EXPECT_EQ(outcome.code, 0);
-  const json list = json::parse(outcome.out);
+  const json list = json::parse(installation.expect({"list", "--json"}, 0).out);
   std::vector<std::string> good;
   for (const auto& row : list["translators"]) {
     good.push_back(row["format"].get<std::string>() + " " + row["direction"].get<std::string>());
@@ -28,29 +26,26 @@ TEST(List, SaysWhatFailedAndWhy) {
       {"directory.dll", ""}, {"no_entry.dll", ""},         {"no_object.dll", "gives no translator"},
       {"text.dll", ""},      {"throws.dll", "describing"}, {"wrong_interface.dll", "interface"},
   };
-  ASSERT_EQ(list["failed"].size(), expected.size()) << outcome.out;
+  ASSERT_EQ(list["failed"].size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_EQ(list["failed"][i]["library"], installation.library(expected[i].first));
     const auto reason = list["failed"][i]["reason"].get<std::string>();
     EXPECT_FALSE(reason.empty());
     EXPECT_NE(reason.find(expected[i].second), std::string::npos) << reason;
   }
-  const std::string text = installation.run({"list"}).out;
-  EXPECT_NE(text.find("\nFailed:\n"), std::string::npos) << text;
+  installation.expect({"list"}, 0, {"\nFailed:\n"});
 
   // With good ones at hand nobody else is bothered with the broken ones.
-  installation.work().write("a.stl", tetrahedron_stl);
+  installation.work.write("a.stl", tetrahedron_stl);
   EXPECT_EQ(installation.run({"info", "a.stl"}).err, "");
 }
 
 TEST(List, WithoutTranslatorsEveryCommandSaysSo) {
   const Installation installation(false);
-  EXPECT_NE(installation.run({"list"}).out.find("No translators"), std::string::npos);
+  installation.expect({"list"}, 0, {"No translators"});
   installation.add_fixture("throws.dll");
-  installation.work().write("a.stl", tetrahedron_stl);
-  const Outcome outcome = installation.run({"translate", "a.stl", "-o", "b.obj"});
-  EXPECT_EQ(outcome.code, 3);
-  EXPECT_NE(outcome.err.find("no usable translator among 1 library; `vel list`"), std::string::npos) << outcome.err;
+  installation.work.write("a.stl", tetrahedron_stl);
+  installation.expect({"translate", "a.stl", "-o", "b.obj"}, 3, {"no usable translator among 1 library; `vel list`"});
 }
 
 TEST(List, OptionsShowKeysTypesAndDefaults) {
@@ -68,8 +63,7 @@ TEST(List, OptionsShowKeysTypesAndDefaults) {
   EXPECT_EQ(by_key["FILE_FORMAT"]["name"], "file-format");
 
   // The user's file sets a default and does not hide the keys that it leaves out.
-  installation.home().write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\n");
-  const Outcome own = installation.run({"options", "STL"});
-  EXPECT_NE(own.out.find("file-format = ascii\n    one of: binary, ascii\n"), std::string::npos) << own.out;
-  EXPECT_NE(own.out.find("scale = 1\n    real, greater than 0\n"), std::string::npos) << own.out;
+  installation.home.write("velbase/resources/STL.rsc", "FILE_FORMAT = ascii\n");
+  installation.expect({"options", "STL"}, 0,
+                      {"file-format = ascii\n    one of: binary, ascii\n", "scale = 1\n    real, greater than 0\n"});
 }

@@ -9,7 +9,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// An installation that can show models, with a directory for temporary files of its own.
+// An installation that can show models.
 class Showing : public Installation {
  public:
   Showing() {
@@ -17,23 +17,18 @@ class Showing : public Installation {
       const std::string file = std::string(VEL_BUILT_ROOT "/sys/exec/lib/") + name + ".dll";
       if (fs::exists(file)) add_library(file);
     }
-    work().write("a.stl", tetrahedron_stl);
-    work().write("two\nlines.obj", tetrahedron_obj);
+    work.write("a.stl", tetrahedron_stl);
+    work.write("two\nlines.obj", tetrahedron_obj);
   }
 
   Outcome view(std::vector<std::string> words) const {
-    words.insert(words.begin(), {program(), "view"});
-    std::vector<std::string> all = variables();
-    all.push_back("TMPDIR=" + temporary_.path().string());
-    return Running(words, all, work().path()).finish();
+    words.insert(words.begin(), "view");
+    return run(words);
   }
 
   std::size_t temporary_count() const {
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator(temporary_.path()), fs::directory_iterator()));
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(temporary.path()), {}));
   }
-
- private:
-  TemporaryDirectory temporary_;
 };
 
 mode_t mode_of(const fs::path& file) {
@@ -61,28 +56,25 @@ TEST(View, PageStandsInAPrivatePlaceAndItsNameIsPrinted) {
 TEST(View, WritesWhatIsAskedForAndNothingElse) {
   const Showing installation;
   const bool has_png = fs::exists(installation.library("pngwriter.dll"));
-  const Outcome page = installation.view({"a.stl", "-o", "p.html", "--in", "length-unit=inch"});
-  EXPECT_EQ(page.code, 0) << page.err;
-  EXPECT_EQ(page.out, "p.html\n");
-  EXPECT_NE(TemporaryDirectory::read(installation.work() / "p.html").find("{\"title\":\"a.stl\",\"unit\":\"in\""),
+  EXPECT_EQ(installation.view({"a.stl", "-o", "p.html", "--in", "length-unit=inch"}).out, "p.html\n");
+  EXPECT_NE(TemporaryDirectory::read(installation.work / "p.html").find("{\"title\":\"a.stl\",\"unit\":\"in\""),
             std::string::npos);
 
-  const Outcome picture = installation.view({"a.stl", "--png", "p.png", "40x30"});
-  EXPECT_EQ(picture.code, has_png ? 0 : 3) << picture.err;
+  const Outcome picture = installation.expect({"view", "a.stl", "--png", "p.png", "40x30"}, has_png ? 0 : 3);
   EXPECT_EQ(picture.out, has_png ? "p.png\n" : "");
   if (has_png) {
-    installation.work().write("line.obj", std::string(tetrahedron_obj) + "l 1 2\n");
+    installation.work.write("line.obj", std::string(tetrahedron_obj) + "l 1 2\n");
     const Outcome both = installation.view({"line.obj", "--png", "q.png", "40x30", "-o", "q.html", "--json"});
     const auto told = nlohmann::json::parse(both.out);
     EXPECT_EQ(told["png"], "q.png");
     EXPECT_EQ(told["page"], "q.html");
     EXPECT_EQ(told["counts"]["triangles"], 4);
     EXPECT_EQ(told["messages"].size(), 1u) << both.out;
-    EXPECT_TRUE(fs::exists(installation.work() / "q.png") && fs::exists(installation.work() / "q.html"));
+    EXPECT_TRUE(fs::exists(installation.work / "q.png") && fs::exists(installation.work / "q.html"));
     EXPECT_EQ(installation.view({"a.stl", "--png", "q.png", "40x30", "-q"}).out, "");
     // Without a size the word behind the picture's name is a file like others.
-    EXPECT_EQ(installation.view({"--png", "r.png", "a.stl"}).code, 0);
-    EXPECT_EQ(TemporaryDirectory::read(installation.work() / "r.png").substr(16, 8),
+    installation.expect({"view", "--png", "r.png", "a.stl"}, 0);
+    EXPECT_EQ(TemporaryDirectory::read(installation.work / "r.png").substr(16, 8),
               std::string("\0\0\3\x20\0\0\2\x58", 8));
     EXPECT_EQ(installation.view({"a.stl", "--png=r.png", "--", "a.stl"}).out, "r.png\n");
   }
@@ -91,27 +83,22 @@ TEST(View, WritesWhatIsAskedForAndNothingElse) {
 
 TEST(View, OptionsReachTheOutputThatTakesThem) {
   const Showing installation;
-  const auto page = [&] { return TemporaryDirectory::read(installation.work() / "p.html"); };
-  EXPECT_EQ(installation.view({"a.stl", "-o", "p.html", "--out", "title=Mine"}).code, 0);
+  const auto page = [&] { return TemporaryDirectory::read(installation.work / "p.html"); };
+  installation.expect({"view", "a.stl", "-o", "p.html", "--out", "title=Mine"}, 0);
   EXPECT_NE(page().find("{\"title\":\"Mine\""), std::string::npos);
   if (!fs::exists(installation.library("pngwriter.dll"))) return;
 
-  const Outcome foreign = installation.view({"a.stl", "-o", "q.html", "--out", "view=top"});
-  EXPECT_EQ(foreign.code, 2);
-  EXPECT_NE(foreign.err.find("--out view: Viewer has no such option"), std::string::npos) << foreign.err;
-  const std::vector<std::string> both{"a.stl", "--png", "p.png", "40x30", "-o", "p.html", "--out", "title=Both"};
+  installation.expect_error({"view", "a.stl", "-o", "q.html", "--out", "view=top"}, 2,
+                            {"--out view: Viewer has no such option"});
   const auto picture_of = [&](const char* option) {
-    std::vector<std::string> words = both;
-    words.insert(words.end(), {"--out", option});
-    const Outcome outcome = installation.view(words);
-    EXPECT_EQ(outcome.code, 0) << outcome.err;
-    return TemporaryDirectory::read(installation.work() / "p.png");
+    installation.expect(
+        {"view", "a.stl", "--png", "p.png", "40x30", "-o", "p.html", "--out", "title=Both", "--out", option}, 0);
+    return TemporaryDirectory::read(installation.work / "p.png");
   };
   EXPECT_NE(picture_of("view=top"), picture_of("view=front"));
   EXPECT_NE(page().find("{\"title\":\"Both\""), std::string::npos);
-  const Outcome unknown = installation.view({"a.stl", "--png", "r.png", "-o", "r.html", "--out", "digits=3"});
-  EXPECT_EQ(unknown.code, 2);
-  EXPECT_FALSE(fs::exists(installation.work() / "r.png"));
+  installation.expect_error({"view", "a.stl", "--png", "r.png", "-o", "r.html", "--out", "digits=3"}, 2, {});
+  EXPECT_FALSE(fs::exists(installation.work / "r.png"));
 }
 
 TEST(View, ItsFormatsAreFormatsLikeOthers) {
@@ -132,38 +119,33 @@ TEST(View, ItsFormatsAreFormatsLikeOthers) {
   }
   EXPECT_EQ(values.size(), 13u);
   for (const auto& [value, code] : values) {
-    const Outcome outcome = installation.run({"translate", "a.stl", "-o", "p.png", "--out", value, "--out", "width=9"});
-    EXPECT_EQ(outcome.code, code) << value << outcome.err;
+    installation.expect({"translate", "a.stl", "-o", "p.png", "--out", value, "--out", "width=9"}, code);
   }
 }
 
 TEST(View, FailuresLeaveNothing) {
   const Showing installation;
-  installation.work().write("cut.stl", std::string(tetrahedron_stl).substr(0, 200));
-  const std::pair<std::vector<std::string>, int> cases[] = {{{"missing.stl"}, 4},
-                                                            {{"cut.stl"}, 4},
-                                                            {{"cut.stl", "-o", "p.html"}, 4},
-                                                            {{"a.stl", "-o", "none/p.html"}, 1},
-                                                            {{"a.stl", "--png", "p.png", "5x5", "-o", "none/p"}, 1},
-                                                            {{"a.stl", "-o", "a.stl"}, 1},
-                                                            {{"a.stl", "-o", "p.png"}, 2},
-                                                            {{"a.stl", "--png", "p.jpg", "5x5"}, 2},
-                                                            {{"a.stl", "--png", "p.png", "5x5", "-o", "p.png2"}, 2},
-                                                            {{"a.stl", "-o", ""}, 2},
-                                                            {{"a.stl", "--png"}, 2},
-                                                            {{"a.stl", "--png", "--json"}, 2},
-                                                            {{"a.stl", "--png", "p.png", "0x5"}, 2},
-                                                            {{"a.stl", "--png", "p.png", "5x16385"}, 2},
-                                                            {{"a.stl", "--png", "p.png", "5 x5"}, 2},
-                                                            {{"a.stl", "--png", "p.png", "99999999999999999999x5"}, 2},
-                                                            {{"a.stl", "--png", "p", "5x5", "-o", "p"}, 2},
-                                                            {{"a.stl", "--in", "SCALE=0"}, 2}};
-  for (const auto& [words, code] : cases) {
-    const Outcome outcome = installation.view(words);
-    EXPECT_EQ(outcome.code, code) << words.back() << outcome.err;
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_NE(outcome.err, "");
-  }
+  installation.work.write("cut.stl", std::string(tetrahedron_stl).substr(0, 200));
+  const std::pair<std::vector<std::string>, int> cases[] = {
+      {{"view", "missing.stl"}, 4},
+      {{"view", "cut.stl"}, 4},
+      {{"view", "cut.stl", "-o", "p.html"}, 4},
+      {{"view", "a.stl", "-o", "none/p.html"}, 1},
+      {{"view", "a.stl", "--png", "p.png", "5x5", "-o", "none/p"}, 1},
+      {{"view", "a.stl", "-o", "a.stl"}, 1},
+      {{"view", "a.stl", "-o", "p.png"}, 2},
+      {{"view", "a.stl", "--png", "p.jpg", "5x5"}, 2},
+      {{"view", "a.stl", "--png", "p.png", "5x5", "-o", "p.png2"}, 2},
+      {{"view", "a.stl", "-o", ""}, 2},
+      {{"view", "a.stl", "--png"}, 2},
+      {{"view", "a.stl", "--png", "--json"}, 2},
+      {{"view", "a.stl", "--png", "p.png", "0x5"}, 2},
+      {{"view", "a.stl", "--png", "p.png", "5x16385"}, 2},
+      {{"view", "a.stl", "--png", "p.png", "5 x5"}, 2},
+      {{"view", "a.stl", "--png", "p.png", "99999999999999999999x5"}, 2},
+      {{"view", "a.stl", "--png", "p", "5x5", "-o", "p"}, 2},
+      {{"view", "a.stl", "--in", "SCALE=0"}, 2}};
+  for (const auto& [words, code] : cases) installation.expect_error(words, code, {});
   EXPECT_EQ(installation.temporary_count(), 0u);
   EXPECT_EQ(installation.files(), (std::vector<std::string>{"a.stl", "cut.stl", "two\nlines.obj"}));
 }
