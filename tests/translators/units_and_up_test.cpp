@@ -77,10 +77,11 @@ TEST_F(UnitsAndUp, FormatsWithoutAUnitAreInMillimetres) {
       const char *unit, *convert;
       double width;
       const char* note;
+      bool ignores_unit = false;
     } cases[] = {
         {inches, "unspecified", "1", 25.4, "lengths are written in millimetre\n"},
         {inches, "cm", "1", 2.54, "lengths are written in centimetre\n"},
-        {inches, "cm", "0", 1, "lengths are written in inch\n"},
+        {inches, "cm", "0", 1, "lengths are written in inch\n", true},
         {none, "unspecified", "1", 1, ""},
         {none, "unspecified", "0", 1, ""},
         {none, "cm", "1", 0.1, "the model has no length unit: its numbers count as millimetres\n"},
@@ -92,6 +93,7 @@ TEST_F(UnitsAndUp, FormatsWithoutAUnitAreInMillimetres) {
       EXPECT_EQ(messages_.notes.find("length unit") != std::string::npos, *c.note != 0) << messages_.notes;
       EXPECT_NE(messages_.notes.find(c.note), std::string::npos) << name << messages_.notes;
       EXPECT_EQ(messages_.warnings, "");
+      EXPECT_EQ(messages_.notes.find("length-unit is ignored") != std::string::npos, c.ignores_unit) << name;
     }
   }
 }

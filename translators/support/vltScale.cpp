@@ -31,10 +31,14 @@ velLengthUnit vlt_stated_unit(const velTableInstance& resources, const annDocume
 
 std::optional<double> vlt_output_scale(const velTableInstance& resources, const annDocument& document,
                                        velabsOutput& output, velLengthUnit& unit) {
-  unit = document.unit;
-  if (resources.value<utBool>("CONVERT_UNITS", utTRUE) == utTRUE) {
-    unit = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
-    if (unit == velLENGTH_UNSPECIFIED && document.unit != velLENGTH_UNSPECIFIED) unit = velLENGTH_MILLIMETRE;
+  unit = resources.value<velLengthUnit>("LENGTH_UNIT", velLENGTH_UNSPECIFIED);
+  if (resources.value<utBool>("CONVERT_UNITS", utTRUE) == utFALSE) {
+    if (unit != velLENGTH_UNSPECIFIED) {
+      output.message(velabsNOTE, "the option length-unit is ignored because convert-units is 0");
+    }
+    unit = document.unit;
+  } else if (unit == velLENGTH_UNSPECIFIED && document.unit != velLENGTH_UNSPECIFIED) {
+    unit = velLENGTH_MILLIMETRE;
   }
   return vlt_output_scale_to(unit, resources, document, output);
 }

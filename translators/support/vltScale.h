@@ -21,7 +21,7 @@ velLengthUnit vlt_stated_unit(const velTableInstance& resources, const annDocume
 
 // For writing a format without a unit: the factor from the document's numbers to the file's. `unit` receives the unit
 // of the file's numbers: LENGTH_UNIT, millimetre by default. If CONVERT_UNITS is off, the document's numbers are
-// written unchanged.
+// written unchanged, and a note reports a LENGTH_UNIT that is ignored.
 std::optional<double> vlt_output_scale(const velTableInstance& resources, const annDocument& document,
                                        velabsOutput& output, velLengthUnit& unit);
 
