@@ -1,4 +1,5 @@
 #include <iostream>
+#include <regex>
 
 #include "ExactFiles.h"
 #include "OtherProcess.h"
@@ -43,7 +44,7 @@ TEST_F(ExactReading, IgesFilesMayBePaddedAtTheirEnd) {
 // Curves, and the surfaces that faces lie on, are no bodies.
 TEST_F(ExactReading, HiddenBodiesAreLeftOutUnlessTheyAreAskedFor) {
   annDocument document = triangle("first");
-  for (const char* name : {"second", "third"}) {
+  for (const char* name : {"first", "other"}) {
     annNode& node = document.root.add_child(name);
     node.body.mesh = document.root.children[0]->body.mesh;
     node.transform.m[11] = static_cast<double>(document.root.children.size());
@@ -68,6 +69,11 @@ TEST_F(ExactReading, HiddenBodiesAreLeftOutUnlessTheyAreAskedFor) {
     }
     return text.insert(text.rfind("ENDSEC;"), lines);
   };
+  const std::string hidden = hide_in_step("SHELL_BASED_SURFACE_MODEL", 3);
+  const std::string in_view = std::regex_replace(hidden, std::regex(R"(=INVISIBILITY\((\(#\d+\))\))"),
+                                                 "=CONTEXT_DEPENDENT_INVISIBILITY($1,#10)");
+  const std::string in_instance = std::regex_replace(hidden, std::regex(R"(=STYLED_ITEM\('',\(\),(#\d+)\))"),
+                                                     "=CONTEXT_DEPENDENT_OVER_RIDING_STYLED_ITEM('',(),$1,$$,(#10))");
   const struct {
     const char *what, *format;
     std::string bytes;
@@ -76,20 +82,28 @@ TEST_F(ExactReading, HiddenBodiesAreLeftOutUnlessTheyAreAskedFor) {
                {"a curve", "iges", hide_in_iges("     110", 9), 3},
                {"a surface of a face", "iges", hide_in_iges("     190", 9), 3},
                {"all shells", "iges", hide_in_iges("     514", 3), 0},
-               {"a shell", "step", hide_in_step("SHELL_BASED_SURFACE_MODEL", 1), 2},
+               {"a shell of two instances", "step", hide_in_step("SHELL_BASED_SURFACE_MODEL", 1), 1},
                {"an edge", "step", hide_in_step("EDGE_CURVE", 9), 3},
-               {"all shells", "step", hide_in_step("SHELL_BASED_SURFACE_MODEL", 3), 0}};
+               {"shells in one view", "step", in_view, 3},
+               {"shells in one instance", "step", in_instance, 3},
+               {"all shells", "step", hidden, 0}};
   for (const auto& it : cases) {
     const std::string where = it.what + std::string(" in ") + it.format;
     const std::string file = directory_.write(std::string("hidden.") + it.format, it.bytes);
     const Reading seen = reader(it.format).read(file), all = reader(it.format).read(file, {{"SHOW_HIDDEN", "1"}});
     EXPECT_EQ(seen.statistics().parts, it.parts) << where;
     EXPECT_EQ(seen.result, it.parts > 0 ? velabsDONE : velabsFAILED) << where;
-    EXPECT_EQ(seen.messages.errors.find("show-hidden=1") != std::string::npos, it.parts == 0) << seen.messages.errors;
-    EXPECT_EQ(seen.messages.notes.find("are left out; --in show-hidden=1") != std::string::npos, it.parts < 3)
+    EXPECT_EQ(seen.messages.errors.find("option show-hidden shows them") != std::string::npos, it.parts == 0)
+        << seen.messages.errors;
+    const std::string count =
+        it.parts == 2 ? "1 body that the file hides is " : std::to_string(3 - it.parts) + " bodies";
+    EXPECT_EQ(seen.messages.notes.find(count) != std::string::npos, it.parts < 3) << where << seen.messages.notes;
+    EXPECT_EQ(seen.messages.notes.find("left out; the option show-hidden") != std::string::npos, it.parts < 3) << where;
+    const bool in_one_context = it.bytes == in_view || it.bytes == in_instance;
+    EXPECT_EQ(seen.messages.notes.find("only in an instance or a view are shown") != std::string::npos, in_one_context)
         << where << seen.messages.notes;
     EXPECT_EQ(all.statistics().parts, 3U) << where << all.messages.errors;
-    EXPECT_EQ(all.messages.notes.find("hides are shown") != std::string::npos, it.parts < 3) << where;
+    EXPECT_EQ(all.messages.notes.find("shown like the rest") != std::string::npos, it.parts < 3) << where;
   }
 }
 

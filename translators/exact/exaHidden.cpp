@@ -9,10 +9,10 @@ void exaHidden::add(const TopoDS_Shape& shape) {
   if (!shape.IsNull() && TopExp_Explorer(shape, TopAbs_FACE).More()) shapes_.Add(shape);
 }
 
-TopoDS_Shape exaHidden::shown(const TopoDS_Shape& shape, std::size_t& count) const {
-  if (shapes_.IsEmpty()) return shape;
+TopoDS_Shape exaHidden::shown(const TopoDS_Shape& shape, std::vector<TopoDS_Shape>& removed) const {
+  if (empty()) return shape;
   if (contains(shape)) {
-    ++count;
+    removed.push_back(shape);
     return {};
   }
   if (shape.ShapeType() != TopAbs_COMPOUND) return shape;
@@ -22,7 +22,7 @@ TopoDS_Shape exaHidden::shown(const TopoDS_Shape& shape, std::size_t& count) con
   bool changed = false;
   // Members are compared by their placement in the group, whatever the placement of the group.
   for (TopoDS_Iterator it(shape, false, false); it.More(); it.Next()) {
-    const TopoDS_Shape member = shown(it.Value(), count);
+    const TopoDS_Shape member = shown(it.Value(), removed);
     if (!member.IsNull()) builder.Add(rest, member);
     changed = changed || !member.IsEqual(it.Value());
   }

@@ -2,7 +2,7 @@
 
 #include <TopTools_MapOfShape.hxx>
 #include <TopoDS_Shape.hxx>
-#include <cstddef>
+#include <vector>
 
 #include "exaExport.h"
 
@@ -13,10 +13,11 @@ class VELEXACT_API exaHidden {
   // Shapes without faces, for example curves, are ignored.
   void add(const TopoDS_Shape& shape);
 
+  bool empty() const { return shapes_.IsEmpty(); }
   bool contains(const TopoDS_Shape& shape) const { return shapes_.Contains(shape); }
 
-  // The shape without its hidden bodies; null when it is hidden itself. Adds the number of hidden bodies to `count`.
-  TopoDS_Shape shown(const TopoDS_Shape& shape, std::size_t& count) const;
+  // The shape without its hidden bodies; null when it is hidden itself. Appends what it removes to `removed`.
+  TopoDS_Shape shown(const TopoDS_Shape& shape, std::vector<TopoDS_Shape>& removed) const;
 
  private:
   TopTools_MapOfShape shapes_;

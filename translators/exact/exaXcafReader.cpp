@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -95,6 +96,11 @@ std::vector<TopoDS_Shape> members_of(const TopoDS_Shape& shape) {
   return members;
 }
 
+// Counts of instances grow exponentially with the levels of a tree.
+std::size_t limited_sum(std::size_t a, std::size_t b) {
+  return a > std::numeric_limits<std::size_t>::max() - b ? std::numeric_limits<std::size_t>::max() : a + b;
+}
+
 // The colour of a shape whose faces all have the same colour.
 std::optional<annColour> only_colour(const exaFaceColours& colours) {
   const bool all = colours.colours.size() == 1 && std::all_of(colours.of_face.begin(), colours.of_face.end(),
@@ -120,9 +126,11 @@ bool exaXcafReader::read(annDocument& document) {
   for (const TDF_Label& label : free) top.push_back({define(label), {}, {}, {}});
   for (std::size_t i = 0; i < definitions_.size(); ++i) add_components(i);
   settle_all();
+  std::size_t hidden = 0;
+  for (const Component& it : top) hidden = limited_sum(hidden, definitions_[it.definition]->hidden);
   std::erase_if(top, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
-  report_hidden();
   findings_.tell();
+  report_hidden(hidden);
   if (!top.empty()) {
     const std::string fault = nesting_of(top).fault();
     if (fault.empty()) {
@@ -132,9 +140,9 @@ bool exaXcafReader::read(annDocument& document) {
     }
     return fault.empty();
   }
-  if (free.IsEmpty() && hidden_count_ == 0) return true;
-  if (hidden_count_ > 0 && !options_.show_hidden) {
-    output_.message(velabsERROR, "all of its bodies are hidden; to read them, give --in show-hidden=1");
+  if (free.IsEmpty()) return true;
+  if (hidden > 0 && !options_.show_hidden) {
+    output_.message(velabsERROR, "all of its bodies are hidden; the option show-hidden shows them");
   } else {
     output_.message(velabsERROR, options_.types == velTYPE_ALL
                                      ? "it holds no solid, shell or face"
@@ -143,17 +151,23 @@ bool exaXcafReader::read(annDocument& document) {
   return false;
 }
 
-void exaXcafReader::report_hidden() {
-  if (hidden_count_ == 0) return;
-  findings_.count(velabsNOTE,
-                  options_.show_hidden ? "bodies that the file hides are shown like the rest"
-                                       : "bodies that the file hides are left out; --in show-hidden=1 shows them",
-                  0, hidden_count_);
+void exaXcafReader::report_hidden(std::size_t count) {
+  if (count == 0) return;
+  const bool one = count == 1;
+  const std::string bodies = std::to_string(count) + (one ? " body" : " bodies") + " that the file hides ";
+  const std::string verb = one ? "is " : "are ", pronoun = one ? "it" : "them";
+  output_.message(velabsNOTE, utString(bodies + verb +
+                                       (options_.show_hidden ? "shown like the rest"
+                                                             : "left out; the option show-hidden shows " + pronoun)));
 }
 
 // Removes hidden bodies from a shape, unless the options include them.
-TopoDS_Shape exaXcafReader::shown(const TopoDS_Shape& shape) {
-  const TopoDS_Shape rest = hidden_.shown(shape, hidden_count_);
+TopoDS_Shape exaXcafReader::shown(const TopoDS_Shape& shape, Definition& definition) const {
+  if (hidden_.empty()) return shape;
+  std::vector<TopoDS_Shape> removed;
+  const TopoDS_Shape rest = hidden_.shown(shape, removed);
+  definition.bodies = members_of(shape).size();
+  for (const TopoDS_Shape& it : removed) definition.hidden += members_of(it).size();
   return options_.show_hidden ? shape : rest;
 }
 
@@ -214,10 +228,13 @@ void exaXcafReader::settle(Definition& definition) {
     return;
   }
   auto& components = definition.components;
-  if (hidden_.contains(XCAFDoc_ShapeTool::GetShape(definition.label))) {
-    ++hidden_count_;
-    if (!options_.show_hidden) components.clear();
+  const bool is_hidden = hidden_.contains(XCAFDoc_ShapeTool::GetShape(definition.label));
+  for (const Component& component : components) {
+    const Definition& below = *definitions_[component.definition];
+    definition.bodies = limited_sum(definition.bodies, below.bodies);
+    definition.hidden = limited_sum(definition.hidden, is_hidden ? below.bodies : below.hidden);
   }
+  if (is_hidden && !options_.show_hidden) components.clear();
   std::erase_if(components, [&](const Component& it) { return !definitions_[it.definition]->worth_showing; });
   definition.worth_showing = !components.empty();
   // A product inside another one has a name, even where its instance has none.
@@ -271,7 +288,7 @@ void exaXcafReader::merge_pieces(Definition& definition) {
 
 void exaXcafReader::make_body(Definition& definition) {
   const TopoDS_Shape stated = XCAFDoc_ShapeTool::GetShape(definition.label);
-  const TopoDS_Shape whole = stated.IsNull() ? stated : shown(stated);
+  const TopoDS_Shape whole = stated.IsNull() ? stated : shown(stated, definition);
   if (whole.IsNull()) return;
   const TopoDS_Shape shape = exa_wanted(whole, options_.types);
   if (!TopExp_Explorer(shape, TopAbs_FACE).More()) {

@@ -54,6 +54,8 @@ class exaXcafReader {
     annBody body;
     std::vector<Component> components;
     bool worth_showing = false;
+    // Counts in one instance, with its components. Both are 0 in a file that hides nothing.
+    std::size_t bodies = 0, hidden = 0;
   };
 
   utString own_name(const TDF_Label& label) const;
@@ -64,8 +66,8 @@ class exaXcafReader {
   std::optional<annColour> colour_at(const Component& component) const;
   void merge_pieces(Definition& definition);
   void make_body(Definition& definition);
-  TopoDS_Shape shown(const TopoDS_Shape& shape);
-  void report_hidden();
+  TopoDS_Shape shown(const TopoDS_Shape& shape, Definition& definition) const;
+  void report_hidden(std::size_t count);
   void make_members(Definition& definition, const std::vector<TopoDS_Shape>& members);
   void give_shape(Definition& definition, const TopoDS_Shape& shape, const exaColourMaps& colours) const;
   exaColourMaps colours_below(const TDF_Label& label) const;
@@ -78,7 +80,6 @@ class exaXcafReader {
   Handle(XCAFDoc_ColorTool) colours_;
   exaReadOptions options_;
   exaHidden hidden_;
-  std::size_t hidden_count_ = 0;
   velabsOutput& output_;
   vltOnce findings_;
   std::vector<std::unique_ptr<Definition>> definitions_;

@@ -109,7 +109,7 @@ class Reading {
     const bool done = model->NbEntities() == 0 || reader_->Transfer(target_, progress->Start());
     if (done) {
       step_tell_left_out(model, output_);
-      hidden_ = step_hidden(model, reader_->Reader().WS()->TransferReader()->TransientProcess());
+      hidden_ = step_hidden(model, reader_->Reader().WS()->TransferReader()->TransientProcess(), output_);
     } else {
       fail(step_why_empty(model));
     }
