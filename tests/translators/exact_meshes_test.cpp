@@ -62,6 +62,14 @@ TEST_F(ExactMeshes, MeshesThatHaveNoExactShapeAreSaidToHaveNone) {
   for (const auto& [document, reason] : cases) {
     writer("step").must_not_write(document, path("none.step"), reason);
   }
+  auto points = std::make_shared<annMesh>();
+  points->vertices->points = {{0, 0, 0}, {1, 0, 0}};
+  for (const std::string format : {"step", "iges", "brep"}) {
+    Messages messages;
+    EXPECT_EQ(writer(format).write(document_of(points), path("none"), messages), velabsFAILED);
+    EXPECT_NE(messages.errors.find("no faces, only vertices"), std::string::npos) << messages.errors;
+    EXPECT_EQ(messages.notes.find("planar faces"), std::string::npos) << messages.notes;
+  }
 }
 
 // A plane at right angles to the edges that bound a face on it.

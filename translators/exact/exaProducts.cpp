@@ -11,6 +11,7 @@
 #include "exaSession.h"
 #include "exaShape.h"
 #include "vltNames.h"
+#include "vltPlacedMesh.h"
 #include "vltUp.h"
 
 namespace {
@@ -77,10 +78,11 @@ bool exa_allows_planar_faces(std::size_t count, const velTableInstance& resource
   return false;
 }
 
-exaProducts::exaProducts(const annDocument& document, const velTableInstance& resources, double factor,
-                         velabsOutput& output)
+exaProducts::exaProducts(const annDocument& document, const char* format, const velTableInstance& resources,
+                         double factor, velabsOutput& output)
     : wanted_(resources.value<velRepresentationOption>("REPRESENTATION", velREPRESENTATION_AS_IS)),
       document_(document),
+      format_(format),
       resources_(resources),
       output_(output),
       definitions_(document),
@@ -136,12 +138,20 @@ bool exaProducts::is_exact(const annBody& body) const {
 bool exaProducts::count_planar_faces() {
   if (wanted_ == velREPRESENTATION_EXACT) return true;
   std::set<const annMesh*> seen;
+  bool holds_vertices = false, holds_faces = false;
   for (const annDefinitions::Definition& definition : definitions_.definitions()) {
     const annBody& body = definition.node->body;
+    holds_faces = holds_faces || is_exact(body);
     if (body.empty() || is_exact(body)) continue;
     const std::shared_ptr<const annMesh> mesh = facets_.of(*definition.node);
     if (!mesh || output_.cancelled()) return false;
+    holds_vertices = holds_vertices || !mesh->vertices->points.empty();
+    holds_faces = holds_faces || mesh->face_count() > 0;
     if (seen.insert(mesh.get()).second) planar_faces_ += exa_planar_face_count(*mesh);
+  }
+  if (holds_vertices && !holds_faces) {
+    vlt_report_no_faces(format_, output_);
+    return false;
   }
   return exa_allows_planar_faces(planar_faces_, resources_, output_);
 }

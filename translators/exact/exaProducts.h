@@ -39,7 +39,9 @@ VELEXACT_API bool exa_allows_planar_faces(std::size_t count, const velTableInsta
 // shapes are written, FACET_LIMIT limits the number of planar faces of all meshes.
 class VELEXACT_API exaProducts {
  public:
-  exaProducts(const annDocument& document, const velTableInstance& resources, double factor, velabsOutput& output);
+  // `format` is the name of the written format, for messages.
+  exaProducts(const annDocument& document, const char* format, const velTableInstance& resources, double factor,
+              velabsOutput& output);
 
   // False, with a message, when there is nothing to write or a part cannot be made. False without a message when
   // cancelled.
@@ -68,7 +70,7 @@ class VELEXACT_API exaProducts {
   };
 
   bool is_exact(const annBody& body) const;
-  // Counts the planar faces to make. False, with a message, when they are too many.
+  // Counts the planar faces to make. False, with a message, when they are too many or all bodies are only vertices.
   bool count_planar_faces();
   bool add_uses(const std::vector<annDefinitions::Use>& uses, const annTransform& change,
                 const std::optional<annColour>& colour, std::vector<exaProduct::Use>& target);
@@ -83,6 +85,7 @@ class VELEXACT_API exaProducts {
 
   const velRepresentationOption wanted_;
   const annDocument& document_;
+  const char* const format_;
   const velTableInstance& resources_;
   velabsOutput& output_;
   annDefinitions definitions_;

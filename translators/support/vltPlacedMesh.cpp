@@ -25,9 +25,13 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
 bool vlt_has_faces(const std::vector<vltPlacedMesh>& bodies, const char* format, velabsOutput& output) {
   auto has_faces = [](const vltPlacedMesh& body) { return body.mesh->face_count() > 0; };
   if (std::any_of(bodies.begin(), bodies.end(), has_faces)) return true;
+  vlt_report_no_faces(format, output);
+  return false;
+}
+
+void vlt_report_no_faces(const char* format, velabsOutput& output) {
   output.message(velabsERROR, utString("the model holds no faces, only vertices, and ") + format +
                                   " holds faces only; PLY, OBJ and OFF hold vertices too");
-  return false;
 }
 
 std::optional<vltWrittenMeshes> vlt_written_meshes(const annDocument& document, annUpAxis up,

@@ -33,6 +33,9 @@ std::optional<std::vector<vltPlacedMesh>> vlt_placed_meshes(const annDocument& d
 // False, with a message that names the format, when no body has a face. For formats that store only faces.
 bool vlt_has_faces(const std::vector<vltPlacedMesh>& bodies, const char* format, velabsOutput& output);
 
+// The error of `vlt_has_faces`.
+void vlt_report_no_faces(const char* format, velabsOutput& output);
+
 // The bodies for a format without a length unit whose up axis is `up`. They are in the unit of `vlt_output_scale` and
 // rotated by `vlt_written_turn`.
 struct vltWrittenMeshes {

@@ -60,7 +60,7 @@ velabsResult brepWriter::write(const annDocument& document, const velTableInstan
   velLengthUnit unit = velLENGTH_UNSPECIFIED;
   const std::optional<double> factor = vlt_output_scale(resources, document, output, unit);
   if (!factor) return velabsFAILED;
-  exaProducts products(document, resources, *factor, output);
+  exaProducts products(document, "BREP", resources, *factor, output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   exa_tell_losses(document, "BREP", false, output);
   if (products.has_colours()) output.message(velabsNOTE, "BREP holds no colours: they are not written");

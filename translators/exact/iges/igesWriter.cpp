@@ -171,7 +171,7 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
   if (!factor) return velabsFAILED;
   const Unit& unit = unit_for(wanted);
   if (unit.written != wanted) output.message(velabsNOTE, "IGES is written in feet where yards are asked for");
-  exaProducts products(document, resources, *factor * vel_length_ratio(wanted, unit.written), output);
+  exaProducts products(document, "IGES", resources, *factor * vel_length_ratio(wanted, unit.written), output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   exa_tell_losses(document, "IGES", true, output);
   if (products.has_assemblies()) {

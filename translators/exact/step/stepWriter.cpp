@@ -140,7 +140,7 @@ velabsResult stepWriter::write(const annDocument& document, const velTableInstan
   const velLengthUnit unit = exa_written_unit(resources, document);
   const std::optional<double> factor = vlt_output_scale_to(unit, resources, document, output);
   if (!factor) return velabsFAILED;
-  exaProducts products(document, resources, *factor, output);
+  exaProducts products(document, "STEP", resources, *factor, output);
   if (!products.make()) return output.cancelled() ? velabsCANCELLED : velabsFAILED;
   exa_tell_losses(document, "STEP", true, output);
   const utString name = document.root.name.empty() ? exa_stem(stream_.target()) : document.root.name;
