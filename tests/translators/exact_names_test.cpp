@@ -136,3 +136,32 @@ TEST_F(ExactNames, StepKeepsTheNamesOfInstancesAndProducts) {
     EXPECT_TRUE(nuts[1]->instance_name.empty()) << spelled;
   }
 }
+
+TEST_F(ExactNames, FormatsWithOneNameGetThatOfTheInstance) {
+  annDocument one = triangle("Mesh_12"), two = triangle("Mesh_12");
+  one.root.children[0]->instance_name = "Wing";
+  two.root.children[0]->instance_name = "Wing";
+  annNode& tail = two.root.add_child("Mesh_13");
+  tail.instance_name = "Tail";
+  tail.body.mesh = std::make_shared<annMesh>(*two.root.children[0]->body.mesh);
+  annNode& rod = tail.add_child("rod");
+  rod.instance_name = "rod_1";
+  rod.body.mesh = two.root.children[0]->body.mesh;
+
+  const struct {
+    const annDocument& document;
+    const char* format;
+    std::vector<std::string> names, lost;
+  } cases[] = {{one, "step", {"PRODUCT('Wing',"}, {"Mesh_12"}},
+               {triangle("Mesh_12"), "step", {"PRODUCT('Mesh_12',"}, {}},
+               {two, "step", {"'Wing',", "'Mesh_12',", "'Tail',", "'Mesh_13',", "'rod_1',", "'rod',"}, {}},
+               {one, "iges", {"4HWing"}, {}},
+               {two, "iges", {"4HWing", "4HTail", "5Hrod_1"}, {}}};
+  for (const auto& it : cases) {
+    Messages messages;
+    const std::string bytes = written(it.document, it.format, messages);
+    for (const auto& name : it.names) EXPECT_NE(bytes.find(name), bytes.npos) << it.format << name;
+    EXPECT_EQ(messages.notes.find("its other name") != std::string::npos, !it.lost.empty()) << messages.notes;
+    for (const auto& name : it.lost) EXPECT_NE(messages.notes.find('"' + name + '"'), std::string::npos);
+  }
+}

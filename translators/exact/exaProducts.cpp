@@ -110,7 +110,11 @@ bool exaProducts::has_assemblies() const {
 }
 
 bool exaProducts::has_names() const {
-  return std::any_of(products_.begin(), products_.end(), [](const exaProduct& it) { return !it.name.empty(); });
+  const auto is_named = [](const exaProduct::Use& it) { return !it.instance_name.empty(); };
+  return std::any_of(top_.begin(), top_.end(), is_named) ||
+         std::any_of(products_.begin(), products_.end(), [&](const exaProduct& it) {
+           return !it.name.empty() || std::any_of(it.uses.begin(), it.uses.end(), is_named);
+         });
 }
 
 bool exaProducts::has_colours() const {
@@ -197,7 +201,7 @@ bool exaProducts::find(std::size_t definition, const annTransform& change, const
       } else {
         // A part that has children becomes an assembly of its shape and the children.
         products_.push_back(std::move(part));
-        made.uses.insert(made.uses.begin(), {products_.size() - 1, gp_Trsf()});
+        made.uses.insert(made.uses.begin(), {products_.size() - 1, gp_Trsf(), {}, true});
       }
     }
   }

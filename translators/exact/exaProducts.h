@@ -21,7 +21,8 @@ struct exaProduct {
   struct Use {
     std::size_t product;
     gp_Trsf location;
-    utString instance_name{};  // empty for an instance without a name
+    utString instance_name{};   // empty for an instance without a name
+    bool is_own_shape = false;  // the shape of a part that also has children
   };
   utString name;
   TopoDS_Shape shape;            // null for assemblies

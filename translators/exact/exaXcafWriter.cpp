@@ -10,6 +10,7 @@
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 #include <algorithm>
+#include <optional>
 
 #include "exaPlacement.h"
 #include "vltNames.h"
@@ -43,8 +44,13 @@ TCollection_ExtendedString kernel_text(const utString& name) {
 
 class Writer {
  public:
-  Writer(const std::vector<exaProduct>& products, double unit, bool with_colours, const exaXcafNames& names)
-      : products_(products), with_colours_(with_colours), names_(names), document_(new TDocStd_Document("XmlXCAF")) {
+  Writer(const std::vector<exaProduct>& products, double unit, bool with_colours, const exaXcafNames& names,
+         velabsOutput& output)
+      : products_(products),
+        with_colours_(with_colours),
+        names_(names),
+        output_(output),
+        document_(new TDocStd_Document("XmlXCAF")) {
     XCAFDoc_DocumentTool::SetLengthUnit(document_, unit, UnitsMethods_LengthUnit_Millimeter);
     shapes_ = XCAFDoc_DocumentTool::ShapeTool(document_->Main());
     colours_ = XCAFDoc_DocumentTool::ColorTool(document_->Main());
@@ -54,7 +60,9 @@ class Writer {
     // For a single part, the location is applied to the shape.
     if (products_.size() == 1 && top.size() == 1) alone_at_ = top[0].location;
     for (const exaProduct& product : products_) add(product);
-    if ((products_.size() > 1 || top.size() > 1) && !can_stand_alone(top)) {
+    if (alone_at_ || can_stand_alone(top)) {
+      if (top.size() == 1) name_by_instance(top[0]);
+    } else {
       const TDF_Label whole = shapes_->NewShape();
       name(whole, names_.whole);
       for (const exaProduct::Use& use : top) place(whole, use);
@@ -73,7 +81,7 @@ class Writer {
       return;
     }
     // The kernel merges products that have the same shape.
-    TopoDS_Shape shape = exa_changed(product.shape, exa_transform(alone_at_));
+    TopoDS_Shape shape = alone_at_ ? exa_changed(product.shape, exa_transform(*alone_at_)) : product.shape;
     if (!known_.Add(shape.Located(TopLoc_Location()))) shape = BRepBuilderAPI_Copy(shape, false, false).Shape();
     shapes_->SetShape(label, shape);
     if (!with_colours_) return;
@@ -92,15 +100,27 @@ class Writer {
     name(component, use.instance_name.empty() ? products_[use.product].name : use.instance_name);
   }
 
-  // True when every product has one instance, at the origin of the document, so that no assembly is needed around
-  // them.
+  // A single product has no assembly around it that could hold the name of its instance.
+  void name_by_instance(const exaProduct::Use& use) {
+    if (use.instance_name.empty()) return;
+    const utString& own = products_[use.product].name;
+    name(labels_[use.product], use.instance_name);
+    if (own.empty() || own == use.instance_name) return;
+    output_.message(velabsNOTE,
+                    utString("the whole model has the name of its instance, " + vlt_quoted(use.instance_name.str()) +
+                             "; its other name, " + vlt_quoted(own.str()) + ", is left out"));
+  }
+
+  // True when no assembly is needed around the products: each has one instance, at the origin of the document. Of
+  // several products, only an assembly holds the names of their instances.
   bool can_stand_alone(const std::vector<exaProduct::Use>& top) const {
     std::vector<int> uses(products_.size(), 0);
     for (const exaProduct& product : products_) {
       for (const exaProduct::Use& use : product.uses) ++uses[use.product];
     }
     return std::all_of(top.begin(), top.end(), [&](const exaProduct::Use& use) {
-      return use.location.Form() == gp_Identity && ++uses[use.product] == 1;
+      const bool has_name = top.size() == 1 || use.instance_name.empty();
+      return has_name && use.location.Form() == gp_Identity && ++uses[use.product] == 1;
     });
   }
 
@@ -112,18 +132,19 @@ class Writer {
   const std::vector<exaProduct>& products_;
   bool with_colours_;
   const exaXcafNames& names_;
+  velabsOutput& output_;
   Handle(TDocStd_Document) document_;
   Handle(XCAFDoc_ShapeTool) shapes_;
   Handle(XCAFDoc_ColorTool) colours_;
   TopTools_MapOfShape known_;
   std::vector<TDF_Label> labels_;
-  gp_Trsf alone_at_;
+  std::optional<gp_Trsf> alone_at_;  // of the only product
 };
 
 }  // namespace
 
 Handle(TDocStd_Document)
     exa_xcaf_document(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, double unit,
-                      bool with_colours, const exaXcafNames& names) {
-  return Writer(products, unit, with_colours, names).write(top);
+                      bool with_colours, const exaXcafNames& names, velabsOutput& output) {
+  return Writer(products, unit, with_colours, names, output).write(top);
 }

@@ -10,7 +10,8 @@ struct exaXcafNames {
 };
 
 // Makes the kernel's document of products, for its STEP and IGES writers. `unit` is the length unit of the numbers, in
-// millimetres. Exceptions of the kernel are passed on.
+// millimetres. A product that needs no assembly around it takes the name of its instance; a note reports its own name
+// when that is lost. Exceptions of the kernel are passed on.
 Handle(TDocStd_Document)
     exa_xcaf_document(const std::vector<exaProduct>& products, const std::vector<exaProduct::Use>& top, double unit,
-                      bool with_colours, const exaXcafNames& names);
+                      bool with_colours, const exaXcafNames& names, velabsOutput& output);

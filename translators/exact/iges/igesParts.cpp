@@ -52,11 +52,13 @@ bool iges_make_parts(const std::vector<exaProduct>& products, const std::vector<
     const exaProduct& product = products[use.product];
     if (!product.shape.IsNull()) {
       parts.push_back(product);
+      if (!use.instance_name.empty()) parts.back().name = use.instance_name;
       parts.back().shape = exa_changed(product.shape, exa_transform(use.location));
       continue;
     }
     for (auto below = product.uses.rbegin(); below != product.uses.rend(); ++below) {
-      open.push_back({below->product, use.location * below->location});
+      const utString& name = below->is_own_shape ? use.instance_name : below->instance_name;
+      open.push_back({below->product, use.location * below->location, name});
     }
   }
   return !output.cancelled();

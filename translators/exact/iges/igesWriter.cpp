@@ -191,7 +191,7 @@ velabsResult igesWriter::write(const annDocument& document, const velTableInstan
       if (!iges_make_parts(parts, top, resources, output, placed)) return false;
       put_names(placed, findings);
       const Handle(TDocStd_Document) source =
-          exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {});
+          exa_xcaf_document(placed, iges_uses(placed), exa_millimetres(unit.written), with_colours, {}, output);
       return put(source, exa_face_count(placed), resources, unit, stream, output, session);
     });
   };

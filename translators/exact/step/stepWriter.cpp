@@ -90,7 +90,7 @@ class Writing {
     // The kernel cannot write yards, so it writes these numbers as feet.
     const velLengthUnit made = unit_ == velLENGTH_YARD ? velLENGTH_FOOT : unit_;
     const Handle(TDocStd_Document) source =
-        exa_xcaf_document(products, top, exa_millimetres(made), with_colours, {name_, "part"});
+        exa_xcaf_document(products, top, exa_millimetres(made), with_colours, {name_, "part"}, output_);
     STEPCAFControl_Writer writer;
     set_parameters(resources_, unit_);
     // The schema is read when a model is made.
