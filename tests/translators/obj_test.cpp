@@ -233,7 +233,7 @@ annDocument parts_of_one_list(std::size_t count) {
 TEST(Writers, LookOnceAtVerticesThatManyPartsShare) {
   TemporaryDirectory directory;
   const annDocument some = parts_of_one_list(2000), many = parts_of_one_list(16000);
-  for (const char* format : {"obj", "stl", "3mf"}) {
+  for (const char* format : {"obj", "stl", "3mf", "glb"}) {
     const std::string name = std::string(format) + "writer";
     if (!is_installed(name.c_str())) continue;
     auto seconds = [&](const annDocument& document) {

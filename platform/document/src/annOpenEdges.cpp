@@ -55,9 +55,25 @@ std::size_t open_edges(const annMesh& mesh, std::size_t count, NumberOf number_o
   return open;
 }
 
+// The faces of a mesh over the vertices that they use. The list of vertices may be far longer: other meshes share it.
+annMesh with_used_vertices(const annMesh& mesh) {
+  std::vector<std::uint32_t> used = mesh.corners;
+  std::sort(used.begin(), used.end());
+  used.erase(std::unique(used.begin(), used.end()), used.end());
+  annMesh small;
+  for (const std::uint32_t vertex : used) small.vertices->points.push_back(mesh.vertices->points[vertex]);
+  for (const std::uint32_t corner : mesh.corners) {
+    const auto found = std::lower_bound(used.begin(), used.end(), corner);
+    small.corners.push_back(static_cast<std::uint32_t>(found - used.begin()));
+  }
+  small.face_starts = mesh.face_starts;
+  return small;
+}
+
 }  // namespace
 
 std::size_t ann_open_edges(const annMesh& mesh) {
+  if (mesh.vertices->points.size() > mesh.corners.size()) return ann_open_edges(with_used_vertices(mesh));
   const std::vector<annVector>& points = mesh.vertices->points;
   // Edges that match by index also match by position, so this is sufficient for most closed meshes.
   const std::size_t open = open_edges(mesh, points.size(), [](std::uint32_t vertex) { return vertex; });
