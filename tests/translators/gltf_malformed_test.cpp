@@ -79,6 +79,11 @@ TEST(GltfReader, NamesWhatIsWrongInTheBytes) {
   infinite.binary.replace(16, 4, bytes_of<float>({std::numeric_limits<float>::quiet_NaN()}));
   File restart;
   restart.binary.replace(52, 2, "\xFF\xFF");
+  File repeated;  // one long name at many nodes
+  repeated.json["meshes"][0]["name"] = std::string(std::size_t{1} << 20, 'n');
+  repeated.json["nodes"] = Json(300, {{"mesh", 0}});
+  repeated.json["scenes"][0]["nodes"] = Json::array();
+  for (int i = 0; i < 300; ++i) repeated.json["scenes"][0]["nodes"].push_back(i);
   const std::string deep(100000, '[');
   const std::pair<std::string, const char*> cases[] = {
       {glb(file.json, file.binary, 1), "version 1 of GLB"},
@@ -88,6 +93,7 @@ TEST(GltfReader, NamesWhatIsWrongInTheBytes) {
       {changed(16, 7), "the first chunk is not JSON"},
       {infinite.glb(), "accessors[0]: element 1 is not of finite numbers"},
       {restart.glb(), "index 65535 at 2 is no number of a vertex"},
+      {repeated.glb(), "the names of the meshes at all nodes exceed"},
       {"{\"asset\":{\"version\":\"2.0\"},\"extras\":" + deep, "byte 235: the JSON is nested"},
       {"{\"asset\":{\"version\":\"2.0\"},nodes:[]}", "byte 28: this is no valid JSON"},
       {"{\"asset\":{\"version\":\"2.0\"}", "byte 26: the JSON ends too early"},

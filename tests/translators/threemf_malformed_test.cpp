@@ -24,10 +24,12 @@ TEST(ThreemfReader, RefusesWhatCannotBeMeant) {
                  {"3D/o.model", other},
                  {"3D/3dmodel.model", model("", item("1", "p:path=\"" + path + "\""))}};
   };
-  std::string deep, doubled = a;
+  std::string deep, doubled = a, named = mesh("1", "name=\"" + std::string(100000, 'n') + "\"");
   for (int i = 0; i < 300; ++i) deep += "<c:odd>";
   for (int i = 2; i < 40; ++i) {
-    doubled += assembly(std::to_string(i), use(std::to_string(i - 1)) + use(std::to_string(i - 1)));
+    const std::string twice = assembly(std::to_string(i), use(std::to_string(i - 1)) + use(std::to_string(i - 1)));
+    doubled += twice;
+    if (i < 14) named += twice;
   }
   const Case cases[] = {
       {"no relationships", {{"3D/3dmodel.model", model(a, built)}}, "!no relationship"},
@@ -57,6 +59,7 @@ TEST(ThreemfReader, RefusesWhatCannotBeMeant) {
        "!object 1: there is no object 2"},
       {"twice", only(model(a + a, built)), "!several resources 1"},
       {"multiplied", only(model(doubled, item("39"))), "!more than a million"},
+      {"names multiplied", only(model(named, item("13"))), "!the names of all placed objects"},
       {"transform", only(model(a, item("1", "transform=\"1 0 0 0 1 0 0 0 1 0 0\""))), "!twelve finite numbers"},
       {"vertex index", triangle("v1=\"0\" v2=\"1\" v3=\"4\""), "!line 7: there is no vertex 4, the mesh has 4"},
       {"negative", triangle("v1=\"0\" v2=\"1\" v3=\"-1\""), "!\"-1\" is no value for v3"},

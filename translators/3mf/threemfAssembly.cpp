@@ -7,6 +7,11 @@ namespace {
 
 constexpr std::uint64_t most_nodes = 1'000'000;
 constexpr std::uint64_t most_elements = 4'000'000'000;
+constexpr std::uint64_t most_name_bytes = 256 << 20;
+
+const std::string& name_of(const threemfObject& object) {
+  return object.name.empty() ? object.part_number : object.name;
+}
 
 void place(annNode& node, const threemfUse& use) {
   node.transform = use.transform;
@@ -19,6 +24,7 @@ void threemfAssembly::Amount::add(const Amount& other) {
   // Limited to one more than the maximum, so that sums cannot overflow.
   nodes = std::min(nodes + other.nodes, most_nodes + 1);
   elements = std::min(elements + other.elements, most_elements + 1);
+  name_bytes = std::min(name_bytes + other.name_bytes, most_name_bytes + 1);
 }
 
 bool threemfAssembly::build(annDocument& document) {
@@ -50,14 +56,15 @@ bool threemfAssembly::measure() {
     const std::size_t part = next % parts_.size();
     for (const threemfObject& made : parts_[part].objects) {
       Amount amount;
-      for (const threemfUse& use : made.components) amount.add(amounts_[use.part][use.object]);
+      for (const threemfUse& use : made.components) amount.add(amount_of(use));
       if (made.mesh) amount.elements += made.mesh->vertices->points.size() + made.mesh->face_count();
       if (made.mesh || amount.nodes > 0) ++amount.nodes;
+      amount.name_bytes += name_of(made).size();
       amounts_[part].push_back(amount);
     }
   }
   Amount all;
-  for (const threemfItem& item : parts_.front().items) all.add(amounts_[item.use.part][item.use.object]);
+  for (const threemfItem& item : parts_.front().items) all.add(amount_of(item.use));
   if (parts_.front().items.empty()) return true;
   if (all.nodes == 0) {
     output_.message(velabsERROR, "the build of the model shows no object with triangles");
@@ -65,10 +72,18 @@ bool threemfAssembly::measure() {
     output_.message(velabsERROR,
                     "the build of the model comes to more than a million placed objects or billions of "
                     "triangles");
+  } else if (all.name_bytes > most_name_bytes) {
+    output_.message(velabsERROR, "the names of all placed objects of the build come to more than 256 MiB");
   } else {
     return true;
   }
   return false;
+}
+
+threemfAssembly::Amount threemfAssembly::amount_of(const threemfUse& use) const {
+  Amount amount = amounts_[use.part][use.object];
+  amount.name_bytes += use.instance_name.size();
+  return amount;
 }
 
 // The mesh object inside an object that only gives it another name; else null.
@@ -80,7 +95,7 @@ const threemfObject* threemfAssembly::only_mesh(const threemfObject& made) const
 }
 
 void threemfAssembly::fill(annNode& node, const threemfObject& made, std::vector<Open>& open) {
-  node.name = made.name.empty() ? made.part_number : made.name;
+  node.name = name_of(made);
   const threemfObject* inner = only_mesh(made);
   const threemfObject& shown = inner ? *inner : made;
   node.body.mesh = shown.mesh;

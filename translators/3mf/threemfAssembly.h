@@ -24,6 +24,7 @@ class threemfAssembly {
   struct Amount {
     std::uint64_t nodes = 0;
     std::uint64_t elements = 0;  // vertices and triangles of all instances
+    std::uint64_t name_bytes = 0;
     void add(const Amount& other);
   };
   struct Open {
@@ -32,6 +33,7 @@ class threemfAssembly {
   };
 
   bool measure();
+  Amount amount_of(const threemfUse& use) const;
   const threemfObject& object(const threemfUse& use) const { return parts_[use.part].objects[use.object]; }
   const threemfObject* only_mesh(const threemfObject& object) const;
   void fill(annNode& node, const threemfObject& object, std::vector<Open>& open);

@@ -131,6 +131,9 @@ bool gltfScene::read_mesh(const gltfValue& value, annNode& node) {
   if (!mesh) return false;
   node.body.mesh = mesh->mesh;
   if (!mesh->name.empty()) {
+    // Many nodes may show one mesh, and each gets a copy of its name.
+    name_bytes_ += mesh->name.size();
+    if (name_bytes_ > most_name_bytes) return value.fail("mesh", "the names of the meshes at all nodes exceed 256 MiB");
     // If the part has another name, the node's name is that of the instance.
     if (!node.name.empty() && node.name.view() != mesh->name) node.instance_name = node.name;
     node.name = utString(mesh->name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <limits>
 #include <vector>
 
@@ -18,6 +19,7 @@ class gltfScene {
 
  private:
   static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+  static constexpr std::uint64_t most_name_bytes = 256 << 20;
 
   bool read_children();
   bool check_for_cycles() const;
@@ -32,4 +34,5 @@ class gltfScene {
   vltOnce& findings_;
   std::vector<std::size_t> parents_;
   std::vector<std::vector<std::size_t>> children_;
+  std::uint64_t name_bytes_ = 0;  // of the meshes at all nodes
 };
