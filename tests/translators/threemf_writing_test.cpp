@@ -176,12 +176,13 @@ TEST(ThreemfWriter, SaysWhyItCannotWrite) {
   TemporaryDirectory directory;
   const struct {
     std::shared_ptr<annMesh> mesh;
-    const char *scale, *reason;
-  } cases[] = {{square(), "1.7e308", "too large"},
-               {mesh_of({{0, 0, 0}}, {}), "1", "no faces, only vertices, and 3MF"},
-               {mesh_of({{0, 0, 0}, {1, 0, 0}, {0, 0, 0}}, {{0, 1, 2}}), "1", "have equal corners"}};
+    const char *key, *value, *reason;
+  } cases[] = {{square(), "SCALE", "1.7e308", "too large"},
+               {square(), "JOIN_TOLERANCE", "100", "join-tolerance joins the corners of all triangles"},
+               {mesh_of({{0, 0, 0}}, {}), "SCALE", "1", "no faces, only vertices, and 3MF"},
+               {mesh_of({{0, 0, 0}, {1, 0, 0}, {0, 0, 0}}, {{0, 1, 2}}), "SCALE", "1", "have equal corners"}};
   for (const auto& c : cases) {
-    writer.must_not_write(document_of(c.mesh), directory / "a.3mf", c.reason, {{"SCALE", c.scale}});
+    writer.must_not_write(document_of(c.mesh), directory / "a.3mf", c.reason, {{c.key, c.value}});
   }
 }
 
@@ -203,12 +204,15 @@ TEST(ThreemfWriter, JoinsVerticesByPosition) {
     double moved;  // by which one of the three corners at (1, 1, 1) lies elsewhere
     Options options;
     std::size_t vertices, open_edges;
+    double scale = 1;  // of the node
   } cases[] = {{"equal", 0, {}, 8, 0},
                {"beside", 1e-4, {}, 9, 4},
                {"equal as text", 1e-4, {{"DIGITS", "3"}}, 8, 0},
                {"within the tolerance", 1e-4, {{"JOIN_TOLERANCE", "0.00011"}}, 8, 0},
                {"beyond it", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}}, 9, 4},
-               {"in the unit of the file", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}, {"LENGTH_UNIT", "metre"}}, 8, 0}};
+               {"in the unit of the file", 1e-4, {{"JOIN_TOLERANCE", "0.00009"}, {"LENGTH_UNIT", "metre"}}, 8, 0},
+               {"as placed", 1e-4, {{"JOIN_TOLERANCE", "0.9"}}, 9, 4, 1e4},
+               {"as placed, within", 1e-4, {{"JOIN_TOLERANCE", "1.1"}}, 8, 0, 1e4}};
   for (const Case& c : cases) {
     const auto cube = split_cube();
     for (std::size_t i = 0; i < 24 && c.moved > 0; ++i) {
@@ -216,7 +220,9 @@ TEST(ThreemfWriter, JoinsVerticesByPosition) {
       cube->vertices->points[i].x += c.moved;
       break;
     }
-    const Messages messages = writer.must_write(document_of(cube), directory / "a.3mf", c.options);
+    annDocument document = document_of(cube);
+    document.root.children[0]->transform = annTransform::scaling(c.scale);
+    const Messages messages = writer.must_write(document, directory / "a.3mf", c.options);
     const std::string open = std::to_string(c.open_edges) + " open edges";
     EXPECT_EQ(messages.notes.find(open) != std::string::npos, c.open_edges > 0) << c.what << messages.notes;
     const std::string text = unpack(directory / "a.3mf", "3D/3dmodel.model");

@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr double largest_tolerance = 1e300;  // twice that is still finite
 constexpr std::uint32_t not_written = std::numeric_limits<std::uint32_t>::max();
 
 // The number that a reader gets from the text of `value`.
@@ -85,8 +86,17 @@ std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& sourc
 }
 
 threemfJoinedMeshes::threemfJoinedMeshes(const std::vector<vltPlacedMesh>& bodies, const threemfNumberForm& form) {
+  // The tolerance is a distance between placed vertices, at the largest instance of a mesh.
+  std::unordered_map<const annMesh*, double> scales;
   for (const vltPlacedMesh& body : bodies) {
-    const auto [known, added] = meshes_.try_emplace(body.mesh.get(), *body.mesh, form);
+    double& scale = scales[body.mesh.get()];
+    scale = std::max(scale, body.placement.largest_scale());
+  }
+  for (const vltPlacedMesh& body : bodies) {
+    threemfNumberForm own = form;
+    if (const double scale = scales[body.mesh.get()]; scale > 0)
+      own.join_tolerance = std::min(own.join_tolerance / scale, largest_tolerance);
+    const auto [known, added] = meshes_.try_emplace(body.mesh.get(), *body.mesh, own);
     if (!added) continue;
     overflow_ = overflow_ || known->second.overflow;
     triangles_ += known->second.mesh.face_count();

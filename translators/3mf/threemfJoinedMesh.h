@@ -13,7 +13,7 @@
 struct threemfNumberForm {
   double factor = 1;          // for all lengths
   int digits = 0;             // significant digits; 0: as many as needed to read back the same number
-  double join_tolerance = 0;  // in the unit of the file
+  double join_tolerance = 0;  // in the unit of the file, between vertices without placement
 };
 
 // A mesh in the form of a 3MF file: triangles over vertices that are joined by position, so that faces share vertices

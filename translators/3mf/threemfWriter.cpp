@@ -71,6 +71,15 @@ void tell_open_edges(const std::vector<vltPlacedMesh>& bodies, const threemfJoin
                                       (open_parts == 1 ? "it" : "them")));
 }
 
+const char* reason_for_no_objects(const threemfObjects& objects, const threemfJoinedMeshes& joined,
+                                  double join_tolerance) {
+  if (objects.flattened_count() > 0) return "all placements of the model flatten it, which 3MF does not allow";
+  if (join_tolerance > 0 && joined.collapsed_count() > 0) {
+    return "the option join-tolerance joins the corners of all triangles; give it a smaller value";
+  }
+  return "all triangles of the model have equal corners, which 3MF does not allow";
+}
+
 velabsResult fail_overflow(velabsOutput& output) {
   output.message(velabsERROR, "a coordinate is too large for a number once it is scaled");
   return velabsFAILED;
@@ -100,9 +109,7 @@ velabsResult threemfWriter::write(const annDocument& document, const velTableIns
   threemfColours colours(vlt_flag(resources, "WRITE_MATERIALS"), vlt_flag(resources, "WRITE_VERTEX_COLOURS"));
   const threemfObjects objects(document, *turn, *bodies, joined, colours);
   if (objects.items().empty()) {
-    output.message(velabsERROR, objects.flattened_count() > 0
-                                    ? "all placements of the model flatten it, which 3MF does not allow"
-                                    : "all triangles of the model have equal corners, which 3MF does not allow");
+    output.message(velabsERROR, reason_for_no_objects(objects, joined, join_tolerance));
     return velabsFAILED;
   }
   const vltCarries carries{

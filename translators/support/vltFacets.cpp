@@ -16,15 +16,6 @@ namespace {
 
 constexpr double degrees = 180 / std::numbers::pi;
 
-// The maximum factor by which a placement scales lengths along an axis.
-double enlargement(const annTransform& placement) {
-  double largest = 0;
-  for (std::size_t axis = 0; axis < 3; ++axis) {
-    largest = std::max(largest, std::hypot(placement.m[axis], placement.m[4 + axis], placement.m[8 + axis]));
-  }
-  return std::isfinite(largest) ? largest : 0;
-}
-
 // The progress of all shapes together, in hundredths of a shape. It is the first half of the total; writing is the
 // rest.
 class Total {
@@ -96,7 +87,7 @@ void vltFacets::make_all() {
     if (body.mesh) continue;
     const auto [known, is_new] = made_.try_emplace(body.shape.get());
     if (is_new) shapes.emplace_back(known->first, &known->second);
-    known->second.enlargement = std::max(known->second.enlargement, enlargement(placed.placement));
+    known->second.enlargement = std::max(known->second.enlargement, placed.placement.largest_scale());
   }
 
   Total total(shapes.size(), output_);

@@ -15,6 +15,8 @@ struct VELPLATFORM_API annTransform {
   bool is_identity() const { return *this == annTransform(); }
   // True if it turns right-handed into left-handed, so that faces must be reversed.
   bool mirrors() const;
+  // The maximum factor by which it scales lengths along an axis; 0 when that is not finite.
+  double largest_scale() const;
 
   annVector point(annVector p) const {
     return {m[0] * p.x + m[1] * p.y + m[2] * p.z + m[3], m[4] * p.x + m[5] * p.y + m[6] * p.z + m[7],

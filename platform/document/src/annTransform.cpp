@@ -1,5 +1,6 @@
 #include "annTransform.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -28,6 +29,14 @@ annTransform annTransform::scaling(double factor) {
 
 bool annTransform::mirrors() const {
   return determinant(m) < 0;
+}
+
+double annTransform::largest_scale() const {
+  double largest = 0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    largest = std::max(largest, std::hypot(m[axis], m[4 + axis], m[8 + axis]));
+  }
+  return std::isfinite(largest) ? largest : 0;
 }
 
 annVector annTransform::normal(annVector n) const {
