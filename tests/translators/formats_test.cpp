@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "Formats.h"
 #include "Solids.h"
 #include "TemporaryDirectory.h"
@@ -73,6 +75,18 @@ TEST_F(Formats, OnlyHpfKeepsDocumentsWithoutShapes) {
       translator(format.writer).must_write({}, file);
       EXPECT_TRUE(translator(format.reader).must_read(file).document.root.children.empty());
     }
+  }
+}
+
+TEST_F(Formats, NullBytesAfterATextAreIgnored) {
+  for (const Format& format : installed()) {
+    if (format.form != std::string("ascii")) continue;
+    const std::string file = directory_ / format.file;
+    translator(format.writer).must_write(document_of(strip(40)), file, {{"FILE_FORMAT", format.form}});
+    std::ofstream(file, std::ios::app) << std::string(5000, '\0');
+    const Reading reading = translator(format.reader).must_read(file);
+    EXPECT_EQ(reading.messages.warnings, "") << format.name;
+    EXPECT_EQ(reading.statistics().triangles, 40U) << format.name;
   }
 }
 

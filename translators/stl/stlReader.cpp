@@ -22,11 +22,11 @@ bool has_size_of_binary(std::string_view bytes) {
   return bytes.size() - stl_head_size == std::size_t{count} * stl_record_size;
 }
 
-// Text begins with "solid", after optional comments, and has no zero bytes.
+// Text begins with "solid", after optional comments, and has no null bytes but at its end.
 bool looks_like_text(std::string_view bytes) {
   constexpr std::size_t looked_at = 4096;
   if (!vlt_same_word(vltWords(bytes).next(), "solid")) return false;
-  return bytes.substr(0, looked_at).find('\0') == bytes.npos;
+  return vlt_without_padding(bytes).substr(0, looked_at).find('\0') == bytes.npos;
 }
 
 }  // namespace

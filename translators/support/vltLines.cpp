@@ -12,7 +12,8 @@ bool is_comment(std::string_view line) {
 
 }  // namespace
 
-vltLines::vltLines(std::string_view text) : text_(text), at_(text.size() - vlt_without_mark(text).size()) {}
+vltLines::vltLines(std::string_view text)
+    : text_(vlt_without_padding(text)), at_(text.size() - vlt_without_mark(text).size()) {}
 
 bool vltLines::next(std::string_view& line) {
   if (at_ >= text_.size()) return false;

@@ -9,7 +9,7 @@
 // directory name.
 class vltLines {
  public:
-  // Skips a byte order mark at the start.
+  // Skips a byte order mark at the start and null bytes at the end.
   explicit vltLines(std::string_view text);
 
   // Gets the next line without its end; valid until the next call. False at the end of the text. Text after the last

@@ -17,7 +17,7 @@ class vltNumberLines {
  public:
   // `first_line` is the number of the first line of the text.
   explicit vltNumberLines(std::string_view text, std::size_t first_line = 1)
-      : begin_(text.data()), at_(begin_), end_(begin_ + text.size()), line_(first_line) {}
+      : begin_(text.data()), at_(begin_), end_(begin_ + vlt_without_padding(text).size()), line_(first_line) {}
 
   // Skips the rest of the current line and goes to the next line that is not blank; the first call goes to the first
   // one. False at the end of the text.

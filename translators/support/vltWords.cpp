@@ -46,7 +46,13 @@ std::string_view vlt_without_mark(std::string_view text) {
   return text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text;
 }
 
-vltWords::vltWords(std::string_view text) : text_(text), at_(text.size() - vlt_without_mark(text).size()) {}
+std::string_view vlt_without_padding(std::string_view text) {
+  const std::size_t last = text.find_last_not_of('\0');
+  return last == text.npos ? text : text.substr(0, last + 1);
+}
+
+vltWords::vltWords(std::string_view text)
+    : text_(vlt_without_padding(text)), at_(text.size() - vlt_without_mark(text).size()) {}
 
 std::string_view vltWords::next() {
   if (!go_to_word()) return {};

@@ -21,7 +21,7 @@ bool vlt_same_word(std::string_view word, std::string_view lower);
 // comment up to the end of the line. Lines end with LF, CR LF or CR.
 class vltWords {
  public:
-  // Skips a byte order mark at the start.
+  // Skips a byte order mark at the start and null bytes at the end.
   explicit vltWords(std::string_view text);
 
   // The next word; empty at the end of the text.
@@ -52,3 +52,7 @@ class vltWords {
 
 // Removes a UTF-8 byte order mark.
 std::string_view vlt_without_mark(std::string_view text);
+
+// Removes null bytes at the end of a text: some programs pad files with them to whole blocks. A text of null bytes only
+// is returned unchanged.
+std::string_view vlt_without_padding(std::string_view text);

@@ -11,12 +11,14 @@
 
 #include "exaGeometry.h"
 #include "stepAssemblies.h"
+#include "vltWords.h"
 
 namespace {
 
 // The kernel does not report a truncated file: the missing entities are just absent.
 bool has_end(std::string_view bytes) {
   constexpr std::size_t looked_at = 4096;
+  bytes = vlt_without_padding(bytes);
   return bytes.substr(bytes.size() - std::min(bytes.size(), looked_at)).find("END-ISO-10303-21") != bytes.npos;
 }
 
