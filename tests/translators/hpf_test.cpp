@@ -312,6 +312,7 @@ TEST(Hpf, ChecksWhatHasTheRightSums) {
       copied("second normals", hard, tree, "a second one for the same mesh"),
       copied("names before the nodes", names, tree, "names node 1, of which there are 0"),
       copied("second names", names, up, "node 1 has two names of an instance"),
+      copied("second up axis", up, names, "there is a second up axis"),
       forged<hpfPoolHead>("many normals", pool, 0, "more normals than", [](auto& h) { h.normals = huge; }),
       forged<hpfCornerNormalsHead>("few corners", hard, 0, "not every corner has", [](auto& h) { h.corners = 2; }),
       forged<std::uint32_t>("no such normal", hard, 64 + 8, "names a normal that is not", [](auto& n) { n = 2; }),
@@ -332,6 +333,15 @@ TEST(Hpf, ChecksWhatHasTheRightSums) {
     EXPECT_EQ(reading.result, is_read ? velabsDONE : velabsFAILED) << forgery.what;
     EXPECT_NE(said.find(forgery.message + (is_read ? 6 : 0)), said.npos) << forgery.what << ": " << said;
   }
+}
+
+TEST(Hpf, GivesNormalsTheLengthOne) {
+  TemporaryDirectory directory;
+  std::string file = file_of(directory, newer_document());
+  constexpr std::size_t first_normal = 64 + 128;  // arrays begin at multiples of 64 bytes
+  change<double>(file, place_of(file, hpf_vertices_chunk) + first_normal, [](double& x) { x = 9e200; });
+  const Reading reading = reader.must_read(directory.write("f.hpf", sealed(file)));
+  EXPECT_EQ(reading.node(1).body.mesh->vertices->normals[0].x, 1);
 }
 
 TEST(Hpf, ChecksumIsTheDocumentedOne) {

@@ -3,6 +3,7 @@
 #include "annStoredShape.h"
 #include "apNumberChecks.h"
 #include "hpfNames.h"
+#include "vltNormals.h"
 
 namespace {
 
@@ -113,6 +114,7 @@ bool hpfThings::read_vertices(hpfInput& input) {
       !take_finite(input, vertices->colours, head.colours, "a vertex colour")) {
     return false;
   }
+  vlt_normalise(vertices->normals);
   vertices_.push_back(std::move(vertices));
   return true;
 }
@@ -124,7 +126,9 @@ bool hpfThings::read_normal_pool(hpfInput& input) {
   if (!vertices) return false;
   if (!vertices->normal_pool.empty()) return input.fail("there is a second one for the same vertices");
   if (head.normals > most_numbers) return input.fail("it has more normals than corners can name");
-  return take_finite(input, vertices->normal_pool, head.normals, "a normal");
+  if (!take_finite(input, vertices->normal_pool, head.normals, "a normal")) return false;
+  vlt_normalise(vertices->normal_pool);
+  return true;
 }
 
 bool hpfThings::read_corner_normals(hpfInput& input) {

@@ -79,6 +79,7 @@ bool hpfTree::read_instance_names(hpfInput& input) {
 bool hpfTree::read_up_axis(hpfInput& input) {
   hpfUpHead head;
   if (!input.record(head)) return false;
+  if (document_.up) return input.fail("there is a second up axis");
   if (head.axis != annUP_Y && head.axis != annUP_Z) {
     return input.fail("its up axis " + std::to_string(head.axis) + " is not known");
   }
