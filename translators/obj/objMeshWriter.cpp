@@ -126,7 +126,11 @@ void objMeshWriter::find_normals(const vltPlacedMesh& body, std::size_t face, co
   const auto bare = std::count(indices, indices + corners.size(), annMesh::no_normal);
   if (bare == std::ssize(corners)) return;
   const std::size_t of_face = next_normal_;
-  if (bare > 0) normal(mesh.face_normal(face), body.placement);
+  if (bare > 0) {
+    const annVector face_normal = mesh.face_normal(face);
+    if (face_normal == annVector{}) return;
+    normal(face_normal, body.placement);
+  }
   for (std::size_t i = 0; i < corners.size(); ++i) {
     face_normals_.push_back(indices[i] == annMesh::no_normal ? of_face : at.first_in_pool + indices[i]);
   }

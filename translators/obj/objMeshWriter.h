@@ -43,7 +43,8 @@ class objMeshWriter {
   std::size_t normals(const std::vector<annVector>& normals, const annTransform& placement);
   void normal(annVector own, const annTransform& placement);
   bool faces(const vltPlacedMesh& body, const Written& at);
-  // Sets the normal number of each corner of a face; empty for a face without normals.
+  // Sets the normal number of each corner of a face; empty for a face without normals. A corner without a normal gets
+  // that of the face, or leaves a face without area without normals.
   void find_normals(const vltPlacedMesh& body, std::size_t face, const Written& at);
   void numbers(std::span<const double> values);
 
