@@ -24,12 +24,13 @@ void vlnTranslator::initialise(std::shared_ptr<annDocument> document, std::share
   set_up_application();
   thread_comm_ = std::make_unique<v2vThreadComm>(synch.get());
   libraries_ = std::make_unique<v2vTranslatorLoader>(libraries);
-  loader_ = create_dll_loader();
-  document_ = std::move(document);
-  validator_ = std::move(validator);
+  // The sets use comparisons of the earlier loader.
   inputs_.reset();
   outputs_.reset();
   app_dirs_.reset();
+  loader_ = create_dll_loader();
+  document_ = std::move(document);
+  validator_ = std::move(validator);
   if (!loader_) return;
   loader_->set_app_info(app_info());
   loader_->load_dlls(inputs_, outputs_);
