@@ -50,7 +50,8 @@ void add_options_for(CLI::App& app, const char* side, std::vector<std::string>& 
 }
 
 void add_from(CLI::App& app, std::string& format) {
-  app.add_option("--from", format, "The format to read, by name or extension; else the content tells")
+  app.add_option("--from", format,
+                 "The format to read, by name or extension; else the content decides, then the extension")
       ->type_name("FORMAT");
 }
 
