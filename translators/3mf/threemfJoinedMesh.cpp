@@ -13,7 +13,6 @@
 namespace {
 
 constexpr double largest_tolerance = 1e300;  // twice that is still finite
-constexpr std::uint32_t not_written = std::numeric_limits<std::uint32_t>::max();
 
 // The number that a reader gets from the text of `value`.
 double rounded(double value, int digits) {
@@ -26,12 +25,19 @@ double rounded(double value, int digits) {
 }  // namespace
 
 threemfJoinedMesh::threemfJoinedMesh(const annMesh& source, const threemfNumberForm& form) {
-  const std::vector<std::uint32_t> numbers = join_vertices(source, form);
+  if (source.corners.empty()) return;
+  std::vector<std::uint32_t> written;
+  const std::vector<std::uint32_t> numbers = join_vertices(source, form, written);
   if (overflow) return;
+  auto joined_of = [&](std::uint32_t vertex) {
+    if (written.empty()) return numbers[vertex];
+    return numbers[static_cast<std::size_t>(std::lower_bound(written.begin(), written.end(), vertex) -
+                                            written.begin())];
+  };
   const bool with_faces = !source.face_materials.empty(), with_vertices = !source.vertices->colours.empty();
   mesh.corners.reserve(3 * source.triangle_count());
   ann_for_each_triangle(source, [&](std::size_t face, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
-    const std::uint32_t joined[] = {numbers[a], numbers[b], numbers[c]};
+    const std::uint32_t joined[] = {joined_of(a), joined_of(b), joined_of(c)};
     if (joined[0] == joined[1] || joined[1] == joined[2] || joined[2] == joined[0]) {
       ++collapsed;
       return;
@@ -42,26 +48,23 @@ threemfJoinedMesh::threemfJoinedMesh(const annMesh& source, const threemfNumberF
   });
 }
 
-// Maps each vertex of the source to the vertex to write. A vertex list shared with other meshes is written with each
-// mesh, so only vertices used by this mesh are kept; an unshared list is kept completely.
-std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& source, const threemfNumberForm& form) {
+// A vertex list shared with other meshes is written with each mesh, so only vertices used by this mesh are kept, in
+// time that does not depend on the others; an unshared list is kept completely.
+std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& source, const threemfNumberForm& form,
+                                                            std::vector<std::uint32_t>& written) {
   const std::vector<annVector>& points = source.vertices->points;
-  std::vector<std::uint32_t> numbers(points.size(), not_written);
-  std::vector<std::uint32_t> written;
   if (source.vertices.use_count() > 1) {
     written = source.corners;
     std::sort(written.begin(), written.end());
     written.erase(std::unique(written.begin(), written.end()), written.end());
-  } else {
-    written.resize(points.size());
-    for (std::size_t i = 0; i < written.size(); ++i) written[i] = static_cast<std::uint32_t>(i);
   }
 
   std::vector<annVector> placed;
-  placed.reserve(written.size());
+  const std::size_t count = written.empty() ? points.size() : written.size();
+  placed.reserve(count);
   double largest = 0;
-  for (const std::uint32_t vertex : written) {
-    annVector point = points[vertex];
+  for (std::size_t i = 0; i < count; ++i) {
+    annVector point = points[written.empty() ? i : written[i]];
     for (double* coordinate : {&point.x, &point.y, &point.z}) {
       *coordinate *= form.factor;
       overflow = overflow || !std::isfinite(*coordinate);
@@ -70,18 +73,17 @@ std::vector<std::uint32_t> threemfJoinedMesh::join_vertices(const annMesh& sourc
     }
     placed.push_back(point);
   }
-  if (overflow) return numbers;
+  if (overflow) return {};
 
   std::vector<annVector>& joined = mesh.vertices->points;
-  std::vector<std::uint32_t> joined_numbers(placed.size());
+  std::vector<std::uint32_t> numbers(count);
   // A tolerance below the precision of the coordinates joins only equal ones.
   if (form.join_tolerance > largest * std::numeric_limits<double>::epsilon()) {
     threemfNearPoints near(joined, form.join_tolerance);
-    for (std::size_t i = 0; i < placed.size(); ++i) joined_numbers[i] = near.number_of(placed[i]);
+    for (std::size_t i = 0; i < count; ++i) numbers[i] = near.number_of(placed[i]);
   } else {
-    annWelder(joined, placed.size()).numbers_of(placed, joined_numbers.data());
+    annWelder(joined, count).numbers_of(placed, numbers.data());
   }
-  for (std::size_t i = 0; i < written.size(); ++i) numbers[written[i]] = joined_numbers[i];
   return numbers;
 }
 

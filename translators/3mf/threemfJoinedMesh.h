@@ -35,7 +35,10 @@ struct threemfJoinedMesh {
   threemfJoinedMesh(const annMesh& source, const threemfNumberForm& form);
 
  private:
-  std::vector<std::uint32_t> join_vertices(const annMesh& source, const threemfNumberForm& form);
+  // For each vertex of the source that is written, in ascending order, the index of the joined vertex. `written` stays
+  // empty when all are written.
+  std::vector<std::uint32_t> join_vertices(const annMesh& source, const threemfNumberForm& form,
+                                           std::vector<std::uint32_t>& written);
 };
 
 // The meshes of all bodies, each joined once. The bodies must outlive this object.
