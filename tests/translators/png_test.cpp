@@ -146,7 +146,7 @@ TEST(Png, RefusesWhatMakesNoSense) {
   annDocument distant = coloured_cube();
   distant.root.transform = annTransform::scaling(1e308);
   distant.root.children.front()->transform.m[3] = 5;
-  writer.must_not_write(distant, directory / "a.png", "too far away, to be drawn");
+  writer.must_not_write(distant, directory / "a.png", "too far away, or is too large");
   writer.must_not_write({}, directory / "a.png", "no shape");
   Messages messages;
   messages.cancel = true;

@@ -4,7 +4,6 @@
 #include <Quantity_ColorRGBA.hxx>
 #include <TDF_LabelSequence.hxx>
 #include <TDF_Tool.hxx>
-#include <TDataStd_Name.hxx>
 #include <TopExp.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopTools_IndexedMapOfShape.hxx>
@@ -12,12 +11,11 @@
 #include <TopoDS_Iterator.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
-#include <string_view>
 #include <utility>
 
+#include "exaNames.h"
 #include "exaPlacement.h"
 
 namespace {
@@ -26,39 +24,6 @@ std::string entry(const TDF_Label& label) {
   TCollection_AsciiString text;
   TDF_Tool::Entry(label, text);
   return text.ToCString();
-}
-
-utString name_of(const TDF_Label& label) {
-  Handle(TDataStd_Name) name;
-  if (!label.FindAttribute(TDataStd_Name::GetID(), name)) return {};
-  std::string text(static_cast<std::size_t>(name->Get().LengthOfCString()) + 1, '\0');
-  Standard_PCharacter bytes = text.data();
-  name->Get().ToUTF8CString(bytes);
-  text.resize(text.find('\0'));
-  return utString(text);
-}
-
-// The kernel names a component without a name after the label that it refers to.
-bool is_made_up(const utString& name) {
-  return name.empty() || name.str().starts_with("=>[");
-}
-
-// The kernel names a shape without a product after its type.
-bool is_kind(const utString& name) {
-  constexpr std::array kinds{"COMPOUND", "COMPSOLID", "SOLID", "SHELL", "FACE", "WIRE", "EDGE", "VERTEX"};
-  return std::any_of(kinds.begin(), kinds.end(), [&](const char* kind) { return name == kind; });
-}
-
-bool is_number(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
-}
-
-// The kernel uses the identifier of an instance when the name is missing; writers often number instances there.
-bool names_instance(const utString& name) {
-  constexpr std::string_view counted = "NAUO";
-  std::string_view text = name.view();
-  if (is_made_up(name) || is_number(text)) return false;
-  return !text.starts_with(counted) || !is_number(text.substr(counted.size()));
 }
 
 annColour colour_from(const Quantity_ColorRGBA& source) {
@@ -172,9 +137,9 @@ TopoDS_Shape exaXcafReader::shown(const TopoDS_Shape& shape, Definition& definit
 }
 
 utString exaXcafReader::own_name(const TDF_Label& label) const {
-  const utString name = name_of(label);
+  const utString name = exa_name_of(label);
   // Where the format has no products, the kernel names most shapes by their type.
-  return options_.split_compounds && is_kind(name) ? utString() : name;
+  return options_.split_compounds && exa_is_shape_type(name) ? utString() : name;
 }
 
 std::size_t exaXcafReader::define(const TDF_Label& label) {
@@ -197,7 +162,7 @@ void exaXcafReader::add_components(std::size_t number) {
     TDF_Label referred;
     if (!XCAFDoc_ShapeTool::GetReferredShape(label, referred)) continue;
     const gp_Trsf location = XCAFDoc_ShapeTool::GetLocation(label).Transformation();
-    definition.components.push_back({define(referred), exa_transform(location), name_of(label), colour_of(label)});
+    definition.components.push_back({define(referred), exa_transform(location), exa_name_of(label), colour_of(label)});
   }
 }
 
@@ -240,7 +205,7 @@ void exaXcafReader::settle(Definition& definition) {
   // A product inside another one has a name, even where its instance has none.
   const bool are_pieces = std::all_of(components.begin(), components.end(), [&](const Component& it) {
     const Definition& piece = *definitions_[it.definition];
-    return is_made_up(it.name) && (is_made_up(piece.name) || is_kind(piece.name)) && !piece.body.empty();
+    return exa_is_generated(it.name) && (exa_is_generated(piece.name) || exa_is_shape_type(piece.name)) && !piece.body.empty();
   });
   if (are_pieces && !components.empty()) merge_pieces(definition);
 }
@@ -399,10 +364,10 @@ void exaXcafReader::expand(annDocument& document, const std::vector<Component>& 
       const Definition& definition = *definitions_[component.definition];
       annNode& node = current.node->add_child("");
       fill(node, definition);
-      if (is_made_up(node.name) || (is_kind(node.name) && !is_made_up(component.name))) {
-        node.name = is_made_up(component.name) ? utString("") : component.name;
+      if (exa_is_generated(node.name) || (exa_is_shape_type(node.name) && !exa_is_generated(component.name))) {
+        node.name = exa_is_generated(component.name) ? utString("") : component.name;
       }
-      if (names_instance(component.name) && component.name != node.name) node.instance_name = component.name;
+      if (exa_names_instance(component.name) && component.name != node.name) node.instance_name = component.name;
       node.transform = component.location;
       node.colour = colour_at(component);
       if (!definition.components.empty()) open.push_back({&node, &definition.components});
