@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
-#include <time.h>
 
 #include <cmath>
 #include <functional>
 #include <numbers>
 #include <random>
 
+#include "CpuTime.h"
 #include "annDocument.h"
 #include "annPrecision.h"
 #include "annTriangleCorners.h"
@@ -127,13 +127,6 @@ TEST(Triangulation, GivesEveryFaceItsNumberOfTriangles) {
   EXPECT_EQ(split(tangle).triangles, tangle.size() - 2);
 }
 
-// Seconds of this thread's own work, whatever else the machine does.
-double work_done() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
-}
-
 TEST(Triangulation, OfCornersGivesTheSameTriangles) {
   annMesh mesh;
   mesh.vertices->points = {{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {2, 1, 0}, {0, 4, 0}, {0, 0, 3}};
@@ -186,9 +179,8 @@ TEST(Triangulation, WorkGrowsWithTheCornersAndNotWithTheirSquare) {
     const std::size_t counts[2] = {10000, 100000};
     for (int i = 0; i < 2; ++i) {
       const Points points = c.points(counts[i]);
-      const double start = work_done();
-      const Split result = split(points);
-      took[i] = work_done() - start;
+      Split result;
+      took[i] = cpu_seconds([&] { result = split(points); });
       EXPECT_EQ(result.triangles, counts[i] - 2) << c.what;
       EXPECT_TRUE(!c.is_simple || result.turned <= 1e-9 * result.area) << c.what;
     }
