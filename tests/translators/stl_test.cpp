@@ -259,8 +259,10 @@ TEST(StlWriter, SaysWhyItCannotWrite) {
 
   document.unit = velLENGTH_UNSPECIFIED;
   document.root.transform = {};
+  document.root.add_child("point").body.mesh = mesh_of({{0, 0, 0}}, {});
   const Messages messages = writer.must_write(document, directory / "a.stl", {{"LENGTH_UNIT", "metre"}});
   EXPECT_NE(messages.notes.find("no length unit"), std::string::npos);
+  EXPECT_NE(messages.notes.find("faces only: 1 part of vertices is left out"), std::string::npos) << messages.notes;
 }
 
 }  // namespace

@@ -248,6 +248,10 @@ bool exaProducts::make_planar(const annNode& node, const annTransform& change, M
   if (!fits(*source, change)) {
     return fail(node, "a coordinate is too large for an exact shape; write it with a smaller SCALE");
   }
+  if (source->face_count() == 0) {
+    findings_.count(velabsNOTE, "parts of vertices without faces are left out");
+    return true;
+  }
   // A mesh keeps flat faces under any scaling, so transform the mesh; the kernel would make B-splines of planes.
   const bool is_even = exa_parts(change).is_even();
   const std::shared_ptr<const annMesh> mesh = is_even ? source : changed(source, change);

@@ -18,7 +18,8 @@ velabsResult stlWriter::write(const annDocument& document, const velTableInstanc
 
   const bool text = resources.value<velFileFormat>("FILE_FORMAT", velFORMAT_BINARY) == velFORMAT_ASCII;
   const bool one_solid = !resources.value<utString>("SOLID_NAME").empty();
-  const vltCarries carries{.format = "STL", .parts = text && !one_solid, .colours = !text, .opacity = false};
+  const vltCarries carries{
+      .format = "STL", .faces_only = true, .parts = text && !one_solid, .colours = !text, .opacity = false};
   vlt_tell_losses(document, *meshes, carries, resources, output);
   if (!text) vlt_tell_rounding(meshes->bodies, "binary STL", "FILE_FORMAT ascii", output);
   return text ? stl_write_text(meshes->bodies, resources, stream_, output)

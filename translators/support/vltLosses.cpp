@@ -56,6 +56,11 @@ void vlt_tell_losses(const annDocument& document, const std::vector<vltPlacedMes
          "holds no names of materials: their colours are written without");
   };
 
+  const auto without_faces = std::count_if(bodies.begin(), bodies.end(),
+                                           [](const vltPlacedMesh& body) { return body.mesh->face_count() == 0; });
+  note(carries.faces_only && without_faces > 0,
+       "holds faces only: " + std::to_string(without_faces) +
+           (without_faces == 1 ? " part of vertices is left out" : " parts of vertices are left out"));
   note(any_body([](const vltPlacedMesh& body) { return body.node->body.shape != nullptr; }),
        "holds no exact shapes: their facets are written");
   note(!carries.polygons && any_body([](const vltPlacedMesh& body) { return !body.mesh->all_triangles(); }),

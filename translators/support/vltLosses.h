@@ -7,6 +7,7 @@
 // The capabilities of a format besides triangles.
 struct vltCarries {
   const char* format;
+  bool faces_only = false;      // parts without faces are left out
   bool polygons = false;        // faces with more than three corners
   bool parts = false;           // several bodies with names
   bool tree = false;            // assemblies
