@@ -3,6 +3,7 @@
 #include <cstring>
 #include <functional>
 
+#include "Solids.h"
 #include "TemporaryDirectory.h"
 #include "Translator.h"
 #include "annStoredShape.h"
@@ -14,10 +15,7 @@ const Translator reader("hpfreader");
 const Translator writer("hpfwriter");
 
 std::shared_ptr<annMesh> triangle() {
-  auto mesh = std::make_shared<annMesh>();
-  mesh->vertices->points = {{0, -0.0, 1e-300}, {1, 0, 0}, {0, 1, 1e300}};
-  mesh->corners = {0, 1, 2};
-  return mesh;
+  return mesh_of({{0, -0.0, 1e-300}, {1, 0, 0}, {0, 1, 1e300}}, {{0, 1, 2}});
 }
 
 // A shape that makes facets, as one does whose library is there.

@@ -83,9 +83,7 @@ TEST(VertexSplitting, GivesAPointOneVertexForEachNormal) {
 
 TEST(VertexSplitting, JoinsNormalsThatAgreeAndFillsInThoseOfFaces) {
   const annVector up{0, 0, 1}, nearly{1e-9, 0, std::sqrt(1 - 1e-18)}, tilted{1e-4, 0, std::sqrt(1 - 1e-8)};
-  auto mesh = std::make_shared<annMesh>();
-  mesh->vertices->points = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {5, 5, 5}};
-  mesh->corners = {0, 1, 2, 0, 2, 3, 3, 3, 3};
+  const auto mesh = mesh_of({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {5, 5, 5}}, {{0, 1, 2}, {0, 2, 3}, {3, 3, 3}});
   constexpr std::uint32_t no = annMesh::no_normal;
   const struct {
     const char* what;

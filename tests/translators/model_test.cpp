@@ -6,6 +6,7 @@
 #include <random>
 
 #include "CpuTime.h"
+#include "Solids.h"
 #include "annDocument.h"
 #include "annPrecision.h"
 #include "annTriangleCorners.h"
@@ -128,12 +129,8 @@ TEST(Triangulation, GivesEveryFaceItsNumberOfTriangles) {
 }
 
 TEST(Triangulation, OfCornersGivesTheSameTriangles) {
-  annMesh mesh;
-  mesh.vertices->points = {{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {2, 1, 0}, {0, 4, 0}, {0, 0, 3}};
-  for (const auto& face :
-       std::vector<std::vector<std::uint32_t>>{{5, 1, 0}, {0, 1, 2, 3, 4}, {4, 3, 1, 0}, {2, 1, 5}}) {
-    mesh.add_face(face);
-  }
+  const annMesh mesh = *mesh_of({{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {2, 1, 0}, {0, 4, 0}, {0, 0, 3}},
+                                {{5, 1, 0}, {0, 1, 2, 3, 4}, {4, 3, 1, 0}, {2, 1, 5}});
   std::vector<std::array<std::size_t, 4>> expected, found;
   ann_for_each_triangle(mesh, [&](auto face, auto a, auto b, auto c) { expected.push_back({face, a, b, c}); });
   ann_for_each_triangle_of_corners(mesh, [&](auto face, auto a, auto b, auto c) {
@@ -238,10 +235,7 @@ TEST(Document, WalksAndDiesAtAnyDepth) {
 
 TEST(Document, CountsSharedVerticesOnceForEachPlace) {
   annDocument document;
-  auto mesh = std::make_shared<annMesh>();
-  mesh->vertices->points = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {9, 9, 9}};
-  mesh->add_face(std::vector<std::uint32_t>{0, 1, 2});
-  mesh->add_face(std::vector<std::uint32_t>{0, 1, 2, 3});
+  const auto mesh = mesh_of({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {9, 9, 9}}, {{0, 1, 2}, {0, 1, 2, 3}});
   annNode& assembly = document.root.add_child("assembly");
   assembly.colour = annColour{1, 0, 0, 1};
   assembly.transform.m[3] = 10;

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <filesystem>
 
+#include "CpuTime.h"
 #include "Formats.h"
 #include "ReadingCase.h"
 #include "Solids.h"
@@ -234,9 +234,7 @@ TEST(Writers, LookOnceAtVerticesThatManyPartsShare) {
     const std::string name = std::string(format) + "writer";
     if (!is_installed(name.c_str())) continue;
     auto seconds = [&](const annDocument& document) {
-      const std::clock_t start = std::clock();
-      translator(name).must_write(document, directory / "a");
-      return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+      return cpu_seconds([&] { translator(name).must_write(document, directory / "a"); });
     };
     // 8 times the parts; work that grows with the square takes 64 times as long.
     const double few = seconds(some);
