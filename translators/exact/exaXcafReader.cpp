@@ -205,7 +205,8 @@ void exaXcafReader::settle(Definition& definition) {
   // A product inside another one has a name, even where its instance has none.
   const bool are_pieces = std::all_of(components.begin(), components.end(), [&](const Component& it) {
     const Definition& piece = *definitions_[it.definition];
-    return exa_is_generated(it.name) && (exa_is_generated(piece.name) || exa_is_shape_type(piece.name)) && !piece.body.empty();
+    return exa_is_generated(it.name) && (exa_is_generated(piece.name) || exa_is_shape_type(piece.name)) &&
+           !piece.body.empty();
   });
   if (are_pieces && !components.empty()) merge_pieces(definition);
 }
